@@ -1,0 +1,58 @@
+# Multi-ISA kernel sources.
+#
+# A kernel source named src/kernels/<family>_simd.cpp is compiled once per instruction-set level
+# that the target has: as `scalar` (the reference: auto-vectorisation off), and on x86 as `sse2`
+# and `avx2` (AVX2 + FMA). Each compilation sees VEK_ISA (the namespace name) and VEK_ISA_LEVEL
+# (0, 1, 2), so the file writes its loops once and adds hand-written intrinsics under
+# `#if VEK_ISA_LEVEL >= n` where the compiler's own vectorisation is not enough.
+
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64|i[3-6]86|x86)$")
+    set(VEKS_X86 ON)
+else()
+    set(VEKS_X86 OFF)
+endif()
+
+set(VEKS_ISA_LEVELS scalar)
+set(VEKS_ISA_FLAGS_scalar -fno-tree-vectorize)
+set(VEKS_ISA_NUMBER_scalar 0)
+if(VEKS_X86)
+    list(APPEND VEKS_ISA_LEVELS sse2 avx2)
+    set(VEKS_ISA_FLAGS_sse2 -msse2 -ftree-vectorize)
+    set(VEKS_ISA_FLAGS_avx2 -mavx2 -mfma -ftree-vectorize)
+    set(VEKS_ISA_NUMBER_sse2 1)
+    set(VEKS_ISA_NUMBER_avx2 2)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+        # 32-bit x86: the SSE2 variants do their float work in SSE registers, not on the x87.
+        list(APPEND VEKS_ISA_FLAGS_sse2 -mfpmath=sse)
+        list(APPEND VEKS_ISA_FLAGS_avx2 -mfpmath=sse)
+    endif()
+endif()
+
+# Replaces every *_simd.cpp in the list by one generated wrapper per ISA level.
+function(veks_filter_kernel_sources out_var)
+    set(result)
+    foreach(src IN LISTS ${out_var})
+        if(src MATCHES "_simd\\.cpp$")
+            get_filename_component(stem ${src} NAME_WE)
+            foreach(isa IN LISTS VEKS_ISA_LEVELS)
+                set(wrapper ${PROJECT_BINARY_DIR}/kernels/${stem}_${isa}.cpp)
+                set(content "// Generated: ${stem} compiled for ${isa}.\n#define VEK_ISA ${isa}\n#define VEK_ISA_LEVEL ${VEKS_ISA_NUMBER_${isa}}\n#include \"${src}\"\n")
+                if(EXISTS ${wrapper})
+                    file(READ ${wrapper} old)
+                else()
+                    set(old "")
+                endif()
+                if(NOT old STREQUAL content)
+                    file(WRITE ${wrapper} "${content}")
+                endif()
+                set_source_files_properties(${wrapper} PROPERTIES
+                    COMPILE_OPTIONS "${VEKS_ISA_FLAGS_${isa}}"
+                    OBJECT_DEPENDS ${src})
+                list(APPEND result ${wrapper})
+            endforeach()
+        else()
+            list(APPEND result ${src})
+        endif()
+    endforeach()
+    set(${out_var} ${result} PARENT_SCOPE)
+endfunction()

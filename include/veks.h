@@ -1,0 +1,14 @@
+/* veks: one-dimensional signal-processing primitives. Umbrella header. */
+#ifndef VEKS_H
+#define VEKS_H
+
+#include "veks_types.h"
+#include "veks_core.h"
+#include "veks_arith.h"
+#include "veks_stats.h"
+#include "veks_transforms.h"
+#include "veks_filters.h"
+#include "veks_generators.h"
+#include "veks_modem.h"
+
+#endif /* VEKS_H */

@@ -1,0 +1,19 @@
+/* veks: modem primitives: running updates and nearest-value search. */
+#ifndef VEKS_MODEM_H
+#define VEKS_MODEM_H
+
+#include "veks_types.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ==== Running updates and nearest-value search ================================================ */
+
+/* ==== end of Running updates and nearest-value search */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* VEKS_MODEM_H */

@@ -1,0 +1,82 @@
+// Kernel selection. Each kernel family is compiled once per instruction-set level (see
+// cmake/VeksKernels.cmake) into a table of function pointers in namespace veks::kern::<level>.
+// The level in use is resolved once per process from the processor's features; entry points
+// fetch their family's table with one relaxed load and a switch, never per element.
+//
+// set_level() is internal and unexported: the tests use it to run every compiled variant against
+// the scalar one. The library itself reads no environment variable or file.
+#pragma once
+
+#include <atomic>
+
+#if defined(__x86_64__) || defined(__i386__)
+#define VEKS_HAVE_X86_KERNELS 1
+#else
+#define VEKS_HAVE_X86_KERNELS 0
+#endif
+
+namespace veks::isa {
+
+enum Level : int { scalar = 0, sse2 = 1, avx2 = 2 };
+
+const char* name(Level level) noexcept;
+
+// The highest level both compiled into this build and supported by this processor.
+Level best() noexcept;
+
+// Whether `level` was compiled and can run here.
+bool available(Level level) noexcept;
+
+// Selects the level the kernels use from now on; false (and no change) if not available.
+bool set_level(Level level) noexcept;
+
+namespace detail {
+extern std::atomic<int> active_level;
+int resolve() noexcept;
+} // namespace detail
+
+inline Level active() noexcept {
+    int level = detail::active_level.load(std::memory_order_relaxed);
+    if (level < 0) level = detail::resolve();
+    return static_cast<Level>(level);
+}
+
+template <class Table>
+inline const Table& select(const Table& scalar_table, const Table& sse2_table,
+                           const Table& avx2_table) noexcept {
+    switch (active()) {
+    case avx2: return avx2_table;
+    case sse2: return sse2_table;
+    default: return scalar_table;
+    }
+}
+
+} // namespace veks::isa
+
+// Declares the per-level instances of a kernel table and an accessor `veks::kern::<name>()`
+// that returns the one in use. Use at namespace scope, outside any namespace.
+#if VEKS_HAVE_X86_KERNELS
+#define VEK_KERNEL_TABLE(Table, name)                                                              \
+    namespace veks::kern {                                                                         \
+    namespace scalar {                                                                             \
+    extern const Table name;                                                                       \
+    }                                                                                              \
+    namespace sse2 {                                                                               \
+    extern const Table name;                                                                       \
+    }                                                                                              \
+    namespace avx2 {                                                                               \
+    extern const Table name;                                                                       \
+    }                                                                                              \
+    inline const Table& name##_kernels() noexcept {                                                \
+        return ::veks::isa::select(scalar::name, sse2::name, avx2::name);                          \
+    }                                                                                              \
+    }
+#else
+#define VEK_KERNEL_TABLE(Table, name)                                                              \
+    namespace veks::kern {                                                                         \
+    namespace scalar {                                                                             \
+    extern const Table name;                                                                       \
+    }                                                                                              \
+    inline const Table& name##_kernels() noexcept { return scalar::name; }                         \
+    }
+#endif

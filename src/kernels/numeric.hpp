@@ -1,0 +1,55 @@
+// The library's numeric rules, each written once and named after what it does. Integer families
+// use these (directly or through their SIMD equivalents, which must give the same bits).
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "kernels/ns.hpp"
+
+namespace veks::num {
+inline namespace VEK_PER_ISA {
+
+template <class T>
+constexpr T saturate(int64_t v) noexcept {
+    constexpr int64_t lo = static_cast<int64_t>(std::numeric_limits<T>::min());
+    constexpr int64_t hi = static_cast<int64_t>(std::numeric_limits<T>::max());
+    return static_cast<T>(v < lo ? lo : v > hi ? hi : v);
+}
+
+// v / 2^sf rounded to nearest, ties to even, for 1 <= sf <= 62 and |v| < 2^62: add 2^(sf-1) - 1
+// and the lowest bit of (v >> sf), then shift arithmetically.
+constexpr int64_t shift_round_even(int64_t v, int sf) noexcept {
+    return (v + ((int64_t{1} << (sf - 1)) - 1) + ((v >> sf) & 1)) >> sf;
+}
+
+// The default scaling rule of every Sfs operation: v * 2^-sf, rounded half to even, saturated
+// to T. Every 32-bit scale factor is accepted.
+template <class T>
+constexpr T scale_round_even(int64_t v, int sf) noexcept {
+    if (sf == 0) return saturate<T>(v);
+    if (sf > 0) return sf > 62 ? T{0} : saturate<T>(shift_round_even(v, sf));
+    if (v == 0) return T{0};
+    const int64_t up64 = -static_cast<int64_t>(sf);
+    const int up = up64 > 62 ? 63 : static_cast<int>(up64);
+    const bool overflows = up >= 63 || (v > 0 ? v > (std::numeric_limits<int64_t>::max() >> up)
+                                              : v < (std::numeric_limits<int64_t>::min() >> up));
+    if (overflows) return v > 0 ? std::numeric_limits<T>::max() : std::numeric_limits<T>::min();
+    return saturate<T>(static_cast<int64_t>(static_cast<uint64_t>(v) << up));
+}
+
+// Double to integer, rounded to nearest with ties to even, saturated to T; NaN gives 0. Uses the
+// processor's current rounding mode, so callers hold a RoundNearestScope (core/fpenv.hpp).
+template <class T>
+inline T round_even_saturate(double x) noexcept {
+    if (x != x) return T{0};
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    if (x <= lo) return std::numeric_limits<T>::min();
+    if (x >= hi) return std::numeric_limits<T>::max();
+    return static_cast<T>(std::nearbyint(x));
+}
+
+} // namespace VEK_PER_ISA
+} // namespace veks::num

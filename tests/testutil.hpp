@@ -1,0 +1,136 @@
+// Shared test helpers: kernel-level iteration, deterministic random data, unaligned buffers.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <type_traits>
+#include <vector>
+
+#include "kernels/isa.hpp"
+#include "veks.h"
+
+namespace vt {
+
+// Runs `body` once per kernel level this build and processor support, the scalar one first;
+// the best level is selected again afterwards.
+template <class F>
+void for_each_level(F&& body) {
+    for (int l = veks::isa::scalar; l <= veks::isa::avx2; ++l) {
+        const auto level = static_cast<veks::isa::Level>(l);
+        if (!veks::isa::set_level(level)) continue;
+        SCOPED_TRACE(std::string("kernel level ") + veks::isa::name(level));
+        body(level);
+    }
+    veks::isa::set_level(veks::isa::best());
+}
+
+// xorshift64*: small, fast, deterministic across platforms.
+class Rng {
+  public:
+    explicit Rng(uint64_t seed = 0x9E3779B97F4A7C15ull) : s_(seed ? seed : 1) {}
+    uint64_t next() {
+        s_ ^= s_ >> 12;
+        s_ ^= s_ << 25;
+        s_ ^= s_ >> 27;
+        return s_ * 0x2545F4914F6CDD1Dull;
+    }
+    // Uniform integer in [lo, hi].
+    int64_t range(int64_t lo, int64_t hi) {
+        return lo + static_cast<int64_t>(next() % static_cast<uint64_t>(hi - lo + 1));
+    }
+    double uniform(double lo, double hi) {
+        return lo + (hi - lo) * static_cast<double>(next() >> 11) * 0x1.0p-53;
+    }
+    // Random element of an integer type, biased toward the type's boundaries a quarter of the time.
+    template <class T>
+    T any() {
+        using L = std::numeric_limits<T>;
+        if constexpr (std::is_floating_point_v<T>) {
+            return static_cast<T>(uniform(-1000.0, 1000.0));
+        } else {
+            switch (next() % 8) {
+            case 0: return L::min();
+            case 1: return L::max();
+            case 2: return static_cast<T>(range(-2, 2));
+            default: return static_cast<T>(next());
+            }
+        }
+    }
+    template <class T>
+    std::vector<T> vec(int n) {
+        std::vector<T> v(static_cast<size_t>(n));
+        for (auto& x : v) x = any<T>();
+        return v;
+    }
+
+  private:
+    uint64_t s_;
+};
+
+// A vector placed `offset` bytes past a 64-byte boundary, with guard elements on both sides, so
+// that kernels see unaligned data and writes outside [0, n) are detected.
+template <class T>
+class Buf {
+  public:
+    explicit Buf(int n, size_t offset = 0, T fill = T{}) : n_(n) {
+        const size_t bytes = (static_cast<size_t>(n) + 2 * kGuard) * sizeof(T) + 128;
+        raw_.assign(bytes, 0xA5);
+        auto base = reinterpret_cast<uintptr_t>(raw_.data());
+        base = (base + 63) & ~uintptr_t{63};
+        data_ = reinterpret_cast<T*>(base + offset + kGuard * sizeof(T));
+        for (int i = 0; i < n; ++i) std::memcpy(data_ + i, &fill, sizeof(T));
+    }
+    Buf(const std::vector<T>& v, size_t offset = 0) : Buf(static_cast<int>(v.size()), offset) {
+        if (!v.empty()) std::memcpy(data_, v.data(), v.size() * sizeof(T));
+    }
+    T* data() { return data_; }
+    const T* data() const { return data_; }
+    T& operator[](int i) { return data_[i]; }
+    int size() const { return n_; }
+    std::vector<T> vec() const { return std::vector<T>(data_, data_ + n_); }
+    // True when nothing outside [0, n) was written.
+    bool guards_intact() const {
+        const char* lo = reinterpret_cast<const char*>(data_) - kGuard * sizeof(T);
+        const char* hi = reinterpret_cast<const char*>(data_ + n_);
+        for (size_t i = 0; i < kGuard * sizeof(T); ++i)
+            if (static_cast<unsigned char>(lo[i]) != 0xA5 ||
+                static_cast<unsigned char>(hi[i]) != 0xA5)
+                return false;
+        return true;
+    }
+
+  private:
+    static constexpr size_t kGuard = 8;
+    int n_;
+    std::vector<unsigned char> raw_;
+    T* data_;
+};
+
+// Bitwise equality, so that NaN payloads and signed zeros count.
+template <class T>
+bool same_bits(const T& a, const T& b) {
+    return std::memcmp(&a, &b, sizeof(T)) == 0;
+}
+
+template <class T>
+::testing::AssertionResult bits_equal(const std::vector<T>& got, const std::vector<T>& want) {
+    if (got.size() != want.size()) return ::testing::AssertionFailure() << "size differs";
+    for (size_t i = 0; i < got.size(); ++i)
+        if (!same_bits(got[i], want[i]))
+            return ::testing::AssertionFailure() << "first difference at element " << i;
+    return ::testing::AssertionSuccess();
+}
+
+// Lengths that cross every SIMD width and unrolling boundary, plus a large one.
+inline std::vector<int> test_lengths() {
+    std::vector<int> v;
+    for (int n = 1; n <= 70; ++n) v.push_back(n);
+    v.push_back(1000);
+    v.push_back(4099);
+    return v;
+}
+
+} // namespace vt
