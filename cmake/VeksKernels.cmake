@@ -1,9 +1,9 @@
 # Multi-ISA kernel sources.
 #
 # A kernel source named src/kernels/<family>_simd.cpp is compiled once per instruction-set level
-# that the target has: as `scalar` (the reference: auto-vectorisation off), and on x86 as `sse2`
-# and `avx2` (AVX2 + FMA). Each compilation sees VEK_ISA (the namespace name) and VEK_ISA_LEVEL
-# (0, 1, 2), so the file writes its loops once and adds hand-written intrinsics under
+# that the target has: as `scalar` (the reference: auto-vectorisation off), and on x86 as `sse2`,
+# `avx2` (AVX2 + FMA) and `avx512` (F, BW, DQ, VL). Each compilation sees VEK_ISA (the namespace
+# name) and VEK_ISA_LEVEL (0, 1, 2, 3), so the file writes its loops once and adds hand-written intrinsics under
 # `#if VEK_ISA_LEVEL >= n` where the compiler's own vectorisation is not enough.
 
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64|i[3-6]86|x86)$")
@@ -16,15 +16,19 @@ set(VEKS_ISA_LEVELS scalar)
 set(VEKS_ISA_FLAGS_scalar -fno-tree-vectorize)
 set(VEKS_ISA_NUMBER_scalar 0)
 if(VEKS_X86)
-    list(APPEND VEKS_ISA_LEVELS sse2 avx2)
+    list(APPEND VEKS_ISA_LEVELS sse2 avx2 avx512)
     set(VEKS_ISA_FLAGS_sse2 -msse2 -ftree-vectorize)
     set(VEKS_ISA_FLAGS_avx2 -mavx2 -mfma -ftree-vectorize)
     set(VEKS_ISA_NUMBER_sse2 1)
+    set(VEKS_ISA_FLAGS_avx512 -mavx512f -mavx512bw -mavx512dq -mavx512vl -mfma
+                              -mprefer-vector-width=512 -ftree-vectorize)
     set(VEKS_ISA_NUMBER_avx2 2)
+    set(VEKS_ISA_NUMBER_avx512 3)
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)
         # 32-bit x86: the SSE2 variants do their float work in SSE registers, not on the x87.
         list(APPEND VEKS_ISA_FLAGS_sse2 -mfpmath=sse)
         list(APPEND VEKS_ISA_FLAGS_avx2 -mfpmath=sse)
+        list(APPEND VEKS_ISA_FLAGS_avx512 -mfpmath=sse)
     endif()
 endif()
 

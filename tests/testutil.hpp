@@ -18,7 +18,7 @@ namespace vt {
 // the best level is selected again afterwards.
 template <class F>
 void for_each_level(F&& body) {
-    for (int l = veks::isa::scalar; l <= veks::isa::avx2; ++l) {
+    for (int l = veks::isa::scalar; l <= veks::isa::avx512; ++l) {
         const auto level = static_cast<veks::isa::Level>(l);
         if (!veks::isa::set_level(level)) continue;
         SCOPED_TRACE(std::string("kernel level ") + veks::isa::name(level));

@@ -17,6 +17,7 @@ int resolve() noexcept {
 
 const char* name(Level level) noexcept {
     switch (level) {
+    case avx512: return "avx512";
     case avx2: return "avx2";
     case sse2: return "sse2";
     default: return "scalar";
@@ -29,13 +30,20 @@ bool available(Level level) noexcept {
 #if VEKS_HAVE_X86_KERNELS
     case sse2: return __builtin_cpu_supports("sse2");
     case avx2: return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    case avx512:
+        return available(avx2) && __builtin_cpu_supports("avx512f") &&
+               __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
+               __builtin_cpu_supports("avx512vl");
 #endif
     default: return false;
     }
 }
 
 Level best() noexcept {
-    static const Level level = available(avx2) ? avx2 : available(sse2) ? sse2 : scalar;
+    static const Level level = available(avx512) ? avx512
+                              : available(avx2) ? avx2
+                              : available(sse2) ? sse2
+                                                : scalar;
     return level;
 }
 

@@ -1,4 +1,5 @@
-// Kernel selection. Each kernel family is compiled once per instruction-set level (see
+// Kernel selection. Each kernel family is compiled once per instruction-set level (scalar, SSE2,
+// AVX2+FMA, AVX-512 F/BW/DQ/VL; see
 // cmake/VeksKernels.cmake) into a table of function pointers in namespace veks::kern::<level>.
 // The level in use is resolved once per process from the processor's features; entry points
 // fetch their family's table with one relaxed load and a switch, never per element.
@@ -17,7 +18,7 @@
 
 namespace veks::isa {
 
-enum Level : int { scalar = 0, sse2 = 1, avx2 = 2 };
+enum Level : int { scalar = 0, sse2 = 1, avx2 = 2, avx512 = 3 };
 
 const char* name(Level level) noexcept;
 
@@ -43,8 +44,9 @@ inline Level active() noexcept {
 
 template <class Table>
 inline const Table& select(const Table& scalar_table, const Table& sse2_table,
-                           const Table& avx2_table) noexcept {
+                           const Table& avx2_table, const Table& avx512_table) noexcept {
     switch (active()) {
+    case avx512: return avx512_table;
     case avx2: return avx2_table;
     case sse2: return sse2_table;
     default: return scalar_table;
@@ -67,8 +69,11 @@ inline const Table& select(const Table& scalar_table, const Table& sse2_table,
     namespace avx2 {                                                                               \
     extern const Table name;                                                                       \
     }                                                                                              \
+    namespace avx512 {                                                                             \
+    extern const Table name;                                                                       \
+    }                                                                                              \
     inline const Table& name##_kernels() noexcept {                                                \
-        return ::veks::isa::select(scalar::name, sse2::name, avx2::name);                          \
+        return ::veks::isa::select(scalar::name, sse2::name, avx2::name, avx512::name);            \
     }                                                                                              \
     }
 #else
