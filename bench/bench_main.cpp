@@ -12,19 +12,17 @@ namespace vb {
 
 void register_memcpy(const std::string& op, size_t write_bytes_per_elem) {
     for (int64_t n : sizes()) {
-        benchmark::RegisterBenchmark(
-            (op + "/memcpy").c_str(),
-            [write_bytes_per_elem](benchmark::State& state) {
-                const size_t bytes = static_cast<size_t>(state.range(0)) * write_bytes_per_elem;
-                Aligned<unsigned char> src(bytes), dst(bytes);
-                for (auto _ : state) {
-                    std::memcpy(dst.data(), src.data(), bytes);
-                    benchmark::ClobberMemory();
-                }
-                state.SetItemsProcessed(state.iterations() * state.range(0));
-                state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(2 * bytes));
-            })
-            ->Arg(n);
+        benchmark::RegisterBenchmark((op + "/memcpy").c_str(), [write_bytes_per_elem](
+                                                                   benchmark::State& state) {
+            const size_t bytes = static_cast<size_t>(state.range(0)) * write_bytes_per_elem;
+            Aligned<unsigned char> src(bytes), dst(bytes);
+            for (auto _ : state) {
+                std::memcpy(dst.data(), src.data(), bytes);
+                benchmark::ClobberMemory();
+            }
+            state.SetItemsProcessed(state.iterations() * state.range(0));
+            state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(2 * bytes));
+        })->Arg(n);
     }
 }
 
@@ -45,14 +43,12 @@ class RatioReporter : public benchmark::ConsoleReporter {
             const auto b = name.find('/', a + 1);
             if (a == std::string::npos || b == std::string::npos) continue;
             Result res;
-            res.ns_per_iter = r.GetAdjustedRealTime() * 1e9 /
-                              benchmark::GetTimeUnitMultiplier(r.time_unit);
-            const double secs = r.real_accumulated_time;
+            res.ns_per_iter =
+                r.GetAdjustedRealTime() * 1e9 / benchmark::GetTimeUnitMultiplier(r.time_unit);
             auto it = r.counters.find("items_per_second");
             if (it != r.counters.end()) res.items_per_ns = it->second.value * 1e-9;
             it = r.counters.find("bytes_per_second");
             if (it != r.counters.end()) res.bytes_per_ns = it->second.value * 1e-9;
-            (void)secs;
             const std::string key = name.substr(0, a) + "/" + name.substr(b + 1);
             table_[key][name.substr(a + 1, b - a - 1)] = res;
             if (std::find(order_.begin(), order_.end(), key) == order_.end()) order_.push_back(key);

@@ -27,9 +27,15 @@ VEK_EXPORT const char* vekGetStatusString(VekStatus status) {
     case 10: return kJpegMarker;
     case 11: return "All result values are floored";
     case 12: return "An overflow occurred in the operation";
-    case 13: return "Quantized LP syntethis filter stability check is applied at the low boundary of [0,pi]";
-    case 14: return "Quantized LP syntethis filter stability check is applied at the high boundary of [0,pi]";
-    case 15: return "Quantized LP syntethis filter stability check is applied at both boundaries of [0,pi]";
+    case 13:
+        return "Quantized LP syntethis filter stability check is applied at the low boundary of "
+               "[0,pi]";
+    case 14:
+        return "Quantized LP syntethis filter stability check is applied at the high boundary of "
+               "[0,pi]";
+    case 15:
+        return "Quantized LP syntethis filter stability check is applied at both boundaries of "
+               "[0,pi]";
     case 16: return "Zero occupation count";
     case 17: return "An underflow occurred in the operation";
     case 18: return "A singularity occurred in the operation";
