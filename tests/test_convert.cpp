@@ -94,7 +94,7 @@ void check_to_int(VekStatus (*fn)(const S*, T*, int, int, int), uint64_t seed) {
             want[i] = ref_to_int<T>(static_cast<double>(src[i]), sf, nearest);
         vt::Buf<S> ps(src, sizeof(S) == 4 ? 4 : 8);
         under_every_mode([&] {
-            vt::Buf<T> pd(n, 3);
+            vt::Buf<T> pd(n, 3 * sizeof(T));
             ASSERT_EQ(fn(ps.data(), pd.data(), n, roundMode, sf), vekStsOk);
             for (int i = 0; i < n; ++i)
                 ASSERT_EQ(pd[i], want[i]) << "x " << src[i] << " sf " << sf << " roundMode "
@@ -158,8 +158,8 @@ TEST(ConvertWidening, ExactOnEveryLevel) {
             auto check = [&](const auto& src, auto* fn, auto tag) {
                 using S = typename std::decay_t<decltype(src)>::value_type;
                 using D = decltype(tag);
-                vt::Buf<S> ps(src, 2);
-                vt::Buf<D> pd(n, 6);
+                vt::Buf<S> ps(src, sizeof(S));
+                vt::Buf<D> pd(n, 3 * sizeof(D));
                 ASSERT_EQ(fn(ps.data(), pd.data(), n), vekStsOk);
                 std::vector<D> want(static_cast<size_t>(n));
                 for (int i = 0; i < n; ++i) want[i] = static_cast<D>(src[i]);
@@ -229,9 +229,9 @@ void check_int_to_float_sfs(VekStatus (*fn)(const S*, D*, int, int), uint64_t se
         std::vector<D> want(static_cast<size_t>(n));
         for (int i = 0; i < n; ++i)
             want[i] = static_cast<D>(scaled(static_cast<double>(src[i]), sf));
-        vt::Buf<S> ps(src, 2);
+        vt::Buf<S> ps(src, sizeof(S));
         under_every_mode([&] {
-            vt::Buf<D> pd(n, 4);
+            vt::Buf<D> pd(n, 3 * sizeof(D));
             ASSERT_EQ(fn(ps.data(), pd.data(), n, sf), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "sf " << sf << " n " << n;
             ASSERT_TRUE(pd.guards_intact());
