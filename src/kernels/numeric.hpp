@@ -2,6 +2,7 @@
 // use these (directly or through their SIMD equivalents, which must give the same bits).
 #pragma once
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -49,6 +50,39 @@ inline T round_even_saturate(double x) noexcept {
     if (x <= lo) return std::numeric_limits<T>::min();
     if (x >= hi) return std::numeric_limits<T>::max();
     return static_cast<T>(std::nearbyint(x));
+}
+
+// Double to integer, truncated toward zero, saturated to T; NaN gives 0. Independent of the
+// rounding mode.
+template <class T>
+inline T trunc_saturate(double x) noexcept {
+    if (x != x) return T{0};
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    if (x <= lo) return std::numeric_limits<T>::min();
+    if (x >= hi) return std::numeric_limits<T>::max();
+    return static_cast<T>(x);
+}
+
+// 2^e as a double for -1022 <= e <= 1023, built from its bits.
+constexpr double pow2(int e) noexcept {
+    return std::bit_cast<double>(static_cast<uint64_t>(e + 1023) << 52);
+}
+
+// x * 2^-sf for every 32-bit sf, rounded once: the result is exact whenever it is a normal
+// double. Beyond |sf| = 2044 every finite nonzero x gives either less than 2^-1000 or an
+// overflow, so sf is clamped there; larger magnitudes take two exact-or-harmless steps.
+constexpr double mul_pow2(double x, int sf) noexcept {
+    if (sf > 2044) sf = 2044;
+    if (sf < -2044) sf = -2044;
+    if (sf > 1022) {
+        x *= pow2(-1022);
+        sf -= 1022;
+    } else if (sf < -1023) {
+        x *= pow2(1023);
+        sf += 1023;
+    }
+    return x * pow2(-sf);
 }
 
 } // namespace VEK_PER_ISA

@@ -1,0 +1,292 @@
+// Element type conversion: every kernel level against plain references, the scaling rule over
+// the whole scale-factor range, rounding ties and saturation bounds in both rounding modes, the
+// caller's floating-point mode (which must not matter and must come back), and the call frame.
+#include "testutil.hpp"
+
+#include <cfenv>
+#include <climits>
+#include <cmath>
+
+namespace {
+
+const int kModes[] = {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO};
+
+// Runs `call` under every caller rounding mode and checks that the mode survives the call.
+template <class F>
+void under_every_mode(F&& call) {
+    for (int mode : kModes) {
+        SCOPED_TRACE("caller rounding mode " + std::to_string(mode));
+        ASSERT_EQ(std::fesetround(mode), 0);
+        call();
+        const int after = std::fegetround();
+        std::fesetround(FE_TONEAREST);
+        ASSERT_EQ(after, mode);
+    }
+}
+
+double scaled(double x, int sf) {
+    const int s = sf > 3000 ? 3000 : sf < -3000 ? -3000 : sf;
+    return std::ldexp(x, -s);
+}
+
+// Round half to even, by hand.
+double round_half_even(double y) {
+    const double f = std::floor(y), r = y - f;
+    if (r > 0.5) return f + 1;
+    if (r < 0.5) return f;
+    return std::fmod(f, 2.0) == 0 ? f : f + 1;
+}
+
+template <class T>
+T ref_to_int(double x, int sf, bool nearest) {
+    if (std::isnan(x)) return 0;
+    const double y = scaled(x, sf);
+    const double r = nearest ? round_half_even(y) : std::trunc(y);
+    if (r <= static_cast<double>(std::numeric_limits<T>::min()))
+        return std::numeric_limits<T>::min();
+    if (r >= static_cast<double>(std::numeric_limits<T>::max()))
+        return std::numeric_limits<T>::max();
+    return static_cast<T>(r);
+}
+
+// Floats that exercise every rule: ties, saturation bounds of each type, specials, random.
+template <class F>
+std::vector<F> awkward_floats(vt::Rng& rng, int n) {
+    static const double special[] = {
+        0.0,          -0.0,         0.5,           -0.5,          1.5,          -1.5,    2.5,
+        -2.5,         3.5,          2.7,           -2.7,          126.5,        127.5,   128.5,
+        -128.5,       -129.5,       254.5,         255.5,         256.0,        32766.5, 32767.49,
+        32767.5,      32768.0,      -32768.5,      -32769.0,      65534.5,      65535.5, 65536.0,
+        2147483520.0, 2147483648.0, -2147483648.0, -2147483904.0, 2147483647.5, 1e30,    -1e30,
+        1e-40,        -1e-45,       INFINITY,      -INFINITY,     NAN,          -NAN};
+    std::vector<F> v(static_cast<size_t>(n));
+    for (auto& x : v) {
+        switch (rng.next() % 4) {
+        case 0:
+            x = static_cast<F>(special[rng.next() % std::size(special)]);
+            break;
+        case 1:
+            x = static_cast<F>(static_cast<double>(rng.range(-70000, 70000)) + 0.5);
+            break;
+        case 2:
+            x = static_cast<F>(rng.uniform(-300.0, 300.0));
+            break;
+        default:
+            x = static_cast<F>(rng.uniform(-3e9, 3e9));
+            break;
+        }
+    }
+    return v;
+}
+
+const int kScaleFactors[] = {INT_MIN, -3000, -1030, -1023, -200, -127, -126, -97,  -96,
+                             -31,     -16,   -1,    0,     1,    2,    15,   16,   31,
+                             126,     127,   149,   200,   1022, 1023, 1100, 3000, INT_MAX};
+
+template <class S, class T>
+void check_to_int(VekStatus (*fn)(const S*, T*, int, int, int), uint64_t seed) {
+    vt::Rng rng(seed);
+    auto run = [&](int n, int sf, int roundMode) {
+        const auto src = awkward_floats<S>(rng, n);
+        const bool nearest = roundMode == 1;
+        std::vector<T> want(static_cast<size_t>(n));
+        for (int i = 0; i < n; ++i)
+            want[i] = ref_to_int<T>(static_cast<double>(src[i]), sf, nearest);
+        vt::Buf<S> ps(src, sizeof(S) == 4 ? 4 : 8);
+        under_every_mode([&] {
+            vt::Buf<T> pd(n, 3 * sizeof(T));
+            ASSERT_EQ(fn(ps.data(), pd.data(), n, roundMode, sf), vekStsOk);
+            for (int i = 0; i < n; ++i)
+                ASSERT_EQ(pd[i], want[i]) << "x " << src[i] << " sf " << sf << " roundMode "
+                                          << roundMode << " n " << n << " i " << i;
+            ASSERT_TRUE(pd.guards_intact());
+        });
+    };
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths())
+            for (int roundMode : {1, 0}) run(n, n % 3 == 0 ? 0 : n % 3 == 1 ? 4 : -3, roundMode);
+        for (int sf : kScaleFactors)
+            for (int roundMode : {1, 0, -1, 2}) run(67, sf, roundMode);
+    });
+}
+
+TEST(ConvertToInteger, MatchesReferenceOnEveryLevelAndMode) {
+    check_to_int<float, int8_t>(veksConvert_32f8s_Sfs, 1);
+    check_to_int<float, uint8_t>(veksConvert_32f8u_Sfs, 2);
+    check_to_int<float, int16_t>(veksConvert_32f16s_Sfs, 3);
+    check_to_int<float, uint16_t>(veksConvert_32f16u_Sfs, 4);
+    check_to_int<float, int32_t>(veksConvert_32f32s_Sfs, 5);
+    check_to_int<double, int32_t>(veksConvert_64f32s_Sfs, 6);
+}
+
+TEST(ConvertToInteger, DocumentedValues) {
+    const float x[] = {2.5f, 3.5f, 2.7f, -2.7f, -2.5f, NAN, INFINITY, -INFINITY, 40000.0f};
+    int16_t d[9];
+    ASSERT_EQ(veksConvert_32f16s_Sfs(x, d, 9, 1, 0), vekStsOk);
+    const int16_t nearest[] = {2, 4, 3, -3, -2, 0, 32767, -32768, 32767};
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(d[i], nearest[i]) << i;
+    for (int mode : {0, 2, -1, 100}) {
+        ASSERT_EQ(veksConvert_32f16s_Sfs(x, d, 9, mode, 0), vekStsOk);
+        const int16_t trunc[] = {2, 3, 2, -2, -2, 0, 32767, -32768, 32767};
+        for (int i = 0; i < 9; ++i) EXPECT_EQ(d[i], trunc[i]) << i << " mode " << mode;
+    }
+    // Scale factors divide (positive) and multiply (negative) before rounding.
+    const float y[] = {10.0f, 3.0f};
+    int32_t e[2];
+    ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, 2), vekStsOk);
+    EXPECT_EQ(e[0], 2); // 2.5 -> 2
+    EXPECT_EQ(e[1], 1); // 0.75 -> 1
+    ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, -30), vekStsOk);
+    EXPECT_EQ(e[0], INT32_MAX);
+    EXPECT_EQ(e[1], INT32_MAX);
+    const double z[] = {-2147483648.5, 2147483647.5, -2147483647.5};
+    ASSERT_EQ(veksConvert_64f32s_Sfs(z, e, 2, 1, 0), vekStsOk);
+    EXPECT_EQ(e[0], INT32_MIN);
+    EXPECT_EQ(e[1], INT32_MAX);
+}
+
+TEST(ConvertWidening, ExactOnEveryLevel) {
+    vt::Rng rng(7);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto s8 = rng.vec<int8_t>(n);
+            const auto u8 = rng.vec<uint8_t>(n);
+            const auto s16 = rng.vec<int16_t>(n);
+            const auto u16 = rng.vec<uint16_t>(n);
+            const auto s32 = rng.vec<int32_t>(n);
+            const auto f32 = awkward_floats<float>(rng, n);
+            auto check = [&](const auto& src, auto* fn, auto tag) {
+                using S = typename std::decay_t<decltype(src)>::value_type;
+                using D = decltype(tag);
+                vt::Buf<S> ps(src, sizeof(S));
+                vt::Buf<D> pd(n, 3 * sizeof(D));
+                ASSERT_EQ(fn(ps.data(), pd.data(), n), vekStsOk);
+                std::vector<D> want(static_cast<size_t>(n));
+                for (int i = 0; i < n; ++i) want[i] = static_cast<D>(src[i]);
+                ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n;
+                ASSERT_TRUE(pd.guards_intact());
+            };
+            check(s8, veksConvert_8s16s, int16_t{});
+            check(s8, veksConvert_8s32f, float{});
+            check(u8, veksConvert_8u32f, float{});
+            check(s16, veksConvert_16s32s, int32_t{});
+            check(s16, veksConvert_16s32f, float{});
+            check(u16, veksConvert_16u32f, float{});
+            check(s32, veksConvert_32s64f, double{});
+            check(f32, veksConvert_32f64f, double{});
+        }
+    });
+}
+
+TEST(ConvertRounded, NearestUnderEveryCallerMode) {
+    vt::Rng rng(8);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            auto s32 = rng.vec<int32_t>(n);
+            for (auto& v : s32)
+                if (rng.next() % 2) v = static_cast<int32_t>(rng.range(16777216, INT32_MAX)) | 1;
+            std::vector<double> f64(static_cast<size_t>(n));
+            for (auto& x : f64) x = rng.uniform(-1e6, 1e6) + 0x1p-40;
+            f64[0] = 1e300; // overflows to infinity when rounding to nearest
+            std::vector<float> want32(n), want64(n);
+            std::vector<int16_t> want16(n);
+            for (int i = 0; i < n; ++i) {
+                want32[i] = static_cast<float>(s32[i]); // test runs in nearest mode here
+                want64[i] = static_cast<float>(f64[i]);
+                want16[i] = static_cast<int16_t>(s32[i] > 32767    ? 32767
+                                                 : s32[i] < -32768 ? -32768
+                                                                   : s32[i]);
+            }
+            vt::Buf<int32_t> ps(s32, 4);
+            vt::Buf<double> pf(f64, 8);
+            under_every_mode([&] {
+                vt::Buf<float> pd(n, 4), pe(n, 12);
+                vt::Buf<int16_t> ph(n, 2);
+                ASSERT_EQ(veksConvert_32s32f(ps.data(), pd.data(), n), vekStsOk);
+                ASSERT_EQ(veksConvert_64f32f(pf.data(), pe.data(), n), vekStsOk);
+                ASSERT_EQ(veksConvert_32s16s(ps.data(), ph.data(), n), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(pd.vec(), want32));
+                ASSERT_TRUE(vt::bits_equal(pe.vec(), want64));
+                ASSERT_TRUE(vt::bits_equal(ph.vec(), want16));
+                ASSERT_TRUE(pd.guards_intact() && pe.guards_intact() && ph.guards_intact());
+            });
+        }
+    });
+    const int32_t big[] = {40000, -40000, 32767, -32768};
+    int16_t d[4];
+    ASSERT_EQ(veksConvert_32s16s(big, d, 4), vekStsOk);
+    EXPECT_EQ(d[0], 32767);
+    EXPECT_EQ(d[1], -32768);
+    EXPECT_EQ(d[2], 32767);
+    EXPECT_EQ(d[3], -32768);
+}
+
+template <class S, class D>
+void check_int_to_float_sfs(VekStatus (*fn)(const S*, D*, int, int), uint64_t seed) {
+    vt::Rng rng(seed);
+    auto run = [&](int n, int sf) {
+        const auto src = rng.vec<S>(n);
+        std::vector<D> want(static_cast<size_t>(n));
+        for (int i = 0; i < n; ++i)
+            want[i] = static_cast<D>(scaled(static_cast<double>(src[i]), sf));
+        vt::Buf<S> ps(src, sizeof(S));
+        under_every_mode([&] {
+            vt::Buf<D> pd(n, 3 * sizeof(D));
+            ASSERT_EQ(fn(ps.data(), pd.data(), n, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "sf " << sf << " n " << n;
+            ASSERT_TRUE(pd.guards_intact());
+        });
+    };
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) run(n, n % 2 ? 15 : -3);
+        for (int sf : kScaleFactors) run(69, sf);
+        for (int sf : {-1075, -1074, -1022, 1040, 1074, 1075, 1104, 2044, 2045, -2044, -2045, 140,
+                       160, 170, 180})
+            run(69, sf);
+    });
+}
+
+TEST(ConvertScaledToFloat, SingleRoundingOverTheScaleRange) {
+    check_int_to_float_sfs<int16_t, float>(veksConvert_16s32f_Sfs, 11);
+    check_int_to_float_sfs<int16_t, double>(veksConvert_16s64f_Sfs, 12);
+    check_int_to_float_sfs<int32_t, float>(veksConvert_32s32f_Sfs, 13);
+    check_int_to_float_sfs<int32_t, double>(veksConvert_32s64f_Sfs, 14);
+    const int16_t s[] = {3, -32768};
+    float d[2];
+    ASSERT_EQ(veksConvert_16s32f_Sfs(s, d, 2, 15), vekStsOk);
+    EXPECT_EQ(d[0], 3.0f / 32768.0f);
+    EXPECT_EQ(d[1], -1.0f);
+}
+
+TEST(ConvertFrame, StatusesInOrderAndOutputsUntouched) {
+    int16_t s16[2] = {1, 2}, d16[2] = {7, 7};
+    float f[2] = {1, 2}, df[2] = {9, 9};
+    double g[2] = {1, 2};
+    int32_t d32[2] = {5, 5};
+    EXPECT_EQ(veksConvert_16s32f(nullptr, df, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_16s32f(s16, nullptr, 2), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_16s32f(s16, df, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksConvert_16s32f(s16, df, -1), vekStsDataSizeErr);
+    EXPECT_EQ(veksConvert_32s32f(d32, nullptr, -1), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_32s32f(d32, df, INT_MIN), vekStsDataSizeErr);
+    EXPECT_EQ(veksConvert_16s32f_Sfs(nullptr, df, 2, 1), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_16s32f_Sfs(s16, df, 0, 1), vekStsDataSizeErr);
+    EXPECT_EQ(df[0], 9);
+    EXPECT_EQ(df[1], 9);
+    EXPECT_EQ(veksConvert_32f16s_Sfs(nullptr, d16, 0, 1, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_32f16s_Sfs(f, nullptr, 2, 1, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_32f16s_Sfs(f, d16, 0, 1, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksConvert_32f16s_Sfs(f, d16, -7, 0, 0), vekStsDataSizeErr);
+    EXPECT_EQ(d16[0], 7);
+    EXPECT_EQ(d16[1], 7);
+    EXPECT_EQ(veksConvert_64f32s_Sfs(g, nullptr, 2, 1, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksConvert_64f32s_Sfs(g, d32, 0, 1, 0), vekStsDataSizeErr);
+    EXPECT_EQ(d32[0], 5);
+    // A failing call leaves the caller's rounding mode alone too.
+    ASSERT_EQ(std::fesetround(FE_UPWARD), 0);
+    EXPECT_EQ(veksConvert_32f32s_Sfs(f, d32, 0, 1, 0), vekStsDataSizeErr);
+    EXPECT_EQ(std::fegetround(), FE_UPWARD);
+    std::fesetround(FE_TONEAREST);
+}
+
+} // namespace

@@ -1,0 +1,254 @@
+// G.711 companding: every 16-bit input of every encoder and every code of every decoder and
+// transcoder, on every kernel level and with unaligned vectors, against references written here
+// from the law's segment definitions; round trips; documented values; the call frame.
+#include "testutil.hpp"
+
+#include <cmath>
+
+namespace {
+
+// Decoded value on the 16-bit scale, from the law's 13-bit (A) / 14-bit (mu) magnitudes.
+int ref_alaw_decode(int code) {
+    const int c = code ^ 0x55, j = c & 0x7F, s = j >> 4, m = j & 15;
+    const int lin13 = s == 0 ? 2 * m + 1 : (2 * m + 33) << (s - 1);
+    return (c & 0x80) ? 8 * lin13 : -8 * lin13;
+}
+
+int ref_mulaw_decode(int code) {
+    const int c = ~code & 0xFF, j = c & 0x7F, e = j >> 4, m = j & 15;
+    const int lin14 = ((2 * m + 33) << e) - 33;
+    return (c & 0x80) ? -4 * lin14 : 4 * lin14;
+}
+
+int floor_log2(int y) {
+    int e = -1;
+    while (y > 0) {
+        y >>= 1;
+        ++e;
+    }
+    return e;
+}
+
+// Segment code of y (0 <= y <= 32767): 16 steps of 16 below 256, then 16 steps per octave.
+int segment_code(int y) {
+    if (y < 256) return y / 16;
+    const int s = floor_log2(y) - 7;
+    return 16 * s + (y >> (s + 3)) - 16;
+}
+
+int ref_alaw_encode(int x) {
+    if (x >= 0) return segment_code(x) ^ 0xD5;
+    const int y = -x - 8;
+    return (y < 0 ? 15 : segment_code(y)) ^ 0x55; // -1..-7: the kept quirk
+}
+
+int ref_mulaw_encode(int x) {
+    int y = (x < 0 ? -x : x) + 132;
+    if (y > 32767) y = 32767;
+    const int s = floor_log2(y) - 7;
+    const int code = 16 * s + (y >> (s + 3)) - 16;
+    return x < 0 ? code ^ 0x7F : code ^ 0xFF;
+}
+
+int ref_float_to_linear(float x) {
+    const double y = static_cast<double>(x) * 32768.0;
+    if (std::isnan(y)) return 0;
+    if (y <= -32768.0) return -32768;
+    if (y >= 32767.0) return 32767;
+    return static_cast<int>(std::trunc(y));
+}
+
+// Transcoding: the other law's code with the same sign and the nearest decoded value; a tie
+// goes to the larger magnitude. Signs are read from the codes (the mu-law zeros carry one).
+int ref_transcode(int code, bool from_alaw) {
+    const int v = from_alaw ? ref_alaw_decode(code) : ref_mulaw_decode(code);
+    const bool negative = !(code & 0x80); // bit 7 is the sign in both laws
+    int best = -1, best_d = 0;
+    for (int c = 0; c < 256; ++c) {
+        if (!(c & 0x80) != negative) continue;
+        const int w = from_alaw ? ref_mulaw_decode(c) : ref_alaw_decode(c);
+        const int d = std::abs(w - v);
+        const int best_w = best < 0    ? 0
+                           : from_alaw ? ref_mulaw_decode(best)
+                                       : ref_alaw_decode(best);
+        if (best < 0 || d < best_d || (d == best_d && std::abs(w) > std::abs(best_w))) {
+            best = c;
+            best_d = d;
+        }
+    }
+    return best;
+}
+
+std::vector<int16_t> every_16bit() {
+    std::vector<int16_t> v(65536);
+    for (int i = 0; i < 65536; ++i) v[i] = static_cast<int16_t>(i - 32768);
+    return v;
+}
+
+std::vector<uint8_t> every_code(int repeats) {
+    std::vector<uint8_t> v(256 * static_cast<size_t>(repeats));
+    for (size_t i = 0; i < v.size(); ++i) v[i] = static_cast<uint8_t>((i * 37 + i / 256) & 0xFF);
+    return v;
+}
+
+TEST(G711Encode, Every16BitInputOnEveryLevel) {
+    const auto all = every_16bit();
+    vt::for_each_level([&](auto) {
+        for (size_t off : {0, 2, 6}) {
+            vt::Buf<int16_t> src(all, off);
+            vt::Buf<uint8_t> a(65536, 1 + off), m(65536, 3);
+            ASSERT_EQ(veksLinToALaw_16s8u(src.data(), a.data(), 65536), vekStsOk);
+            ASSERT_EQ(veksLinToMuLaw_16s8u(src.data(), m.data(), 65536), vekStsOk);
+            for (int i = 0; i < 65536; ++i) {
+                ASSERT_EQ(a[i], ref_alaw_encode(all[i])) << "A-law of " << all[i];
+                ASSERT_EQ(m[i], ref_mulaw_encode(all[i])) << "mu-law of " << all[i];
+            }
+            ASSERT_TRUE(a.guards_intact() && m.guards_intact());
+        }
+    });
+}
+
+TEST(G711Encode, FloatInputsOnEveryLevel) {
+    // Every 16-bit value scaled, values between them, and out-of-range and special inputs.
+    std::vector<float> src;
+    for (int i = -32768; i < 32768; ++i) src.push_back(static_cast<float>(i) / 32768.0f);
+    vt::Rng rng(3);
+    for (int i = 0; i < 20000; ++i) src.push_back(static_cast<float>(rng.uniform(-1.01, 1.01)));
+    for (float x :
+         {1.0f, -1.0f, 2.0f, -2.0f, 1e30f, -1e30f, INFINITY, -INFINITY, NAN, -NAN, -0.0f, 1e-38f,
+          -1e-38f, -1.0f / 32768.0f, -7.9f / 32768.0f, -8.0f / 32768.0f, 0.99999994f})
+        src.push_back(x);
+    const int n = static_cast<int>(src.size());
+    vt::for_each_level([&](auto) {
+        vt::Buf<float> ps(src, 4);
+        vt::Buf<uint8_t> a(n, 5), m(n, 7);
+        ASSERT_EQ(veksLinToALaw_32f8u(ps.data(), a.data(), n), vekStsOk);
+        ASSERT_EQ(veksLinToMuLaw_32f8u(ps.data(), m.data(), n), vekStsOk);
+        for (int i = 0; i < n; ++i) {
+            const int x = ref_float_to_linear(src[i]);
+            ASSERT_EQ(a[i], ref_alaw_encode(x)) << "A-law of " << src[i];
+            ASSERT_EQ(m[i], ref_mulaw_encode(x)) << "mu-law of " << src[i];
+        }
+        ASSERT_TRUE(a.guards_intact() && m.guards_intact());
+    });
+}
+
+TEST(G711Decode, EveryCodeOnEveryLevel) {
+    const auto codes = every_code(9);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            if (n > static_cast<int>(codes.size())) continue;
+            vt::Buf<uint8_t> ps(std::vector<uint8_t>(codes.begin(), codes.begin() + n), 3);
+            vt::Buf<int16_t> a(n, 2), m(n, 6);
+            vt::Buf<float> af(n, 4), mf(n, 12);
+            ASSERT_EQ(veksALawToLin_8u16s(ps.data(), a.data(), n), vekStsOk);
+            ASSERT_EQ(veksMuLawToLin_8u16s(ps.data(), m.data(), n), vekStsOk);
+            ASSERT_EQ(veksALawToLin_8u32f(ps.data(), af.data(), n), vekStsOk);
+            ASSERT_EQ(veksMuLawToLin_8u32f(ps.data(), mf.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                ASSERT_EQ(a[i], ref_alaw_decode(codes[i])) << "code " << int{codes[i]};
+                ASSERT_EQ(m[i], ref_mulaw_decode(codes[i])) << "code " << int{codes[i]};
+                ASSERT_EQ(af[i], ref_alaw_decode(codes[i]) / 32768.0f);
+                ASSERT_EQ(mf[i], ref_mulaw_decode(codes[i]) / 32768.0f);
+            }
+            ASSERT_TRUE(a.guards_intact() && m.guards_intact());
+            ASSERT_TRUE(af.guards_intact() && mf.guards_intact());
+        }
+    });
+}
+
+TEST(G711Transcode, EveryCodeIsTheNearestLevelOfTheOtherLaw) {
+    const auto codes = every_code(4);
+    const int n = static_cast<int>(codes.size());
+    vt::for_each_level([&](auto) {
+        for (int len : {n, 1, 7, 8, 9, 63}) {
+            vt::Buf<uint8_t> ps(codes, 1), am(len, 2), ma(len, 5);
+            ASSERT_EQ(veksALawToMuLaw_8u(ps.data(), am.data(), len), vekStsOk);
+            ASSERT_EQ(veksMuLawToALaw_8u(ps.data(), ma.data(), len), vekStsOk);
+            for (int i = 0; i < len; ++i) {
+                ASSERT_EQ(am[i], ref_transcode(codes[i], true)) << "A-law code " << int{codes[i]};
+                ASSERT_EQ(ma[i], ref_transcode(codes[i], false)) << "mu-law code " << int{codes[i]};
+            }
+            ASSERT_TRUE(am.guards_intact() && ma.guards_intact());
+        }
+    });
+    // Levels both laws share come through exactly, and signs are kept.
+    uint8_t c[4] = {0xD5, 0x55, 0xFF, 0x7F}, d[4];
+    ASSERT_EQ(veksALawToMuLaw_8u(c, d, 2), vekStsOk);
+    EXPECT_EQ(ref_mulaw_decode(d[0]), 8);
+    EXPECT_EQ(ref_mulaw_decode(d[1]), -8);
+    ASSERT_EQ(veksMuLawToALaw_8u(c + 2, d, 2), vekStsOk);
+    EXPECT_EQ(d[0], 0xD5);
+    EXPECT_EQ(d[1], 0x55);
+}
+
+TEST(G711, RoundTripsAndDocumentedValues) {
+    std::vector<uint8_t> codes(256);
+    for (int i = 0; i < 256; ++i) codes[i] = static_cast<uint8_t>(i);
+    vt::for_each_level([&](auto) {
+        std::vector<int16_t> lin(256);
+        std::vector<float> linf(256);
+        std::vector<uint8_t> back(256);
+        ASSERT_EQ(veksALawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
+        ASSERT_EQ(veksLinToALaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
+        EXPECT_EQ(back, codes);
+        ASSERT_EQ(veksALawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
+        ASSERT_EQ(veksLinToALaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
+        EXPECT_EQ(back, codes);
+        // mu-law has two zeros; the negative one (0x7F) comes back as the positive one.
+        auto mu = codes;
+        mu[0x7F] = 0xFF;
+        ASSERT_EQ(veksMuLawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
+        ASSERT_EQ(veksLinToMuLaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
+        EXPECT_EQ(back, mu);
+        ASSERT_EQ(veksMuLawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
+        ASSERT_EQ(veksLinToMuLaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
+        EXPECT_EQ(back, mu);
+    });
+    const int16_t x[] = {0, -1, -7, -8, 32767, -32768, -23, -24};
+    uint8_t a[8];
+    ASSERT_EQ(veksLinToALaw_16s8u(x, a, 8), vekStsOk);
+    const uint8_t want[] = {0xD5, 0x5A, 0x5A, 0x55, 0xAA, 0x2A, 0x55, 0x54};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(a[i], want[i]) << x[i];
+    const uint8_t c[] = {0xD5, 0x55, 0x80, 0x00};
+    int16_t v[4];
+    float f[4];
+    ASSERT_EQ(veksALawToLin_8u16s(c, v, 4), vekStsOk);
+    EXPECT_EQ(v[0], 8);
+    EXPECT_EQ(v[1], -8);
+    EXPECT_EQ(v[2], 5504);
+    EXPECT_EQ(v[3], -5504);
+    ASSERT_EQ(veksALawToLin_8u32f(c, f, 4), vekStsOk);
+    EXPECT_EQ(f[2], 0.16796875f);
+    const uint8_t u[] = {0x00, 0x80, 0x7F, 0xFF};
+    ASSERT_EQ(veksMuLawToLin_8u16s(u, v, 4), vekStsOk);
+    EXPECT_EQ(v[0], -32124);
+    EXPECT_EQ(v[1], 32124);
+    EXPECT_EQ(v[2], 0);
+    EXPECT_EQ(v[3], 0);
+}
+
+TEST(G711, FrameStatusesAndUntouchedOutputs) {
+    uint8_t c[2] = {1, 2}, d8[2] = {9, 9};
+    int16_t s[2] = {1, 2}, d16[2] = {7, 7};
+    float f[2] = {0.5f, 0.25f}, df[2] = {3, 3};
+    EXPECT_EQ(veksALawToLin_8u16s(nullptr, d16, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksALawToLin_8u16s(c, nullptr, 2), vekStsNullPointerErr);
+    EXPECT_EQ(veksALawToLin_8u16s(c, d16, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksMuLawToLin_8u16s(c, d16, -3), vekStsDataSizeErr);
+    EXPECT_EQ(veksALawToLin_8u32f(c, df, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksMuLawToLin_8u32f(nullptr, df, 2), vekStsNullPointerErr);
+    EXPECT_EQ(veksLinToALaw_16s8u(s, nullptr, -1), vekStsNullPointerErr);
+    EXPECT_EQ(veksLinToALaw_16s8u(s, d8, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksLinToMuLaw_16s8u(nullptr, d8, 2), vekStsNullPointerErr);
+    EXPECT_EQ(veksLinToALaw_32f8u(f, d8, -100), vekStsDataSizeErr);
+    EXPECT_EQ(veksLinToMuLaw_32f8u(f, nullptr, 2), vekStsNullPointerErr);
+    EXPECT_EQ(veksALawToMuLaw_8u(c, d8, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksMuLawToALaw_8u(nullptr, d8, 1), vekStsNullPointerErr);
+    EXPECT_EQ(d8[0], 9);
+    EXPECT_EQ(d8[1], 9);
+    EXPECT_EQ(d16[0], 7);
+    EXPECT_EQ(df[0], 3);
+}
+
+} // namespace
