@@ -22,6 +22,55 @@ VEK_API VekStatus veksAdd_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek1
 
 /* ==== Logical and shift ======================================================================= */
 
+/* Bitwise operations and shifts by a constant count. Bits shifted out are lost. Counts at or
+ * beyond the element width are legal: left shifts and unsigned right shifts then give 0, signed
+ * right shifts give 0 or -1 by the element's sign. A negative count returns vekStsShiftErr. */
+VEK_API VekStatus veksAnd_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksAnd_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksAndC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksAndC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksAnd_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksAnd_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksAndC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksAndC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksOr_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksOr_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksOrC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksOrC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksOr_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksOr_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksOrC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksOrC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksXor_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksXor_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksXorC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksXorC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksXor_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksXor_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksXorC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksXorC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksNot_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+VEK_API VekStatus veksNot_8u_I(Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksNot_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
+VEK_API VekStatus veksNot_16u_I(Vek16u* pSrcDst, int len);
+
+VEK_API VekStatus veksLShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len);
+VEK_API VekStatus veksLShiftC_8u_I(int shift, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len);
+VEK_API VekStatus veksLShiftC_16u_I(int shift, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus veksLShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len);
+VEK_API VekStatus veksRShiftC_8u_I(int shift, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len);
+VEK_API VekStatus veksRShiftC_16u_I(int shift, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+
 /* ==== end of Logical and shift */
 
 /* ==== Data movement and complex layout ======================================================== */
