@@ -134,9 +134,10 @@ struct Identity {
 
 // ---- Fill -----------------------------------------------------------------------------------
 
-// From this many bytes on, a fill streams past the caches: the destination would not fit in
-// them anyway, and non-temporal stores skip reading the lines before writing them.
-constexpr size_t kStreamBytes = size_t{8} << 20;
+// From this many bytes on (beyond a typical last-level cache), a fill streams past the caches:
+// the destination would not stay in them anyway, and non-temporal stores skip reading the lines
+// before writing them. Below it, ordinary stores leave the data in cache for its next reader.
+constexpr size_t kStreamBytes = size_t{32} << 20;
 
 template <class T>
 void fill(T value, T* dst, int n) {
