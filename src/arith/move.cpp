@@ -46,7 +46,7 @@ VekStatus flip(const T* pSrc, T* pDst, int len) {
     const auto& k = kern::move_kernels();
     const size_t bytes = static_cast<size_t>(len) * sizeof(T);
     if (overlap(pSrc, pDst, bytes)) {
-        k.copy(pSrc, pDst, bytes);
+        if (pSrc != pDst) k.copy(pSrc, pDst, bytes);
         (k.*FlipI)(pDst, len);
     } else {
         (k.*Flip)(pSrc, pDst, len);
