@@ -97,9 +97,122 @@ VEK_API VekStatus veksMuLawToALaw_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 
 /* ==== Logical and shift ======================================================================= */
 
+/* Bitwise operations and shifts by a constant count. Bits shifted out are lost. Counts at or
+ * beyond the element width are legal: left shifts and unsigned right shifts then give 0, signed
+ * right shifts give 0 or -1 by the element's sign. A negative count returns vekStsShiftErr. */
+VEK_API VekStatus veksAnd_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksAnd_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksAndC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksAndC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksAnd_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksAnd_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksAndC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksAndC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksOr_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksOr_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksOrC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksOrC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksOr_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksOr_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksOrC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksOrC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksXor_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
+VEK_API VekStatus veksXor_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksXorC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksXorC_8u_I(Vek8u value, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksXor_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len);
+VEK_API VekStatus veksXor_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksXorC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len);
+VEK_API VekStatus veksXorC_16u_I(Vek16u value, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksNot_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+VEK_API VekStatus veksNot_8u_I(Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksNot_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
+VEK_API VekStatus veksNot_16u_I(Vek16u* pSrcDst, int len);
+
+VEK_API VekStatus veksLShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len);
+VEK_API VekStatus veksLShiftC_8u_I(int shift, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len);
+VEK_API VekStatus veksLShiftC_16u_I(int shift, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus veksLShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len);
+VEK_API VekStatus veksRShiftC_8u_I(int shift, Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len);
+VEK_API VekStatus veksRShiftC_16u_I(int shift, Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len);
+VEK_API VekStatus veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
+VEK_API VekStatus veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+
 /* ==== end of Logical and shift */
 
 /* ==== Data movement and complex layout ======================================================== */
+
+/* Copy, fill, reverse, split, join and conjugate. Copy behaves like memmove for overlapping
+ * vectors; Flip, Conj and ConjFlip give their documented result for any overlap of source and
+ * destination; Real, Imag, CplxToReal and RealToCplx expect disjoint vectors. RealToCplx takes a
+ * null pSrcRe or pSrcIm (not both) as a vector of zeros. Conj_16sc stores -(-32768) as 32767. */
+VEK_API VekStatus veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+VEK_API VekStatus veksCopy_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksCopy_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksCopy_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksCopy_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksCopy_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksCopy_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+
+VEK_API VekStatus veksSet_8u(Vek8u value, Vek8u* pDst, int len);
+VEK_API VekStatus veksSet_16s(Vek16s value, Vek16s* pDst, int len);
+VEK_API VekStatus veksSet_16sc(Vek16sc value, Vek16sc* pDst, int len);
+VEK_API VekStatus veksSet_32s(Vek32s value, Vek32s* pDst, int len);
+VEK_API VekStatus veksSet_32sc(Vek32sc value, Vek32sc* pDst, int len);
+VEK_API VekStatus veksSet_32f(Vek32f value, Vek32f* pDst, int len);
+VEK_API VekStatus veksSet_32fc(Vek32fc value, Vek32fc* pDst, int len);
+VEK_API VekStatus veksSet_64s(Vek64s value, Vek64s* pDst, int len);
+VEK_API VekStatus veksSet_64sc(Vek64sc value, Vek64sc* pDst, int len);
+VEK_API VekStatus veksSet_64f(Vek64f value, Vek64f* pDst, int len);
+VEK_API VekStatus veksSet_64fc(Vek64fc value, Vek64fc* pDst, int len);
+
+VEK_API VekStatus veksZero_8u(Vek8u* pDst, int len);
+VEK_API VekStatus veksZero_16s(Vek16s* pDst, int len);
+VEK_API VekStatus veksZero_16sc(Vek16sc* pDst, int len);
+VEK_API VekStatus veksZero_32f(Vek32f* pDst, int len);
+VEK_API VekStatus veksZero_32fc(Vek32fc* pDst, int len);
+VEK_API VekStatus veksZero_64f(Vek64f* pDst, int len);
+VEK_API VekStatus veksZero_64fc(Vek64fc* pDst, int len);
+
+VEK_API VekStatus veksFlip_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+VEK_API VekStatus veksFlip_8u_I(Vek8u* pSrcDst, int len);
+VEK_API VekStatus veksFlip_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
+VEK_API VekStatus veksFlip_16u_I(Vek16u* pSrcDst, int len);
+VEK_API VekStatus veksFlip_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksFlip_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksFlip_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksFlip_64f_I(Vek64f* pSrcDst, int len);
+
+VEK_API VekStatus veksReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, int len);
+VEK_API VekStatus veksReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, int len);
+VEK_API VekStatus veksReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, int len);
+VEK_API VekStatus veksImag_16sc(const Vek16sc* pSrc, Vek16s* pDstIm, int len);
+VEK_API VekStatus veksImag_32fc(const Vek32fc* pSrc, Vek32f* pDstIm, int len);
+VEK_API VekStatus veksImag_64fc(const Vek64fc* pSrc, Vek64f* pDstIm, int len);
+VEK_API VekStatus veksCplxToReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, Vek16s* pDstIm, int len);
+VEK_API VekStatus veksCplxToReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, Vek32f* pDstIm, int len);
+VEK_API VekStatus veksCplxToReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, Vek64f* pDstIm, int len);
+VEK_API VekStatus veksRealToCplx_16s(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16sc* pDst, int len);
+VEK_API VekStatus veksRealToCplx_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32fc* pDst, int len);
+VEK_API VekStatus veksRealToCplx_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64fc* pDst, int len);
+
+VEK_API VekStatus veksConj_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksConj_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksConj_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksConj_32fc_I(Vek32fc* pSrcDst, int len);
+VEK_API VekStatus veksConj_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+VEK_API VekStatus veksConj_64fc_I(Vek64fc* pSrcDst, int len);
+VEK_API VekStatus veksConjFlip_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksConjFlip_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
 
 /* ==== end of Data movement and complex layout */
 

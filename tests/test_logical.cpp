@@ -1,0 +1,255 @@
+// Logical and shift operations: exact results against a plain reference on every kernel level,
+// every length up to 70 and large ones, unaligned vectors, shift counts around and far beyond the
+// element width, and the call frame's statuses in order with outputs untouched.
+#include <climits>
+
+#include "testutil.hpp"
+
+namespace {
+
+template <class T>
+size_t off(int k) {
+    return sizeof(T) * static_cast<size_t>(k % 7 + 1);
+}
+
+// ---- Bitwise -----------------------------------------------------------------------------------
+
+template <class T>
+struct Bitwise {
+    const char* name;
+    VekStatus (*fn)(const T*, const T*, T*, int);
+    VekStatus (*fn_i)(const T*, T*, int);
+    VekStatus (*fn_c)(const T*, T, T*, int);
+    VekStatus (*fn_ci)(T, T*, int);
+    unsigned (*ref)(unsigned, unsigned);
+};
+
+template <class T>
+std::vector<Bitwise<T>> bitwise_members();
+
+template <>
+std::vector<Bitwise<Vek8u>> bitwise_members() {
+    return {
+        {"And", veksAnd_8u, veksAnd_8u_I, veksAndC_8u, veksAndC_8u_I,
+         [](unsigned a, unsigned b) { return a & b; }},
+        {"Or", veksOr_8u, veksOr_8u_I, veksOrC_8u, veksOrC_8u_I,
+         [](unsigned a, unsigned b) { return a | b; }},
+        {"Xor", veksXor_8u, veksXor_8u_I, veksXorC_8u, veksXorC_8u_I,
+         [](unsigned a, unsigned b) { return a ^ b; }},
+    };
+}
+
+template <>
+std::vector<Bitwise<Vek16u>> bitwise_members() {
+    return {
+        {"And", veksAnd_16u, veksAnd_16u_I, veksAndC_16u, veksAndC_16u_I,
+         [](unsigned a, unsigned b) { return a & b; }},
+        {"Or", veksOr_16u, veksOr_16u_I, veksOrC_16u, veksOrC_16u_I,
+         [](unsigned a, unsigned b) { return a | b; }},
+        {"Xor", veksXor_16u, veksXor_16u_I, veksXorC_16u, veksXorC_16u_I,
+         [](unsigned a, unsigned b) { return a ^ b; }},
+    };
+}
+
+template <class T>
+void check_bitwise(VekStatus (*not_fn)(const T*, T*, int), VekStatus (*not_i)(T*, int)) {
+    vt::Rng rng(sizeof(T));
+    const unsigned ones = (1u << (8 * sizeof(T))) - 1;
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const auto a = rng.vec<T>(n), b = rng.vec<T>(n);
+            const T c = rng.any<T>();
+            ++k;
+            for (const auto& m : bitwise_members<T>()) {
+                SCOPED_TRACE(m.name);
+                std::vector<T> want(n), want_c(n);
+                for (int i = 0; i < n; ++i) {
+                    want[i] = static_cast<T>(m.ref(a[i], b[i]));
+                    want_c[i] = static_cast<T>(m.ref(a[i], c));
+                }
+                vt::Buf<T> pa(a, off<T>(k)), pb(b, off<T>(k + 1)), pd(n, off<T>(k + 2));
+                ASSERT_EQ(m.fn(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+                ASSERT_EQ(pd.vec(), want) << n;
+                ASSERT_EQ(m.fn_c(pa.data(), c, pd.data(), n), vekStsOk);
+                ASSERT_EQ(pd.vec(), want_c) << n;
+                vt::Buf<T> pi(a, off<T>(k + 3));
+                ASSERT_EQ(m.fn_i(pb.data(), pi.data(), n), vekStsOk);
+                ASSERT_EQ(pi.vec(), want) << n;
+                vt::Buf<T> pci(a, off<T>(k + 4));
+                ASSERT_EQ(m.fn_ci(c, pci.data(), n), vekStsOk);
+                ASSERT_EQ(pci.vec(), want_c) << n;
+                ASSERT_EQ(pa.vec(), a);
+                ASSERT_EQ(pb.vec(), b);
+                ASSERT_TRUE(pd.guards_intact() && pi.guards_intact() && pci.guards_intact());
+            }
+            std::vector<T> want_not(n);
+            for (int i = 0; i < n; ++i) want_not[i] = static_cast<T>(~unsigned{a[i]} & ones);
+            vt::Buf<T> pa(a, off<T>(k)), pd(n, off<T>(k + 5)), pi(a, off<T>(k + 6));
+            ASSERT_EQ(not_fn(pa.data(), pd.data(), n), vekStsOk);
+            ASSERT_EQ(pd.vec(), want_not) << n;
+            ASSERT_EQ(not_i(pi.data(), n), vekStsOk);
+            ASSERT_EQ(pi.vec(), want_not) << n;
+            ASSERT_TRUE(pd.guards_intact() && pi.guards_intact());
+        }
+    });
+}
+
+TEST(Bitwise, AndOrXorNot8u) { check_bitwise<Vek8u>(veksNot_8u, veksNot_8u_I); }
+TEST(Bitwise, AndOrXorNot16u) { check_bitwise<Vek16u>(veksNot_16u, veksNot_16u_I); }
+
+TEST(Bitwise, DocumentedValues) {
+    const Vek8u a[] = {0x0F};
+    Vek8u d[1] = {0};
+    ASSERT_EQ(veksNot_8u(a, d, 1), vekStsOk);
+    EXPECT_EQ(d[0], 0xF0);
+    Vek16u w[] = {0x00FF, 0x1234};
+    ASSERT_EQ(veksNot_16u_I(w, 2), vekStsOk);
+    EXPECT_EQ(w[0], 0xFF00);
+    EXPECT_EQ(w[1], 0xEDCB);
+}
+
+// ---- Shifts ------------------------------------------------------------------------------------
+
+enum Dir { left, right };
+
+// Shift of the exact value: a left shift keeps the low `width` bits of a * 2^k; a right shift is
+// the floor of a / 2^k (zero fill for unsigned, sign fill for signed elements).
+template <class T>
+T shift_ref(T a, int k, Dir dir) {
+    constexpr int width = 8 * sizeof(T);
+    const int64_t v = a;
+    if (dir == left) {
+        if (k >= width) return T{0};
+        const uint64_t bits = (static_cast<uint64_t>(v) << k) & ((uint64_t{1} << width) - 1);
+        return static_cast<T>(bits);
+    }
+    if (k >= width) return static_cast<T>(v < 0 ? -1 : 0);
+    const int64_t p = int64_t{1} << k;
+    return static_cast<T>(v >= 0 ? v / p : -((-v + p - 1) / p));
+}
+
+template <class T>
+void check_shift(VekStatus (*fn)(const T*, int, T*, int), VekStatus (*fn_i)(int, T*, int),
+                 Dir dir) {
+    constexpr int w = 8 * sizeof(T);
+    vt::Rng rng(100 + sizeof(T) + dir);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths())
+            for (int count : {0, 1, 2, w / 2, w - 1, w, w + 1, 33, 64, 1000, INT_MAX}) {
+                if (n > 100 && count != 1 && count != w - 1 && count != w) continue;
+                const auto a = rng.vec<T>(n);
+                std::vector<T> want(n);
+                for (int i = 0; i < n; ++i) want[i] = shift_ref(a[i], count, dir);
+                ++k;
+                vt::Buf<T> pa(a, off<T>(k)), pd(n, off<T>(k + 1)), pi(a, off<T>(k + 2));
+                ASSERT_EQ(fn(pa.data(), count, pd.data(), n), vekStsOk);
+                ASSERT_EQ(pd.vec(), want) << "n " << n << " count " << count;
+                ASSERT_EQ(fn_i(count, pi.data(), n), vekStsOk);
+                ASSERT_EQ(pi.vec(), want) << "n " << n << " count " << count;
+                ASSERT_EQ(pa.vec(), a);
+                ASSERT_TRUE(pd.guards_intact() && pi.guards_intact());
+            }
+    });
+}
+
+TEST(Shift, LeftShiftsDiscardHighBits) {
+    check_shift<Vek8u>(veksLShiftC_8u, veksLShiftC_8u_I, left);
+    check_shift<Vek16u>(veksLShiftC_16u, veksLShiftC_16u_I, left);
+    check_shift<Vek16s>(veksLShiftC_16s, veksLShiftC_16s_I, left);
+    check_shift<Vek32s>(veksLShiftC_32s, veksLShiftC_32s_I, left);
+}
+
+TEST(Shift, RightShiftsFillWithZerosOrSign) {
+    check_shift<Vek8u>(veksRShiftC_8u, veksRShiftC_8u_I, right);
+    check_shift<Vek16u>(veksRShiftC_16u, veksRShiftC_16u_I, right);
+    check_shift<Vek16s>(veksRShiftC_16s, veksRShiftC_16s_I, right);
+    check_shift<Vek32s>(veksRShiftC_32s, veksRShiftC_32s_I, right);
+}
+
+TEST(Shift, DocumentedValues) {
+    vt::for_each_level([&](auto) {
+        std::vector<Vek8u> b(40, 0xFF);
+        ASSERT_EQ(veksLShiftC_8u_I(7, b.data(), 40), vekStsOk);
+        EXPECT_EQ(b[0], 0x80);
+        EXPECT_EQ(b[39], 0x80);
+        ASSERT_EQ(veksLShiftC_8u_I(8, b.data(), 40), vekStsOk);
+        EXPECT_EQ(b[0], 0);
+        std::vector<Vek16s> s(40, -5);
+        s[1] = 7;
+        ASSERT_EQ(veksRShiftC_16s_I(16, s.data(), 40), vekStsOk);
+        EXPECT_EQ(s[0], -1);
+        EXPECT_EQ(s[1], 0);
+        EXPECT_EQ(s[39], -1);
+        std::vector<Vek16u> u(40, 0xFFFF);
+        ASSERT_EQ(veksRShiftC_16u_I(16, u.data(), 40), vekStsOk);
+        EXPECT_EQ(u[20], 0);
+    });
+}
+
+// ---- Statuses ----------------------------------------------------------------------------------
+
+template <class T>
+struct Guarded {
+    std::vector<T> v = std::vector<T>(4, T{0x5A});
+    T* data() { return v.data(); }
+    bool untouched() const { return v == std::vector<T>(4, T{0x5A}); }
+};
+
+template <class T>
+void frame_shift(VekStatus (*fn)(const T*, int, T*, int), VekStatus (*fn_i)(int, T*, int)) {
+    Guarded<T> s, d, p;
+    EXPECT_EQ(fn(nullptr, 1, d.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(s.data(), 1, nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(nullptr, -1, d.data(), 0), vekStsNullPointerErr); // pointers first
+    EXPECT_EQ(fn(s.data(), -1, d.data(), 0), vekStsDataSizeErr);   // then the length
+    EXPECT_EQ(fn(s.data(), 1, d.data(), -7), vekStsDataSizeErr);
+    EXPECT_EQ(fn(s.data(), -1, d.data(), 4), vekStsShiftErr); // then the count
+    EXPECT_EQ(fn(s.data(), INT_MIN, d.data(), 4), vekStsShiftErr);
+    EXPECT_EQ(fn_i(-1, nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn_i(-1, p.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(fn_i(-1, p.data(), 4), vekStsShiftErr);
+    EXPECT_TRUE(d.untouched() && p.untouched());
+}
+
+template <class T>
+void frame_bitwise(VekStatus (*not_fn)(const T*, T*, int), VekStatus (*not_i)(T*, int)) {
+    Guarded<T> a, d, p;
+    for (const auto& m : bitwise_members<T>()) {
+        SCOPED_TRACE(m.name);
+        EXPECT_EQ(m.fn(nullptr, a.data(), d.data(), 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn(a.data(), nullptr, d.data(), 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn(a.data(), a.data(), nullptr, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn(a.data(), a.data(), d.data(), 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.fn_i(nullptr, p.data(), 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn_i(a.data(), nullptr, 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn_i(a.data(), p.data(), -1), vekStsDataSizeErr);
+        EXPECT_EQ(m.fn_c(nullptr, T{1}, d.data(), 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn_c(a.data(), T{1}, nullptr, -1), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn_c(a.data(), T{1}, d.data(), 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.fn_ci(T{1}, nullptr, 4), vekStsNullPointerErr);
+        EXPECT_EQ(m.fn_ci(T{1}, p.data(), 0), vekStsDataSizeErr);
+    }
+    EXPECT_EQ(not_fn(nullptr, d.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(not_fn(a.data(), nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(not_fn(a.data(), d.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(not_i(nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(not_i(p.data(), -1), vekStsDataSizeErr);
+    EXPECT_TRUE(d.untouched() && p.untouched());
+}
+
+TEST(Frame, StatusesInOrderAndOutputsUntouched) {
+    frame_bitwise<Vek8u>(veksNot_8u, veksNot_8u_I);
+    frame_bitwise<Vek16u>(veksNot_16u, veksNot_16u_I);
+    frame_shift(veksLShiftC_8u, veksLShiftC_8u_I);
+    frame_shift(veksLShiftC_16u, veksLShiftC_16u_I);
+    frame_shift(veksLShiftC_16s, veksLShiftC_16s_I);
+    frame_shift(veksLShiftC_32s, veksLShiftC_32s_I);
+    frame_shift(veksRShiftC_8u, veksRShiftC_8u_I);
+    frame_shift(veksRShiftC_16u, veksRShiftC_16u_I);
+    frame_shift(veksRShiftC_16s, veksRShiftC_16s_I);
+    frame_shift(veksRShiftC_32s, veksRShiftC_32s_I);
+}
+
+} // namespace

@@ -1,0 +1,449 @@
+// Data movement and complex layout: every member against a plain element-by-element reference,
+// bit for bit, on every kernel level, with unaligned vectors and guard checks; overlap handling;
+// the call frame's statuses in order with outputs untouched.
+#include <cmath>
+
+#include "testutil.hpp"
+
+namespace {
+
+// Random values of any element type, complex pairs included.
+template <class T>
+T rnd(vt::Rng& r) {
+    if constexpr (std::is_arithmetic_v<T>) {
+        return r.any<T>();
+    } else {
+        using R = decltype(T{}.re);
+        return T{r.any<R>(), r.any<R>()};
+    }
+}
+
+template <class T>
+std::vector<T> rvec(vt::Rng& r, int n) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) x = rnd<T>(r);
+    return v;
+}
+
+// Byte offsets that keep an element's natural alignment but break every vector alignment.
+template <class T>
+size_t off(int k) {
+    const size_t a = sizeof(T) < 8 ? sizeof(T) : 8;
+    return a * static_cast<size_t>(k % 7 + 1);
+}
+
+int16_t neg_sat(int16_t x) { return x == -32768 ? int16_t{32767} : static_cast<int16_t>(-x); }
+Vek16sc conj_ref(Vek16sc c) { return {c.re, neg_sat(c.im)}; }
+// The imaginary part with its sign bit flipped (zeros and NaNs included).
+Vek32fc conj_ref(Vek32fc c) {
+    return {c.re, std::copysign(c.im, std::signbit(c.im) ? 1.0f : -1.0f)};
+}
+Vek64fc conj_ref(Vek64fc c) { return {c.re, std::copysign(c.im, std::signbit(c.im) ? 1.0 : -1.0)}; }
+
+// ---- Copy, Set, Zero ---------------------------------------------------------------------------
+
+template <class T>
+void check_copy(VekStatus (*fn)(const T*, T*, int)) {
+    vt::Rng rng(11);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const auto src = rvec<T>(rng, n);
+            vt::Buf<T> s(src, off<T>(k)), d(n, off<T>(k + 3));
+            ++k;
+            ASSERT_EQ(fn(s.data(), d.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(d.vec(), src)) << n;
+            ASSERT_TRUE(d.guards_intact());
+        }
+    });
+}
+
+TEST(Copy, EveryTypeMatchesSource) {
+    check_copy(veksCopy_8u);
+    check_copy(veksCopy_16s);
+    check_copy(veksCopy_16sc);
+    check_copy(veksCopy_32f);
+    check_copy(veksCopy_32fc);
+    check_copy(veksCopy_64f);
+    check_copy(veksCopy_64fc);
+}
+
+TEST(Copy, OverlappingVectorsMoveLikeMemmove) {
+    vt::Rng rng(12);
+    for (int n : {1, 7, 64, 1000}) {
+        for (int shift : {-5, -1, 1, 3, 17}) {
+            std::vector<float> buf = rvec<float>(rng, n + 40), want = buf;
+            float* base = buf.data() + 20;
+            std::memmove(want.data() + 20 + shift, want.data() + 20, n * sizeof(float));
+            ASSERT_EQ(veksCopy_32f(base, base + shift, n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(buf, want)) << n << " " << shift;
+        }
+    }
+}
+
+template <class T>
+void check_set(VekStatus (*fn)(T, T*, int), std::vector<T> values) {
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (const T& v : values)
+            for (int n : vt::test_lengths()) {
+                vt::Buf<T> d(n, off<T>(k++));
+                ASSERT_EQ(fn(v, d.data(), n), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(d.vec(), std::vector<T>(n, v))) << n;
+                ASSERT_TRUE(d.guards_intact());
+            }
+    });
+}
+
+TEST(Set, EveryTypeFillsWithTheValue) {
+    check_set<Vek8u>(veksSet_8u, {0, 0x5A, 255});
+    check_set<Vek16s>(veksSet_16s, {0, -2, 0x1234, -32768});
+    check_set<Vek16sc>(veksSet_16sc, {{0, 0}, {1, -1}, {-32768, 32767}});
+    check_set<Vek32s>(veksSet_32s, {0, -1, 0x01020304});
+    check_set<Vek32sc>(veksSet_32sc, {{0, 0}, {7, -9}});
+    check_set<Vek32f>(veksSet_32f, {0.0f, -0.0f, 1.5f, std::nanf("7")});
+    check_set<Vek32fc>(veksSet_32fc, {{0.0f, 0.0f}, {1.0f, -2.5f}});
+    check_set<Vek64s>(veksSet_64s, {0, -1, 0x0102030405060708ll});
+    check_set<Vek64sc>(veksSet_64sc, {{0, 0}, {-3, 0x7FFFFFFFFFFFFFFFll}});
+    check_set<Vek64f>(veksSet_64f, {0.0, -0.0, 3.25e300});
+    check_set<Vek64fc>(veksSet_64fc, {{0.0, 0.0}, {-1.0, 0.125}});
+}
+
+// Fills beyond the caches (32 MiB and more) take the streaming path; the element phase must
+// survive any alignment of the destination.
+template <class T>
+void check_large_set(VekStatus (*fn)(T, T*, int), T v, size_t offset) {
+    const int n = static_cast<int>((size_t{33} << 20) / sizeof(T)) + 3;
+    const std::vector<T> want(n, v);
+    vt::for_each_level([&](auto) {
+        vt::Buf<T> d(n, offset);
+        ASSERT_EQ(fn(v, d.data(), n), vekStsOk);
+        ASSERT_EQ(std::memcmp(d.data(), want.data(), n * sizeof(T)), 0);
+        ASSERT_TRUE(d.guards_intact());
+    });
+}
+
+TEST(Set, LargeFillsKeepTheElementPhase) {
+    check_large_set<Vek16sc>(veksSet_16sc, Vek16sc{3, -4}, 2);
+    check_large_set<Vek64fc>(veksSet_64fc, Vek64fc{1.0, -2.0}, 8);
+}
+
+template <class T>
+void check_zero(VekStatus (*fn)(T*, int)) {
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            vt::Buf<T> d(n, off<T>(k++));
+            std::memset(static_cast<void*>(d.data()), 0x7F, n * sizeof(T));
+            ASSERT_EQ(fn(d.data(), n), vekStsOk);
+            std::vector<unsigned char> bytes(n * sizeof(T));
+            std::memcpy(bytes.data(), d.data(), bytes.size());
+            ASSERT_EQ(bytes, std::vector<unsigned char>(bytes.size(), 0)) << n;
+            ASSERT_TRUE(d.guards_intact());
+        }
+    });
+}
+
+TEST(Zero, EveryTypeClearsAllBits) {
+    check_zero(veksZero_8u);
+    check_zero(veksZero_16s);
+    check_zero(veksZero_16sc);
+    check_zero(veksZero_32f);
+    check_zero(veksZero_32fc);
+    check_zero(veksZero_64f);
+    check_zero(veksZero_64fc);
+}
+
+// ---- Flip and ConjFlip -------------------------------------------------------------------------
+
+template <class T>
+std::vector<T> reversed(const std::vector<T>& v) {
+    return std::vector<T>(v.rbegin(), v.rend());
+}
+
+template <class T>
+void check_flip(VekStatus (*fn)(const T*, T*, int), VekStatus (*fn_i)(T*, int)) {
+    vt::Rng rng(21);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const auto src = rvec<T>(rng, n);
+            vt::Buf<T> s(src, off<T>(k)), d(n, off<T>(k + 2)), p(src, off<T>(k + 4));
+            ++k;
+            ASSERT_EQ(fn(s.data(), d.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(d.vec(), reversed(src))) << n;
+            ASSERT_TRUE(vt::bits_equal(s.vec(), src));
+            ASSERT_EQ(fn_i(p.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(p.vec(), reversed(src))) << n;
+            ASSERT_TRUE(d.guards_intact() && p.guards_intact());
+            // The out-of-place form given one vector twice reverses it in place.
+            ASSERT_EQ(fn(p.data(), p.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(p.vec(), src)) << n;
+        }
+    });
+}
+
+TEST(Flip, EveryTypeReversesOutOfPlaceAndInPlace) {
+    check_flip(veksFlip_8u, veksFlip_8u_I);
+    check_flip(veksFlip_16u, veksFlip_16u_I);
+    check_flip(veksFlip_32f, veksFlip_32f_I);
+    check_flip(veksFlip_64f, veksFlip_64f_I);
+}
+
+TEST(Flip, PartiallyOverlappingVectors) {
+    vt::Rng rng(22);
+    for (int n : {2, 9, 100, 1001})
+        for (int shift : {-7, -1, 1, 5}) {
+            std::vector<float> buf = rvec<float>(rng, n + 20);
+            const std::vector<float> src(buf.begin() + 10, buf.begin() + 10 + n);
+            ASSERT_EQ(veksFlip_32f(buf.data() + 10, buf.data() + 10 + shift, n), vekStsOk);
+            const std::vector<float> got(buf.begin() + 10 + shift, buf.begin() + 10 + shift + n);
+            ASSERT_TRUE(vt::bits_equal(got, reversed(src))) << n << " " << shift;
+        }
+}
+
+TEST(Flip, DocumentedCases) {
+    Vek8u five[] = {1, 2, 3, 4, 5};
+    ASSERT_EQ(veksFlip_8u_I(five, 5), vekStsOk);
+    EXPECT_EQ(five[0], 5);
+    EXPECT_EQ(five[2], 3);
+    EXPECT_EQ(five[4], 1);
+    Vek8u one[] = {42};
+    EXPECT_EQ(veksFlip_8u_I(one, 1), vekStsOk);
+    EXPECT_EQ(one[0], 42);
+}
+
+template <class C>
+void check_conj(VekStatus (*fn)(const C*, C*, int), VekStatus (*fn_i)(C*, int),
+                VekStatus (*flip)(const C*, C*, int)) {
+    vt::Rng rng(31);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const auto src = rvec<C>(rng, n);
+            std::vector<C> want(n);
+            for (int i = 0; i < n; ++i) want[i] = conj_ref(src[i]);
+            vt::Buf<C> s(src, off<C>(k)), d(n, off<C>(k + 1)), p(src, off<C>(k + 2)),
+                f(n, off<C>(k + 3));
+            ++k;
+            ASSERT_EQ(fn(s.data(), d.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << n;
+            ASSERT_EQ(fn_i(p.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(p.vec(), want)) << n;
+            ASSERT_EQ(flip(s.data(), f.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(f.vec(), reversed(want))) << n;
+            ASSERT_TRUE(vt::bits_equal(s.vec(), src));
+            ASSERT_TRUE(d.guards_intact() && p.guards_intact() && f.guards_intact());
+            // ConjFlip of a vector onto itself: reversed and conjugated, middle element included.
+            ASSERT_EQ(flip(s.data(), s.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(s.vec(), reversed(want))) << n;
+        }
+    });
+}
+
+TEST(Conj, EveryTypeOutOfPlaceInPlaceAndFlipped) {
+    check_conj(veksConj_16sc, veksConj_16sc_I, veksConjFlip_16sc);
+    check_conj(veksConj_32fc, veksConj_32fc_I, veksConjFlip_32fc);
+    check_conj(veksConj_64fc, veksConj_64fc_I, veksConjFlip_64fc);
+}
+
+TEST(Conj, DocumentedValuesAndSignBits) {
+    vt::for_each_level([&](auto) {
+        Vek16sc s[] = {{5, -32768}, {5, 32767}, {0, 0}, {-32768, 1}};
+        ASSERT_EQ(veksConj_16sc_I(s, 4), vekStsOk);
+        EXPECT_EQ(s[0].im, 32767);
+        EXPECT_EQ(s[1].im, -32767);
+        EXPECT_EQ(s[2].im, 0);
+        EXPECT_EQ(s[3].re, -32768);
+        EXPECT_EQ(s[3].im, -1);
+        std::vector<Vek32fc> f(40, Vek32fc{1.0f, 0.0f});
+        f[3].im = std::nanf("");
+        ASSERT_EQ(veksConj_32fc_I(f.data(), 40), vekStsOk);
+        EXPECT_TRUE(std::signbit(f[0].im) && f[0].im == 0.0f);
+        EXPECT_TRUE(std::isnan(f[3].im) && std::signbit(f[3].im));
+        const Vek32fc a[] = {{1, 2}, {3, 4}};
+        Vek32fc b[2];
+        ASSERT_EQ(veksConjFlip_32fc(a, b, 2), vekStsOk);
+        EXPECT_TRUE(b[0].re == 3 && b[0].im == -4 && b[1].re == 1 && b[1].im == -2);
+    });
+}
+
+TEST(Conj, PartiallyOverlappingVectors) {
+    vt::Rng rng(32);
+    for (int n : {3, 40, 333})
+        for (int shift : {-3, 2}) {
+            std::vector<Vek16sc> buf = rvec<Vek16sc>(rng, n + 10);
+            const std::vector<Vek16sc> src(buf.begin() + 5, buf.begin() + 5 + n);
+            ASSERT_EQ(veksConj_16sc(buf.data() + 5, buf.data() + 5 + shift, n), vekStsOk);
+            for (int i = 0; i < n; ++i)
+                ASSERT_TRUE(vt::same_bits(buf[5 + shift + i], conj_ref(src[i]))) << i;
+        }
+}
+
+// ---- Split and join ----------------------------------------------------------------------------
+
+template <class C, class R>
+void check_split_join(VekStatus (*re_fn)(const C*, R*, int), VekStatus (*im_fn)(const C*, R*, int),
+                      VekStatus (*both)(const C*, R*, R*, int),
+                      VekStatus (*join)(const R*, const R*, C*, int)) {
+    vt::Rng rng(41);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const auto src = rvec<C>(rng, n);
+            std::vector<R> re(n), im(n);
+            for (int i = 0; i < n; ++i) re[i] = src[i].re, im[i] = src[i].im;
+            vt::Buf<C> s(src, off<C>(k));
+            vt::Buf<R> a(n, off<R>(k + 1)), b(n, off<R>(k + 2)), c(n, off<R>(k + 3)),
+                e(n, off<R>(k + 4));
+            ++k;
+            ASSERT_EQ(re_fn(s.data(), a.data(), n), vekStsOk);
+            ASSERT_EQ(im_fn(s.data(), b.data(), n), vekStsOk);
+            ASSERT_EQ(both(s.data(), c.data(), e.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(a.vec(), re) && vt::bits_equal(c.vec(), re)) << n;
+            ASSERT_TRUE(vt::bits_equal(b.vec(), im) && vt::bits_equal(e.vec(), im)) << n;
+            ASSERT_TRUE(a.guards_intact() && b.guards_intact() && c.guards_intact() &&
+                        e.guards_intact());
+
+            vt::Buf<C> j(n, off<C>(k)), jr(n, off<C>(k + 1)), ji(n, off<C>(k + 2));
+            ASSERT_EQ(join(a.data(), b.data(), j.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(j.vec(), src)) << n;
+            ASSERT_EQ(join(a.data(), nullptr, jr.data(), n), vekStsOk);
+            ASSERT_EQ(join(nullptr, b.data(), ji.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                ASSERT_TRUE(vt::same_bits(jr[i], C{re[i], R{0}})) << i;
+                ASSERT_TRUE(vt::same_bits(ji[i], C{R{0}, im[i]})) << i;
+            }
+            ASSERT_TRUE(j.guards_intact() && jr.guards_intact() && ji.guards_intact());
+        }
+    });
+}
+
+TEST(Layout, RealImagCplxToRealAndRealToCplx) {
+    check_split_join(veksReal_16sc, veksImag_16sc, veksCplxToReal_16sc, veksRealToCplx_16s);
+    check_split_join(veksReal_32fc, veksImag_32fc, veksCplxToReal_32fc, veksRealToCplx_32f);
+    check_split_join(veksReal_64fc, veksImag_64fc, veksCplxToReal_64fc, veksRealToCplx_64f);
+}
+
+// ---- Statuses ----------------------------------------------------------------------------------
+
+// A destination that must come back unchanged from a failing call.
+template <class T>
+struct Untouched {
+    std::vector<T> v;
+    std::vector<unsigned char> before;
+    explicit Untouched(int n) : v(n) {
+        std::memset(static_cast<void*>(v.data()), 0x3C, n * sizeof(T));
+        before.assign(reinterpret_cast<unsigned char*>(v.data()),
+                      reinterpret_cast<unsigned char*>(v.data()) + n * sizeof(T));
+    }
+    T* data() { return v.data(); }
+    bool same() const { return std::memcmp(before.data(), v.data(), before.size()) == 0; }
+};
+
+template <class S, class D>
+void frame_src_dst(VekStatus (*fn)(const S*, D*, int)) {
+    Untouched<S> s(4);
+    Untouched<D> d(4);
+    EXPECT_EQ(fn(nullptr, d.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(s.data(), nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(nullptr, d.data(), 0), vekStsNullPointerErr); // pointers before the length
+    EXPECT_EQ(fn(s.data(), d.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(fn(s.data(), d.data(), -3), vekStsDataSizeErr);
+    EXPECT_TRUE(d.same());
+}
+
+template <class T>
+void frame_inplace(VekStatus (*fn)(T*, int)) {
+    Untouched<T> d(4);
+    EXPECT_EQ(fn(nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(fn(d.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(fn(d.data(), -1), vekStsDataSizeErr);
+    EXPECT_TRUE(d.same());
+}
+
+template <class T>
+void frame_set(VekStatus (*fn)(T, T*, int)) {
+    Untouched<T> d(4);
+    EXPECT_EQ(fn(T{}, nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(fn(T{}, nullptr, -1), vekStsNullPointerErr);
+    EXPECT_EQ(fn(T{}, d.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(fn(T{}, d.data(), std::numeric_limits<int>::min()), vekStsDataSizeErr);
+    EXPECT_TRUE(d.same());
+}
+
+template <class C, class R>
+void frame_cplx(VekStatus (*both)(const C*, R*, R*, int),
+                VekStatus (*join)(const R*, const R*, C*, int)) {
+    Untouched<C> c(4);
+    Untouched<R> re(4), im(4);
+    EXPECT_EQ(both(nullptr, re.data(), im.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(both(c.data(), nullptr, im.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(both(c.data(), re.data(), nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(both(c.data(), re.data(), im.data(), 0), vekStsDataSizeErr);
+    EXPECT_TRUE(re.same() && im.same());
+    // RealToCplx: the destination first, then the length, then both sources missing.
+    EXPECT_EQ(join(re.data(), im.data(), nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(join(nullptr, nullptr, nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(join(nullptr, nullptr, c.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(join(nullptr, im.data(), c.data(), -2), vekStsDataSizeErr);
+    EXPECT_EQ(join(nullptr, nullptr, c.data(), 4), vekStsNullPointerErr);
+    EXPECT_TRUE(c.same());
+}
+
+TEST(Frame, StatusesInOrderAndOutputsUntouched) {
+    frame_src_dst(veksCopy_8u);
+    frame_src_dst(veksCopy_16s);
+    frame_src_dst(veksCopy_16sc);
+    frame_src_dst(veksCopy_32f);
+    frame_src_dst(veksCopy_32fc);
+    frame_src_dst(veksCopy_64f);
+    frame_src_dst(veksCopy_64fc);
+    frame_set(veksSet_8u);
+    frame_set(veksSet_16s);
+    frame_set(veksSet_16sc);
+    frame_set(veksSet_32s);
+    frame_set(veksSet_32sc);
+    frame_set(veksSet_32f);
+    frame_set(veksSet_32fc);
+    frame_set(veksSet_64s);
+    frame_set(veksSet_64sc);
+    frame_set(veksSet_64f);
+    frame_set(veksSet_64fc);
+    frame_inplace(veksZero_8u);
+    frame_inplace(veksZero_16s);
+    frame_inplace(veksZero_16sc);
+    frame_inplace(veksZero_32f);
+    frame_inplace(veksZero_32fc);
+    frame_inplace(veksZero_64f);
+    frame_inplace(veksZero_64fc);
+    frame_src_dst(veksFlip_8u);
+    frame_src_dst(veksFlip_16u);
+    frame_src_dst(veksFlip_32f);
+    frame_src_dst(veksFlip_64f);
+    frame_inplace(veksFlip_8u_I);
+    frame_inplace(veksFlip_16u_I);
+    frame_inplace(veksFlip_32f_I);
+    frame_inplace(veksFlip_64f_I);
+    frame_src_dst(veksReal_16sc);
+    frame_src_dst(veksReal_32fc);
+    frame_src_dst(veksReal_64fc);
+    frame_src_dst(veksImag_16sc);
+    frame_src_dst(veksImag_32fc);
+    frame_src_dst(veksImag_64fc);
+    frame_cplx(veksCplxToReal_16sc, veksRealToCplx_16s);
+    frame_cplx(veksCplxToReal_32fc, veksRealToCplx_32f);
+    frame_cplx(veksCplxToReal_64fc, veksRealToCplx_64f);
+    frame_src_dst(veksConj_16sc);
+    frame_src_dst(veksConj_32fc);
+    frame_src_dst(veksConj_64fc);
+    frame_inplace(veksConj_16sc_I);
+    frame_inplace(veksConj_32fc_I);
+    frame_inplace(veksConj_64fc_I);
+    frame_src_dst(veksConjFlip_16sc);
+    frame_src_dst(veksConjFlip_32fc);
+    frame_src_dst(veksConjFlip_64fc);
+}
+
+} // namespace
