@@ -29,7 +29,9 @@ int32_t ref_sum32(int64_t s, int sf) {
         return static_cast<int32_t>(
             clamp64(round_div_even(s, i128{1} << sf), INT32_MIN, INT32_MAX));
     i128 v = s;
-    for (int i = 0; i < -sf && v != 0 && v > -(i128{1} << 40) && v < (i128{1} << 40); ++i) v *= 2;
+    for (int64_t i = 0; i < -int64_t{sf} && v != 0 && v > -(i128{1} << 40) && v < (i128{1} << 40);
+         ++i)
+        v *= 2;
     if (v > INT32_MAX) return INT32_MAX;
     if (v < INT32_MIN) return INT32_MIN;
     return static_cast<int32_t>(v);

@@ -105,7 +105,7 @@ void check_float_extremes(uint64_t seed, F1 max_fn, F2 min_fn, F3 maxi_fn, F4 mi
         // Wide-range random data: the extreme is unique, anywhere.
         for (int n : {100, 4097, 70001}) {
             auto v = vt::Rng(seed + n).vec<T>(n);
-            vt::Buf<T> src(v, 4);
+            vt::Buf<T> src(v, sizeof(T));
             T got;
             int at;
             ASSERT_EQ(maxi_fn(src.data(), n, &got, &at), vekStsOk);
