@@ -68,14 +68,21 @@ double deviation(double s, double q, int len) {
     return v < 0 ? 0.0 : std::sqrt(v);
 }
 
-// The 16-bit deviation: Q*len - S^2 is formed exactly in 128 bits (it is never negative), so
-// the only roundings are its conversion to double, the division and the square root.
+// The 16-bit deviation: Q*len - S^2 is formed exactly in 128 bits where the compiler has them
+// (it is never negative), so the only roundings are its conversion to double, the division and
+// the square root.
 Vek32s stddev_16s32s(const Vek16s* p, int len, int sf) {
     int64_t s, q;
     kern::reduce_kernels().sum_sq_16s(p, len, &s, &q);
-    const __int128 num = static_cast<__int128>(q) * len - static_cast<__int128>(s) * s;
     const double n = len;
-    double d = std::sqrt(static_cast<double>(num) / (n * (n - 1.0)));
+#if defined(__SIZEOF_INT128__)
+    const __int128 exact = static_cast<__int128>(q) * len - static_cast<__int128>(s) * s;
+    const double num = static_cast<double>(exact);
+#else // no 128-bit integers: extended precision, then clamp a rounding below zero
+    const long double spread = static_cast<long double>(q) * len - static_cast<long double>(s) * s;
+    const double num = spread < 0 ? 0.0 : static_cast<double>(spread);
+#endif
+    double d = std::sqrt(num / (n * (n - 1.0)));
     // Scaling by a power of two is exact; beyond +-1100 the result is 0 or saturated anyway.
     d = std::ldexp(d, -(sf > 1100 ? 1100 : sf < -1100 ? -1100 : sf));
     RoundNearestScope nearest;
