@@ -79,8 +79,7 @@ VEK_API VekStatus veksConvert_64f32s_Sfs(const Vek64f* pSrc, Vek32s* pDst, int l
  * encoders multiply by 32768, take NaN as 0, clamp to -32768..32767 and truncate toward zero
  * before encoding.
  *
- * ALawToMuLaw_8u and MuLawToALaw_8u map each code to the code of the other law whose decoded
- * value is nearest to its own (same sign; an exact tie goes to the larger magnitude). */
+ * ALawToMuLaw_8u and MuLawToALaw_8u follow the G.711 conversion tables between the laws. */
 
 VEK_API VekStatus veksALawToLin_8u16s(const Vek8u* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksALawToLin_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len);

@@ -1,6 +1,7 @@
 // G.711 companding: every 16-bit input of every encoder and every code of every decoder and
 // transcoder, on every kernel level and with unaligned vectors, against references written here
 // from the law's segment definitions; round trips; documented values; the call frame.
+#include <algorithm>
 #include "testutil.hpp"
 
 #include <cmath>
@@ -58,25 +59,19 @@ int ref_float_to_linear(float x) {
     return static_cast<int>(std::trunc(y));
 }
 
-// Transcoding: the other law's code with the same sign and the nearest decoded value; a tie
-// goes to the larger magnitude. Signs are read from the codes (the mu-law zeros carry one).
-int ref_transcode(int code, bool from_alaw) {
+// Transcoding check: the result keeps the sign, and no level of the target law lies strictly
+// between the source's value and the result's (the result is one of the two bracketing levels).
+::testing::AssertionResult brackets(int code, int out, bool from_alaw) {
     const int v = from_alaw ? ref_alaw_decode(code) : ref_mulaw_decode(code);
-    const bool negative = !(code & 0x80); // bit 7 is the sign in both laws
-    int best = -1, best_d = 0;
+    const int w = from_alaw ? ref_mulaw_decode(out) : ref_alaw_decode(out);
+    if (((code ^ out) & 0x80) != 0) return ::testing::AssertionFailure() << "sign changed";
     for (int c = 0; c < 256; ++c) {
-        if (!(c & 0x80) != negative) continue;
-        const int w = from_alaw ? ref_mulaw_decode(c) : ref_alaw_decode(c);
-        const int d = std::abs(w - v);
-        const int best_w = best < 0    ? 0
-                           : from_alaw ? ref_mulaw_decode(best)
-                                       : ref_alaw_decode(best);
-        if (best < 0 || d < best_d || (d == best_d && std::abs(w) > std::abs(best_w))) {
-            best = c;
-            best_d = d;
-        }
+        const int u = from_alaw ? ref_mulaw_decode(c) : ref_alaw_decode(c);
+        if ((u > std::min(v, w) && u < std::max(v, w)))
+            return ::testing::AssertionFailure()
+                   << "level " << u << " lies between " << v << " and " << w;
     }
-    return best;
+    return ::testing::AssertionSuccess();
 }
 
 std::vector<int16_t> every_16bit() {
@@ -157,7 +152,7 @@ TEST(G711Decode, EveryCodeOnEveryLevel) {
     });
 }
 
-TEST(G711Transcode, EveryCodeIsTheNearestLevelOfTheOtherLaw) {
+TEST(G711Transcode, EveryCodeMapsToABracketingLevelMonotonically) {
     const auto codes = every_code(4);
     const int n = static_cast<int>(codes.size());
     vt::for_each_level([&](auto) {
@@ -166,8 +161,8 @@ TEST(G711Transcode, EveryCodeIsTheNearestLevelOfTheOtherLaw) {
             ASSERT_EQ(veksALawToMuLaw_8u(ps.data(), am.data(), len), vekStsOk);
             ASSERT_EQ(veksMuLawToALaw_8u(ps.data(), ma.data(), len), vekStsOk);
             for (int i = 0; i < len; ++i) {
-                ASSERT_EQ(am[i], ref_transcode(codes[i], true)) << "A-law code " << int{codes[i]};
-                ASSERT_EQ(ma[i], ref_transcode(codes[i], false)) << "mu-law code " << int{codes[i]};
+                ASSERT_TRUE(brackets(codes[i], am[i], true)) << "A-law code " << int{codes[i]};
+                ASSERT_TRUE(brackets(codes[i], ma[i], false)) << "mu-law code " << int{codes[i]};
             }
             ASSERT_TRUE(am.guards_intact() && ma.guards_intact());
         }
@@ -180,6 +175,26 @@ TEST(G711Transcode, EveryCodeIsTheNearestLevelOfTheOtherLaw) {
     ASSERT_EQ(veksMuLawToALaw_8u(c + 2, d, 2), vekStsOk);
     EXPECT_EQ(d[0], 0xD5);
     EXPECT_EQ(d[1], 0x55);
+}
+
+TEST(G711Transcode, LevelOrderIsKept) {
+    // Sorting the codes of one law by level, the transcoded levels never go down.
+    for (bool from_alaw : {true, false}) {
+        uint8_t codes[256], out[256];
+        for (int c = 0; c < 256; ++c) codes[c] = static_cast<uint8_t>(c);
+        auto level = [&](int c, bool alaw) {
+            return alaw ? ref_alaw_decode(c) : ref_mulaw_decode(c);
+        };
+        // mu-law has a negative and a positive zero: the sign bit orders them.
+        auto key = [&](uint8_t c) { return 2 * level(c, from_alaw) + (c >> 7); };
+        std::sort(codes, codes + 256, [&](uint8_t a, uint8_t b) { return key(a) < key(b); });
+        ASSERT_EQ(from_alaw ? veksALawToMuLaw_8u(codes, out, 256)
+                            : veksMuLawToALaw_8u(codes, out, 256),
+                  vekStsOk);
+        for (int i = 1; i < 256; ++i)
+            EXPECT_LE(level(out[i - 1], !from_alaw), level(out[i], !from_alaw))
+                << (from_alaw ? "A-law " : "mu-law ") << int{codes[i]};
+    }
 }
 
 TEST(G711, RoundTripsAndDocumentedValues) {

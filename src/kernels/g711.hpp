@@ -15,9 +15,8 @@
 // - Float encoders: x * 32768, NaN taken as 0, clamped to -32768..32767 and truncated toward
 //   zero (for positive values this is the floor, so each real input lands in the quantisation
 //   interval that contains it), then encoded as a 16-bit sample.
-// - Transcoding maps each code to the code of the other law whose decoded value is nearest to
-//   its own decoded value, with the same sign; an exact tie goes to the larger magnitude. The
-//   mu-law zeros map to the smallest A-law level of their sign.
+// - Transcoding follows the G.711 conversion tables (below); each code maps to a code of the
+//   same sign whose level is one of the two levels of the other law that bracket its own.
 #pragma once
 
 #include <cstdint>
@@ -114,38 +113,41 @@ struct ByteTable {
     uint8_t t[256];
 };
 
-// Index of the level in `to` nearest to magnitude m; ties to the larger magnitude.
-template <class To>
-constexpr int nearest_level(int32_t m, To to) {
-    int best = 0;
-    int32_t best_d = -1;
-    for (int k = 0; k < 128; ++k) { // levels ascend, so "<=" keeps the larger one on a tie
-        const int32_t d = to(k) > m ? to(k) - m : m - to(k);
-        if (best_d < 0 || d <= best_d) {
-            best = k;
-            best_d = d;
-        }
-    }
-    return best;
-}
+// The G.711 conversion tables between the laws, indexed by the sign-free code position (0 is
+// the largest magnitude for mu-law, position k of A-law is the code XOR its sign mask). Entries
+// are 1-based positions of the other law. They are the standard's tables, not a nearest-level
+// search: in a few segments the standard picks the neighbouring level on purpose.
+inline constexpr uint8_t kMulawToAlawPosition[128] = {
+    1,   1,   2,   2,   3,   3,   4,   4,   5,   5,   6,   6,   7,   7,   8,   8,   9,   10,  11,
+    12,  13,  14,  15,  16,  17,  18,  19,  20,  21,  22,  23,  24,  25,  27,  29,  31,  33,  34,
+    35,  36,  37,  38,  39,  40,  41,  42,  43,  44,  46,  48,  49,  50,  51,  52,  53,  54,  55,
+    56,  57,  58,  59,  60,  61,  62,  64,  65,  66,  67,  68,  69,  70,  71,  72,  73,  74,  75,
+    76,  77,  78,  79,  80,  82,  83,  84,  85,  86,  87,  88,  89,  90,  91,  92,  93,  94,  95,
+    96,  97,  98,  99,  100, 101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111, 112, 113, 114,
+    115, 116, 117, 118, 119, 120, 121, 122, 123, 124, 125, 126, 127, 128};
+inline constexpr uint8_t kAlawToMulawPosition[128] = {
+    1,   3,   5,   7,   9,   11,  13,  15,  16,  17,  18,  19,  20,  21,  22,  23,  24,  25,  26,
+    27,  28,  29,  30,  31,  32,  32,  33,  33,  34,  34,  35,  35,  36,  37,  38,  39,  40,  41,
+    42,  43,  44,  45,  46,  47,  48,  48,  49,  49,  50,  51,  52,  53,  54,  55,  56,  57,  58,
+    59,  60,  61,  62,  63,  64,  64,  65,  66,  67,  68,  69,  70,  71,  72,  73,  74,  75,  76,
+    77,  78,  79,  80,  80,  81,  82,  83,  84,  85,  86,  87,  88,  89,  90,  91,  92,  93,  94,
+    95,  96,  97,  98,  99,  100, 101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111, 112, 113,
+    114, 115, 116, 117, 118, 119, 120, 121, 122, 123, 124, 125, 126, 127};
 
 constexpr ByteTable make_alaw_to_mulaw() {
     ByteTable r{};
-    for (int code = 0; code < 256; ++code) {
-        const int c = code ^ 0x55;
-        const int idx = nearest_level(alaw_magnitude(c & 0x7F), mulaw_magnitude);
-        r.t[code] = static_cast<uint8_t>((c & 0x80) ? idx ^ 0xFF : idx ^ 0x7F);
-    }
+    for (int code = 0; code < 256; ++code)
+        r.t[code] = static_cast<uint8_t>((code & 0x80) ? 0xFF ^ kAlawToMulawPosition[code ^ 0xD5]
+                                                       : 0x7F ^ kAlawToMulawPosition[code ^ 0x55]);
     return r;
 }
 
 constexpr ByteTable make_mulaw_to_alaw() {
     ByteTable r{};
-    for (int code = 0; code < 256; ++code) {
-        const int c = code ^ 0xFF;
-        const int idx = nearest_level(mulaw_magnitude(c & 0x7F), alaw_magnitude);
-        r.t[code] = static_cast<uint8_t>((c & 0x80) ? idx ^ 0x55 : (idx | 0x80) ^ 0x55);
-    }
+    for (int code = 0; code < 256; ++code)
+        r.t[code] =
+            static_cast<uint8_t>((code & 0x80) ? 0xD5 ^ (kMulawToAlawPosition[0xFF ^ code] - 1)
+                                               : 0x55 ^ (kMulawToAlawPosition[0x7F ^ code] - 1));
     return r;
 }
 
