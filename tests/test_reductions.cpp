@@ -4,10 +4,15 @@
 #include <cmath>
 
 #include "testutil.hpp"
+#include "wide_int.hpp"
 
 namespace {
 
+#if defined(__SIZEOF_INT128__) && !defined(VEKS_TEST_NO_INT128)
 using i128 = __int128;
+#else
+using i128 = vt::Int128;
+#endif
 
 // Exact rational q = num / den (den > 0) rounded to nearest, ties to even.
 int64_t round_div_even(i128 num, i128 den) {
