@@ -1,0 +1,441 @@
+// Norm and dot-product kernels, compiled once per instruction-set level (VEK_ISA).
+//
+// The float reductions are written as blocks of kLanes stream positions feeding kLanes double
+// partial sums; the compiler keeps the partial sums in vector registers at the SIMD levels and
+// in memory at the scalar level, with the same operations in the same order, so every level gives
+// the same bits. Products of two floats (or of 16-bit integers) are exact in double, which is why
+// no level needs a fused multiply-add to be accurate.
+#include <cstring>
+
+#include "kernels/norm.hpp"
+
+#if VEK_ISA_LEVEL >= 2
+#include <immintrin.h>
+#if defined(__GNUC__) && !defined(__clang__)
+// GCC's AVX-512 conversion intrinsics start from an "undefined" register that it then reports
+// as possibly uninitialised.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+#endif
+
+namespace veks::kern::VEK_ISA {
+namespace {
+
+using Acc = double[kLanes];
+
+// Fixed pairwise combination of the partial sums: halves folded onto the lower half until one
+// (or, with stop = 2, two: the even and the odd positions) remain.
+inline void fold(Acc acc, int stop) {
+    for (int w = kLanes / 2; w >= stop; w /= 2)
+        for (int j = 0; j < w; ++j) acc[j] += acc[j + w];
+}
+
+inline double total(Acc acc) {
+    fold(acc, 1);
+    return acc[0];
+}
+
+// acc[t mod kLanes] += term(t) for t in [0, n), block by block.
+template <class Term>
+inline void accumulate(Acc acc, int n, Term term) {
+    int t = 0;
+    for (; t + kLanes <= n; t += kLanes)
+        for (int j = 0; j < kLanes; ++j) acc[j] += term(t + j);
+    for (int j = 0; t + j < n; ++j) acc[j] += term(t + j);
+}
+
+template <class T>
+inline double abs_d(T x) {
+    const double d = static_cast<double>(x);
+    return d < 0 ? -d : d;
+}
+
+// ---- float norms ------------------------------------------------------------------------------
+
+// |x| as its bit pattern: for non-negative floats the integer order is the numeric order, and a
+// NaN sorts above infinity, so the largest pattern is the norm (a NaN if any element is one).
+float max_abs_32f(const Vek32f* a, int n) {
+    uint32_t m = 0;
+    for (int i = 0; i < n; ++i) {
+        uint32_t u;
+        std::memcpy(&u, a + i, 4);
+        u &= 0x7FFFFFFFu;
+        m = u > m ? u : m;
+    }
+    float r;
+    std::memcpy(&r, &m, 4);
+    return r;
+}
+
+double max_abs_64f(const Vek64f* a, int n) {
+    uint64_t m = 0;
+    for (int i = 0; i < n; ++i) {
+        uint64_t u;
+        std::memcpy(&u, a + i, 8);
+        u &= 0x7FFFFFFFFFFFFFFFull;
+        m = u > m ? u : m;
+    }
+    double r;
+    std::memcpy(&r, &m, 8);
+    return r;
+}
+
+template <class T>
+double max_abs_diff(const T* a, const T* b, int n) {
+    uint64_t m = 0;
+    for (int i = 0; i < n; ++i) {
+        double d = static_cast<double>(a[i]) - static_cast<double>(b[i]);
+        uint64_t u;
+        std::memcpy(&u, &d, 8);
+        u &= 0x7FFFFFFFFFFFFFFFull;
+        m = u > m ? u : m;
+    }
+    double r;
+    std::memcpy(&r, &m, 8);
+    return r;
+}
+
+template <class T>
+double sum_abs(const T* a, int n) {
+    Acc acc = {};
+    accumulate(acc, n, [a](int i) { return abs_d(a[i]); });
+    return total(acc);
+}
+
+template <class T>
+double sum_sq(const T* a, int n) {
+    Acc acc = {};
+    accumulate(acc, n, [a](int i) {
+        const double x = a[i];
+        return x * x;
+    });
+    return total(acc);
+}
+
+template <class T>
+double sum_abs_diff(const T* a, const T* b, int n) {
+    Acc acc = {};
+    accumulate(acc, n, [a, b](int i) {
+        const double d = static_cast<double>(a[i]) - static_cast<double>(b[i]);
+        return d < 0 ? -d : d;
+    });
+    return total(acc);
+}
+
+template <class T>
+double sum_sq_diff(const T* a, const T* b, int n) {
+    Acc acc = {};
+    accumulate(acc, n, [a, b](int i) {
+        const double d = static_cast<double>(a[i]) - static_cast<double>(b[i]);
+        return d * d;
+    });
+    return total(acc);
+}
+
+// ---- 16-bit norms (exact) ---------------------------------------------------------------------
+
+int32_t max_abs_16s(const Vek16s* a, int n) {
+    int32_t m = 0;
+    for (int i = 0; i < n; ++i) {
+        const int32_t x = a[i] < 0 ? -int32_t{a[i]} : int32_t{a[i]};
+        m = x > m ? x : m;
+    }
+    return m;
+}
+
+int32_t max_abs_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
+    int32_t m = 0;
+    for (int i = 0; i < n; ++i) {
+        int32_t d = int32_t{a[i]} - b[i];
+        d = d < 0 ? -d : d;
+        m = d > m ? d : m;
+    }
+    return m;
+}
+
+// Sums of 32-bit terms below 2^32 each, in 32-bit unsigned blocks of 65,536 terms folded into a
+// 64-bit total so that no partial sum can overflow.
+constexpr int kBlock16 = 65536;
+
+template <class Term>
+inline uint64_t blocked_sum(int n, Term term) {
+    uint64_t total = 0;
+    for (int start = 0; start < n; start += kBlock16) {
+        const int end = n - start > kBlock16 ? start + kBlock16 : n;
+        uint64_t part = 0;
+        for (int i = start; i < end; ++i) part += term(i);
+        total += part;
+    }
+    return total;
+}
+
+uint64_t sum_abs_16s(const Vek16s* a, int n) {
+    return blocked_sum(n, [a](int i) -> uint32_t {
+        return static_cast<uint32_t>(a[i] < 0 ? -int32_t{a[i]} : int32_t{a[i]});
+    });
+}
+
+uint64_t sum_sq_16s(const Vek16s* a, int n) {
+    uint64_t total = 0;
+    for (int i = 0; i < n; ++i) total += static_cast<uint32_t>(int32_t{a[i]} * a[i]);
+    return total;
+}
+
+uint64_t sum_abs_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
+    return blocked_sum(n, [a, b](int i) -> uint32_t {
+        const int32_t d = int32_t{a[i]} - b[i];
+        return static_cast<uint32_t>(d < 0 ? -d : d);
+    });
+}
+
+uint64_t sum_sq_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
+    uint64_t total = 0;
+    for (int i = 0; i < n; ++i) {
+        const int64_t d = int32_t{a[i]} - b[i];
+        total += static_cast<uint64_t>(d * d);
+    }
+    return total;
+}
+
+// ---- float dot products -----------------------------------------------------------------------
+
+double dot_32f(const Vek32f* a, const Vek32f* b, int n) {
+#if VEK_ISA_LEVEL >= 3
+    // Four registers of eight partial sums: lane j of register r holds partial sum 8r + j.
+    __m512d s0 = _mm512_setzero_pd(), s1 = s0, s2 = s0, s3 = s0;
+    int i = 0;
+    for (; i + 32 <= n; i += 32) {
+        s0 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i)),
+                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i)), s0);
+        s1 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 8)),
+                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 8)), s1);
+        s2 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 16)),
+                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 16)), s2);
+        s3 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 24)),
+                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 24)), s3);
+    }
+    Acc acc;
+    _mm512_storeu_pd(acc, s0);
+    _mm512_storeu_pd(acc + 8, s1);
+    _mm512_storeu_pd(acc + 16, s2);
+    _mm512_storeu_pd(acc + 24, s3);
+    // The exact float products make fma(x, y, s) equal to s + x * y: same bits as the scalar.
+    for (int j = 0; i + j < n; ++j) acc[j] += static_cast<double>(a[i + j]) * b[i + j];
+    return total(acc);
+#else
+    Acc acc = {};
+    accumulate(acc, n, [a, b](int i) { return static_cast<double>(a[i]) * b[i]; });
+    return total(acc);
+#endif
+}
+
+double dot_64f(const Vek64f* a, const Vek64f* b, int n) {
+    Acc acc = {};
+    accumulate(acc, n, [a, b](int i) { return a[i] * b[i]; });
+    return total(acc);
+}
+
+// Complex products over the interleaved (re, im) stream t = 2i, 2i + 1: p[t] = a[t] * b[t]
+// gives re*re at even and im*im at odd positions, q[t] = a[t] * b[t ^ 1] the cross terms. The
+// real part is the even sum of p minus its odd sum, the imaginary part the whole sum of q.
+template <class T>
+Vek64fc dot_complex(const T* a, const T* b, int n) {
+    Acc p = {}, q = {};
+    accumulate(p, 2 * n, [a, b](int t) { return static_cast<double>(a[t]) * b[t]; });
+    accumulate(q, 2 * n, [a, b](int t) { return static_cast<double>(a[t]) * b[t ^ 1]; });
+    fold(p, 2);
+    return Vek64fc{p[0] - p[1], total(q)};
+}
+
+// Real times complex: the stream t = 2i, 2i + 1 multiplies a[i] by b's part t; the even sum is
+// the real part, the odd sum the imaginary part.
+template <class R, class C>
+Vek64fc dot_real_complex(const R* a, const C* b, int n) {
+    Acc p = {};
+    accumulate(p, 2 * n, [a, b](int t) { return static_cast<double>(a[t >> 1]) * b[t]; });
+    fold(p, 2);
+    return Vek64fc{p[0], p[1]};
+}
+
+Vek64fc dot_32fc(const Vek32fc* a, const Vek32fc* b, int n) {
+#if VEK_ISA_LEVEL >= 3
+    const float* x = reinterpret_cast<const float*>(a);
+    const float* y = reinterpret_cast<const float*>(b);
+    const int m = 2 * n;
+    __m512d p0 = _mm512_setzero_pd(), p1 = p0, p2 = p0, p3 = p0;
+    __m512d q0 = p0, q1 = p0, q2 = p0, q3 = p0;
+    int t = 0;
+    for (; t + 32 <= m; t += 32) {
+        const __m512d x0 = _mm512_cvtps_pd(_mm256_loadu_ps(x + t));
+        const __m512d x1 = _mm512_cvtps_pd(_mm256_loadu_ps(x + t + 8));
+        const __m512d x2 = _mm512_cvtps_pd(_mm256_loadu_ps(x + t + 16));
+        const __m512d x3 = _mm512_cvtps_pd(_mm256_loadu_ps(x + t + 24));
+        const __m512d y0 = _mm512_cvtps_pd(_mm256_loadu_ps(y + t));
+        const __m512d y1 = _mm512_cvtps_pd(_mm256_loadu_ps(y + t + 8));
+        const __m512d y2 = _mm512_cvtps_pd(_mm256_loadu_ps(y + t + 16));
+        const __m512d y3 = _mm512_cvtps_pd(_mm256_loadu_ps(y + t + 24));
+        p0 = _mm512_fmadd_pd(x0, y0, p0);
+        p1 = _mm512_fmadd_pd(x1, y1, p1);
+        p2 = _mm512_fmadd_pd(x2, y2, p2);
+        p3 = _mm512_fmadd_pd(x3, y3, p3);
+        q0 = _mm512_fmadd_pd(x0, _mm512_permute_pd(y0, 0x55), q0);
+        q1 = _mm512_fmadd_pd(x1, _mm512_permute_pd(y1, 0x55), q1);
+        q2 = _mm512_fmadd_pd(x2, _mm512_permute_pd(y2, 0x55), q2);
+        q3 = _mm512_fmadd_pd(x3, _mm512_permute_pd(y3, 0x55), q3);
+    }
+    Acc p, q;
+    _mm512_storeu_pd(p, p0);
+    _mm512_storeu_pd(p + 8, p1);
+    _mm512_storeu_pd(p + 16, p2);
+    _mm512_storeu_pd(p + 24, p3);
+    _mm512_storeu_pd(q, q0);
+    _mm512_storeu_pd(q + 8, q1);
+    _mm512_storeu_pd(q + 16, q2);
+    _mm512_storeu_pd(q + 24, q3);
+    for (int j = 0; t + j < m; ++j) {
+        p[j] += static_cast<double>(x[t + j]) * y[t + j];
+        q[j] += static_cast<double>(x[t + j]) * y[(t + j) ^ 1];
+    }
+    fold(p, 2);
+    return Vek64fc{p[0] - p[1], total(q)};
+#else
+    return dot_complex(reinterpret_cast<const float*>(a), reinterpret_cast<const float*>(b), n);
+#endif
+}
+
+Vek64fc dot_32f32fc(const Vek32f* a, const Vek32fc* b, int n) {
+    return dot_real_complex(a, reinterpret_cast<const float*>(b), n);
+}
+
+Vek64fc dot_64fc(const Vek64fc* a, const Vek64fc* b, int n) {
+    return dot_complex(reinterpret_cast<const double*>(a), reinterpret_cast<const double*>(b), n);
+}
+
+Vek64fc dot_64f64fc(const Vek64f* a, const Vek64fc* b, int n) {
+    return dot_real_complex(a, reinterpret_cast<const double*>(b), n);
+}
+
+// ---- exact integer dot products ---------------------------------------------------------------
+
+// 16-bit products fit 31 bits (2^30 at most), so 64-bit sums of fewer than 2^33 of them are
+// exact. Blocks of products are summed in 64-bit lanes.
+int64_t dot_16s(const Vek16s* a, const Vek16s* b, int n) {
+    int64_t s = 0;
+    for (int i = 0; i < n; ++i) s += int32_t{a[i]} * b[i];
+    return s;
+}
+
+Vek64sc dot_16sc(const Vek16sc* a, const Vek16sc* b, int n) {
+    const int16_t* x = reinterpret_cast<const int16_t*>(a);
+    const int16_t* y = reinterpret_cast<const int16_t*>(b);
+    int64_t rr = 0, ii = 0, im = 0;
+    for (int i = 0; i < n; ++i) {
+        rr += int32_t{x[2 * i]} * y[2 * i];
+        ii += int32_t{x[2 * i + 1]} * y[2 * i + 1];
+        im += int64_t{int32_t{x[2 * i]} * y[2 * i + 1]} + int32_t{x[2 * i + 1]} * y[2 * i];
+    }
+    return Vek64sc{rr - ii, im};
+}
+
+Vek64sc dot_16s16sc(const Vek16s* a, const Vek16sc* b, int n) {
+    int64_t re = 0, im = 0;
+    for (int i = 0; i < n; ++i) {
+        re += int32_t{a[i]} * b[i].re;
+        im += int32_t{a[i]} * b[i].im;
+    }
+    return Vek64sc{re, im};
+}
+
+// 128-bit accumulation of 64-bit terms: the low word wraps and the carries and signs go to the
+// high word.
+inline void add_wide(Wide& w, int64_t v) {
+    const uint64_t lo = w.lo + static_cast<uint64_t>(v);
+    w.hi += (v < 0 ? -1 : 0) + (lo < w.lo ? 1 : 0);
+    w.lo = lo;
+}
+
+inline void sub_wide(Wide& w, int64_t v) {
+    const uint64_t lo = w.lo - static_cast<uint64_t>(v);
+    w.hi -= (v < 0 ? -1 : 0) + (lo > w.lo ? 1 : 0);
+    w.lo = lo;
+}
+
+// Products of 32-bit values need 63 bits, so two of them may already overflow a 64-bit sum:
+// each product goes into the wide sum by itself.
+Wide dot_32s(const Vek32s* a, const Vek32s* b, int n) {
+    Wide w{0, 0};
+    for (int i = 0; i < n; ++i) add_wide(w, int64_t{a[i]} * b[i]);
+    return w;
+}
+
+void dot_32sc(const Vek32sc* a, const Vek32sc* b, int n, Wide* re, Wide* im) {
+    Wide r{0, 0}, m{0, 0};
+    for (int i = 0; i < n; ++i) {
+        add_wide(r, int64_t{a[i].re} * b[i].re);
+        sub_wide(r, int64_t{a[i].im} * b[i].im);
+        add_wide(m, int64_t{a[i].re} * b[i].im);
+        add_wide(m, int64_t{a[i].im} * b[i].re);
+    }
+    *re = r;
+    *im = m;
+}
+
+void dot_32s32sc(const Vek32s* a, const Vek32sc* b, int n, Wide* re, Wide* im) {
+    Wide r{0, 0}, m{0, 0};
+    for (int i = 0; i < n; ++i) {
+        add_wide(r, int64_t{a[i]} * b[i].re);
+        add_wide(m, int64_t{a[i]} * b[i].im);
+    }
+    *re = r;
+    *im = m;
+}
+
+// 16-bit by 32-bit products fit 47 bits: blocks of 2^15 of them sum exactly in 64 bits.
+Wide dot_16s32s(const Vek16s* a, const Vek32s* b, int n) {
+    Wide w{0, 0};
+    for (int start = 0; start < n; start += 32768) {
+        const int end = n - start > 32768 ? start + 32768 : n;
+        int64_t part = 0;
+        for (int i = start; i < end; ++i) part += int64_t{a[i]} * b[i];
+        add_wide(w, part);
+    }
+    return w;
+}
+
+} // namespace
+
+extern const NormKernels norm = {
+    .max_abs_32f = max_abs_32f,
+    .sum_abs_32f = sum_abs<Vek32f>,
+    .sum_sq_32f = sum_sq<Vek32f>,
+    .max_abs_diff_32f = max_abs_diff<Vek32f>,
+    .sum_abs_diff_32f = sum_abs_diff<Vek32f>,
+    .sum_sq_diff_32f = sum_sq_diff<Vek32f>,
+    .max_abs_64f = max_abs_64f,
+    .sum_abs_64f = sum_abs<Vek64f>,
+    .sum_sq_64f = sum_sq<Vek64f>,
+    .max_abs_diff_64f = max_abs_diff<Vek64f>,
+    .sum_abs_diff_64f = sum_abs_diff<Vek64f>,
+    .sum_sq_diff_64f = sum_sq_diff<Vek64f>,
+    .max_abs_16s = max_abs_16s,
+    .sum_abs_16s = sum_abs_16s,
+    .sum_sq_16s = sum_sq_16s,
+    .max_abs_diff_16s = max_abs_diff_16s,
+    .sum_abs_diff_16s = sum_abs_diff_16s,
+    .sum_sq_diff_16s = sum_sq_diff_16s,
+    .dot_32f = dot_32f,
+    .dot_32fc = dot_32fc,
+    .dot_32f32fc = dot_32f32fc,
+    .dot_64f = dot_64f,
+    .dot_64fc = dot_64fc,
+    .dot_64f64fc = dot_64f64fc,
+    .dot_16s = dot_16s,
+    .dot_16sc = dot_16sc,
+    .dot_16s16sc = dot_16s16sc,
+    .dot_32s = dot_32s,
+    .dot_32sc = dot_32sc,
+    .dot_32s32sc = dot_32s32sc,
+    .dot_16s32s = dot_16s32s,
+};
+
+} // namespace veks::kern::VEK_ISA
