@@ -81,7 +81,7 @@ template <class T, class R, class F1, class F2>
 std::vector<R> check_float_norms(const std::vector<T>& a, const std::vector<T>& b, F1 norm, F2 diff,
                                  LD eps) {
     const int n = static_cast<int>(a.size());
-    vt::Buf<T> pa(a, 2), pb(b, 6);
+    vt::Buf<T> pa(a, alignof(T)), pb(b, 3 * alignof(T));
     std::vector<R> out;
     for (int d = 0; d < 2; ++d) {
         const FloatNorms ref = ref_norms(a, d ? &b : nullptr);
@@ -351,8 +351,8 @@ void sweep_dot(uint64_t seed, Fn fn, Check check) {
         ref_dot(a, b, re, im, mag);
         D first{};
         vt::for_each_level([&](auto level) {
-            vt::Buf<A> pa(a, 4);
-            vt::Buf<B> pb(b, 8);
+            vt::Buf<A> pa(a, alignof(A));
+            vt::Buf<B> pb(b, 3 * alignof(B));
             D got{};
             ASSERT_EQ(fn(pa.data(), pb.data(), n, &got), vekStsOk);
             check(got, re, im, mag, n);
