@@ -69,8 +69,7 @@ TEST(Malloc, AlignmentSizeAndBackPointer) {
             // The back pointer sits just below the block and points at most 39 bytes before it.
             void* raw;
             std::memcpy(&raw, static_cast<char*>(ptrs[k]) - sizeof(void*), sizeof raw);
-            const auto gap =
-                reinterpret_cast<uintptr_t>(ptrs[k]) - reinterpret_cast<uintptr_t>(raw);
+            const auto gap = reinterpret_cast<uintptr_t>(ptrs[k]) - reinterpret_cast<uintptr_t>(raw);
             EXPECT_GE(gap, sizeof(void*));
             EXPECT_LE(gap, 31 + sizeof(void*));
             std::memset(ptrs[k], 0x5A, static_cast<size_t>(n) * sizes[k]); // ASan checks the size
@@ -155,10 +154,7 @@ TEST(Numeric, ScaleRoundEvenMatchesPlainArithmetic) {
         if (sf > 40) return 0;
         const int64_t d = int64_t{1} << sf;
         int64_t q = v / d, r = v % d;
-        if (r < 0) {
-            q -= 1;
-            r += d;
-        } // floor division
+        if (r < 0) { q -= 1; r += d; } // floor division
         if (2 * r > d || (2 * r == d && (q & 1))) q += 1;
         return q > 32767 ? 32767 : q < -32768 ? -32768 : q;
     };
