@@ -5,6 +5,7 @@
 // in memory at the scalar level, with the same operations in the same order, so every level gives
 // the same bits. Products of two floats (or of 16-bit integers) are exact in double, which is why
 // no level needs a fused multiply-add to be accurate.
+#include <cmath>
 #include <cstring>
 
 #include "kernels/norm.hpp"
@@ -46,8 +47,67 @@ inline void accumulate(Acc acc, int n, Term term) {
 
 template <class T>
 inline double abs_d(T x) {
-    const double d = static_cast<double>(x);
-    return d < 0 ? -d : d;
+    return std::fabs(static_cast<double>(x));
+}
+
+#if VEK_ISA_LEVEL >= 2
+// Hand-written blocks for the float reductions: kLanes / W registers of W double lanes, register
+// r lane j holding partial sum r * W + j, so the blocks add exactly what the portable loop adds.
+#if VEK_ISA_LEVEL >= 3
+using VD = __m512d;
+constexpr int W = 8;
+inline VD vzero() { return _mm512_setzero_pd(); }
+inline VD widen(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+inline VD vfma(VD a, VD b, VD c) { return _mm512_fmadd_pd(a, b, c); }
+inline VD vadd(VD a, VD b) { return _mm512_add_pd(a, b); }
+inline VD vabs(VD a) { return _mm512_abs_pd(a); }
+inline void vstore(double* p, VD v) { _mm512_storeu_pd(p, v); }
+#else
+using VD = __m256d;
+constexpr int W = 4;
+inline VD vzero() { return _mm256_setzero_pd(); }
+inline VD widen(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+inline VD vfma(VD a, VD b, VD c) { return _mm256_fmadd_pd(a, b, c); }
+inline VD vadd(VD a, VD b) { return _mm256_add_pd(a, b); }
+inline VD vabs(VD a) { return _mm256_andnot_pd(_mm256_set1_pd(-0.0), a); }
+inline void vstore(double* p, VD v) { _mm256_storeu_pd(p, v); }
+#endif
+constexpr int kRegs = kLanes / W;
+
+// Runs the whole blocks with `step(sum, t)` adding the terms of positions t .. t + W - 1, stores
+// the partial sums into acc and returns the first position not yet added.
+template <class Step>
+inline int vector_blocks(Acc acc, int n, Step step) {
+    VD s[kRegs];
+    for (int r = 0; r < kRegs; ++r) s[r] = vzero();
+    int t = 0;
+    for (; t + kLanes <= n; t += kLanes)
+        for (int r = 0; r < kRegs; ++r) s[r] = step(s[r], t + r * W);
+    for (int r = 0; r < kRegs; ++r) vstore(acc + r * W, s[r]);
+    return t;
+}
+#endif
+
+// The vector step of a reduction exists only at the levels with hand-written blocks.
+#if VEK_ISA_LEVEL >= 2
+#define VEK_VECTOR_STEP(...) __VA_ARGS__
+#else
+#define VEK_VECTOR_STEP(...) nullptr
+#endif
+
+// acc[t mod kLanes] += term(t) for t in [0, n): vector blocks where the level has them (a fused
+// multiply-add there is exact because every product it forms is exact in double), then the
+// remaining positions one by one.
+template <class Term, class Step>
+inline void accumulate_fast(Acc acc, int n, Term term, Step step) {
+#if VEK_ISA_LEVEL >= 2
+    int t = vector_blocks(acc, n, step);
+    for (int j = 0; t + j < n; ++j) acc[j] += term(t + j);
+#else
+    (void)step;
+    for (int j = 0; j < kLanes; ++j) acc[j] = 0;
+    accumulate(acc, n, term);
+#endif
 }
 
 // ---- float norms ------------------------------------------------------------------------------
@@ -95,6 +155,29 @@ double max_abs_diff(const T* a, const T* b, int n) {
     return r;
 }
 
+double sum_abs_32f(const Vek32f* a, int n) {
+    Acc acc;
+    accumulate_fast(
+        acc, n, [a](int i) { return abs_d(a[i]); },
+        VEK_VECTOR_STEP([a](auto s, int i) { return vadd(s, vabs(widen(a + i))); }));
+    return total(acc);
+}
+
+double sum_sq_32f(const Vek32f* a, int n) {
+    Acc acc;
+    accumulate_fast(
+        acc, n,
+        [a](int i) {
+            const double x = a[i];
+            return x * x;
+        },
+        VEK_VECTOR_STEP([a](auto s, int i) {
+            const auto x = widen(a + i);
+            return vfma(x, x, s);
+        }));
+    return total(acc);
+}
+
 template <class T>
 double sum_abs(const T* a, int n) {
     Acc acc = {};
@@ -116,8 +199,7 @@ template <class T>
 double sum_abs_diff(const T* a, const T* b, int n) {
     Acc acc = {};
     accumulate(acc, n, [a, b](int i) {
-        const double d = static_cast<double>(a[i]) - static_cast<double>(b[i]);
-        return d < 0 ? -d : d;
+        return std::fabs(static_cast<double>(a[i]) - static_cast<double>(b[i]));
     });
     return total(acc);
 }
@@ -200,33 +282,11 @@ uint64_t sum_sq_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
 // ---- float dot products -----------------------------------------------------------------------
 
 double dot_32f(const Vek32f* a, const Vek32f* b, int n) {
-#if VEK_ISA_LEVEL >= 3
-    // Four registers of eight partial sums: lane j of register r holds partial sum 8r + j.
-    __m512d s0 = _mm512_setzero_pd(), s1 = s0, s2 = s0, s3 = s0;
-    int i = 0;
-    for (; i + 32 <= n; i += 32) {
-        s0 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i)),
-                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i)), s0);
-        s1 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 8)),
-                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 8)), s1);
-        s2 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 16)),
-                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 16)), s2);
-        s3 = _mm512_fmadd_pd(_mm512_cvtps_pd(_mm256_loadu_ps(a + i + 24)),
-                             _mm512_cvtps_pd(_mm256_loadu_ps(b + i + 24)), s3);
-    }
     Acc acc;
-    _mm512_storeu_pd(acc, s0);
-    _mm512_storeu_pd(acc + 8, s1);
-    _mm512_storeu_pd(acc + 16, s2);
-    _mm512_storeu_pd(acc + 24, s3);
-    // The exact float products make fma(x, y, s) equal to s + x * y: same bits as the scalar.
-    for (int j = 0; i + j < n; ++j) acc[j] += static_cast<double>(a[i + j]) * b[i + j];
+    accumulate_fast(
+        acc, n, [a, b](int i) { return static_cast<double>(a[i]) * b[i]; },
+        VEK_VECTOR_STEP([a, b](auto s, int i) { return vfma(widen(a + i), widen(b + i), s); }));
     return total(acc);
-#else
-    Acc acc = {};
-    accumulate(acc, n, [a, b](int i) { return static_cast<double>(a[i]) * b[i]; });
-    return total(acc);
-#endif
 }
 
 double dot_64f(const Vek64f* a, const Vek64f* b, int n) {
@@ -406,8 +466,8 @@ Wide dot_16s32s(const Vek16s* a, const Vek32s* b, int n) {
 
 extern const NormKernels norm = {
     .max_abs_32f = max_abs_32f,
-    .sum_abs_32f = sum_abs<Vek32f>,
-    .sum_sq_32f = sum_sq<Vek32f>,
+    .sum_abs_32f = sum_abs_32f,
+    .sum_sq_32f = sum_sq_32f,
     .max_abs_diff_32f = max_abs_diff<Vek32f>,
     .sum_abs_diff_32f = sum_abs_diff<Vek32f>,
     .sum_sq_diff_32f = sum_sq_diff<Vek32f>,
