@@ -15,15 +15,16 @@ extern "C" {
 /* ==== Norms and dot products ================================================================== */
 
 /* Norms (infinity, L1, L2) of a vector and of the difference pSrc1 - pSrc2, and dot products
-   sum(pSrc1[i] * pSrc2[i]) without conjugation. Float results accumulate in double precision and
-   round once; results from 16-bit data are exact integer sums rounded once.
-   _16s32s_Sfs norms: Inf shifts the largest magnitude (truncating right shift; a left shift keeps
-   the low 32 bits), L1 shifts the exact sum (truncating) and saturates at 2147483647, L2 scales
-   the double square root by 2^-scaleFactor, truncates toward zero and saturates.
-   Dot products with 32-bit scaled results: right shifts of at most 31 places rounding half to
-   even, left shifts of at most 30 (positive sum) or 31 (negative sum) places, saturation; sums of
-   32-bit products are exact in 128 bits. 16-bit results clamp scaleFactor to -14..31, then round
-   half to even and saturate. Statuses: -8 null pointer, -6 len < 1. */
+   sum(pSrc1[i] * pSrc2[i]) without conjugation. Float results accumulate in double precision (32
+   interleaved partial sums combined pairwise, the same on every processor) and round once; results
+   from 16-bit data are exact integer sums rounded once. _16s32s_Sfs norms: Inf shifts the largest
+   magnitude (truncating right shift; a left shift keeps the low 32 bits), L1 shifts the exact sum
+   (truncating) and saturates at 2147483647, L2 scales the double square root by 2^-scaleFactor,
+   truncates toward zero and saturates. Dot products with 32-bit scaled results: right shifts of at
+   most 31 places rounding half to even, left shifts of at most 30 (positive sum) or 31 (negative
+   sum) places, saturation; sums of 32-bit products are exact in 128 bits. 16-bit results clamp
+   scaleFactor to -14..31, then round half to even and saturate. Statuses: -8 null pointer, -6 len
+   < 1. */
 VEK_API VekStatus veksDotProd_16s16sc32fc(const Vek16s* pSrc1, const Vek16sc* pSrc2, int len,
                                           Vek32fc* pDp);
 VEK_API VekStatus veksDotProd_16s16sc32sc_Sfs(const Vek16s* pSrc1, const Vek16sc* pSrc2, int len,
