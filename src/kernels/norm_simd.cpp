@@ -351,7 +351,29 @@ Vek64fc dot_64f64fc(const Vek64f* a, const Vek64fc* b, int n) {
 // exact. Blocks of products are summed in 64-bit lanes.
 int64_t dot_16s(const Vek16s* a, const Vek16s* b, int n) {
     int64_t s = 0;
-    for (int i = 0; i < n; ++i) s += int32_t{a[i]} * b[i];
+    int i = 0;
+#if VEK_ISA_LEVEL >= 2
+    // Pairwise multiply-add gives 32-bit sums of two products; the only one that wraps is
+    // (-32768)^2 + (-32768)^2 = 2^31, which reads as -2^31 (a value no pair can reach): such
+    // lanes are counted and 2^32 added per count at the end.
+    __m256i lo = _mm256_setzero_si256(), hi = lo, wraps = lo;
+    const __m256i wrapped = _mm256_set1_epi32(std::numeric_limits<int32_t>::min());
+    for (; i + 16 <= n; i += 16) {
+        const __m256i m =
+            _mm256_madd_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i)),
+                              _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b + i)));
+        wraps = _mm256_sub_epi32(wraps, _mm256_cmpeq_epi32(m, wrapped));
+        lo = _mm256_add_epi64(lo, _mm256_cvtepi32_epi64(_mm256_castsi256_si128(m)));
+        hi = _mm256_add_epi64(hi, _mm256_cvtepi32_epi64(_mm256_extracti128_si256(m, 1)));
+    }
+    alignas(32) int64_t lanes[4];
+    alignas(32) int32_t counts[8];
+    _mm256_store_si256(reinterpret_cast<__m256i*>(lanes), _mm256_add_epi64(lo, hi));
+    _mm256_store_si256(reinterpret_cast<__m256i*>(counts), wraps);
+    for (int64_t v : lanes) s += v;
+    for (int32_t c : counts) s += int64_t{c} << 32;
+#endif
+    for (; i < n; ++i) s += int32_t{a[i]} * b[i];
     return s;
 }
 
