@@ -1,0 +1,535 @@
+// Threshold and normalisation: element rules against plain references on every kernel level
+// (real, complex, reciprocal, relOp selection), in-place forms, exact 16-bit normalisation, and
+// the call frame with the level and divisor checks in their order.
+#include <cmath>
+
+#include "testutil.hpp"
+
+namespace {
+
+using LD = long double;
+
+template <class T>
+std::vector<T> with_specials(std::vector<T> v, T level) {
+    // Ties with the level, zeros and (for floats) NaNs and infinities at fixed places.
+    for (size_t i = 0; i < v.size(); i += 5) v[i] = level;
+    for (size_t i = 2; i < v.size(); i += 7) v[i] = T(0);
+    if constexpr (std::is_floating_point_v<T>) {
+        for (size_t i = 3; i < v.size(); i += 11) v[i] = std::numeric_limits<T>::quiet_NaN();
+        for (size_t i = 4; i < v.size(); i += 13) v[i] = -std::numeric_limits<T>::infinity();
+    }
+    return v;
+}
+
+// Runs out-of-place and in-place forms of one real member and compares with `rule`.
+template <class T, class Out, class In, class Rule>
+void check_real(vt::Rng& rng, Out out, In in, Rule rule) {
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const T level = rng.any<T>();
+            const auto src = with_specials(rng.vec<T>(n), level);
+            std::vector<T> want(n);
+            for (int i = 0; i < n; ++i) want[i] = rule(src[i], level);
+            vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
+            ASSERT_EQ(out(s.data(), d.data(), n, level), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << "n " << n;
+            ASSERT_TRUE(vt::bits_equal(s.vec(), src));
+            ASSERT_TRUE(d.guards_intact());
+            ASSERT_EQ(in(s.data(), n, level), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(s.vec(), want)) << "in place, n " << n;
+            ASSERT_TRUE(s.guards_intact());
+        }
+    });
+}
+
+template <class T>
+void real_family(uint64_t seed, VekStatus (*gen)(const T*, T*, int, T, VekCmpOp),
+                 VekStatus (*gen_i)(T*, int, T, VekCmpOp), VekStatus (*lt)(const T*, T*, int, T),
+                 VekStatus (*lt_i)(T*, int, T), VekStatus (*gt)(const T*, T*, int, T),
+                 VekStatus (*gt_i)(T*, int, T), VekStatus (*ltv)(const T*, T*, int, T, T),
+                 VekStatus (*ltv_i)(T*, int, T, T), VekStatus (*gtv)(const T*, T*, int, T, T),
+                 VekStatus (*gtv_i)(T*, int, T, T)) {
+    vt::Rng rng(seed);
+    const auto lt_rule = [](T x, T l) { return x < l ? l : x; };
+    const auto gt_rule = [](T x, T l) { return x > l ? l : x; };
+    check_real<T>(rng, lt, lt_i, lt_rule);
+    check_real<T>(rng, gt, gt_i, gt_rule);
+    for (VekCmpOp op : {0, 1, 2, 3, 4, 5, -1, 1 << 30}) {
+        SCOPED_TRACE(op);
+        auto o = [&](const T* s, T* d, int n, T l) { return gen(s, d, n, l, op); };
+        auto i = [&](T* s, int n, T l) { return gen_i(s, n, l, op); };
+        if (op == 4)
+            check_real<T>(rng, o, i, gt_rule);
+        else
+            check_real<T>(rng, o, i, lt_rule);
+    }
+    const T value = rng.any<T>();
+    check_real<T>(
+        rng, [&](const T* s, T* d, int n, T l) { return ltv(s, d, n, l, value); },
+        [&](T* s, int n, T l) { return ltv_i(s, n, l, value); },
+        [&](T x, T l) { return x < l ? value : x; });
+    check_real<T>(
+        rng, [&](const T* s, T* d, int n, T l) { return gtv(s, d, n, l, value); },
+        [&](T* s, int n, T l) { return gtv_i(s, n, l, value); },
+        [&](T x, T l) { return x > l ? value : x; });
+}
+
+#define REAL_FAMILY(S)                                                                             \
+    veksThreshold_##S, veksThreshold_##S##_I, veksThreshold_LT_##S, veksThreshold_LT_##S##_I,      \
+        veksThreshold_GT_##S, veksThreshold_GT_##S##_I, veksThreshold_LTVal_##S,                   \
+        veksThreshold_LTVal_##S##_I, veksThreshold_GTVal_##S, veksThreshold_GTVal_##S##_I
+
+TEST(Threshold, RealMembersFollowTheirRules) {
+    real_family<float>(1, REAL_FAMILY(32f));
+    real_family<double>(2, REAL_FAMILY(64f));
+    real_family<int16_t>(3, REAL_FAMILY(16s));
+}
+
+TEST(Threshold, RealDocumentedValues) {
+    const float x[] = {1.0f, 2.0f, 3.0f};
+    float d[3];
+    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
+    EXPECT_EQ(d[0], 9.0f);
+    EXPECT_EQ(d[1], 2.0f); // a tie keeps x
+    EXPECT_EQ(d[2], 3.0f);
+    ASSERT_EQ(veksThreshold_LT_32f(x, d, 3, -0.5f), vekStsOk); // negative level is fine
+    EXPECT_EQ(d[0], 1.0f);
+    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
+    EXPECT_EQ(d[0], 2.5f);
+    EXPECT_EQ(d[2], 3.0f);
+    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, -1), vekStsOk);
+    EXPECT_EQ(d[1], 2.5f);
+    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 4), vekStsOk);
+    EXPECT_EQ(d[0], 1.0f);
+    EXPECT_EQ(d[2], 2.5f);
+    const int16_t s[] = {-32768, 0, 32767};
+    int16_t r[3];
+    ASSERT_EQ(veksThreshold_GTVal_16s(s, r, 3, 0, -7), vekStsOk);
+    EXPECT_EQ(r[0], -32768);
+    EXPECT_EQ(r[1], 0);
+    EXPECT_EQ(r[2], -7);
+}
+
+// ---- complex members --------------------------------------------------------------------------
+
+template <class C>
+using Base = decltype(C{}.re);
+
+// Reference in long double; for 16-bit data the rescaled parts round to nearest.
+template <class C>
+C ref_complex(int op, C x, Base<C> level, C value) {
+    using B = Base<C>;
+    const LD m2 = LD(x.re) * x.re + LD(x.im) * x.im, l2 = LD(level) * level;
+    const auto scaled = [&](LD f) {
+        LD re = x.re * f, im = x.im * f;
+        if constexpr (std::is_integral_v<B>) {
+            re = std::nearbyint(re), im = std::nearbyint(im);
+        }
+        return C{static_cast<B>(re), static_cast<B>(im)};
+    };
+    switch (op) {
+    case 0:
+        return l2 > m2 ? (m2 == 0 ? C{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
+    case 1:
+        return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
+    case 2:
+        return m2 < l2 ? value : x;
+    default:
+        return m2 > l2 ? value : x;
+    }
+}
+
+template <class C>
+C rand_c(vt::Rng& rng) {
+    using B = Base<C>;
+    if constexpr (std::is_integral_v<B>)
+        return C{rng.any<B>(), rng.any<B>()};
+    else
+        return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
+}
+
+// Float parts within a few ulps of the reference (the rescale factor goes through a square root
+// and a division); 16-bit parts within one of the rounded reference (the factor is rounded).
+template <class C>
+bool close(C got, C want) {
+    using B = Base<C>;
+    const auto near = [](B g, B w) {
+        if constexpr (std::is_integral_v<B>)
+            return std::abs(int{g} - int{w}) <= 1;
+        else
+            return std::fabs(LD(g) - LD(w)) <=
+                   4 * std::numeric_limits<B>::epsilon() * (1 + std::fabs(LD(w)));
+    };
+    return near(got.re, want.re) && near(got.im, want.im);
+}
+
+template <class C, class Fn, class FnI>
+void check_complex(uint64_t seed, int op, Fn out, FnI in) {
+    vt::Rng rng(seed);
+    using B = Base<C>;
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const B level = std::is_integral_v<B> ? static_cast<B>(rng.range(0, 32767))
+                                                  : static_cast<B>(rng.uniform(0, 4));
+            const C value = rand_c<C>(rng);
+            std::vector<C> src(n);
+            for (auto& x : src) x = rand_c<C>(rng);
+            for (int i = 1; i < n; i += 6) src[i] = C{0, 0};
+            for (int i = 4; i < n; i += 9) src[i] = C{level, 0}; // tie
+            vt::Buf<C> s(src, alignof(C)), d(n, 3 * alignof(C));
+            ASSERT_EQ(out(s.data(), d.data(), n, level, value), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                const C want = ref_complex(op, src[i], level, value);
+                ASSERT_TRUE(close(d[i], want)) << "op " << op << " n " << n << " i " << i;
+                if (op >= 2) { // selections are exact
+                    ASSERT_TRUE(vt::same_bits(d[i], want));
+                }
+            }
+            ASSERT_TRUE(d.guards_intact());
+            const auto first = d.vec();
+            ASSERT_EQ(in(s.data(), n, level, value), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(s.vec(), first)) << "in place differs, n " << n;
+        }
+    });
+}
+
+template <class C>
+void complex_family(
+    uint64_t seed, VekStatus (*gen)(const C*, C*, int, Base<C>, VekCmpOp),
+    VekStatus (*gen_i)(C*, int, Base<C>, VekCmpOp), VekStatus (*lt)(const C*, C*, int, Base<C>),
+    VekStatus (*lt_i)(C*, int, Base<C>), VekStatus (*gt)(const C*, C*, int, Base<C>),
+    VekStatus (*gt_i)(C*, int, Base<C>), VekStatus (*ltv)(const C*, C*, int, Base<C>, C),
+    VekStatus (*ltv_i)(C*, int, Base<C>, C), VekStatus (*gtv)(const C*, C*, int, Base<C>, C),
+    VekStatus (*gtv_i)(C*, int, Base<C>, C)) {
+    using L = Base<C>;
+    check_complex<C>(
+        seed, 0, [&](const C* s, C* d, int n, L l, C) { return lt(s, d, n, l); },
+        [&](C* s, int n, L l, C) { return lt_i(s, n, l); });
+    check_complex<C>(
+        seed + 1, 1, [&](const C* s, C* d, int n, L l, C) { return gt(s, d, n, l); },
+        [&](C* s, int n, L l, C) { return gt_i(s, n, l); });
+    check_complex<C>(
+        seed + 2, 1, [&](const C* s, C* d, int n, L l, C) { return gen(s, d, n, l, 4); },
+        [&](C* s, int n, L l, C) { return gen_i(s, n, l, 4); });
+    check_complex<C>(
+        seed + 3, 0, [&](const C* s, C* d, int n, L l, C) { return gen(s, d, n, l, 2); },
+        [&](C* s, int n, L l, C) { return gen_i(s, n, l, -3); });
+    check_complex<C>(seed + 4, 2, ltv, ltv_i);
+    check_complex<C>(seed + 5, 3, gtv, gtv_i);
+}
+
+TEST(Threshold, ComplexMembersFollowTheirRules) {
+    complex_family<Vek32fc>(10, REAL_FAMILY(32fc));
+    complex_family<Vek64fc>(20, REAL_FAMILY(64fc));
+    complex_family<Vek16sc>(30, REAL_FAMILY(16sc));
+}
+
+TEST(Threshold, ComplexDocumentedValues) {
+    const Vek32fc x[] = {{0, 0}, {1, 0}, {0, -1}, {3, 4}};
+    Vek32fc d[4];
+    ASSERT_EQ(veksThreshold_LT_32fc(x, d, 4, 2.0f), vekStsOk);
+    EXPECT_EQ(d[0].re, 2.0f);
+    EXPECT_EQ(d[0].im, 0.0f);
+    EXPECT_EQ(d[1].re, 2.0f);
+    EXPECT_EQ(d[1].im, 0.0f);
+    EXPECT_EQ(d[2].re, 0.0f);
+    EXPECT_EQ(d[2].im, -2.0f);
+    EXPECT_EQ(d[3].re, 3.0f);
+    ASSERT_EQ(veksThreshold_GT_32fc(x, d, 4, 2.5f), vekStsOk); // (3, 4) down to magnitude 2.5
+    EXPECT_FLOAT_EQ(d[3].re, 1.5f);
+    EXPECT_FLOAT_EQ(d[3].im, 2.0f);
+    const Vek16sc s[] = {{0, 0}, {3, 4}, {-1, 1}};
+    Vek16sc r[3];
+    ASSERT_EQ(veksThreshold_LT_16sc(s, r, 3, 10), vekStsOk);
+    EXPECT_EQ(r[0].re, 10);
+    EXPECT_EQ(r[0].im, 0);
+    EXPECT_EQ(r[1].re, 6);
+    EXPECT_EQ(r[1].im, 8);
+    EXPECT_EQ(r[2].re, -7); // 10 / sqrt(2) = 7.07
+    EXPECT_EQ(r[2].im, 7);
+    ASSERT_EQ(veksThreshold_LTVal_16sc(s, r, 3, 5, Vek16sc{9, -9}), vekStsOk);
+    EXPECT_EQ(r[0].re, 9);
+    EXPECT_EQ(r[1].re, 3); // |x| = level: kept
+    EXPECT_EQ(r[2].im, -9);
+}
+
+// ---- reciprocal threshold ---------------------------------------------------------------------
+
+template <class T>
+T ref_inv(T x, T level) {
+    if (x == 0) return level == 0 ? std::numeric_limits<T>::infinity() : T(1) / level;
+    if (std::fabs(x) < level) return std::copysign(T(1) / level, x);
+    return T(1) / x;
+}
+
+template <class T>
+void check_lt_inv(uint64_t seed, VekStatus (*out)(const T*, T*, int, T),
+                  VekStatus (*in)(T*, int, T)) {
+    vt::Rng rng(seed);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            for (T level : {T(0), T(0.75), T(100)}) {
+                auto src = rng.vec<T>(n);
+                for (int i = 0; i < n; i += 3) src[i] = static_cast<T>(rng.uniform(-1, 1));
+                bool zero = false;
+                for (int i = 5; i < n; i += 17) src[i] = (zero = true, T(i % 2 ? -0.0 : 0.0));
+                std::vector<T> want(n);
+                for (int i = 0; i < n; ++i) want[i] = ref_inv(src[i], level);
+                const VekStatus st = zero && level == 0 ? vekStsInvThreshZeroWrn : vekStsOk;
+                vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
+                ASSERT_EQ(out(s.data(), d.data(), n, level), st);
+                ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << "n " << n << " level " << level;
+                ASSERT_EQ(in(s.data(), n, level), st);
+                ASSERT_TRUE(vt::bits_equal(s.vec(), want));
+                ASSERT_TRUE(s.guards_intact() && d.guards_intact());
+            }
+        }
+    });
+}
+
+TEST(ThresholdLTInv, RealRule) {
+    check_lt_inv<float>(40, veksThreshold_LTInv_32f, veksThreshold_LTInv_32f_I);
+    check_lt_inv<double>(41, veksThreshold_LTInv_64f, veksThreshold_LTInv_64f_I);
+    const float z[] = {1.0f, 0.0f, 4.0f};
+    float d[3];
+    ASSERT_EQ(veksThreshold_LTInv_32f(z, d, 3, 0.0f), vekStsInvThreshZeroWrn);
+    uint32_t bits;
+    std::memcpy(&bits, &d[1], 4);
+    EXPECT_EQ(bits, 0x7F800000u);
+    EXPECT_EQ(d[2], 0.25f); // the vector is finished
+}
+
+template <class C>
+void check_lt_inv_c(uint64_t seed, VekStatus (*out)(const C*, C*, int, Base<C>),
+                    VekStatus (*in)(C*, int, Base<C>)) {
+    using B = Base<C>;
+    vt::Rng rng(seed);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            for (B level : {B(0), B(0.75), B(3)}) {
+                std::vector<C> src(n);
+                for (auto& x : src) x = rand_c<C>(rng);
+                for (int i = 2; i < n; i += 11) src[i] = C{0, 0};
+                const bool zero = n > 2;
+                vt::Buf<C> s(src, alignof(C)), d(n, 3 * alignof(C));
+                const VekStatus st = zero && level == 0 ? vekStsInvThreshZeroWrn : vekStsOk;
+                ASSERT_EQ(out(s.data(), d.data(), n, level), st);
+                for (int i = 0; i < n; ++i) {
+                    const LD re = src[i].re, im = src[i].im, m2 = re * re + im * im, l = level;
+                    C want;
+                    if (m2 == 0)
+                        want = C{level == 0 ? std::numeric_limits<B>::infinity() : B(1 / l), 0};
+                    else if (m2 >= l * l)
+                        want = C{B(re / m2), B(-im / m2)};
+                    else
+                        want = C{B(re / (std::sqrt(m2) * l)), B(-im / (std::sqrt(m2) * l))};
+                    ASSERT_TRUE(std::isinf(want.re) ? vt::same_bits(d[i], want) : close(d[i], want))
+                        << "i " << i << " level " << level;
+                }
+                const auto first = d.vec();
+                ASSERT_EQ(in(s.data(), n, level), st);
+                ASSERT_TRUE(vt::bits_equal(s.vec(), first));
+            }
+        }
+    });
+}
+
+TEST(ThresholdLTInv, ComplexRule) {
+    check_lt_inv_c<Vek32fc>(50, veksThreshold_LTInv_32fc, veksThreshold_LTInv_32fc_I);
+    check_lt_inv_c<Vek64fc>(51, veksThreshold_LTInv_64fc, veksThreshold_LTInv_64fc_I);
+}
+
+// ---- normalisation ----------------------------------------------------------------------------
+
+TEST(Normalize, FloatMembers) {
+    vt::Rng rng(60);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto a = rng.vec<float>(n);
+            const float sub = 3.25f, div = -7.5f;
+            vt::Buf<float> s(a, 4), d(n, 8);
+            ASSERT_EQ(veksNormalize_32f(s.data(), d.data(), n, sub, div), vekStsOk);
+            for (int i = 0; i < n; ++i)
+                ASSERT_NEAR(d[i], (LD(a[i]) - sub) / div,
+                            std::fabs((LD(a[i]) - sub) / div) * 0x1p-23L);
+            const auto b = rng.vec<double>(n);
+            vt::Buf<double> sb(b, 8), db(n, 0);
+            ASSERT_EQ(veksNormalize_64f(sb.data(), db.data(), n, -1.5, 3.0), vekStsOk);
+            for (int i = 0; i < n; ++i)
+                ASSERT_NEAR(db[i], (LD(b[i]) + 1.5) / 3,
+                            std::fabs((LD(b[i]) + 1.5) / 3) * 0x1p-51L);
+            std::vector<Vek32fc> c(n);
+            for (auto& x : c) x = rand_c<Vek32fc>(rng);
+            vt::Buf<Vek32fc> sc(c, 4), dc(n, 4);
+            ASSERT_EQ(veksNormalize_32fc(sc.data(), dc.data(), n, Vek32fc{1, -2}, 0.5f), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                EXPECT_EQ(dc[i].re, static_cast<float>((double(c[i].re) - 1) * 2));
+                EXPECT_EQ(dc[i].im, static_cast<float>((double(c[i].im) + 2) * 2));
+            }
+            std::vector<Vek64fc> e(n);
+            for (auto& x : e) x = rand_c<Vek64fc>(rng);
+            vt::Buf<Vek64fc> se(e, 8);
+            ASSERT_EQ(veksNormalize_64fc(se.data(), se.data(), n, Vek64fc{0.5, 0.25}, 4.0),
+                      vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                EXPECT_EQ(se[i].re, (e[i].re - 0.5) * 0.25);
+                EXPECT_EQ(se[i].im, (e[i].im - 0.25) * 0.25);
+            }
+        }
+    });
+}
+
+// (x - sub) / div * 2^-sf, rounded half to even, saturated: long-double floor division.
+int16_t ref_norm16(int x, int sub, int div, int sf) {
+    const LD q = std::ldexp(LD(x - sub) / div, -(sf > 60 ? 60 : sf < -60 ? -60 : sf));
+    LD r = std::nearbyint(q); // long-double quotient of small integers: ties are exact
+    return static_cast<int16_t>(r > 32767 ? 32767 : r < -32768 ? -32768 : r);
+}
+
+TEST(Normalize, SixteenBitMembersRoundHalfToEven) {
+    vt::Rng rng(61);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths())
+            for (int sf : {-40, -31, -16, -3, -1, 0, 1, 2, 5, 15, 16, 17, 18, 100}) {
+                const auto a = rng.vec<int16_t>(n);
+                const int16_t sub = rng.any<int16_t>();
+                int16_t div = rng.any<int16_t>();
+                if (div == 0) div = 3;
+                vt::Buf<int16_t> s(a, 2), d(n, 6);
+                ASSERT_EQ(veksNormalize_16s_Sfs(s.data(), d.data(), n, sub, div, sf), vekStsOk);
+                for (int i = 0; i < n; ++i)
+                    ASSERT_EQ(d[i], ref_norm16(a[i], sub, div, sf))
+                        << a[i] << " " << sub << " " << div << " sf " << sf;
+                std::vector<Vek16sc> c(n);
+                for (auto& x : c) x = rand_c<Vek16sc>(rng);
+                vt::Buf<Vek16sc> sc(c, 2);
+                ASSERT_EQ(veksNormalize_16sc_Sfs(sc.data(), sc.data(), n, Vek16sc{sub, 5}, div, sf),
+                          vekStsOk);
+                for (int i = 0; i < n; ++i) {
+                    ASSERT_EQ(sc[i].re, ref_norm16(c[i].re, sub, div, sf));
+                    ASSERT_EQ(sc[i].im, ref_norm16(c[i].im, 5, div, sf));
+                }
+            }
+    });
+    const int16_t x[] = {1, 3, 5, -1, -3};
+    int16_t d[5];
+    ASSERT_EQ(veksNormalize_16s_Sfs(x, d, 5, 0, 2, 0), vekStsOk); // 0.5, 1.5, 2.5, -0.5, -1.5
+    EXPECT_EQ(d[0], 0);
+    EXPECT_EQ(d[1], 2);
+    EXPECT_EQ(d[2], 2);
+    EXPECT_EQ(d[3], 0);
+    EXPECT_EQ(d[4], -2);
+}
+
+// ---- call frame -------------------------------------------------------------------------------
+
+// Out-of-place member: null pointers (-8) before the length (-6) before the level check (-19,
+// when `level_checked`), with the destination untouched; a negative level works otherwise.
+template <class T, class L, class Fn>
+void frame_out(Fn fn, bool level_checked) {
+    T s[3]{}, d[3];
+    std::memset(d, 0x3C, sizeof d);
+    std::vector<unsigned char> keep(reinterpret_cast<unsigned char*>(d),
+                                    reinterpret_cast<unsigned char*>(d) + sizeof d);
+    const L bad = static_cast<L>(-0.5);
+    const L neg = std::is_integral_v<L> ? L(-1) : bad;
+    EXPECT_EQ(fn(nullptr, d, 0, neg), vekStsNullPointerErr);
+    EXPECT_EQ(fn(s, nullptr, 3, L(1)), vekStsNullPointerErr);
+    EXPECT_EQ(fn(s, d, 0, neg), vekStsDataSizeErr);
+    EXPECT_EQ(fn(s, d, -1, L(1)), vekStsDataSizeErr);
+    if (level_checked) {
+        EXPECT_EQ(fn(s, d, 3, neg), vekStsThresholdLevelErr);
+    }
+    EXPECT_EQ(std::memcmp(d, keep.data(), sizeof d), 0);
+    if (!level_checked) {
+        EXPECT_GE(fn(s, d, 3, neg), vekStsOk);
+    }
+    EXPECT_GE(fn(s, d, 3, L(0)), vekStsOk);
+}
+
+template <class T, class L, class Fn>
+void frame_in(Fn fn, bool level_checked) {
+    T s[3];
+    std::memset(s, 0x3C, sizeof s);
+    std::vector<unsigned char> keep(reinterpret_cast<unsigned char*>(s),
+                                    reinterpret_cast<unsigned char*>(s) + sizeof s);
+    const L neg = std::is_integral_v<L> ? L(-1) : static_cast<L>(-0.5);
+    EXPECT_EQ(fn(nullptr, 0, neg), vekStsNullPointerErr);
+    EXPECT_EQ(fn(s, 0, neg), vekStsDataSizeErr);
+    if (level_checked) {
+        EXPECT_EQ(fn(s, 3, neg), vekStsThresholdLevelErr);
+    }
+    EXPECT_EQ(std::memcmp(s, keep.data(), sizeof s), 0);
+}
+
+#define FRAME_MEMBERS(S, T, L, checked)                                                            \
+    frame_out<T, L>([](auto s, auto d, int n, L l) { return veksThreshold_##S(s, d, n, l, 0); },   \
+                    checked);                                                                      \
+    frame_out<T, L>([](auto s, auto d, int n, L l) { return veksThreshold_##S(s, d, n, l, 4); },   \
+                    checked);                                                                      \
+    frame_out<T, L>(veksThreshold_LT_##S, checked);                                                \
+    frame_out<T, L>(veksThreshold_GT_##S, checked);                                                \
+    frame_out<T, L>(                                                                               \
+        [](auto s, auto d, int n, L l) { return veksThreshold_LTVal_##S(s, d, n, l, T{}); },       \
+        checked);                                                                                  \
+    frame_out<T, L>(                                                                               \
+        [](auto s, auto d, int n, L l) { return veksThreshold_GTVal_##S(s, d, n, l, T{}); },       \
+        checked);                                                                                  \
+    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_##S##_I(s, n, l, 4); }, checked); \
+    frame_in<T, L>(veksThreshold_LT_##S##_I, checked);                                             \
+    frame_in<T, L>(veksThreshold_GT_##S##_I, checked);                                             \
+    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_LTVal_##S##_I(s, n, l, T{}); },   \
+                   checked);                                                                       \
+    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_GTVal_##S##_I(s, n, l, T{}); },   \
+                   checked);
+
+TEST(ThresholdFrame, StatusesInOrderAndOutputsUntouched) {
+    FRAME_MEMBERS(32f, float, float, false)
+    FRAME_MEMBERS(64f, double, double, false)
+    FRAME_MEMBERS(16s, int16_t, int16_t, false)
+    FRAME_MEMBERS(32fc, Vek32fc, float, true)
+    FRAME_MEMBERS(64fc, Vek64fc, double, true)
+    FRAME_MEMBERS(16sc, Vek16sc, int16_t, true)
+    frame_out<float, float>(veksThreshold_LTInv_32f, true);
+    frame_out<double, double>(veksThreshold_LTInv_64f, true);
+    frame_out<Vek32fc, float>(veksThreshold_LTInv_32fc, true);
+    frame_out<Vek64fc, double>(veksThreshold_LTInv_64fc, true);
+    frame_in<float, float>(veksThreshold_LTInv_32f_I, true);
+    frame_in<double, double>(veksThreshold_LTInv_64f_I, true);
+    frame_in<Vek32fc, float>(veksThreshold_LTInv_32fc_I, true);
+    frame_in<Vek64fc, double>(veksThreshold_LTInv_64fc_I, true);
+}
+
+TEST(NormalizeFrame, StatusesInOrderAndOutputsUntouched) {
+    float s[2] = {1, 2}, d[2] = {7, 7};
+    EXPECT_EQ(veksNormalize_32f(nullptr, d, 0, 0, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksNormalize_32f(s, d, 0, 0, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 0), vekStsDivideByZeroErr);
+    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 1e-39f), vekStsDivideByZeroErr); // subnormal
+    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, -1e-39f), vekStsDivideByZeroErr);
+    EXPECT_EQ(d[0], 7.0f);
+    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 1.1754943508222875e-38f), vekStsOk);
+    double sd[1] = {1}, dd[1] = {5};
+    EXPECT_EQ(veksNormalize_64f(sd, nullptr, 1, 0, 1), vekStsNullPointerErr);
+    EXPECT_EQ(veksNormalize_64f(sd, dd, 1, 0, 1e-310), vekStsDivideByZeroErr);
+    EXPECT_EQ(dd[0], 5.0);
+    EXPECT_EQ(veksNormalize_64f(sd, dd, 1, 0, 1e-300), vekStsOk);
+    Vek32fc c[1] = {{1, 1}}, cd[1] = {{5, 5}};
+    EXPECT_EQ(veksNormalize_32fc(c, cd, -2, Vek32fc{0, 0}, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksNormalize_32fc(c, cd, 1, Vek32fc{0, 0}, 0), vekStsDivideByZeroErr);
+    Vek64fc e[1] = {{1, 1}}, ed[1] = {{5, 5}};
+    EXPECT_EQ(veksNormalize_64fc(e, ed, 1, Vek64fc{0, 0}, 2e-308), vekStsDivideByZeroErr);
+    EXPECT_EQ(cd[0].re, 5.0f);
+    EXPECT_EQ(ed[0].re, 5.0);
+    int16_t i16[1] = {4}, o16[1] = {9};
+    EXPECT_EQ(veksNormalize_16s_Sfs(i16, nullptr, 1, 0, 0, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksNormalize_16s_Sfs(i16, o16, 0, 0, 0, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksNormalize_16s_Sfs(i16, o16, 1, 0, 0, 0), vekStsDivideByZeroErr);
+    EXPECT_EQ(o16[0], 9);
+    Vek16sc c16[1] = {{4, 4}}, oc16[1] = {{9, 9}};
+    EXPECT_EQ(veksNormalize_16sc_Sfs(nullptr, oc16, 1, Vek16sc{0, 0}, 1, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksNormalize_16sc_Sfs(c16, oc16, 1, Vek16sc{0, 0}, 0, 0), vekStsDivideByZeroErr);
+    EXPECT_EQ(oc16[0].re, 9);
+}
+
+} // namespace
