@@ -1,7 +1,8 @@
 # Compares the shared library's dynamic symbol table and the public headers' declarations with
 # the export list. Run as: cmake -DNM=... -DLIBRARY=... -DEXPORTS=... -DHEADERS=... -P this
 # For a Windows DLL pass -DOBJDUMP=<the target's objdump> instead of -DNM: the names of the PE
-# export directory are compared, and the directory must name the DLL's own file.
+# export directory are compared, the directory must name the DLL's own file, and the DLL must
+# not import any MinGW runtime DLL.
 cmake_policy(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/../cmake/VeksExports.cmake)
 veks_read_export_list(${EXPORTS} listed)
@@ -23,6 +24,14 @@ if(OBJDUMP)
         message(SEND_ERROR "export directory names the module '${CMAKE_MATCH_1}', not '${dll_name}'")
         set(export_name_bad TRUE)
     endif()
+    # The MinGW runtime is linked in statically: the DLL must load without any of its DLLs.
+    string(REGEX MATCHALL "DLL Name: [^\n]+" imports "${dump}")
+    foreach(i IN LISTS imports)
+        if(i MATCHES "(libgcc_s|libstdc\\+\\+|libwinpthread)[^ ]*\\.dll")
+            message(SEND_ERROR "${dll_name} needs a MinGW runtime DLL: ${i}")
+            set(export_name_bad TRUE)
+        endif()
+    endforeach()
     string(FIND "${dump}" "[Ordinal/Name Pointer] Table" at)
     if(at LESS 0)
         message(FATAL_ERROR "no name table in the export directory of ${LIBRARY}")
