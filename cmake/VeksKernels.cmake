@@ -24,12 +24,6 @@ if(VEKS_X86)
                               -mprefer-vector-width=512 -ftree-vectorize)
     set(VEKS_ISA_NUMBER_avx2 2)
     set(VEKS_ISA_NUMBER_avx512 3)
-    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
-        # 32-bit x86: the SSE2 variants do their float work in SSE registers, not on the x87.
-        list(APPEND VEKS_ISA_FLAGS_sse2 -mfpmath=sse)
-        list(APPEND VEKS_ISA_FLAGS_avx2 -mfpmath=sse)
-        list(APPEND VEKS_ISA_FLAGS_avx512 -mfpmath=sse)
-    endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         # GCC 12's AVX-512 intrinsic headers leave some operands deliberately undefined and then
         # warn about them at -O2 (-Wuninitialized inside avx512fintrin.h). The same kernel source
