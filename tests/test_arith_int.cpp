@@ -35,8 +35,7 @@ VEK_COMPLEX_PARTS(Vek32sc, Vek32s)
 template <class T>
 T random_value(vt::Rng& rng) {
     T v{};
-    for (int k = 0; k < Parts<T>::count; ++k)
-        Parts<T>::set(v, k, rng.any<typename Parts<T>::P>());
+    for (int k = 0; k < Parts<T>::count; ++k) Parts<T>::set(v, k, rng.any<typename Parts<T>::P>());
     return v;
 }
 template <class T>
@@ -60,9 +59,9 @@ bool same(const T& a, const T& b) {
     return vt::same_bits(a, b);
 }
 
-const std::vector<int> kScales = {0,  1,  2,  3,   -1,  -2,  -7,  -8,  -15, -16, -17,     -31,
-                                  -32, 8,  9,  10,  15,  16,  17,  29,  30,  31,  32,      33,
-                                  62, 63, 64, 100, -64, -100, INT_MIN, INT_MAX};
+const std::vector<int> kScales = {0,   1,   2,  3,  -1, -2,  -7,  -8,   -15,     -16,    -17,
+                                  -31, -32, 8,  9,  10, 15,  16,  17,   29,      30,     31,
+                                  32,  33,  62, 63, 64, 100, -64, -100, INT_MIN, INT_MAX};
 
 // Runs out-of-place and in-place forms of a two-vector member. `exact(a, b)` gives the exact
 // result parts; `run(a, b, d, n, sf)` and `run_i(a, sd, n, sf)` call the member (run_i may be
@@ -281,7 +280,8 @@ TEST(ArithInt, Abs16sEveryLevel) {
         for (int n : vt::test_lengths()) {
             const auto s = rng.vec<int16_t>(n);
             std::vector<int16_t> want(s.size());
-            for (int i = 0; i < n; ++i) want[i] = static_cast<int16_t>(std::min(32767, std::abs(int{s[i]})));
+            for (int i = 0; i < n; ++i)
+                want[i] = static_cast<int16_t>(std::min(32767, std::abs(int{s[i]})));
             vt::Buf<int16_t> ps(s, 2), pd(n, 6), sd(s, 10);
             ASSERT_EQ(veksAbs_16s(ps.data(), pd.data(), n), vekStsOk);
             ASSERT_EQ(veksAbs_16s_I(sd.data(), n), vekStsOk);
@@ -299,9 +299,13 @@ TEST(ArithInt, Abs16sEveryLevel) {
 // then scaled (the documented formula).
 template <class P>
 P ref_div(long double num, long double den, int sf) {
-    if (den == 0) return num > 0 ? std::numeric_limits<P>::max() : num < 0 ? std::numeric_limits<P>::min() : P{0};
+    if (den == 0)
+        return num > 0   ? std::numeric_limits<P>::max()
+               : num < 0 ? std::numeric_limits<P>::min()
+                         : P{0};
     if (sf >= 0) return ref_scale<P>(num / den, sf);
-    return ref_scale<P>(static_cast<long double>(static_cast<double>(num) / static_cast<double>(den)), sf);
+    return ref_scale<P>(
+        static_cast<long double>(static_cast<double>(num) / static_cast<double>(den)), sf);
 }
 
 constexpr auto kDivReal = [](auto x, auto y, int sf) { // y / x

@@ -40,12 +40,12 @@ VEK_ARITH_VC(veksMulC_64fc, Vek64fc, mulc_64fc)
 // Division: a zero divisor element is replaced (see the kernels) and reported after the whole
 // vector.
 #define VEK_ARITH_DIV_F(NAME, T, K)                                                                \
-    VEK_EXPORT VekStatus NAME(const T* pSrc1, const T* pSrc2, T* pDst, int len) {                 \
+    VEK_EXPORT VekStatus NAME(const T* pSrc1, const T* pSrc2, T* pDst, int len) {                  \
         VEK_CHECK(non_null(pSrc1, pSrc2, pDst));                                                   \
         VEK_CHECK(length_at_least(len));                                                           \
         return kern::arith_kernels().K(pSrc1, pSrc2, pDst, len) ? vekStsDivZeroWrn : vekStsOk;     \
     }                                                                                              \
-    VEK_EXPORT VekStatus NAME##_I(const T* pSrc, T* pSrcDst, int len) {                           \
+    VEK_EXPORT VekStatus NAME##_I(const T* pSrc, T* pSrcDst, int len) {                            \
         VEK_CHECK(non_null(pSrc, pSrcDst));                                                        \
         VEK_CHECK(length_at_least(len));                                                           \
         return kern::arith_kernels().K(pSrc, pSrcDst, pSrcDst, len) ? vekStsDivZeroWrn : vekStsOk; \
@@ -58,18 +58,18 @@ VEK_ARITH_DIV_F(veksDiv_64fc, Vek64fc, div_64fc)
 // Real division by a constant multiplies by the reciprocal, formed in double and rounded to the
 // element type; the constant is tested before anything else.
 #define VEK_ARITH_DIVC_F(NAME, T, K)                                                               \
-    VEK_EXPORT VekStatus NAME(const T* pSrc, T val, T* pDst, int len) {                           \
+    VEK_EXPORT VekStatus NAME(const T* pSrc, T val, T* pDst, int len) {                            \
         VEK_CHECK(require(val != 0, vekStsDivideByZeroErr));                                       \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
         VEK_CHECK(length_at_least(len));                                                           \
         kern::arith_kernels().K(pSrc, static_cast<T>(1.0 / static_cast<double>(val)), pDst, len);  \
         return vekStsOk;                                                                           \
     }                                                                                              \
-    VEK_EXPORT VekStatus NAME##_I(T val, T* pSrcDst, int len) {                                   \
+    VEK_EXPORT VekStatus NAME##_I(T val, T* pSrcDst, int len) {                                    \
         VEK_CHECK(require(val != 0, vekStsDivideByZeroErr));                                       \
         VEK_CHECK(non_null(pSrcDst));                                                              \
         VEK_CHECK(length_at_least(len));                                                           \
-        kern::arith_kernels().K(pSrcDst, static_cast<T>(1.0 / static_cast<double>(val)), pSrcDst, \
+        kern::arith_kernels().K(pSrcDst, static_cast<T>(1.0 / static_cast<double>(val)), pSrcDst,  \
                                 len);                                                              \
         return vekStsOk;                                                                           \
     }
@@ -78,14 +78,14 @@ VEK_ARITH_DIVC_F(veksDivC_64f, Vek64f, mulc_64f)
 
 // Complex division by a constant: pointers, length, then the constant (both parts zero: error).
 #define VEK_ARITH_DIVC_CF(NAME, T, K)                                                              \
-    VEK_EXPORT VekStatus NAME(const T* pSrc, T val, T* pDst, int len) {                           \
+    VEK_EXPORT VekStatus NAME(const T* pSrc, T val, T* pDst, int len) {                            \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(require(val.re != 0 || val.im != 0, vekStsDivideByZeroErr));                     \
         kern::arith_kernels().K(pSrc, val, pDst, len);                                             \
         return vekStsOk;                                                                           \
     }                                                                                              \
-    VEK_EXPORT VekStatus NAME##_I(T val, T* pSrcDst, int len) {                                   \
+    VEK_EXPORT VekStatus NAME##_I(T val, T* pSrcDst, int len) {                                    \
         VEK_CHECK(non_null(pSrcDst));                                                              \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(require(val.re != 0 || val.im != 0, vekStsDivideByZeroErr));                     \
@@ -96,7 +96,7 @@ VEK_ARITH_DIVC_CF(veksDivC_32fc, Vek32fc, divc_32fc)
 VEK_ARITH_DIVC_CF(veksDivC_64fc, Vek64fc, divc_64fc)
 
 #define VEK_ARITH_ABS(NAME, T, K)                                                                  \
-    VEK_EXPORT VekStatus NAME(const T* pSrc, T* pDst, int len) {                                  \
+    VEK_EXPORT VekStatus NAME(const T* pSrc, T* pDst, int len) {                                   \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
         VEK_CHECK(length_at_least(len));                                                           \
         kern::arith_kernels().K(pSrc, pDst, len);                                                  \

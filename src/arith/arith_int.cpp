@@ -34,7 +34,7 @@ VEK_ARITH_VV_MIXED_SFS(veksMul_16u16s_Sfs, Vek16u, Vek16s, Vek16s, mul_16u16s_sf
 // Complex Add and Sub test the length first, then treat the vectors as real ones of twice the
 // length (run as two halves, so that 2 * len cannot overflow).
 #define VEK_ARITH_VV_SFS_CPLX(BASE, C, P, K)                                                       \
-    VEK_EXPORT VekStatus BASE##_Sfs(const C* pSrc1, const C* pSrc2, C* pDst, int len,             \
+    VEK_EXPORT VekStatus BASE##_Sfs(const C* pSrc1, const C* pSrc2, C* pDst, int len,              \
                                     int scaleFactor) {                                             \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(non_null(pSrc1, pSrc2, pDst));                                                   \
@@ -43,7 +43,7 @@ VEK_ARITH_VV_MIXED_SFS(veksMul_16u16s_Sfs, Vek16u, Vek16s, Vek16s, mul_16u16s_sf
                   scaleFactor);                                                                    \
         return vekStsOk;                                                                           \
     }                                                                                              \
-    VEK_EXPORT VekStatus BASE##_ISfs(const C* pSrc, C* pSrcDst, int len, int scaleFactor) {       \
+    VEK_EXPORT VekStatus BASE##_ISfs(const C* pSrc, C* pSrcDst, int len, int scaleFactor) {        \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(non_null(pSrc, pSrcDst));                                                        \
         P* sd = reinterpret_cast<P*>(pSrcDst);                                                     \
@@ -118,7 +118,7 @@ VEK_ARITH_VC_I_SF0(veksMulC_16s_I, Vek16s, mulc_16s_sfs)
 // the mode is forced for the call and restored on return.
 
 #define VEK_ARITH_DIV_SFS(BASE, T, K)                                                              \
-    VEK_EXPORT VekStatus BASE##_Sfs(const T* pSrc1, const T* pSrc2, T* pDst, int len,             \
+    VEK_EXPORT VekStatus BASE##_Sfs(const T* pSrc1, const T* pSrc2, T* pDst, int len,              \
                                     int scaleFactor) {                                             \
         VEK_CHECK(non_null(pSrc1, pSrc2, pDst));                                                   \
         VEK_CHECK(length_at_least(len));                                                           \
@@ -126,7 +126,7 @@ VEK_ARITH_VC_I_SF0(veksMulC_16s_I, Vek16s, mulc_16s_sfs)
         return kern::arith_kernels().K(pSrc1, pSrc2, pDst, len, scaleFactor) ? vekStsDivZeroWrn    \
                                                                              : vekStsOk;           \
     }                                                                                              \
-    VEK_EXPORT VekStatus BASE##_ISfs(const T* pSrc, T* pSrcDst, int len, int scaleFactor) {       \
+    VEK_EXPORT VekStatus BASE##_ISfs(const T* pSrc, T* pSrcDst, int len, int scaleFactor) {        \
         VEK_CHECK(non_null(pSrc, pSrcDst));                                                        \
         VEK_CHECK(length_at_least(len));                                                           \
         const RoundNearestScope nearest;                                                           \
@@ -144,7 +144,7 @@ constexpr bool is_zero(Vek16sc v) { return v.re == 0 && v.im == 0; }
 } // namespace
 
 #define VEK_ARITH_DIVC_SFS(BASE, T, K)                                                             \
-    VEK_EXPORT VekStatus BASE##_Sfs(const T* pSrc, T val, T* pDst, int len, int scaleFactor) {    \
+    VEK_EXPORT VekStatus BASE##_Sfs(const T* pSrc, T val, T* pDst, int len, int scaleFactor) {     \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(require(!is_zero(val), vekStsDivideByZeroErr));                                  \
@@ -152,7 +152,7 @@ constexpr bool is_zero(Vek16sc v) { return v.re == 0 && v.im == 0; }
         kern::arith_kernels().K(pSrc, val, pDst, len, scaleFactor);                                \
         return vekStsOk;                                                                           \
     }                                                                                              \
-    VEK_EXPORT VekStatus BASE##_ISfs(T val, T* pSrcDst, int len, int scaleFactor) {               \
+    VEK_EXPORT VekStatus BASE##_ISfs(T val, T* pSrcDst, int len, int scaleFactor) {                \
         VEK_CHECK(non_null(pSrcDst));                                                              \
         VEK_CHECK(length_at_least(len));                                                           \
         VEK_CHECK(require(!is_zero(val), vekStsDivideByZeroErr));                                  \

@@ -58,8 +58,7 @@ struct ArithKernels {
 
     // Signed 16-bit, real and complex.
     BinarySfsKernel<Vek16s, Vek16s, Vek16s> add_16s_sfs, sub_16s_sfs, mul_16s_sfs;
-    ConstSfsKernel<Vek16s> addc_16s_sfs, subc_16s_sfs, subcrev_16s_sfs, mulc_16s_sfs,
-        divc_16s_sfs;
+    ConstSfsKernel<Vek16s> addc_16s_sfs, subc_16s_sfs, subcrev_16s_sfs, mulc_16s_sfs, divc_16s_sfs;
     DivSfsKernel<Vek16s> div_16s_sfs;
     BinarySfsKernel<Vek16s, Vek16s, Vek32s> mul_16s32s_sfs;
     BinarySfsKernel<Vek16u, Vek16s, Vek16s> mul_16u16s_sfs;

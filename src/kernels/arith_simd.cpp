@@ -16,8 +16,10 @@ constexpr double kDivNaN64 = std::bit_cast<double>(0xFFF8000000000000ull);
 
 template <class T>
 constexpr T div_nan() {
-    if constexpr (sizeof(T) == 4) return kDivNaN32;
-    else return kDivNaN64;
+    if constexpr (sizeof(T) == 4)
+        return kDivNaN32;
+    else
+        return kDivNaN64;
 }
 
 // Float quotient y / x with the library's rule for a zero divisor: IEEE infinities for a
@@ -130,6 +132,15 @@ inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
     return {(x.re * r + x.im) / t, (x.im * r - x.re) / t};
 }
 
+// GCC 12's complex-arithmetic vector patterns fuse multiply-adds even under -ffp-contract=off;
+// the 64fc loops (whose products are not exact) are kept out of that vectorizer so that every
+// level gives the same bits. 32fc products are exact in double, so fusing cannot change them.
+#if defined(__GNUC__) && !defined(__clang__) && VEK_ISA_LEVEL >= 2
+#define VEK_NO_FUSED_COMPLEX __attribute__((optimize("no-tree-vectorize", "no-tree-slp-vectorize")))
+#else
+#define VEK_NO_FUSED_COMPLEX
+#endif
+
 template <class C>
 void add_c(const C* a, const C* b, C* d, int n) {
     for (int i = 0; i < n; ++i) d[i] = {a[i].re + b[i].re, a[i].im + b[i].im};
@@ -139,11 +150,11 @@ void sub_c(const C* a, const C* b, C* d, int n) {
     for (int i = 0; i < n; ++i) d[i] = {b[i].re - a[i].re, b[i].im - a[i].im};
 }
 template <class C>
-void mul_c(const C* a, const C* b, C* d, int n) {
+VEK_NO_FUSED_COMPLEX void mul_c(const C* a, const C* b, C* d, int n) {
     for (int i = 0; i < n; ++i) d[i] = cmul(a[i], b[i]);
 }
 template <class C>
-int div_c(const C* a, const C* b, C* d, int n) {
+VEK_NO_FUSED_COMPLEX int div_c(const C* a, const C* b, C* d, int n) {
     int zero = 0;
     for (int i = 0; i < n; ++i) d[i] = cdiv(b[i], a[i], zero);
     return zero;
@@ -161,11 +172,12 @@ void subcrev_c(const C* s, C v, C* d, int n) {
     for (int i = 0; i < n; ++i) d[i] = {v.re - s[i].re, v.im - s[i].im};
 }
 template <class C>
-void mulc_c(const C* s, C v, C* d, int n) {
+VEK_NO_FUSED_COMPLEX void mulc_c(const C* s, C v, C* d, int n) {
     for (int i = 0; i < n; ++i) d[i] = cmul(s[i], v);
 }
 template <class C>
-void divc_c(const C* s, C v, C* d, int n) { // v is nonzero: the entry point checked it
+VEK_NO_FUSED_COMPLEX void divc_c(const C* s, C v, C* d,
+                                 int n) { // v is nonzero: the entry point checked it
     int zero = 0;
     for (int i = 0; i < n; ++i) d[i] = cdiv(s[i], v, zero);
 }
@@ -224,11 +236,13 @@ constexpr int kZero8uAdd = 9, kZero8uMul = 16, kZero16sAdd = 16, kZero16sMul = 3
 constexpr int kZero31 = 31, kZero32sAdd = 32, kZero32sMul = 62;
 
 #define VEK_SCALED2(name, D, V, ZA, A, B, op)                                                      \
-    void name(const A* a, const B* b, D* d, int n, int sf) {                                      \
+    void name(const A* a, const B* b, D* d, int n, int sf) {                                       \
         scaled2<D, V, ZA>(a, b, d, n, sf, op);                                                     \
     }
 #define VEK_SCALEDC(name, D, V, ZA, op)                                                            \
-    void name(const D* s, D value, D* d, int n, int sf) { scaledc<D, V, ZA>(s, value, d, n, sf, op); }
+    void name(const D* s, D value, D* d, int n, int sf) {                                          \
+        scaledc<D, V, ZA>(s, value, d, n, sf, op);                                                 \
+    }
 
 VEK_SCALED2(add_8u_sfs, Vek8u, int32_t, kZero8uAdd, Vek8u, Vek8u, plus)
 VEK_SCALED2(sub_8u_sfs, Vek8u, int32_t, kZero8uAdd, Vek8u, Vek8u, rminus)
@@ -292,7 +306,7 @@ inline void scaledc_cplx(const C* s, C value, C* d, int n, int sf, Op op) {
 }
 
 #define VEK_SCALEDC_CPLX(name, C, P, V, ZA, op)                                                    \
-    void name(const C* s, C value, C* d, int n, int sf) {                                         \
+    void name(const C* s, C value, C* d, int n, int sf) {                                          \
         scaledc_cplx<C, P, V, ZA>(s, value, d, n, sf, op);                                         \
     }
 VEK_SCALEDC_CPLX(addc_16sc_sfs, Vek16sc, Vek16s, int32_t, kZero16sAdd, plus)
@@ -315,10 +329,12 @@ inline void mul_16sc(const Vek16sc* x, GetY y_at, Vek16sc* d, int n, int sf) {
     });
 }
 void mul_16sc_sfs(const Vek16sc* a, const Vek16sc* b, Vek16sc* d, int n, int sf) {
-    mul_16sc(a, [b](int i) { return b[i]; }, d, n, sf);
+    mul_16sc(
+        a, [b](int i) { return b[i]; }, d, n, sf);
 }
 void mulc_16sc_sfs(const Vek16sc* s, Vek16sc v, Vek16sc* d, int n, int sf) {
-    mul_16sc(s, [v](int) { return v; }, d, n, sf);
+    mul_16sc(
+        s, [v](int) { return v; }, d, n, sf);
 }
 
 // 32sc products need 65 bits for the imaginary part of (-2^31 - 2^31 i)^2: carried as WideSum.
@@ -342,7 +358,9 @@ void mulc_32sc_sfs(const Vek32sc* s, Vek32sc v, Vek32sc* d, int n, int sf) {
 class IntQuotient {
   public:
     explicit IntQuotient(int sf)
-        : up_(sf < 0), p_(std::ldexp(1.0, sf < -2000 || sf > 2000 ? 2000 : sf < 0 ? -sf : sf)) {}
+        : up_(sf < 0), p_(std::ldexp(1.0, sf < -2000 || sf > 2000 ? 2000
+                                          : sf < 0                ? -sf
+                                                                  : sf)) {}
     template <class D>
     D round(double num, double den) const {
         return num::round_even_saturate<D>(up_ ? (num / den) * p_ : num / (den * p_));
