@@ -1,7 +1,15 @@
 // Hand-written vector bodies of the hottest arithmetic kernels, included by arith_simd.cpp after
-// its plain loops (which they reuse for lead-in, tails and rare scale factors). Each gives the
-// plain loop's bits exactly.
+// its plain loops (which they reuse for tails and rare scale factors). Each gives the plain
+// loop's bits exactly:
+// - 16-bit scaled kernels widen to 32-bit lanes, apply the shift-and-lowest-bit rounding rule
+//   and narrow with signed saturation (sf = 0 of Add/Sub: saturating 16-bit arithmetic).
+// - 32fc products and quotients work in double, where every float product is exact; fused
+//   multiply-adds of exact products round exactly like the plain loop's separate operations.
 #pragma once
+
+#if VEK_ISA_LEVEL >= 2
+#include <immintrin.h>
+#endif
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -13,12 +21,293 @@ constexpr auto add_64f_fast = add_f<Vek64f>;
 constexpr auto sub_64f_fast = sub_f<Vek64f>;
 constexpr auto mul_64f_fast = mul_f<Vek64f>;
 constexpr auto div_32f_fast = div_f<Vek32f>;
+
+#if VEK_ISA_LEVEL >= 3
+
+// GCC 12's AVX-512 headers start some conversions from _mm512_undefined_*(), which its own
+// flow analysis then reports as possibly uninitialised.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
+// ---- 16-bit scaled, AVX-512: 16 elements per step in 32-bit lanes --------------------------
+
+inline __m512i round_shift(__m512i v, __m128i cnt, __m512i bias, __m512i one) {
+    const __m512i bit = _mm512_and_si512(_mm512_sra_epi32(v, cnt), one);
+    return _mm512_sra_epi32(_mm512_add_epi32(_mm512_add_epi32(v, bias), bit), cnt);
+}
+inline __m256i load16(const Vek16s* p) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+}
+inline void store16(Vek16s* p, __m512i v32) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm512_cvtsepi32_epi16(v32));
+}
+
+// exact(a16, b16) gives the exact 32-bit values of 16 elements; load_b(i) the second operand.
+template <int ZeroAbove, class LoadB, class Exact, class Plain>
+inline void scaled16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Exact exact,
+                     Plain plain) {
+    if (sf < 0 || sf > ZeroAbove) return plain(0, n);
+    int i = 0;
+    if (sf == 0) {
+        for (; i + 16 <= n; i += 16) store16(d + i, exact(load16(a + i), load_b(i)));
+    } else {
+        const __m128i cnt = _mm_cvtsi32_si128(sf);
+        const __m512i bias = _mm512_set1_epi32((1 << (sf - 1)) - 1), one = _mm512_set1_epi32(1);
+        for (; i + 32 <= n; i += 32) {
+            const __m512i v0 = exact(load16(a + i), load_b(i));
+            const __m512i v1 = exact(load16(a + i + 16), load_b(i + 16));
+            store16(d + i, round_shift(v0, cnt, bias, one));
+            store16(d + i + 16, round_shift(v1, cnt, bias, one));
+        }
+        for (; i + 16 <= n; i += 16)
+            store16(d + i, round_shift(exact(load16(a + i), load_b(i)), cnt, bias, one));
+    }
+    if (i < n) plain(i, n - i);
+}
+
+inline __m512i widen(__m256i x) { return _mm512_cvtepi16_epi32(x); }
+// Zero-extended pairs make vpmaddwd form the exact signed product a * b + 0 * 0.
+inline __m512i product(__m256i a, __m256i b) {
+    return _mm512_madd_epi16(_mm512_cvtepu16_epi32(a), _mm512_cvtepu16_epi32(b));
+}
+
+template <bool Subtract>
+void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    auto plain = [&](int i, int m) {
+        if constexpr (Subtract)
+            sub_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+        else
+            add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+    };
+    if (sf == 0) { // saturating 16-bit arithmetic, 32 elements per step
+        int i = 0;
+        for (; i + 32 <= n; i += 32) {
+            const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
+            _mm512_storeu_si512(d + i,
+                                Subtract ? _mm512_subs_epi16(y, x) : _mm512_adds_epi16(x, y));
+        }
+        if (i < n) plain(i, n - i);
+        return;
+    }
+    scaled16<kZero16sAdd>(
+        a, [b](int i) { return load16(b + i); }, d, n, sf,
+        [](__m256i x, __m256i y) {
+            return Subtract ? _mm512_sub_epi32(widen(y), widen(x))
+                            : _mm512_add_epi32(widen(x), widen(y));
+        },
+        plain);
+}
+void add_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    addsub_16s_fast<false>(a, b, d, n, sf);
+}
+void sub_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    addsub_16s_fast<true>(a, b, d, n, sf);
+}
+void mul_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    scaled16<kZero16sMul>(
+        a, [b](int i) { return load16(b + i); }, d, n, sf, product,
+        [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
+}
+void mulc_16s_sfs_fast(const Vek16s* s, Vek16s v, Vek16s* d, int n, int sf) {
+    const __m256i vv = _mm256_set1_epi16(v);
+    scaled16<kZero16sMul>(
+        s, [vv](int) { return vv; }, d, n, sf, product,
+        [&](int i, int m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
+}
+
+// ---- 32fc in double, AVX-512: 8 complex elements per step ----------------------------------
+
+inline __m512d lo_pd(__m512 x) { return _mm512_cvtps_pd(_mm512_castps512_ps256(x)); }
+inline __m512d hi_pd(__m512 x) {
+    return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(x), 1)));
+}
+// (xr*yr - xi*yi, xi*yr + xr*yi)
+inline __m512d cmul_pd(__m512d x, __m512d y) {
+    const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
+    return _mm512_fmaddsub_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
+}
+// x / y as (xr*yr + xi*yi, xi*yr - xr*yi) / (yr*yr + yi*yi); `zero` collects den == 0 lanes.
+inline __m512d cdiv_pd(__m512d x, __m512d y, __mmask8& zero) {
+    const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
+    const __m512d num = _mm512_fmsubadd_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
+    const __m512d y2 = _mm512_mul_pd(y, y);
+    const __m512d den = _mm512_add_pd(y2, _mm512_permute_pd(y2, 0x55));
+    zero |= _mm512_cmp_pd_mask(den, _mm512_setzero_pd(), _CMP_EQ_OQ);
+    return _mm512_div_pd(num, den);
+}
+inline __m512 join_ps(__m512d lo, __m512d hi) {
+    return _mm512_insertf32x8(_mm512_castps256_ps512(_mm512_cvtpd_ps(lo)), _mm512_cvtpd_ps(hi), 1);
+}
+
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0;
+    for (; i + 8 <= n; i += 8) {
+        const __m512 x = _mm512_loadu_ps(&a[i].re), y = _mm512_loadu_ps(&b[i].re);
+        _mm512_storeu_ps(&d[i].re,
+                         join_ps(cmul_pd(lo_pd(x), lo_pd(y)), cmul_pd(hi_pd(x), hi_pd(y))));
+    }
+    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+}
+
+int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0, zero = 0;
+    for (; i + 8 <= n; i += 8) {
+        const __m512 y = _mm512_loadu_ps(&a[i].re), x = _mm512_loadu_ps(&b[i].re);
+        __mmask8 z = 0;
+        const __m512d lo = cdiv_pd(lo_pd(x), lo_pd(y), z), hi = cdiv_pd(hi_pd(x), hi_pd(y), z);
+        if (z)
+            zero |= div_c(a + i, b + i, d + i, 8); // zero divisors: the element rule
+        else
+            _mm512_storeu_ps(&d[i].re, join_ps(lo, hi));
+    }
+    if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
+    return zero;
+}
+
+#elif VEK_ISA_LEVEL >= 2
+
+// ---- 16-bit scaled, AVX2: 8 elements per half step in 32-bit lanes -------------------------
+
+inline __m256i round_shift(__m256i v, __m128i cnt, __m256i bias, __m256i one) {
+    const __m256i bit = _mm256_and_si256(_mm256_sra_epi32(v, cnt), one);
+    return _mm256_sra_epi32(_mm256_add_epi32(_mm256_add_epi32(v, bias), bit), cnt);
+}
+inline __m128i load8(const Vek16s* p) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+}
+// Narrows two vectors of 8 int32 to 16 int16 with signed saturation, in order.
+inline void store16(Vek16s* p, __m256i lo, __m256i hi) {
+    const __m256i packed = _mm256_permute4x64_epi64(_mm256_packs_epi32(lo, hi), 0xD8);
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), packed);
+}
+
+template <int ZeroAbove, class LoadB, class Exact, class Plain>
+inline void scaled16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Exact exact,
+                     Plain plain) {
+    if (sf < 0 || sf > ZeroAbove) return plain(0, n);
+    int i = 0;
+    if (sf == 0) {
+        for (; i + 16 <= n; i += 16)
+            store16(d + i, exact(load8(a + i), load_b(i)), exact(load8(a + i + 8), load_b(i + 8)));
+    } else {
+        const __m128i cnt = _mm_cvtsi32_si128(sf);
+        const __m256i bias = _mm256_set1_epi32((1 << (sf - 1)) - 1), one = _mm256_set1_epi32(1);
+        for (; i + 16 <= n; i += 16) {
+            const __m256i v0 = exact(load8(a + i), load_b(i));
+            const __m256i v1 = exact(load8(a + i + 8), load_b(i + 8));
+            store16(d + i, round_shift(v0, cnt, bias, one), round_shift(v1, cnt, bias, one));
+        }
+    }
+    if (i < n) plain(i, n - i);
+}
+
+inline __m256i widen(__m128i x) { return _mm256_cvtepi16_epi32(x); }
+inline __m256i product(__m128i a, __m128i b) {
+    return _mm256_madd_epi16(_mm256_cvtepu16_epi32(a), _mm256_cvtepu16_epi32(b));
+}
+
+template <bool Subtract>
+void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    auto plain = [&](int i, int m) {
+        if constexpr (Subtract)
+            sub_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+        else
+            add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+    };
+    if (sf == 0) {
+        int i = 0;
+        for (; i + 16 <= n; i += 16) {
+            const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i));
+            const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b + i));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i),
+                                Subtract ? _mm256_subs_epi16(y, x) : _mm256_adds_epi16(x, y));
+        }
+        if (i < n) plain(i, n - i);
+        return;
+    }
+    scaled16<kZero16sAdd>(
+        a, [b](int i) { return load8(b + i); }, d, n, sf,
+        [](__m128i x, __m128i y) {
+            return Subtract ? _mm256_sub_epi32(widen(y), widen(x))
+                            : _mm256_add_epi32(widen(x), widen(y));
+        },
+        plain);
+}
+void add_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    addsub_16s_fast<false>(a, b, d, n, sf);
+}
+void sub_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    addsub_16s_fast<true>(a, b, d, n, sf);
+}
+void mul_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    scaled16<kZero16sMul>(
+        a, [b](int i) { return load8(b + i); }, d, n, sf, product,
+        [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
+}
+void mulc_16s_sfs_fast(const Vek16s* s, Vek16s v, Vek16s* d, int n, int sf) {
+    const __m128i vv = _mm_set1_epi16(v);
+    scaled16<kZero16sMul>(
+        s, [vv](int) { return vv; }, d, n, sf, product,
+        [&](int i, int m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
+}
+
+// ---- 32fc in double, AVX2: 4 complex elements per step -------------------------------------
+
+inline __m256d lo_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_castps256_ps128(x)); }
+inline __m256d hi_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_extractf128_ps(x, 1)); }
+inline __m256d cmul_pd(__m256d x, __m256d y) {
+    const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
+    return _mm256_fmaddsub_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
+}
+inline __m256d cdiv_pd(__m256d x, __m256d y, __m256d& zero) {
+    const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
+    const __m256d num = _mm256_fmsubadd_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
+    const __m256d y2 = _mm256_mul_pd(y, y);
+    const __m256d den = _mm256_add_pd(y2, _mm256_permute_pd(y2, 0x5));
+    zero = _mm256_or_pd(zero, _mm256_cmp_pd(den, _mm256_setzero_pd(), _CMP_EQ_OQ));
+    return _mm256_div_pd(num, den);
+}
+inline __m256 join_ps(__m256d lo, __m256d hi) {
+    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(lo)), _mm256_cvtpd_ps(hi),
+                                1);
+}
+
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0;
+    for (; i + 4 <= n; i += 4) {
+        const __m256 x = _mm256_loadu_ps(&a[i].re), y = _mm256_loadu_ps(&b[i].re);
+        _mm256_storeu_ps(&d[i].re,
+                         join_ps(cmul_pd(lo_pd(x), lo_pd(y)), cmul_pd(hi_pd(x), hi_pd(y))));
+    }
+    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+}
+
+int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0, zero = 0;
+    for (; i + 4 <= n; i += 4) {
+        const __m256 y = _mm256_loadu_ps(&a[i].re), x = _mm256_loadu_ps(&b[i].re);
+        __m256d z = _mm256_setzero_pd();
+        const __m256d lo = cdiv_pd(lo_pd(x), lo_pd(y), z), hi = cdiv_pd(hi_pd(x), hi_pd(y), z);
+        if (_mm256_movemask_pd(z))
+            zero |= div_c(a + i, b + i, d + i, 4);
+        else
+            _mm256_storeu_ps(&d[i].re, join_ps(lo, hi));
+    }
+    if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
+    return zero;
+}
+
+#else
+
 constexpr auto mul_32fc_fast = mul_c<Vek32fc>;
 constexpr auto div_32fc_fast = div_c<Vek32fc>;
 constexpr auto add_16s_sfs_fast = add_16s_sfs_plain;
 constexpr auto sub_16s_sfs_fast = sub_16s_sfs_plain;
 constexpr auto mul_16s_sfs_fast = mul_16s_sfs_plain;
 constexpr auto mulc_16s_sfs_fast = mulc_16s_sfs_plain;
+
+#endif
 
 } // namespace
 } // namespace veks::kern::VEK_ISA
