@@ -31,9 +31,12 @@ extern "C" {
    - Complex integer Div / DivC: the quotient (y.re*x.re + y.im*x.im, y.im*x.re - y.re*x.im) /
      (x.re^2 + x.im^2) with exact integer numerators and denominator, rounded once per part;
      a divisor (0, 0) follows the zero-divisor rule part by part.
-   - Complex float Div: 32fc forms the quotient in double and rounds once to float; 64fc uses
-     Smith's scaling (no intermediate overflow). A zero divisor applies the rule to each part.
-   - Complex float Mul/MulC of 32fc is formed in double and rounded once per part.
+   - Complex float Div: 32fc forms the quotient in double (exact products, numerators times the
+     reciprocal of re^2 + im^2) and rounds it to float; 64fc uses Smith's scaling (no
+     intermediate overflow). A zero divisor applies the rule to each part.
+   - Complex float Mul/MulC of 32fc fuse one product per part: re = fma(a.re, b.re,
+     -(a.im*b.im)), im = fma(a.im, b.re, a.re*b.im), on every processor; 64fc rounds each
+     product and the sum (no fusing).
    DivC_32f / DivC_64f multiply by the reciprocal 1/val formed in double and rounded to the type
    (and test val == 0 before anything else). DivC of integer and complex types tests pointers,
    the length, then val (complex: both parts zero) and returns vekStsDivideByZeroErr.

@@ -97,13 +97,14 @@ void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
 }
 
 // ---- floating point, complex ---------------------------------------------------------------
-// Complex products and quotients of 32fc are formed in double precision (the float products
-// are exact there) and rounded once to float. 64fc quotients use Smith's scaling so that
-// |divisor|^2 can neither overflow nor underflow.
+// 32fc products fuse one of the two products of each part: re = fma(xr, yr, -(xi*yi)),
+// im = fma(xi, yr, xr*yi), identically on every level (two roundings per part, no more). 32fc
+// quotients are formed in double, where the float products are exact, through the reciprocal of
+// |y|^2 and rounded to float. 64fc quotients use Smith's scaling so that |divisor|^2 can
+// neither overflow nor underflow.
 
 inline Vek32fc cmul(Vek32fc x, Vek32fc y) {
-    const double xr = x.re, xi = x.im, yr = y.re, yi = y.im;
-    return {static_cast<float>(xr * yr - xi * yi), static_cast<float>(xr * yi + xi * yr)};
+    return {std::fma(x.re, y.re, -(x.im * y.im)), std::fma(x.im, y.re, x.re * y.im)};
 }
 inline Vek64fc cmul(Vek64fc x, Vek64fc y) {
     return {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};
@@ -115,9 +116,9 @@ inline Vek32fc cdiv(Vek32fc x, Vek32fc y, int& zero) {
         return {fdiv_by_zero(x.re), fdiv_by_zero(x.im)};
     }
     const double xr = x.re, xi = x.im, yr = y.re, yi = y.im;
-    const double den = yr * yr + yi * yi;
-    return {static_cast<float>((xr * yr + xi * yi) / den),
-            static_cast<float>((xi * yr - xr * yi) / den)};
+    const double r = 1.0 / (yr * yr + yi * yi);
+    return {static_cast<float>((xr * yr + xi * yi) * r),
+            static_cast<float>((xi * yr - xr * yi) * r)};
 }
 inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
     if (y.re == 0.0 && y.im == 0.0) {
@@ -252,8 +253,28 @@ VEK_SCALEDC(subc_8u_sfs, Vek8u, int32_t, kZero8uAdd, minus)
 VEK_SCALEDC(subcrev_8u_sfs, Vek8u, int32_t, kZero8uAdd, rminus)
 VEK_SCALEDC(mulc_8u_sfs, Vek8u, int32_t, kZero8uMul, times)
 
-VEK_SCALED2(add_16s_sfs_plain, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, plus)
-VEK_SCALED2(sub_16s_sfs_plain, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, rminus)
+VEK_SCALED2(add_16s_sfs_wide, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, plus)
+VEK_SCALED2(sub_16s_sfs_wide, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, rminus)
+
+// sf = 1 of 16-bit sums and differences stays in 16 bits: with k = floor(v / 2) formed from the
+// halves of the operands, v / 2 rounded half to even is k + (v odd and k odd).
+void add_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    if (sf != 1) return add_16s_sfs_wide(a, b, d, n, sf);
+    for (int i = 0; i < n; ++i) {
+        const Vek16s x = a[i], y = b[i];
+        const Vek16s k = static_cast<Vek16s>((x >> 1) + (y >> 1) + (x & y & 1));
+        d[i] = static_cast<Vek16s>(k + ((x ^ y) & k & 1));
+    }
+}
+void sub_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+    if (sf != 1) return sub_16s_sfs_wide(a, b, d, n, sf);
+    for (int i = 0; i < n; ++i) { // y - x
+        const Vek16s x = a[i], y = b[i];
+        const Vek16s k = static_cast<Vek16s>((y >> 1) - (x >> 1) - (x & ~y & 1));
+        const int32_t r = k + ((x ^ y) & k & 1); // 32767.5 rounds to 32768: saturate
+        d[i] = static_cast<Vek16s>(r > 32767 ? 32767 : r);
+    }
+}
 VEK_SCALED2(mul_16s_sfs_plain, Vek16s, int32_t, kZero16sMul, Vek16s, Vek16s, times)
 VEK_SCALEDC(addc_16s_sfs, Vek16s, int32_t, kZero16sAdd, plus)
 VEK_SCALEDC(subc_16s_sfs, Vek16s, int32_t, kZero16sAdd, minus)
@@ -473,7 +494,7 @@ extern const ArithKernels arith = {
     .addc_32fc = addc_c<Vek32fc>,
     .subc_32fc = subc_c<Vek32fc>,
     .subcrev_32fc = subcrev_c<Vek32fc>,
-    .mulc_32fc = mulc_c<Vek32fc>,
+    .mulc_32fc = mulc_32fc_fast,
     .divc_32fc = divc_c<Vek32fc>,
     .addc_64fc = addc_c<Vek64fc>,
     .subc_64fc = subc_c<Vek64fc>,

@@ -3,8 +3,8 @@
 // loop's bits exactly:
 // - 16-bit scaled kernels widen to 32-bit lanes, apply the shift-and-lowest-bit rounding rule
 //   and narrow with signed saturation (sf = 0 of Add/Sub: saturating 16-bit arithmetic).
-// - 32fc products and quotients work in double, where every float product is exact; fused
-//   multiply-adds of exact products round exactly like the plain loop's separate operations.
+// - 32fc products use the plain loop's fused form; quotients work in double, where every float
+//   product is exact, so fusing them rounds exactly like the plain loop's separate operations.
 #pragma once
 
 #if VEK_ISA_LEVEL >= 2
@@ -67,10 +67,6 @@ inline void scaled16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Ex
 }
 
 inline __m512i widen(__m256i x) { return _mm512_cvtepi16_epi32(x); }
-// Zero-extended pairs make vpmaddwd form the exact signed product a * b + 0 * 0.
-inline __m512i product(__m256i a, __m256i b) {
-    return _mm512_madd_epi16(_mm512_cvtepu16_epi32(a), _mm512_cvtepu16_epi32(b));
-}
 
 template <bool Subtract>
 void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
@@ -80,7 +76,8 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
         else
             add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
     };
-    if (sf == 0) { // saturating 16-bit arithmetic, 32 elements per step
+    if (sf == 1) return plain(0, n); // 16-bit halving loop, vectorised as written
+    if (sf == 0) {                   // saturating 16-bit arithmetic, 32 elements per step
         int i = 0;
         for (; i + 32 <= n; i += 32) {
             const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
@@ -104,62 +101,102 @@ void add_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf
 void sub_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
     addsub_16s_fast<true>(a, b, d, n, sf);
 }
+// Products of 32 elements: 16x16 -> 32-bit halves interleaved in-lane, rounded, and packed back
+// with signed saturation (the in-lane pack restores the element order).
+template <class LoadB, class Plain>
+inline void mul16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Plain plain) {
+    if (sf < 0 || sf > kZero16sMul) return plain(0, n);
+    const __m128i cnt = _mm_cvtsi32_si128(sf);
+    const __m512i bias = _mm512_set1_epi32(sf ? (1 << (sf - 1)) - 1 : 0);
+    const __m512i one = _mm512_set1_epi32(sf ? 1 : 0);
+    int i = 0;
+    for (; i + 32 <= n; i += 32) {
+        const __m512i x = _mm512_loadu_si512(a + i), y = load_b(i);
+        const __m512i lo = _mm512_mullo_epi16(x, y), hi = _mm512_mulhi_epi16(x, y);
+        const __m512i p0 = round_shift(_mm512_unpacklo_epi16(lo, hi), cnt, bias, one);
+        const __m512i p1 = round_shift(_mm512_unpackhi_epi16(lo, hi), cnt, bias, one);
+        _mm512_storeu_si512(d + i, _mm512_packs_epi32(p0, p1));
+    }
+    if (i < n) plain(i, n - i);
+}
 void mul_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
-    scaled16<kZero16sMul>(
-        a, [b](int i) { return load16(b + i); }, d, n, sf, product,
+    mul16(
+        a, [b](int i) { return _mm512_loadu_si512(b + i); }, d, n, sf,
         [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
 }
 void mulc_16s_sfs_fast(const Vek16s* s, Vek16s v, Vek16s* d, int n, int sf) {
-    const __m256i vv = _mm256_set1_epi16(v);
-    scaled16<kZero16sMul>(
-        s, [vv](int) { return vv; }, d, n, sf, product,
+    const __m512i vv = _mm512_set1_epi16(v);
+    mul16(
+        s, [vv](int) { return vv; }, d, n, sf,
         [&](int i, int m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
 }
 
-// ---- 32fc in double, AVX-512: 8 complex elements per step ----------------------------------
+// ---- 32fc, AVX-512: 8 complex elements per step ------------------------------------------
 
+// (fma(xr, yr, -(xi*yi)), fma(xi, yr, xr*yi)), as the plain loop.
+inline __m512 cmul_ps(__m512 x, __m512 y) {
+    const __m512 yr = _mm512_moveldup_ps(y), yi = _mm512_movehdup_ps(y);
+    return _mm512_fmaddsub_ps(x, yr, _mm512_mul_ps(_mm512_permute_ps(x, 0xB1), yi));
+}
+
+template <class LoadY>
+inline void mul_32fc_body(const Vek32fc* a, LoadY load_y, Vek32fc* d, int n, int& i) {
+    for (; i + 16 <= n; i += 16) {
+        const __m512 x0 = _mm512_loadu_ps(&a[i].re), x1 = _mm512_loadu_ps(&a[i + 8].re);
+        const __m512 r0 = cmul_ps(x0, load_y(i)), r1 = cmul_ps(x1, load_y(i + 8));
+        _mm512_storeu_ps(&d[i].re, r0);
+        _mm512_storeu_ps(&d[i + 8].re, r1);
+    }
+    for (; i + 8 <= n; i += 8)
+        _mm512_storeu_ps(&d[i].re, cmul_ps(_mm512_loadu_ps(&a[i].re), load_y(i)));
+}
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0;
+    mul_32fc_body(
+        a, [b](int j) { return _mm512_loadu_ps(&b[j].re); }, d, n, i);
+    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+}
+void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
+    const __m512 vv = _mm512_castpd_ps(_mm512_set1_pd(std::bit_cast<double>(v)));
+    int i = 0;
+    mul_32fc_body(
+        s, [vv](int) { return vv; }, d, n, i);
+    if (i < n) mulc_c(s + i, v, d + i, n - i);
+}
+
+// Quotients in double: numerators (xr*yr + xi*yi, xi*yr - xr*yi) of exact products, times the
+// reciprocal of yr*yr + yi*yi; one division serves 8 elements.
 inline __m512d lo_pd(__m512 x) { return _mm512_cvtps_pd(_mm512_castps512_ps256(x)); }
 inline __m512d hi_pd(__m512 x) {
     return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(x), 1)));
 }
-// (xr*yr - xi*yi, xi*yr + xr*yi)
-inline __m512d cmul_pd(__m512d x, __m512d y) {
+inline __m512d cnum_pd(__m512d x, __m512d y) {
     const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
-    return _mm512_fmaddsub_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
+    return _mm512_fmsubadd_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
 }
-// x / y as (xr*yr + xi*yi, xi*yr - xr*yi) / (yr*yr + yi*yi); `zero` collects den == 0 lanes.
-inline __m512d cdiv_pd(__m512d x, __m512d y, __mmask8& zero) {
-    const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
-    const __m512d num = _mm512_fmsubadd_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
+inline __m512d cden_pd(__m512d y) { // yr*yr + yi*yi in the even lanes
     const __m512d y2 = _mm512_mul_pd(y, y);
-    const __m512d den = _mm512_add_pd(y2, _mm512_permute_pd(y2, 0x55));
-    zero |= _mm512_cmp_pd_mask(den, _mm512_setzero_pd(), _CMP_EQ_OQ);
-    return _mm512_div_pd(num, den);
-}
-inline __m512 join_ps(__m512d lo, __m512d hi) {
-    return _mm512_insertf32x8(_mm512_castps256_ps512(_mm512_cvtpd_ps(lo)), _mm512_cvtpd_ps(hi), 1);
-}
-
-void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    int i = 0;
-    for (; i + 8 <= n; i += 8) {
-        const __m512 x = _mm512_loadu_ps(&a[i].re), y = _mm512_loadu_ps(&b[i].re);
-        _mm512_storeu_ps(&d[i].re,
-                         join_ps(cmul_pd(lo_pd(x), lo_pd(y)), cmul_pd(hi_pd(x), hi_pd(y))));
-    }
-    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+    return _mm512_add_pd(y2, _mm512_permute_pd(y2, 0x55));
 }
 
 int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    const __m512i even = _mm512_setr_epi64(0, 2, 4, 6, 8, 10, 12, 14);
+    const __m512i dup_lo = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
+    const __m512i dup_hi = _mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7);
     int i = 0, zero = 0;
     for (; i + 8 <= n; i += 8) {
         const __m512 y = _mm512_loadu_ps(&a[i].re), x = _mm512_loadu_ps(&b[i].re);
-        __mmask8 z = 0;
-        const __m512d lo = cdiv_pd(lo_pd(x), lo_pd(y), z), hi = cdiv_pd(hi_pd(x), hi_pd(y), z);
-        if (z)
+        const __m512d yl = lo_pd(y), yh = hi_pd(y);
+        const __m512d den = _mm512_permutex2var_pd(cden_pd(yl), even, cden_pd(yh));
+        if (_mm512_cmp_pd_mask(den, _mm512_setzero_pd(), _CMP_EQ_OQ)) {
             zero |= div_c(a + i, b + i, d + i, 8); // zero divisors: the element rule
-        else
-            _mm512_storeu_ps(&d[i].re, join_ps(lo, hi));
+            continue;
+        }
+        const __m512d r = _mm512_div_pd(_mm512_set1_pd(1.0), den);
+        const __m512d ql = _mm512_mul_pd(cnum_pd(lo_pd(x), yl), _mm512_permutexvar_pd(dup_lo, r));
+        const __m512d qh = _mm512_mul_pd(cnum_pd(hi_pd(x), yh), _mm512_permutexvar_pd(dup_hi, r));
+        _mm512_storeu_ps(&d[i].re, _mm512_insertf32x8(_mm512_castps256_ps512(_mm512_cvtpd_ps(ql)),
+                                                      _mm512_cvtpd_ps(qh), 1));
     }
     if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
     return zero;
@@ -203,9 +240,6 @@ inline void scaled16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Ex
 }
 
 inline __m256i widen(__m128i x) { return _mm256_cvtepi16_epi32(x); }
-inline __m256i product(__m128i a, __m128i b) {
-    return _mm256_madd_epi16(_mm256_cvtepu16_epi32(a), _mm256_cvtepu16_epi32(b));
-}
 
 template <bool Subtract>
 void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
@@ -215,6 +249,7 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
         else
             add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
     };
+    if (sf == 1) return plain(0, n);
     if (sf == 0) {
         int i = 0;
         for (; i + 16 <= n; i += 16) {
@@ -240,59 +275,80 @@ void add_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf
 void sub_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
     addsub_16s_fast<true>(a, b, d, n, sf);
 }
+template <class LoadB, class Plain>
+inline void mul16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Plain plain) {
+    if (sf < 0 || sf > kZero16sMul) return plain(0, n);
+    const __m128i cnt = _mm_cvtsi32_si128(sf);
+    const __m256i bias = _mm256_set1_epi32(sf ? (1 << (sf - 1)) - 1 : 0);
+    const __m256i one = _mm256_set1_epi32(sf ? 1 : 0);
+    int i = 0;
+    for (; i + 16 <= n; i += 16) {
+        const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i));
+        const __m256i y = load_b(i);
+        const __m256i lo = _mm256_mullo_epi16(x, y), hi = _mm256_mulhi_epi16(x, y);
+        const __m256i p0 = round_shift(_mm256_unpacklo_epi16(lo, hi), cnt, bias, one);
+        const __m256i p1 = round_shift(_mm256_unpackhi_epi16(lo, hi), cnt, bias, one);
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm256_packs_epi32(p0, p1));
+    }
+    if (i < n) plain(i, n - i);
+}
 void mul_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
-    scaled16<kZero16sMul>(
-        a, [b](int i) { return load8(b + i); }, d, n, sf, product,
-        [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
+    mul16(
+        a, [b](int i) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b + i)); }, d, n,
+        sf, [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
 }
 void mulc_16s_sfs_fast(const Vek16s* s, Vek16s v, Vek16s* d, int n, int sf) {
-    const __m128i vv = _mm_set1_epi16(v);
-    scaled16<kZero16sMul>(
-        s, [vv](int) { return vv; }, d, n, sf, product,
+    const __m256i vv = _mm256_set1_epi16(v);
+    mul16(
+        s, [vv](int) { return vv; }, d, n, sf,
         [&](int i, int m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
 }
 
-// ---- 32fc in double, AVX2: 4 complex elements per step -------------------------------------
+// ---- 32fc, AVX2: 4 complex elements per step ----------------------------------------------
+
+inline __m256 cmul_ps(__m256 x, __m256 y) {
+    const __m256 yr = _mm256_moveldup_ps(y), yi = _mm256_movehdup_ps(y);
+    return _mm256_fmaddsub_ps(x, yr, _mm256_mul_ps(_mm256_permute_ps(x, 0xB1), yi));
+}
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0;
+    for (; i + 4 <= n; i += 4)
+        _mm256_storeu_ps(&d[i].re, cmul_ps(_mm256_loadu_ps(&a[i].re), _mm256_loadu_ps(&b[i].re)));
+    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+}
+void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
+    const __m256 vv = _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(v)));
+    int i = 0;
+    for (; i + 4 <= n; i += 4) _mm256_storeu_ps(&d[i].re, cmul_ps(_mm256_loadu_ps(&s[i].re), vv));
+    if (i < n) mulc_c(s + i, v, d + i, n - i);
+}
 
 inline __m256d lo_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_castps256_ps128(x)); }
 inline __m256d hi_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_extractf128_ps(x, 1)); }
-inline __m256d cmul_pd(__m256d x, __m256d y) {
+inline __m256d cnum_pd(__m256d x, __m256d y) {
     const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
-    return _mm256_fmaddsub_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
+    return _mm256_fmsubadd_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
 }
-inline __m256d cdiv_pd(__m256d x, __m256d y, __m256d& zero) {
-    const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
-    const __m256d num = _mm256_fmsubadd_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
+inline __m256d cden_pd(__m256d y) {
     const __m256d y2 = _mm256_mul_pd(y, y);
-    const __m256d den = _mm256_add_pd(y2, _mm256_permute_pd(y2, 0x5));
-    zero = _mm256_or_pd(zero, _mm256_cmp_pd(den, _mm256_setzero_pd(), _CMP_EQ_OQ));
-    return _mm256_div_pd(num, den);
-}
-inline __m256 join_ps(__m256d lo, __m256d hi) {
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(lo)), _mm256_cvtpd_ps(hi),
-                                1);
-}
-
-void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    int i = 0;
-    for (; i + 4 <= n; i += 4) {
-        const __m256 x = _mm256_loadu_ps(&a[i].re), y = _mm256_loadu_ps(&b[i].re);
-        _mm256_storeu_ps(&d[i].re,
-                         join_ps(cmul_pd(lo_pd(x), lo_pd(y)), cmul_pd(hi_pd(x), hi_pd(y))));
-    }
-    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+    return _mm256_add_pd(y2, _mm256_permute_pd(y2, 0x5));
 }
 
 int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
     int i = 0, zero = 0;
     for (; i + 4 <= n; i += 4) {
         const __m256 y = _mm256_loadu_ps(&a[i].re), x = _mm256_loadu_ps(&b[i].re);
-        __m256d z = _mm256_setzero_pd();
-        const __m256d lo = cdiv_pd(lo_pd(x), lo_pd(y), z), hi = cdiv_pd(hi_pd(x), hi_pd(y), z);
-        if (_mm256_movemask_pd(z))
+        const __m256d yl = lo_pd(y), yh = hi_pd(y);
+        const __m256d den = _mm256_unpacklo_pd(cden_pd(yl), cden_pd(yh)); // d0 d2 d1 d3
+        if (_mm256_movemask_pd(_mm256_cmp_pd(den, _mm256_setzero_pd(), _CMP_EQ_OQ))) {
             zero |= div_c(a + i, b + i, d + i, 4);
-        else
-            _mm256_storeu_ps(&d[i].re, join_ps(lo, hi));
+            continue;
+        }
+        const __m256d r = _mm256_div_pd(_mm256_set1_pd(1.0), den);
+        const __m256d ql = _mm256_mul_pd(cnum_pd(lo_pd(x), yl), _mm256_unpacklo_pd(r, r));
+        const __m256d qh = _mm256_mul_pd(cnum_pd(hi_pd(x), yh), _mm256_unpackhi_pd(r, r));
+        _mm256_storeu_ps(&d[i].re, _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(ql)),
+                                                        _mm256_cvtpd_ps(qh), 1));
     }
     if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
     return zero;
@@ -301,6 +357,7 @@ int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
 #else
 
 constexpr auto mul_32fc_fast = mul_c<Vek32fc>;
+constexpr auto mulc_32fc_fast = mulc_c<Vek32fc>;
 constexpr auto div_32fc_fast = div_c<Vek32fc>;
 constexpr auto add_16s_sfs_fast = add_16s_sfs_plain;
 constexpr auto sub_16s_sfs_fast = sub_16s_sfs_plain;
