@@ -76,8 +76,26 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
         else
             add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
     };
-    if (sf == 1) return plain(0, n); // 16-bit halving loop, vectorised as written
-    if (sf == 0) {                   // saturating 16-bit arithmetic, 32 elements per step
+    if (sf == 1) { // the plain loop's halving rule in 16-bit lanes, 32 elements per step
+        const __m512i one = _mm512_set1_epi16(1);
+        int i = 0;
+        for (; i + 32 <= n; i += 32) {
+            const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
+            // k = floor(v / 2); ternary logic 0x80: p & q & r, 0x20: p & ~q & r
+            const __m512i k = Subtract
+                                  ? _mm512_sub_epi16(_mm512_sub_epi16(_mm512_srai_epi16(y, 1),
+                                                                      _mm512_srai_epi16(x, 1)),
+                                                     _mm512_ternarylogic_epi32(x, y, one, 0x20))
+                                  : _mm512_add_epi16(_mm512_add_epi16(_mm512_srai_epi16(x, 1),
+                                                                      _mm512_srai_epi16(y, 1)),
+                                                     _mm512_ternarylogic_epi32(x, y, one, 0x80));
+            const __m512i odd = _mm512_ternarylogic_epi32(_mm512_xor_si512(x, y), k, one, 0x80);
+            _mm512_storeu_si512(d + i, _mm512_adds_epi16(k, odd));
+        }
+        if (i < n) plain(i, n - i);
+        return;
+    }
+    if (sf == 0) { // saturating 16-bit arithmetic, 32 elements per step
         int i = 0;
         for (; i + 32 <= n; i += 32) {
             const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
@@ -249,7 +267,25 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
         else
             add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
     };
-    if (sf == 1) return plain(0, n);
+    if (sf == 1) {
+        const __m256i one = _mm256_set1_epi16(1);
+        int i = 0;
+        for (; i + 16 <= n; i += 16) {
+            const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(a + i));
+            const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(b + i));
+            const __m256i k =
+                Subtract ? _mm256_sub_epi16(
+                               _mm256_sub_epi16(_mm256_srai_epi16(y, 1), _mm256_srai_epi16(x, 1)),
+                               _mm256_and_si256(_mm256_andnot_si256(y, x), one))
+                         : _mm256_add_epi16(
+                               _mm256_add_epi16(_mm256_srai_epi16(x, 1), _mm256_srai_epi16(y, 1)),
+                               _mm256_and_si256(_mm256_and_si256(x, y), one));
+            const __m256i odd = _mm256_and_si256(_mm256_and_si256(_mm256_xor_si256(x, y), k), one);
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm256_adds_epi16(k, odd));
+        }
+        if (i < n) plain(i, n - i);
+        return;
+    }
     if (sf == 0) {
         int i = 0;
         for (; i + 16 <= n; i += 16) {
