@@ -292,6 +292,33 @@ TEST(ArithInt, Abs16sEveryLevel) {
     });
 }
 
+// Destinations of several MiB take the streaming-store path: every level must still give the
+// scalar level's bits (which the tests above hold to the reference), in place too.
+TEST(ArithInt, LargeVectors16s) {
+    const int n = (4 << 20) / 2 + 77;
+    vt::Rng rng(12);
+    const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
+    using Fn = VekStatus (*)(const Vek16s*, const Vek16s*, Vek16s*, int, int);
+    const Fn fns[] = {veksAdd_16s_Sfs, veksSub_16s_Sfs, veksMul_16s_Sfs,
+                      [](const Vek16s* x, const Vek16s*, Vek16s* d, int len, int sf) {
+                          return veksMulC_16s_Sfs(x, -12345, d, len, sf);
+                      }};
+    for (Fn f : fns)
+        for (int sf : {0, 1, 5}) {
+            std::vector<int16_t> want;
+            vt::for_each_level([&](auto level) {
+                vt::Buf<int16_t> pa(a, 2), pb(b, 6), pd(n, 10);
+                ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk);
+                if (level == veks::isa::scalar) want = pd.vec();
+                ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "sf " << sf;
+                ASSERT_TRUE(pd.guards_intact());
+                vt::Buf<int16_t> sd(b, 4);
+                ASSERT_EQ(f(pa.data(), sd.data(), sd.data(), n, sf), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, sf " << sf;
+            });
+        }
+}
+
 // ---- division ------------------------------------------------------------------------------
 
 // num / (den * 2^sf) rounded half to even, for den != 0: exact in long double for sf >= 0
