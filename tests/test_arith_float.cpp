@@ -171,6 +171,38 @@ TEST(ArithFloat, Abs) {
     check_abs<double, uint64_t>(veksAbs_64f, veksAbs_64f_I);
 }
 
+// Multi-MiB destinations take the streaming-store path; the bits stay those of the operation.
+template <class T>
+void check_large(int n) {
+    vt::Rng rng(50);
+    const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
+    vt::for_each_level([&](auto) {
+        vt::Buf<T> pa(a, 4), pb(b, 8), pd(n, 12), sd(b, 20);
+        auto check = [&](auto f, auto op) {
+            ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(pd[i], op(a[i], b[i]))) << i;
+            ASSERT_TRUE(pd.guards_intact());
+        };
+        if constexpr (sizeof(T) == 4) {
+            check(veksAdd_32f, [](T x, T y) { return x + y; });
+            check(veksSub_32f, [](T x, T y) { return y - x; });
+            check(veksMul_32f, [](T x, T y) { return x * y; });
+            ASSERT_EQ(veksAdd_32f_I(pa.data(), sd.data(), n), vekStsOk);
+        } else {
+            check(veksAdd_64f, [](T x, T y) { return x + y; });
+            check(veksSub_64f, [](T x, T y) { return y - x; });
+            check(veksMul_64f, [](T x, T y) { return x * y; });
+            ASSERT_EQ(veksAdd_64f_I(pa.data(), sd.data(), n), vekStsOk);
+        }
+        for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(sd[i], T(a[i] + b[i]))) << i;
+        ASSERT_TRUE(sd.guards_intact());
+    });
+}
+TEST(ArithFloat, LargeVectors) {
+    check_large<float>((4 << 20) / 4 + 37);
+    check_large<double>((4 << 20) / 8 + 37);
+}
+
 // ---- division ------------------------------------------------------------------------------
 
 template <class T, class U>

@@ -14,13 +14,16 @@
 namespace veks::kern::VEK_ISA {
 namespace {
 
+constexpr auto div_32f_fast = div_f<Vek32f>;
+
+#if VEK_ISA_LEVEL < 3
 constexpr auto add_32f_fast = add_f<Vek32f>;
 constexpr auto sub_32f_fast = sub_f<Vek32f>;
 constexpr auto mul_32f_fast = mul_f<Vek32f>;
 constexpr auto add_64f_fast = add_f<Vek64f>;
 constexpr auto sub_64f_fast = sub_f<Vek64f>;
 constexpr auto mul_64f_fast = mul_f<Vek64f>;
-constexpr auto div_32f_fast = div_f<Vek32f>;
+#endif
 
 #if VEK_ISA_LEVEL >= 3
 
@@ -53,6 +56,50 @@ inline void blocks32(Vek16s* d, int n, Body body, Plain plain) {
     }
     if (i < n) plain(i, n - i);
 }
+
+// ---- real float, AVX-512: plain loops, streamed for multi-MiB destinations -----------------
+
+template <class T>
+struct Vec512;
+template <>
+struct Vec512<float> {
+    static __m512 load(const float* p) { return _mm512_loadu_ps(p); }
+    static void stream(float* p, __m512 v) { _mm512_stream_ps(p, v); }
+};
+template <>
+struct Vec512<double> {
+    static __m512d load(const double* p) { return _mm512_loadu_pd(p); }
+    static void stream(double* p, __m512d v) { _mm512_stream_pd(p, v); }
+};
+
+template <class T, class VecOp, class Plain>
+inline void streamed2(const T* a, const T* b, T* d, int n, VecOp op, Plain plain) {
+    constexpr int w = 64 / sizeof(T);
+    const auto addr = reinterpret_cast<uintptr_t>(d);
+    if (static_cast<size_t>(n) * sizeof(T) < kStreamBytes || addr % sizeof(T) != 0)
+        return plain(a, b, d, n);
+    int i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
+    plain(a, b, d, i);
+    for (; i + w <= n; i += w)
+        Vec512<T>::stream(d + i, op(Vec512<T>::load(a + i), Vec512<T>::load(b + i)));
+    _mm_sfence();
+    plain(a + i, b + i, d + i, n - i);
+}
+
+#define VEK_STREAMED_F(name, T, plain, expr)                                                       \
+    void name(const T* a, const T* b, T* d, int n) {                                               \
+        streamed2(                                                                                 \
+            a, b, d, n, [](auto x, auto y) { return expr; }, plain);                               \
+    }
+VEK_STREAMED_F(add_32f_fast, Vek32f, add_f<Vek32f>, _mm512_add_ps(x, y))
+VEK_STREAMED_F(sub_32f_fast, Vek32f, sub_f<Vek32f>, _mm512_sub_ps(y, x))
+VEK_STREAMED_F(mul_32f_fast, Vek32f, mul_f<Vek32f>, _mm512_mul_ps(x, y))
+VEK_STREAMED_F(add_64f_fast, Vek64f, add_f<Vek64f>, _mm512_add_pd(x, y))
+VEK_STREAMED_F(sub_64f_fast, Vek64f, sub_f<Vek64f>, _mm512_sub_pd(y, x))
+VEK_STREAMED_F(mul_64f_fast, Vek64f, mul_f<Vek64f>, _mm512_mul_pd(x, y))
+#undef VEK_STREAMED_F
+
+// ---- 16-bit, AVX-512 ---------------------------------------------------------------------------
 
 inline __m512i round_shift(__m512i v, __m128i cnt, __m512i bias, __m512i one) {
     const __m512i bit = _mm512_and_si512(_mm512_sra_epi32(v, cnt), one);
