@@ -57,33 +57,45 @@ inline void blocks32(Vek16s* d, int n, Body body, Plain plain) {
     if (i < n) plain(i, n - i);
 }
 
-// ---- real float, AVX-512: plain loops, streamed for multi-MiB destinations -----------------
+// ---- real float, AVX-512: two vectors per step, streamed for multi-MiB destinations
+// -----------------
 
 template <class T>
 struct Vec512;
 template <>
 struct Vec512<float> {
     static __m512 load(const float* p) { return _mm512_loadu_ps(p); }
+    static void store(float* p, __m512 v) { _mm512_storeu_ps(p, v); }
     static void stream(float* p, __m512 v) { _mm512_stream_ps(p, v); }
 };
 template <>
 struct Vec512<double> {
     static __m512d load(const double* p) { return _mm512_loadu_pd(p); }
+    static void store(double* p, __m512d v) { _mm512_storeu_pd(p, v); }
     static void stream(double* p, __m512d v) { _mm512_stream_pd(p, v); }
 };
 
 template <class T, class VecOp, class Plain>
 inline void streamed2(const T* a, const T* b, T* d, int n, VecOp op, Plain plain) {
+    using V = Vec512<T>;
     constexpr int w = 64 / sizeof(T);
     const auto addr = reinterpret_cast<uintptr_t>(d);
-    if (static_cast<size_t>(n) * sizeof(T) < kStreamBytes || addr % sizeof(T) != 0)
-        return plain(a, b, d, n);
-    int i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
-    plain(a, b, d, i);
-    for (; i + w <= n; i += w)
-        Vec512<T>::stream(d + i, op(Vec512<T>::load(a + i), Vec512<T>::load(b + i)));
-    _mm_sfence();
-    plain(a + i, b + i, d + i, n - i);
+    int i = 0;
+    if (static_cast<size_t>(n) * sizeof(T) >= kStreamBytes && addr % sizeof(T) == 0) {
+        i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
+        plain(a, b, d, i);
+        for (; i + w <= n; i += w) V::stream(d + i, op(V::load(a + i), V::load(b + i)));
+        _mm_sfence();
+    } else {
+        for (; i + 2 * w <= n; i += 2 * w) {
+            const auto r0 = op(V::load(a + i), V::load(b + i));
+            const auto r1 = op(V::load(a + i + w), V::load(b + i + w));
+            V::store(d + i, r0);
+            V::store(d + i + w, r1);
+        }
+        for (; i + w <= n; i += w) V::store(d + i, op(V::load(a + i), V::load(b + i)));
+    }
+    if (i < n) plain(a + i, b + i, d + i, n - i);
 }
 
 #define VEK_STREAMED_F(name, T, plain, expr)                                                       \
