@@ -14,9 +14,9 @@
 namespace veks::kern::VEK_ISA {
 namespace {
 
-constexpr auto div_32f_fast = div_f<Vek32f>;
-
 #if VEK_ISA_LEVEL < 3
+constexpr auto div_32f_fast = div_f<Vek32f>;
+constexpr auto div_64f_fast = div_f<Vek64f>;
 constexpr auto add_32f_fast = add_f<Vek32f>;
 constexpr auto sub_32f_fast = sub_f<Vek32f>;
 constexpr auto mul_32f_fast = mul_f<Vek32f>;
@@ -110,6 +110,35 @@ VEK_STREAMED_F(add_64f_fast, Vek64f, add_f<Vek64f>, _mm512_add_pd(x, y))
 VEK_STREAMED_F(sub_64f_fast, Vek64f, sub_f<Vek64f>, _mm512_sub_pd(y, x))
 VEK_STREAMED_F(mul_64f_fast, Vek64f, mul_f<Vek64f>, _mm512_mul_pd(x, y))
 #undef VEK_STREAMED_F
+
+// Quotients of two vectors per step; a block holding a zero divisor is redone by the plain loop,
+// which applies the zero-divisor rule and reports it.
+template <class T, class Div, class IsZero>
+inline int div_blocks(const T* a, const T* b, T* d, int n, Div div, IsZero has_zero) {
+    using V = Vec512<T>;
+    constexpr int w = 64 / sizeof(T);
+    int i = 0, zero = 0;
+    for (; i + w <= n; i += w) {
+        const auto x = V::load(a + i);
+        if (has_zero(x)) {
+            zero |= div_f(a + i, b + i, d + i, w);
+            continue;
+        }
+        V::store(d + i, div(V::load(b + i), x));
+    }
+    if (i < n) zero |= div_f(a + i, b + i, d + i, n - i);
+    return zero;
+}
+int div_32f_fast(const Vek32f* a, const Vek32f* b, Vek32f* d, int n) {
+    return div_blocks(
+        a, b, d, n, [](__m512 y, __m512 x) { return _mm512_div_ps(y, x); },
+        [](__m512 x) { return _mm512_cmp_ps_mask(x, _mm512_setzero_ps(), _CMP_EQ_OQ) != 0; });
+}
+int div_64f_fast(const Vek64f* a, const Vek64f* b, Vek64f* d, int n) {
+    return div_blocks(
+        a, b, d, n, [](__m512d y, __m512d x) { return _mm512_div_pd(y, x); },
+        [](__m512d x) { return _mm512_cmp_pd_mask(x, _mm512_setzero_pd(), _CMP_EQ_OQ) != 0; });
+}
 
 // ---- 16-bit, AVX-512 ---------------------------------------------------------------------------
 
