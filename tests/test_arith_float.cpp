@@ -23,6 +23,12 @@ struct Cplx<Vek64fc> {
     using P = double;
 };
 
+// Offsets of k elements' alignment past a 64-byte boundary (see testutil's Buf).
+template <class T>
+size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
+
 template <class T>
 std::vector<T> fvec(vt::Rng& rng, int n) {
     std::vector<T> v(static_cast<size_t>(n));
@@ -46,7 +52,7 @@ void check_vv(uint64_t seed, F f, FI fi, Ref ref) {
             const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
             std::vector<T> want(a.size());
             for (int i = 0; i < n; ++i) want[i] = ref(a[i], b[i]);
-            vt::Buf<T> pa(a, 4), pb(b, 8), pd(n, 12), sd(b, 20);
+            vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(2)), pd(n, off<T>(3)), sd(b, off<T>(5));
             ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n;
             ASSERT_EQ(fi(pa.data(), sd.data(), n), vekStsOk);
@@ -65,7 +71,7 @@ void check_vc(uint64_t seed, F f, FI fi, Ref ref) {
             const T v = fvec<T>(rng, 1)[0];
             std::vector<T> want(s.size());
             for (int i = 0; i < n; ++i) want[i] = ref(s[i], v);
-            vt::Buf<T> ps(s, 4), pd(n, 12), sd(s, 20);
+            vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(3)), sd(s, off<T>(5));
             ASSERT_EQ(f(ps.data(), v, pd.data(), n), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n;
             ASSERT_EQ(fi(v, sd.data(), n), vekStsOk);
@@ -158,7 +164,7 @@ void check_abs(VekStatus (*f)(const T*, T*, int), VekStatus (*fi)(T*, int)) {
             std::vector<T> want(s.size());
             for (int i = 0; i < n; ++i)
                 want[i] = std::bit_cast<T>(std::bit_cast<U>(s[i]) & (~U{0} >> 1));
-            vt::Buf<T> ps(s, 4), pd(n, 8), sd(s, 12);
+            vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(2)), sd(s, off<T>(3));
             ASSERT_EQ(f(ps.data(), pd.data(), n), vekStsOk);
             ASSERT_EQ(fi(sd.data(), n), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(pd.vec(), want));
@@ -177,7 +183,7 @@ void check_large(int n) {
     vt::Rng rng(50);
     const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
     vt::for_each_level([&](auto) {
-        vt::Buf<T> pa(a, 4), pb(b, 8), pd(n, 12), sd(b, 20);
+        vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(2)), pd(n, off<T>(3)), sd(b, off<T>(5));
         auto check = [&](auto f, auto op) {
             ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(pd[i], op(a[i], b[i]))) << i;
@@ -218,7 +224,7 @@ void check_div_by_zero(VekStatus (*f)(const T*, const T*, T*, int), U nan_bits) 
                 x[1] = 0, y[1] = 0;
                 x[n - 1] = 0, y[n - 1] = qnan;
             }
-            vt::Buf<T> px(x, 4), py(y, 8), pd(n, 12);
+            vt::Buf<T> px(x, off<T>(1)), py(y, off<T>(2)), pd(n, off<T>(3));
             ASSERT_EQ(f(px.data(), py.data(), pd.data(), n), vekStsDivZeroWrn) << n;
             EXPECT_EQ(pd[z], y[z] > 0 ? inf : -inf);
             if (n > 4) {
@@ -228,7 +234,7 @@ void check_div_by_zero(VekStatus (*f)(const T*, const T*, T*, int), U nan_bits) 
             }
             x[z] = 1;
             if (n > 4) x[1] = x[n - 1] = 1;
-            vt::Buf<T> px2(x, 4);
+            vt::Buf<T> px2(x, off<T>(1));
             ASSERT_EQ(f(px2.data(), py.data(), pd.data(), n), vekStsOk) << n;
         }
     });
@@ -246,7 +252,7 @@ void check_cdiv(VekStatus (*f)(const C*, const C*, C*, int), VekStatus (*fc)(con
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
             const auto a = fvec<C>(rng, n), b = fvec<C>(rng, n);
-            vt::Buf<C> pa(a, 4), pb(b, 8), pd(n, 16), pc(n, 24);
+            vt::Buf<C> pa(a, off<C>(1)), pb(b, off<C>(2)), pd(n, off<C>(4)), pc(n, off<C>(6));
             ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             ASSERT_EQ(fc(pb.data(), a[0], pc.data(), n), vekStsOk);
             for (int i = 0; i < n; ++i) {
