@@ -177,7 +177,7 @@ TEST(ArithFloat, Abs) {
     check_abs<double, uint64_t>(veksAbs_64f, veksAbs_64f_I);
 }
 
-// Multi-MiB destinations take the streaming-store path; the bits stay those of the operation.
+// Calls spanning tens of MiB take the streaming-store path; the bits stay those of the operation.
 template <class T>
 void check_large(int n) {
     vt::Rng rng(50);
@@ -205,8 +205,8 @@ void check_large(int n) {
     });
 }
 TEST(ArithFloat, LargeVectors) {
-    check_large<float>((4 << 20) / 4 + 37);
-    check_large<double>((4 << 20) / 8 + 37);
+    check_large<float>((8 << 20) / 4 + 37);
+    check_large<double>((8 << 20) / 8 + 37);
 }
 
 // ---- division ------------------------------------------------------------------------------

@@ -294,10 +294,10 @@ TEST(ArithInt, Abs16sEveryLevel) {
     });
 }
 
-// Destinations of several MiB take the streaming-store path: every level must still give the
+// Calls spanning tens of MiB take the streaming-store path: every level must still give the
 // scalar level's bits (which the tests above hold to the reference), in place too.
 TEST(ArithInt, LargeVectors16s) {
-    const int n = (4 << 20) / 2 + 77;
+    const int n = (8 << 20) / 2 + 77; // three vectors of 8 MiB
     vt::Rng rng(12);
     const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
     using Fn = VekStatus (*)(const Vek16s*, const Vek16s*, Vek16s*, int, int);

@@ -35,17 +35,20 @@ constexpr auto mul_64f_fast = mul_f<Vek64f>;
 
 // ---- 16-bit scaled, AVX-512: 32 elements per step ------------------------------------------
 
-// Destinations of at least this many bytes are written with streaming stores: the result then
-// leaves the caches anyway, and the stores skip reading the destination lines first.
-constexpr size_t kStreamBytes = size_t{4} << 20;
+// Calls whose vectors together span at least this many bytes (more than a last-level cache
+// keeps) write with streaming stores: the result leaves the caches anyway, and the stores skip
+// reading the destination lines first. Below it, ordinary stores keep the result cached.
+constexpr size_t kStreamFootprint = size_t{24} << 20;
 
-// Writes body(i) (32 results) for each full block and leaves the rest to plain(i, m); with a
-// large destination, plain also handles the lead-in up to a 64-byte boundary.
+// Writes body(i) (32 results) for each full block and leaves the rest to plain(i, m); when the
+// call's `vectors` vectors of n elements are large, plain also handles the lead-in up to a
+// 64-byte boundary and the blocks are streamed.
 template <class Body, class Plain>
-inline void blocks32(Vek16s* d, int n, Body body, Plain plain) {
+inline void blocks32(Vek16s* d, int n, int vectors, Body body, Plain plain) {
     int i = 0;
     const auto addr = reinterpret_cast<uintptr_t>(d);
-    if (static_cast<size_t>(n) * sizeof(Vek16s) >= kStreamBytes && (addr & 1) == 0) {
+    const size_t footprint = static_cast<size_t>(n) * sizeof(Vek16s) * static_cast<size_t>(vectors);
+    if (footprint >= kStreamFootprint && (addr & 1) == 0) {
         i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(Vek16s));
         plain(0, i);
         for (; i + 32 <= n; i += 32)
@@ -81,7 +84,7 @@ inline void streamed2(const T* a, const T* b, T* d, int n, VecOp op, Plain plain
     constexpr int w = 64 / sizeof(T);
     const auto addr = reinterpret_cast<uintptr_t>(d);
     int i = 0;
-    if (static_cast<size_t>(n) * sizeof(T) >= kStreamBytes && addr % sizeof(T) == 0) {
+    if (3 * static_cast<size_t>(n) * sizeof(T) >= kStreamFootprint && addr % sizeof(T) == 0) {
         i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
         plain(a, b, d, i);
         for (; i + w <= n; i += w) V::stream(d + i, op(V::load(a + i), V::load(b + i)));
@@ -164,7 +167,7 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
     };
     if (sf == 0) { // saturating 16-bit arithmetic
         return blocks32(
-            d, n,
+            d, n, 3,
             [&](int i) {
                 const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
                 return Subtract ? _mm512_subs_epi16(y, x) : _mm512_adds_epi16(x, y);
@@ -174,7 +177,7 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
     if (sf == 1) { // the plain loop's halving rule in 16-bit lanes
         const __m512i one = _mm512_set1_epi16(1);
         return blocks32(
-            d, n,
+            d, n, 3,
             [&](int i) {
                 const __m512i x = _mm512_loadu_si512(a + i), y = _mm512_loadu_si512(b + i);
                 // k = floor(v / 2); ternary logic 0x80: p & q & r, 0x20: p & ~q & r
@@ -198,7 +201,7 @@ void addsub_16s_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf)
                         : _mm512_add_epi32(widen(x), widen(y));
     };
     blocks32(
-        d, n,
+        d, n, 3,
         [&](int i) {
             return narrow(round_shift(exact(a + i, b + i), cnt, bias, one),
                           round_shift(exact(a + i + 16, b + i + 16), cnt, bias, one));
@@ -214,13 +217,14 @@ void sub_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf
 // Products of 32 elements: 16x16 -> 32-bit halves interleaved in-lane, rounded, and packed back
 // with signed saturation (the in-lane pack restores the element order).
 template <class LoadB, class Plain>
-inline void mul16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Plain plain) {
+inline void mul16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, int vectors,
+                  Plain plain) {
     if (sf < 0 || sf > kZero16sMul) return plain(0, n);
     const __m128i cnt = _mm_cvtsi32_si128(sf);
     const __m512i bias = _mm512_set1_epi32(sf ? (1 << (sf - 1)) - 1 : 0);
     const __m512i one = _mm512_set1_epi32(sf ? 1 : 0);
     blocks32(
-        d, n,
+        d, n, vectors,
         [&](int i) {
             const __m512i x = _mm512_loadu_si512(a + i), y = load_b(i);
             const __m512i lo = _mm512_mullo_epi16(x, y), hi = _mm512_mulhi_epi16(x, y);
@@ -232,13 +236,13 @@ inline void mul16(const Vek16s* a, LoadB load_b, Vek16s* d, int n, int sf, Plain
 }
 void mul_16s_sfs_fast(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
     mul16(
-        a, [b](int i) { return _mm512_loadu_si512(b + i); }, d, n, sf,
+        a, [b](int i) { return _mm512_loadu_si512(b + i); }, d, n, sf, 3,
         [&](int i, int m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
 }
 void mulc_16s_sfs_fast(const Vek16s* s, Vek16s v, Vek16s* d, int n, int sf) {
     const __m512i vv = _mm512_set1_epi16(v);
     mul16(
-        s, [vv](int) { return vv; }, d, n, sf,
+        s, [vv](int) { return vv; }, d, n, sf, 2,
         [&](int i, int m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
 }
 
