@@ -193,11 +193,13 @@ void check_large(int n) {
             check(veksAdd_32f, [](T x, T y) { return x + y; });
             check(veksSub_32f, [](T x, T y) { return y - x; });
             check(veksMul_32f, [](T x, T y) { return x * y; });
+            check(veksDiv_32f, [](T x, T y) { return y / x; });
             ASSERT_EQ(veksAdd_32f_I(pa.data(), sd.data(), n), vekStsOk);
         } else {
             check(veksAdd_64f, [](T x, T y) { return x + y; });
             check(veksSub_64f, [](T x, T y) { return y - x; });
             check(veksMul_64f, [](T x, T y) { return x * y; });
+            check(veksDiv_64f, [](T x, T y) { return y / x; });
             ASSERT_EQ(veksAdd_64f_I(pa.data(), sd.data(), n), vekStsOk);
         }
         for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(sd[i], T(a[i] + b[i]))) << i;

@@ -120,15 +120,28 @@ template <class T, class Div, class IsZero>
 inline int div_blocks(const T* a, const T* b, T* d, int n, Div div, IsZero has_zero) {
     using V = Vec512<T>;
     constexpr int w = 64 / sizeof(T);
+    const auto addr = reinterpret_cast<uintptr_t>(d);
+    const bool stream =
+        3 * static_cast<size_t>(n) * sizeof(T) >= kStreamFootprint && addr % sizeof(T) == 0;
     int i = 0, zero = 0;
+    if (stream) {
+        i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
+        if (i > n) i = n;
+        zero |= div_f(a, b, d, i);
+    }
     for (; i + w <= n; i += w) {
         const auto x = V::load(a + i);
         if (has_zero(x)) {
             zero |= div_f(a + i, b + i, d + i, w);
             continue;
         }
-        V::store(d + i, div(V::load(b + i), x));
+        const auto q = div(V::load(b + i), x);
+        if (stream)
+            V::stream(d + i, q);
+        else
+            V::store(d + i, q);
     }
+    if (stream) _mm_sfence();
     if (i < n) zero |= div_f(a + i, b + i, d + i, n - i);
     return zero;
 }
