@@ -85,5 +85,33 @@ constexpr double mul_pow2(double x, int sf) noexcept {
     return x * pow2(-sf);
 }
 
+// Sums of two 64-bit products (complex products of 32-bit integers) can need 65 bits. Such a
+// value v is carried as v = 2 * half + low with |half| <= 2^62 and low in {0, 1}; this splits
+// p + q (|p|, |q| <= 2^62) into that form without any wider type.
+struct WideSum {
+    int64_t half;
+    int low;
+};
+
+constexpr WideSum wide_sum(int64_t p, int64_t q) noexcept {
+    const int64_t carry = (p & 1) + (q & 1);
+    return {(p >> 1) + (q >> 1) + (carry >> 1), static_cast<int>(carry & 1)};
+}
+
+// scale_round_even for a value given as a WideSum (same rule, every scale factor).
+template <class T>
+constexpr T scale_round_even_wide(WideSum v, int sf) noexcept {
+    constexpr int64_t small = int64_t{1} << 40; // beyond this every sf <= 0 saturates
+    if (sf <= 0) {
+        if (v.half >= small) return std::numeric_limits<T>::max();
+        if (v.half < -small) return std::numeric_limits<T>::min();
+        return scale_round_even<T>(2 * v.half + v.low, sf);
+    }
+    if (sf > 63) return T{0}; // |v| <= 2^63 rounds to 0 (a tie goes to the even 0)
+    // floor((2h + low + bias) / 2^sf) == floor((h + ((low + bias) >> 1)) / 2^(sf-1))
+    const int64_t bias = ((int64_t{1} << (sf - 1)) - 1) + ((v.half >> (sf - 1)) & 1);
+    return saturate<T>((v.half + ((v.low + bias) >> 1)) >> (sf - 1));
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks::num

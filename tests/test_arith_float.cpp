@@ -1,0 +1,293 @@
+// Floating-point element-wise arithmetic: bitwise results against the plain IEEE operation (or
+// the documented double-precision formula for complex 32fc), every kernel level, unaligned and
+// in-place vectors, and the division rules (infinities, the signed NaN, the warning).
+#include <cmath>
+#include <complex>
+
+#include "testutil.hpp"
+
+namespace {
+
+template <class T>
+struct Cplx {
+    static constexpr bool value = false;
+};
+template <>
+struct Cplx<Vek32fc> {
+    static constexpr bool value = true;
+    using P = float;
+};
+template <>
+struct Cplx<Vek64fc> {
+    static constexpr bool value = true;
+    using P = double;
+};
+
+// Offsets of k elements' alignment past a 64-byte boundary (see testutil's Buf).
+template <class T>
+size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
+
+template <class T>
+std::vector<T> fvec(vt::Rng& rng, int n) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) {
+        if constexpr (Cplx<T>::value) {
+            using P = typename Cplx<T>::P;
+            x = {static_cast<P>(rng.uniform(-100, 100)), static_cast<P>(rng.uniform(-100, 100))};
+        } else {
+            x = static_cast<T>(rng.uniform(-1000, 1000));
+        }
+    }
+    return v;
+}
+
+// Runs a two-vector member and its in-place form against `ref(a, b)` bit for bit.
+template <class T, class F, class FI, class Ref>
+void check_vv(uint64_t seed, F f, FI fi, Ref ref) {
+    vt::Rng rng(seed);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
+            std::vector<T> want(a.size());
+            for (int i = 0; i < n; ++i) want[i] = ref(a[i], b[i]);
+            vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(2)), pd(n, off<T>(3)), sd(b, off<T>(5));
+            ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n;
+            ASSERT_EQ(fi(pa.data(), sd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n;
+            ASSERT_TRUE(pd.guards_intact() && sd.guards_intact());
+        }
+    });
+}
+
+template <class T, class F, class FI, class Ref>
+void check_vc(uint64_t seed, F f, FI fi, Ref ref) {
+    vt::Rng rng(seed);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto s = fvec<T>(rng, n);
+            const T v = fvec<T>(rng, 1)[0];
+            std::vector<T> want(s.size());
+            for (int i = 0; i < n; ++i) want[i] = ref(s[i], v);
+            vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(3)), sd(s, off<T>(5));
+            ASSERT_EQ(f(ps.data(), v, pd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n;
+            ASSERT_EQ(fi(v, sd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n;
+            ASSERT_TRUE(pd.guards_intact() && sd.guards_intact());
+        }
+    });
+}
+
+template <class T>
+T part_op(T x, T y, char op) {
+    return op == '+' ? x + y : op == '-' ? x - y : x * y;
+}
+template <class C>
+C cpart_op(C x, C y, char op) {
+    return {part_op(x.re, y.re, op), part_op(x.im, y.im, op)};
+}
+Vek32fc cmul(Vek32fc x, Vek32fc y) { // one product of each part fused
+    return {std::fma(x.re, y.re, -(x.im * y.im)), std::fma(x.im, y.re, x.re * y.im)};
+}
+Vek64fc cmul(Vek64fc x, Vek64fc y) {
+    return {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};
+}
+
+#define VEK_TEST_REAL(T, Ty)                                                                       \
+    TEST(ArithFloat, Real_##Ty) {                                                                  \
+        check_vv<T>(1, veksAdd_##Ty, veksAdd_##Ty##_I, [](T a, T b) { return a + b; });            \
+        check_vv<T>(2, veksSub_##Ty, veksSub_##Ty##_I, [](T a, T b) { return b - a; });            \
+        check_vv<T>(3, veksMul_##Ty, veksMul_##Ty##_I, [](T a, T b) { return a * b; });            \
+        check_vv<T>(4, veksDiv_##Ty, veksDiv_##Ty##_I, [](T a, T b) { return b / a; });            \
+        check_vc<T>(5, veksAddC_##Ty, veksAddC_##Ty##_I, [](T s, T v) { return s + v; });          \
+        check_vc<T>(6, veksSubC_##Ty, veksSubC_##Ty##_I, [](T s, T v) { return s - v; });          \
+        check_vc<T>(7, veksSubCRev_##Ty, veksSubCRev_##Ty##_I, [](T s, T v) { return v - s; });    \
+        check_vc<T>(8, veksMulC_##Ty, veksMulC_##Ty##_I, [](T s, T v) { return s * v; });          \
+        check_vc<T>(9, veksDivC_##Ty, veksDivC_##Ty##_I,                                           \
+                    [](T s, T v) { return s * static_cast<T>(1.0 / static_cast<double>(v)); });    \
+    }
+VEK_TEST_REAL(Vek32f, 32f)
+VEK_TEST_REAL(Vek64f, 64f)
+
+#define VEK_TEST_COMPLEX(T, Ty)                                                                    \
+    TEST(ArithFloat, Complex_##Ty) {                                                               \
+        check_vv<T>(11, veksAdd_##Ty, veksAdd_##Ty##_I,                                            \
+                    [](T a, T b) { return cpart_op(a, b, '+'); });                                 \
+        check_vv<T>(12, veksSub_##Ty, veksSub_##Ty##_I,                                            \
+                    [](T a, T b) { return cpart_op(b, a, '-'); });                                 \
+        check_vv<T>(13, veksMul_##Ty, veksMul_##Ty##_I, [](T a, T b) { return cmul(a, b); });      \
+        check_vc<T>(14, veksAddC_##Ty, veksAddC_##Ty##_I,                                          \
+                    [](T s, T v) { return cpart_op(s, v, '+'); });                                 \
+        check_vc<T>(15, veksSubC_##Ty, veksSubC_##Ty##_I,                                          \
+                    [](T s, T v) { return cpart_op(s, v, '-'); });                                 \
+        check_vc<T>(16, veksSubCRev_##Ty, veksSubCRev_##Ty##_I,                                    \
+                    [](T s, T v) { return cpart_op(v, s, '-'); });                                 \
+        check_vc<T>(17, veksMulC_##Ty, veksMulC_##Ty##_I, [](T s, T v) { return cmul(s, v); });    \
+    }
+VEK_TEST_COMPLEX(Vek32fc, 32fc)
+VEK_TEST_COMPLEX(Vek64fc, 64fc)
+
+TEST(ArithFloat, FromInt16) {
+    vt::Rng rng(30);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
+            vt::Buf<int16_t> pa(a, 2), pb(b, 4);
+            vt::Buf<float> ds(n, 4), dd(n, 8), dm(n, 12);
+            ASSERT_EQ(veksAdd_16s32f(pa.data(), pb.data(), ds.data(), n), vekStsOk);
+            ASSERT_EQ(veksSub_16s32f(pa.data(), pb.data(), dd.data(), n), vekStsOk);
+            ASSERT_EQ(veksMul_16s32f(pa.data(), pb.data(), dm.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                ASSERT_EQ(ds[i], static_cast<float>(a[i] + b[i]));
+                ASSERT_EQ(dd[i], static_cast<float>(b[i] - a[i]));
+                ASSERT_EQ(dm[i], static_cast<float>(static_cast<double>(a[i]) * b[i]));
+            }
+            ASSERT_TRUE(ds.guards_intact() && dd.guards_intact() && dm.guards_intact());
+        }
+    });
+}
+
+template <class T, class U>
+void check_abs(VekStatus (*f)(const T*, T*, int), VekStatus (*fi)(T*, int)) {
+    vt::Rng rng(31);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            auto s = fvec<T>(rng, n);
+            if (n > 3) {
+                s[0] = -T(0);
+                s[1] = -std::numeric_limits<T>::infinity();
+                s[2] = std::bit_cast<T>(~U{0}); // NaN with the sign bit set
+            }
+            std::vector<T> want(s.size());
+            for (int i = 0; i < n; ++i)
+                want[i] = std::bit_cast<T>(std::bit_cast<U>(s[i]) & (~U{0} >> 1));
+            vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(2)), sd(s, off<T>(3));
+            ASSERT_EQ(f(ps.data(), pd.data(), n), vekStsOk);
+            ASSERT_EQ(fi(sd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want));
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want));
+        }
+    });
+}
+TEST(ArithFloat, Abs) {
+    check_abs<float, uint32_t>(veksAbs_32f, veksAbs_32f_I);
+    check_abs<double, uint64_t>(veksAbs_64f, veksAbs_64f_I);
+}
+
+// Calls spanning tens of MiB take the streaming-store path; the bits stay those of the operation.
+template <class T>
+void check_large(int n) {
+    vt::Rng rng(50);
+    const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
+    vt::for_each_level([&](auto) {
+        vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(2)), pd(n, off<T>(3)), sd(b, off<T>(5));
+        auto check = [&](auto f, auto op) {
+            ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(pd[i], op(a[i], b[i]))) << i;
+            ASSERT_TRUE(pd.guards_intact());
+        };
+        if constexpr (sizeof(T) == 4) {
+            check(veksAdd_32f, [](T x, T y) { return x + y; });
+            check(veksSub_32f, [](T x, T y) { return y - x; });
+            check(veksMul_32f, [](T x, T y) { return x * y; });
+            check(veksDiv_32f, [](T x, T y) { return y / x; });
+            ASSERT_EQ(veksAdd_32f_I(pa.data(), sd.data(), n), vekStsOk);
+        } else {
+            check(veksAdd_64f, [](T x, T y) { return x + y; });
+            check(veksSub_64f, [](T x, T y) { return y - x; });
+            check(veksMul_64f, [](T x, T y) { return x * y; });
+            check(veksDiv_64f, [](T x, T y) { return y / x; });
+            ASSERT_EQ(veksAdd_64f_I(pa.data(), sd.data(), n), vekStsOk);
+        }
+        for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(sd[i], T(a[i] + b[i]))) << i;
+        ASSERT_TRUE(sd.guards_intact());
+    });
+}
+TEST(ArithFloat, LargeVectors) {
+    check_large<float>((8 << 20) / 4 + 37);
+    check_large<double>((8 << 20) / 8 + 37);
+}
+
+// ---- division ------------------------------------------------------------------------------
+
+template <class T, class U>
+void check_div_by_zero(VekStatus (*f)(const T*, const T*, T*, int), U nan_bits) {
+    const T inf = std::numeric_limits<T>::infinity(), qnan = std::numeric_limits<T>::quiet_NaN();
+    vt::for_each_level([&](auto) {
+        for (int n : {1, 3, 31, 32, 33, 64, 67, 1000}) {
+            std::vector<T> x(static_cast<size_t>(n), T(2)), y(static_cast<size_t>(n), T(3));
+            const int z = n / 2; // zero divisors somewhere in the middle (vector body or tail)
+            x[z] = 0;
+            y[z] = (n % 3 == 0) ? T(-5) : T(5);
+            if (n > 4) {
+                x[1] = 0, y[1] = 0;
+                x[n - 1] = 0, y[n - 1] = qnan;
+            }
+            vt::Buf<T> px(x, off<T>(1)), py(y, off<T>(2)), pd(n, off<T>(3));
+            ASSERT_EQ(f(px.data(), py.data(), pd.data(), n), vekStsDivZeroWrn) << n;
+            EXPECT_EQ(pd[z], y[z] > 0 ? inf : -inf);
+            if (n > 4) {
+                EXPECT_EQ(std::bit_cast<U>(pd[1]), nan_bits);
+                EXPECT_EQ(std::bit_cast<U>(pd[n - 1]), nan_bits);
+                EXPECT_EQ(pd[0], T(1.5));
+            }
+            x[z] = 1;
+            if (n > 4) x[1] = x[n - 1] = 1;
+            vt::Buf<T> px2(x, off<T>(1));
+            ASSERT_EQ(f(px2.data(), py.data(), pd.data(), n), vekStsOk) << n;
+        }
+    });
+}
+
+TEST(ArithDivFloat, ZeroDivisorRule) {
+    check_div_by_zero<float, uint32_t>(veksDiv_32f, 0xFFC00000u);
+    check_div_by_zero<double, uint64_t>(veksDiv_64f, 0xFFF8000000000000ull);
+}
+
+template <class C, class P>
+void check_cdiv(VekStatus (*f)(const C*, const C*, C*, int), VekStatus (*fc)(const C*, C, C*, int),
+                double tol) {
+    vt::Rng rng(40);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto a = fvec<C>(rng, n), b = fvec<C>(rng, n);
+            vt::Buf<C> pa(a, off<C>(1)), pb(b, off<C>(2)), pd(n, off<C>(4)), pc(n, off<C>(6));
+            ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            ASSERT_EQ(fc(pb.data(), a[0], pc.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                using LC = std::complex<long double>;
+                const LC q = LC(b[i].re, b[i].im) / LC(a[i].re, a[i].im);
+                const LC qc = LC(b[i].re, b[i].im) / LC(a[0].re, a[0].im);
+                const long double m = std::abs(q), mc = std::abs(qc);
+                ASSERT_LE(std::abs(q - LC(pd[i].re, pd[i].im)), tol * m) << i;
+                ASSERT_LE(std::abs(qc - LC(pc[i].re, pc[i].im)), tol * mc) << i;
+            }
+            ASSERT_TRUE(pd.guards_intact() && pc.guards_intact());
+        }
+    });
+    // A zero divisor applies the real rule to each part.
+    const P inf = std::numeric_limits<P>::infinity();
+    const C x[] = {{0, 0}, {0, 0}}, y[] = {{1, -1}, {0, 2}};
+    C d[2];
+    ASSERT_EQ(f(x, y, d, 2), vekStsDivZeroWrn);
+    EXPECT_EQ(d[0].re, inf);
+    EXPECT_EQ(d[0].im, -inf);
+    EXPECT_TRUE(std::isnan(d[1].re) && std::signbit(d[1].re));
+    EXPECT_EQ(d[1].im, inf);
+}
+
+TEST(ArithDivFloat, Complex) {
+    check_cdiv<Vek32fc, float>(veksDiv_32fc, veksDivC_32fc, 0x1p-23);
+    check_cdiv<Vek64fc, double>(veksDiv_64fc, veksDivC_64fc, 0x1p-50);
+    // Smith's scaling: no overflow for huge divisors.
+    const Vek64fc big[] = {{1e300, 1e300}}, one[] = {{1e300, 0}};
+    Vek64fc d[1];
+    ASSERT_EQ(veksDiv_64fc(big, one, d, 1), vekStsOk);
+    EXPECT_NEAR(d[0].re, 0.5, 1e-15);
+    EXPECT_NEAR(d[0].im, -0.5, 1e-15);
+}
+
+} // namespace

@@ -1,0 +1,495 @@
+// Integer element-wise arithmetic against an independent reference: the exact value is formed
+// in long double (exact for every integer below 2^64), scaled with ldexpl, rounded with
+// nearbyintl and clamped. Every member runs on every kernel level, all lengths, unaligned
+// vectors, boundary-biased random data, in place and out of place, and a spread of scale
+// factors including the shortcut thresholds and the extremes of int.
+#include <array>
+#include <cfenv>
+#include <climits>
+#include <cmath>
+
+#include "testutil.hpp"
+
+namespace {
+
+using Exact = std::array<long double, 2>; // real part, imaginary part
+
+template <class T>
+struct Parts {
+    using P = T;
+    static constexpr int count = 1;
+    static P get(const T& v, int) { return v; }
+    static void set(T& v, int, P p) { v = p; }
+};
+#define VEK_COMPLEX_PARTS(C, PT)                                                                   \
+    template <>                                                                                    \
+    struct Parts<C> {                                                                              \
+        using P = PT;                                                                              \
+        static constexpr int count = 2;                                                            \
+        static P get(const C& v, int k) { return k ? v.im : v.re; }                                \
+        static void set(C& v, int k, P p) { (k ? v.im : v.re) = p; }                               \
+    };
+VEK_COMPLEX_PARTS(Vek16sc, Vek16s)
+VEK_COMPLEX_PARTS(Vek32sc, Vek32s)
+
+template <class T>
+T random_value(vt::Rng& rng) {
+    T v{};
+    for (int k = 0; k < Parts<T>::count; ++k) Parts<T>::set(v, k, rng.any<typename Parts<T>::P>());
+    return v;
+}
+template <class T>
+std::vector<T> random_vec(vt::Rng& rng, int n) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) x = random_value<T>(rng);
+    return v;
+}
+
+// Exact value times 2^-sf, half to even, saturated to P.
+template <class P>
+P ref_scale(long double v, int sf) {
+    const int s = sf < -20000 ? -20000 : sf > 20000 ? 20000 : sf;
+    const long double x = std::nearbyint(std::ldexp(v, -s));
+    const long double lo = std::numeric_limits<P>::min(), hi = std::numeric_limits<P>::max();
+    return static_cast<P>(x < lo ? lo : x > hi ? hi : x);
+}
+
+// Offsets of k elements' alignment past a 64-byte boundary: misaligned for every vector width,
+// naturally aligned for the element type.
+template <class T>
+size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
+
+const std::vector<int> kScales = {0,   1,   2,  3,  -1, -2,  -7,  -8,   -15,     -16,    -17,
+                                  -31, -32, 8,  9,  10, 15,  16,  17,   29,      30,     31,
+                                  32,  33,  62, 63, 64, 100, -64, -100, INT_MIN, INT_MAX};
+
+// Runs out-of-place and in-place forms of a two-vector member. `exact(a, b)` gives the exact
+// result parts; `run(a, b, d, n, sf)` and `run_i(a, sd, n, sf)` call the member (run_i may be
+// null for members without an in-place form). Scale factors cycle with the length, and one
+// length runs every scale factor.
+template <class A, class B, class D, class Run, class RunI, class ExactF>
+void check_binary(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true) {
+    using P = typename Parts<D>::P;
+    vt::Rng rng(seed);
+    auto one = [&](int n, int sf) {
+        const auto a = random_vec<A>(rng, n);
+        const auto b = random_vec<B>(rng, n);
+        std::vector<D> want(static_cast<size_t>(n));
+        for (int i = 0; i < n; ++i) {
+            const Exact e = exact(a[i], b[i]);
+            for (int k = 0; k < Parts<D>::count; ++k)
+                Parts<D>::set(want[i], k, ref_scale<P>(e[k], sf));
+        }
+        vt::Buf<A> pa(a, off<A>(1));
+        vt::Buf<B> pb(b, off<B>(3));
+        vt::Buf<D> pd(n, off<D>(5));
+        ASSERT_EQ(run(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk) << "n " << n;
+        ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
+        ASSERT_TRUE(pd.guards_intact());
+        if constexpr (!std::is_same_v<RunI, std::nullptr_t>) {
+            vt::Buf<D> sd(b, off<D>(2));
+            ASSERT_EQ(run_i(pa.data(), sd.data(), n, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n << " sf " << sf;
+            ASSERT_TRUE(sd.guards_intact());
+        }
+    };
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) one(n, scaled ? kScales[k++ % kScales.size()] : 0);
+        if (scaled)
+            for (int sf : kScales) one(67, sf);
+    });
+}
+
+// The same for a vector and a constant; the constant is drawn afresh for each call.
+template <class T, class Run, class RunI, class ExactF>
+void check_const(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true) {
+    using P = typename Parts<T>::P;
+    vt::Rng rng(seed);
+    auto one = [&](int n, int sf) {
+        const auto s = random_vec<T>(rng, n);
+        const T v = random_value<T>(rng);
+        std::vector<T> want(static_cast<size_t>(n));
+        for (int i = 0; i < n; ++i) {
+            const Exact e = exact(s[i], v);
+            for (int k = 0; k < Parts<T>::count; ++k)
+                Parts<T>::set(want[i], k, ref_scale<P>(e[k], sf));
+        }
+        vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(5)), sd(s, off<T>(3));
+        if constexpr (!std::is_same_v<Run, std::nullptr_t>) {
+            ASSERT_EQ(run(ps.data(), v, pd.data(), n, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
+            ASSERT_TRUE(pd.guards_intact());
+        }
+        ASSERT_EQ(run_i(v, sd.data(), n, sf), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n << " sf " << sf;
+        ASSERT_TRUE(sd.guards_intact());
+    };
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) one(n, scaled ? kScales[k++ % kScales.size()] : 0);
+        if (scaled)
+            for (int sf : kScales) one(67, sf);
+    });
+}
+
+// Exact values of the operations (operands as the members take them: Sub is b - a).
+template <class T>
+long double re(const T& v) {
+    return static_cast<long double>(Parts<T>::get(v, 0));
+}
+template <class T>
+long double im(const T& v) {
+    return static_cast<long double>(Parts<T>::get(v, 1));
+}
+constexpr auto kAdd = [](auto a, auto b) { return Exact{re(a) + re(b), 0}; };
+constexpr auto kSub = [](auto a, auto b) { return Exact{re(b) - re(a), 0}; };
+constexpr auto kMul = [](auto a, auto b) { return Exact{re(a) * re(b), 0}; };
+constexpr auto kAddC = [](auto s, auto v) { return Exact{re(s) + re(v), 0}; };
+constexpr auto kSubC = [](auto s, auto v) { return Exact{re(s) - re(v), 0}; };
+constexpr auto kSubCRev = [](auto s, auto v) { return Exact{re(v) - re(s), 0}; };
+constexpr auto kCAdd = [](auto a, auto b) { return Exact{re(a) + re(b), im(a) + im(b)}; };
+constexpr auto kCSub = [](auto a, auto b) { return Exact{re(b) - re(a), im(b) - im(a)}; };
+constexpr auto kCSubC = [](auto s, auto v) { return Exact{re(s) - re(v), im(s) - im(v)}; };
+constexpr auto kCSubCRev = [](auto s, auto v) { return Exact{re(v) - re(s), im(v) - im(s)}; };
+constexpr auto kCMul = [](auto a, auto b) {
+    return Exact{re(a) * re(b) - im(a) * im(b), re(a) * im(b) + im(a) * re(b)};
+};
+
+#define VEK_RUN2(F) [](auto a, auto b, auto d, int n, int sf) { return F(a, b, d, n, sf); }
+#define VEK_RUN2I(F) [](auto a, auto sd, int n, int sf) { return F(a, sd, n, sf); }
+#define VEK_RUN2_0(F) [](auto a, auto b, auto d, int n, int) { return F(a, b, d, n); }
+#define VEK_RUN2I_0(F) [](auto a, auto sd, int n, int) { return F(a, sd, n); }
+#define VEK_RUNC(F) [](auto s, auto v, auto d, int n, int sf) { return F(s, v, d, n, sf); }
+#define VEK_RUNCI(F) [](auto v, auto sd, int n, int sf) { return F(v, sd, n, sf); }
+#define VEK_RUNCI_0(F) [](auto v, auto sd, int n, int) { return F(v, sd, n); }
+
+// Two-vector members with _Sfs and _ISfs forms.
+#define VEK_TEST_SFS(Op, Ty, T, exact)                                                             \
+    TEST(ArithInt, Op##_##Ty##_Sfs) {                                                              \
+        check_binary<T, T, T>(__LINE__, VEK_RUN2(veks##Op##_##Ty##_Sfs),                           \
+                              VEK_RUN2I(veks##Op##_##Ty##_ISfs), exact);                           \
+    }
+VEK_TEST_SFS(Add, 8u, Vek8u, kAdd)
+VEK_TEST_SFS(Add, 16s, Vek16s, kAdd)
+VEK_TEST_SFS(Add, 32s, Vek32s, kAdd)
+VEK_TEST_SFS(Add, 16sc, Vek16sc, kCAdd)
+VEK_TEST_SFS(Add, 32sc, Vek32sc, kCAdd)
+VEK_TEST_SFS(Sub, 8u, Vek8u, kSub)
+VEK_TEST_SFS(Sub, 16s, Vek16s, kSub)
+VEK_TEST_SFS(Sub, 32s, Vek32s, kSub)
+VEK_TEST_SFS(Sub, 16sc, Vek16sc, kCSub)
+VEK_TEST_SFS(Sub, 32sc, Vek32sc, kCSub)
+VEK_TEST_SFS(Mul, 8u, Vek8u, kMul)
+VEK_TEST_SFS(Mul, 16s, Vek16s, kMul)
+VEK_TEST_SFS(Mul, 32s, Vek32s, kMul)
+VEK_TEST_SFS(Mul, 16sc, Vek16sc, kCMul)
+VEK_TEST_SFS(Mul, 32sc, Vek32sc, kCMul)
+
+// Members without a scale factor: the rule with sf = 0.
+#define VEK_TEST_SF0(Op, exact)                                                                    \
+    TEST(ArithInt, Op##_16s) {                                                                     \
+        check_binary<Vek16s, Vek16s, Vek16s>(__LINE__, VEK_RUN2_0(veks##Op##_16s),                 \
+                                             VEK_RUN2I_0(veks##Op##_16s_I), exact, false);         \
+    }
+VEK_TEST_SF0(Add, kAdd)
+VEK_TEST_SF0(Sub, kSub)
+VEK_TEST_SF0(Mul, kMul)
+
+TEST(ArithInt, MixedTypes) {
+    check_binary<Vek16s, Vek16s, Vek32s>(1, VEK_RUN2(veksMul_16s32s_Sfs), nullptr, kMul);
+    check_binary<Vek16u, Vek16s, Vek16s>(2, VEK_RUN2(veksMul_16u16s_Sfs), nullptr, kMul);
+    check_binary<Vek8u, Vek8u, Vek16u>(3, VEK_RUN2_0(veksAdd_8u16u), nullptr, kAdd, false);
+    check_binary<Vek8u, Vek8u, Vek16u>(4, VEK_RUN2_0(veksMul_8u16u), nullptr, kMul, false);
+    check_binary<Vek16u, Vek16u, Vek16u>(5, VEK_RUN2_0(veksAdd_16u), nullptr, kAdd, false);
+    check_binary<Vek32u, Vek32u, Vek32u>(6, VEK_RUN2_0(veksAdd_32u), nullptr, kAdd, false);
+}
+
+// Constant members with _Sfs and _ISfs forms.
+#define VEK_TEST_C_SFS(Op, Ty, T, exact)                                                           \
+    TEST(ArithInt, Op##_##Ty##_Sfs) {                                                              \
+        check_const<T>(__LINE__, VEK_RUNC(veks##Op##_##Ty##_Sfs),                                  \
+                       VEK_RUNCI(veks##Op##_##Ty##_ISfs), exact);                                  \
+    }
+VEK_TEST_C_SFS(AddC, 8u, Vek8u, kAddC)
+VEK_TEST_C_SFS(AddC, 16s, Vek16s, kAddC)
+VEK_TEST_C_SFS(AddC, 32s, Vek32s, kAddC)
+VEK_TEST_C_SFS(AddC, 16sc, Vek16sc, kCAdd)
+VEK_TEST_C_SFS(AddC, 32sc, Vek32sc, kCAdd)
+VEK_TEST_C_SFS(SubC, 8u, Vek8u, kSubC)
+VEK_TEST_C_SFS(SubC, 16s, Vek16s, kSubC)
+VEK_TEST_C_SFS(SubC, 32s, Vek32s, kSubC)
+VEK_TEST_C_SFS(SubC, 16sc, Vek16sc, kCSubC)
+VEK_TEST_C_SFS(SubC, 32sc, Vek32sc, kCSubC)
+VEK_TEST_C_SFS(SubCRev, 8u, Vek8u, kSubCRev)
+VEK_TEST_C_SFS(SubCRev, 16s, Vek16s, kSubCRev)
+VEK_TEST_C_SFS(SubCRev, 32s, Vek32s, kSubCRev)
+VEK_TEST_C_SFS(SubCRev, 16sc, Vek16sc, kCSubCRev)
+VEK_TEST_C_SFS(SubCRev, 32sc, Vek32sc, kCSubCRev)
+VEK_TEST_C_SFS(MulC, 8u, Vek8u, kMul)
+VEK_TEST_C_SFS(MulC, 16s, Vek16s, kMul)
+VEK_TEST_C_SFS(MulC, 32s, Vek32s, kMul)
+VEK_TEST_C_SFS(MulC, 16sc, Vek16sc, kCMul)
+VEK_TEST_C_SFS(MulC, 32sc, Vek32sc, kCMul)
+
+TEST(ArithInt, ConstInPlaceWithoutScale) {
+    check_const<Vek16s>(7, nullptr, VEK_RUNCI_0(veksAddC_16s_I), kAddC, false);
+    check_const<Vek16s>(8, nullptr, VEK_RUNCI_0(veksSubC_16s_I), kSubC, false);
+    check_const<Vek16s>(9, nullptr, VEK_RUNCI_0(veksMulC_16s_I), kMul, false);
+}
+
+TEST(ArithInt, DocumentedValues) {
+    int16_t d[4];
+    const int16_t a[] = {5, 5, 5, 5}, b[] = {3, 3, 3, 3};
+    ASSERT_EQ(veksSub_16s(a, b, d, 1), vekStsOk);
+    EXPECT_EQ(d[0], -2);
+    const int16_t s[] = {-32768, 32767, -32767, 0};
+    ASSERT_EQ(veksAbs_16s(s, d, 4), vekStsOk);
+    EXPECT_EQ(d[0], 32767);
+    EXPECT_EQ(d[1], 32767);
+    EXPECT_EQ(d[2], 32767);
+    EXPECT_EQ(d[3], 0);
+    const int16_t p[] = {20000, -20000, 1, 0}, z[] = {0, 0, 0, 0};
+    ASSERT_EQ(veksAdd_16s_Sfs(p, z, d, 4, -16), vekStsOk);
+    EXPECT_EQ(d[0], 32767);
+    EXPECT_EQ(d[1], -32768);
+    EXPECT_EQ(d[2], 32767);
+    EXPECT_EQ(d[3], 0);
+    // with sf 2: 6 -> 2, 10 -> 2, 14 -> 4
+    const int16_t q[] = {6, 10, 14, -6};
+    ASSERT_EQ(veksAdd_16s_Sfs(q, z, d, 4, 2), vekStsOk);
+    EXPECT_EQ(d[0], 2);
+    EXPECT_EQ(d[1], 2);
+    EXPECT_EQ(d[2], 4);
+    EXPECT_EQ(d[3], -2);
+    // The 32sc product whose imaginary part is 2^63: exact, then scaled.
+    const Vek32sc m[] = {{INT32_MIN, INT32_MIN}};
+    Vek32sc r[1];
+    ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 33), vekStsOk);
+    EXPECT_EQ(r[0].re, 0);
+    EXPECT_EQ(r[0].im, 1 << 30);
+    ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 63), vekStsOk);
+    EXPECT_EQ(r[0].im, 1);
+    ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 64), vekStsOk);
+    EXPECT_EQ(r[0].im, 0);
+}
+
+TEST(ArithInt, Abs16sEveryLevel) {
+    vt::Rng rng(11);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto s = rng.vec<int16_t>(n);
+            std::vector<int16_t> want(s.size());
+            for (int i = 0; i < n; ++i)
+                want[i] = static_cast<int16_t>(std::min(32767, std::abs(int{s[i]})));
+            vt::Buf<int16_t> ps(s, 2), pd(n, 6), sd(s, 10);
+            ASSERT_EQ(veksAbs_16s(ps.data(), pd.data(), n), vekStsOk);
+            ASSERT_EQ(veksAbs_16s_I(sd.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want));
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want));
+            ASSERT_TRUE(pd.guards_intact() && sd.guards_intact());
+        }
+    });
+}
+
+// Calls spanning tens of MiB take the streaming-store path: every level must still give the
+// scalar level's bits (which the tests above hold to the reference), in place too.
+TEST(ArithInt, LargeVectors16s) {
+    const int n = (8 << 20) / 2 + 77; // three vectors of 8 MiB
+    vt::Rng rng(12);
+    const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
+    using Fn = VekStatus (*)(const Vek16s*, const Vek16s*, Vek16s*, int, int);
+    const Fn fns[] = {veksAdd_16s_Sfs, veksSub_16s_Sfs, veksMul_16s_Sfs,
+                      [](const Vek16s* x, const Vek16s*, Vek16s* d, int len, int sf) {
+                          return veksMulC_16s_Sfs(x, -12345, d, len, sf);
+                      }};
+    for (Fn f : fns)
+        for (int sf : {0, 1, 5}) {
+            std::vector<int16_t> want;
+            vt::for_each_level([&](auto level) {
+                vt::Buf<int16_t> pa(a, 2), pb(b, 6), pd(n, 10);
+                ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk);
+                if (level == veks::isa::scalar) want = pd.vec();
+                ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "sf " << sf;
+                ASSERT_TRUE(pd.guards_intact());
+                vt::Buf<int16_t> sd(b, 4);
+                ASSERT_EQ(f(pa.data(), sd.data(), sd.data(), n, sf), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, sf " << sf;
+            });
+        }
+}
+
+// ---- division ------------------------------------------------------------------------------
+
+// num / (den * 2^sf) rounded half to even, for den != 0: exact in long double for sf >= 0
+// (a single rounding that cannot cross a half); for sf < 0 the quotient is num / den in double,
+// then scaled (the documented formula).
+template <class P>
+P ref_div(long double num, long double den, int sf) {
+    if (den == 0)
+        return num > 0   ? std::numeric_limits<P>::max()
+               : num < 0 ? std::numeric_limits<P>::min()
+                         : P{0};
+    if (sf >= 0) return ref_scale<P>(num / den, sf);
+    return ref_scale<P>(
+        static_cast<long double>(static_cast<double>(num) / static_cast<double>(den)), sf);
+}
+
+constexpr auto kDivReal = [](auto x, auto y, int sf) { // y / x
+    using P = decltype(x);
+    return std::array<P, 1>{ref_div<P>(y, x, sf)};
+};
+
+template <class T, class F>
+void check_div(uint64_t seed, F run, bool zeros_expected) {
+    vt::Rng rng(seed);
+    vt::for_each_level([&](auto) {
+        int k = 0;
+        for (int n : vt::test_lengths()) {
+            const int sf = kScales[k++ % kScales.size()] % 40; // also every residue of the list
+            const auto a = random_vec<T>(rng, n);
+            const auto b = random_vec<T>(rng, n);
+            bool zero = false;
+            std::vector<T> want(a.size());
+            for (int i = 0; i < n; ++i) want[i] = run.ref(a[i], b[i], sf, zero);
+            vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(3)), pd(n, off<T>(5)), sd(b, off<T>(2));
+            const VekStatus st = zero ? vekStsDivZeroWrn : vekStsOk;
+            ASSERT_EQ(run.call(pa.data(), pb.data(), pd.data(), n, sf), st);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
+            ASSERT_EQ(run.call_i(pa.data(), sd.data(), n, sf), st);
+            ASSERT_TRUE(vt::bits_equal(sd.vec(), want));
+            ASSERT_TRUE(pd.guards_intact() && sd.guards_intact());
+        }
+    });
+    (void)zeros_expected;
+}
+
+template <class T>
+struct RealDiv {
+    VekStatus (*call)(const T*, const T*, T*, int, int);
+    VekStatus (*call_i)(const T*, T*, int, int);
+    T ref(T x, T y, int sf, bool& zero) const {
+        zero |= x == 0;
+        return ref_div<T>(y, x, sf);
+    }
+};
+struct ComplexDiv {
+    VekStatus (*call)(const Vek16sc*, const Vek16sc*, Vek16sc*, int, int);
+    VekStatus (*call_i)(const Vek16sc*, Vek16sc*, int, int);
+    Vek16sc ref(Vek16sc x, Vek16sc y, int sf, bool& zero) const {
+        const long double den = re(x) * re(x) + im(x) * im(x);
+        zero |= den == 0;
+        if (den == 0) return {ref_div<Vek16s>(re(y), 0, sf), ref_div<Vek16s>(im(y), 0, sf)};
+        return {ref_div<Vek16s>(re(y) * re(x) + im(y) * im(x), den, sf),
+                ref_div<Vek16s>(im(y) * re(x) - re(y) * im(x), den, sf)};
+    }
+};
+
+TEST(ArithDiv, IntegerVectors) {
+    check_div<Vek8u>(21, RealDiv<Vek8u>{veksDiv_8u_Sfs, veksDiv_8u_ISfs}, true);
+    check_div<Vek16s>(22, RealDiv<Vek16s>{veksDiv_16s_Sfs, veksDiv_16s_ISfs}, true);
+    check_div<Vek16sc>(23, ComplexDiv{veksDiv_16sc_Sfs, veksDiv_16sc_ISfs}, true);
+}
+
+TEST(ArithDiv, IntegerConstants) {
+    vt::Rng rng(24);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const int sf = static_cast<int>(rng.range(-20, 40));
+            auto s8 = random_vec<Vek8u>(rng, n);
+            auto s16 = random_vec<Vek16s>(rng, n);
+            auto sc = random_vec<Vek16sc>(rng, n);
+            Vek8u v8 = static_cast<Vek8u>(rng.range(1, 255));
+            Vek16s v16 = static_cast<Vek16s>(rng.range(-32768, 32767) | 1);
+            Vek16sc vc = random_value<Vek16sc>(rng);
+            if (vc.re == 0 && vc.im == 0) vc.re = 3;
+            bool zero = false;
+            std::vector<Vek8u> w8(s8.size());
+            std::vector<Vek16s> w16(s16.size());
+            std::vector<Vek16sc> wc(sc.size());
+            for (int i = 0; i < n; ++i) {
+                w8[i] = RealDiv<Vek8u>{}.ref(v8, s8[i], sf, zero);
+                w16[i] = RealDiv<Vek16s>{}.ref(v16, s16[i], sf, zero);
+                wc[i] = ComplexDiv{}.ref(vc, sc[i], sf, zero);
+            }
+            vt::Buf<Vek8u> p8(s8, 1), d8(n, 3);
+            vt::Buf<Vek16s> p16(s16, 2), d16(n, 6);
+            vt::Buf<Vek16sc> pc(sc, 4), dc(n, 8);
+            ASSERT_EQ(veksDivC_8u_Sfs(p8.data(), v8, d8.data(), n, sf), vekStsOk);
+            ASSERT_EQ(veksDivC_16s_Sfs(p16.data(), v16, d16.data(), n, sf), vekStsOk);
+            ASSERT_EQ(veksDivC_16sc_Sfs(pc.data(), vc, dc.data(), n, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(d8.vec(), w8));
+            ASSERT_TRUE(vt::bits_equal(d16.vec(), w16));
+            ASSERT_TRUE(vt::bits_equal(dc.vec(), wc));
+            ASSERT_EQ(veksDivC_8u_ISfs(v8, p8.data(), n, sf), vekStsOk);
+            ASSERT_EQ(veksDivC_16s_ISfs(v16, p16.data(), n, sf), vekStsOk);
+            ASSERT_EQ(veksDivC_16sc_ISfs(vc, pc.data(), n, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(p8.vec(), w8));
+            ASSERT_TRUE(vt::bits_equal(p16.vec(), w16));
+            ASSERT_TRUE(vt::bits_equal(pc.vec(), wc));
+            ASSERT_TRUE(d8.guards_intact() && d16.guards_intact() && dc.guards_intact());
+        }
+    });
+}
+
+TEST(ArithDiv, DivCRev16u) {
+    vt::Rng rng(25);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            const auto s = random_vec<Vek16u>(rng, n);
+            const Vek16u v = static_cast<Vek16u>(rng.range(1, 65535));
+            bool zero = false;
+            std::vector<Vek16u> want(s.size());
+            for (int i = 0; i < n; ++i) {
+                zero |= s[i] == 0;
+                want[i] = ref_div<Vek16u>(v, s[i], 0);
+            }
+            vt::Buf<Vek16u> ps(s, 2), pd(n, 6);
+            const VekStatus st = zero ? vekStsDivZeroWrn : vekStsOk;
+            ASSERT_EQ(veksDivCRev_16u(ps.data(), v, pd.data(), n), st);
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want));
+            ASSERT_EQ(veksDivCRev_16u_I(v, ps.data(), n), st);
+            ASSERT_TRUE(vt::bits_equal(ps.vec(), want));
+        }
+    });
+}
+
+TEST(ArithDiv, DocumentedValuesAndChoices) {
+    const int16_t divisor[] = {0, 0, 0, -1, 2, 2, 2}, dividend[] = {7, -7, 0, -32768, 1, 3, 5};
+    int16_t d[7];
+    ASSERT_EQ(veksDiv_16s_Sfs(divisor, dividend, d, 7, 0), vekStsDivZeroWrn);
+    const int16_t want[] = {32767, -32768, 0, 32767, 0, 2, 2}; // ties to even; -32768/-1 saturates
+    for (int i = 0; i < 7; ++i) EXPECT_EQ(d[i], want[i]) << i;
+    ASSERT_EQ(veksDiv_16s_Sfs(divisor + 4, dividend + 4, d, 3, 0), vekStsOk);
+    const uint8_t z8[] = {0, 0}, y8[] = {9, 0};
+    uint8_t d8[2];
+    ASSERT_EQ(veksDiv_8u_Sfs(z8, y8, d8, 2, 0), vekStsDivZeroWrn);
+    EXPECT_EQ(d8[0], 255);
+    EXPECT_EQ(d8[1], 0);
+}
+
+// Integer division must not depend on the caller's rounding mode, and must give it back.
+TEST(ArithDiv, CallerRoundingModeIsIgnoredAndRestored) {
+    const int16_t x[] = {2, 2, 4, -4, 3}, y[] = {1, 3, 10, 10, 2};
+    const int16_t want[] = {0, 2, 2, -2, 1};
+    for (int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+        ASSERT_EQ(std::fesetround(mode), 0);
+        int16_t d[5];
+        const VekStatus st = veksDiv_16s_Sfs(x, y, d, 5, 0);
+        const int16_t c[] = {3};
+        int16_t dc[5];
+        const VekStatus stc = veksDivC_16s_Sfs(y, c[0], dc, 5, 0); // 1/3, 3/3, 10/3 ...
+        const int after = std::fegetround();
+        std::fesetround(FE_TONEAREST);
+        EXPECT_EQ(after, mode);
+        ASSERT_EQ(st, vekStsOk);
+        ASSERT_EQ(stc, vekStsOk);
+        for (int i = 0; i < 5; ++i) EXPECT_EQ(d[i], want[i]) << "mode " << mode << " i " << i;
+        const int16_t wc[] = {0, 1, 3, 3, 1};
+        for (int i = 0; i < 5; ++i) EXPECT_EQ(dc[i], wc[i]) << "mode " << mode << " i " << i;
+    }
+}
+
+} // namespace
