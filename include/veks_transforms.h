@@ -10,9 +10,121 @@ extern "C" {
 
 /* ==== Complex FFT ============================================================================= */
 
+/* Power-of-two FFT of 2^order points, order 0 to 30. Forward: X[k] = s_f * sum_n x[n] *
+   exp(-2 pi i nk/N); inverse: x[n] = s_i * sum_k X[k] * exp(+2 pi i nk/N), with the factors
+   chosen by the flag below. A specification object (one per type, layout, order, flag and hint)
+   owns all tables and is read-only during transforms: one object may serve several threads at
+   once, each call with its own work buffer. pBuffer may be null (the call then allocates what
+   it needs); the transforms round a caller's buffer up to 16 bytes themselves.
+   Checks: pSpec null -> vekStsNullPointerErr; an object of another kind (or a released one) ->
+   vekStsContextMismatchErr; a null data pointer -> vekStsNullPointerErr. pSrc == pDst runs in
+   place. The split-array kinds (_C_32f, _C_64f) take separate real and imaginary arrays; above
+   order 10 they interleave their data in the work buffer, so their reported buffer size adds
+   2 * N elements to the plan's. */
+
+#define VEK_FFT_DIV_FWD_BY_N 1  /* forward times 1/N, inverse times 1 */
+#define VEK_FFT_DIV_INV_BY_N 2  /* forward times 1, inverse times 1/N */
+#define VEK_FFT_DIV_BY_SQRT_N 4 /* both times 1/sqrt(N) */
+#define VEK_FFT_NO_DIV 8        /* neither scaled */
+
+typedef struct VeksFFTSpec_C_32fc VeksFFTSpec_C_32fc;
+typedef struct VeksFFTSpec_C_32f VeksFFTSpec_C_32f;
+typedef struct VeksFFTSpec_C_64fc VeksFFTSpec_C_64fc;
+typedef struct VeksFFTSpec_C_64f VeksFFTSpec_C_64f;
+
+/* InitAlloc checks: ppSpec null -> vekStsNullPointerErr; order outside 0..30 ->
+   vekStsFftOrderErr; flag not 1, 2, 4 or 8 -> vekStsFftFlagErr; tables that cannot be allocated
+   -> vekStsMemAllocErr. Nothing is stored through ppSpec on failure. The hint is stored; the
+   float kinds do not use it. */
+VEK_API VekStatus veksFFTInitAlloc_C_32fc(VeksFFTSpec_C_32fc** ppSpec, int order, int flag,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTInitAlloc_C_32f(VeksFFTSpec_C_32f** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTInitAlloc_C_64fc(VeksFFTSpec_C_64fc** ppSpec, int order, int flag,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTInitAlloc_C_64f(VeksFFTSpec_C_64f** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTFree_C_32fc(VeksFFTSpec_C_32fc* pSpec);
+VEK_API VekStatus veksFFTFree_C_32f(VeksFFTSpec_C_32f* pSpec);
+VEK_API VekStatus veksFFTFree_C_64fc(VeksFFTSpec_C_64fc* pSpec);
+VEK_API VekStatus veksFFTFree_C_64f(VeksFFTSpec_C_64f* pSpec);
+/* Work-buffer bytes: 0 up to order 10, 16 for orders 11 and 12, above that four columns of the
+   widest split level plus 16 (double kinds: twice the single kinds' column bytes). */
+VEK_API VekStatus veksFFTGetBufSize_C_32fc(const VeksFFTSpec_C_32fc* pSpec, int* pSize);
+VEK_API VekStatus veksFFTGetBufSize_C_32f(const VeksFFTSpec_C_32f* pSpec, int* pSize);
+VEK_API VekStatus veksFFTGetBufSize_C_64fc(const VeksFFTSpec_C_64fc* pSpec, int* pSize);
+VEK_API VekStatus veksFFTGetBufSize_C_64f(const VeksFFTSpec_C_64f* pSpec, int* pSize);
+
+VEK_API VekStatus veksFFTFwd_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
+                                       const VeksFFTSpec_C_32fc* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
+                                       const VeksFFTSpec_C_32fc* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst,
+                                       const VeksFFTSpec_C_64fc* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst,
+                                       const VeksFFTSpec_C_64fc* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe,
+                                      Vek32f* pDstIm, const VeksFFTSpec_C_32f* pSpec,
+                                      Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe,
+                                      Vek32f* pDstIm, const VeksFFTSpec_C_32f* pSpec,
+                                      Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe,
+                                      Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
+                                      Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe,
+                                      Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
+                                      Vek8u* pBuffer);
+
 /* ==== end of Complex FFT */
 
 /* ==== Real FFT and packed spectra ============================================================= */
+
+/* Real FFT of N = 2^order samples (order 0 to 30), same flags, checks and buffers as the
+   complex FFT; the work-buffer size is that of the complex plan of order - 1. The spectrum
+   X[0..N/2] (R_k, I_k its parts) is stored in one of three layouts:
+     Pack: R_0, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}, R_{N/2}           (N values)
+     Perm: R_0, R_{N/2}, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}           (N values)
+     CCS:  R_0, 0, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}, R_{N/2}, 0     (N + 2 values)
+   For N = 1 Pack and Perm hold R_0 and CCS holds R_0, 0. The inverse reads the layout and writes
+   N samples; pSrc == pDst runs in place (for CCS the buffer holds N + 2 values). */
+
+typedef struct VeksFFTSpec_R_32f VeksFFTSpec_R_32f;
+typedef struct VeksFFTSpec_R_64f VeksFFTSpec_R_64f;
+
+VEK_API VekStatus veksFFTInitAlloc_R_32f(VeksFFTSpec_R_32f** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTInitAlloc_R_64f(VeksFFTSpec_R_64f** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTFree_R_32f(VeksFFTSpec_R_32f* pSpec);
+VEK_API VekStatus veksFFTFree_R_64f(VeksFFTSpec_R_64f* pSpec);
+VEK_API VekStatus veksFFTGetBufSize_R_32f(const VeksFFTSpec_R_32f* pSpec, int* pSize);
+VEK_API VekStatus veksFFTGetBufSize_R_64f(const VeksFFTSpec_R_64f* pSpec, int* pSize);
+
+VEK_API VekStatus veksFFTFwd_RToPack_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                         const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToPerm_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                         const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToCCS_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                        const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PackToR_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                         const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PermToR_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                         const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CCSToR_32f(const Vek32f* pSrc, Vek32f* pDst,
+                                        const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToPack_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToPerm_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToCCS_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                        const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PackToR_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PermToR_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CCSToR_64f(const Vek64f* pSrc, Vek64f* pDst,
+                                        const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
 
 /* ==== end of Real FFT and packed spectra */
 

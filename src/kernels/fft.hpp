@@ -1,0 +1,52 @@
+// Power-of-two FFT kernels. The complex engine works in place on interleaved complex data
+// (re, im pairs of T): a fused pass applies the bit-reversal permutation together with the
+// first two (even order) or one and a half (odd order: an 8-point leaf) radix-2 levels, then
+// radix-4 decimation-in-time stages finish the transform, depth first so that every stage of a
+// cache-sized block runs while the block is resident.
+//
+// Twiddle layout (built by fft_build_twiddles, shared by every level): for each radix-4 stage,
+// in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the leaf size 8 or
+// 16), three runs of m complex values: W^j, W^2j, W^3j for j < m, W = exp(-2 pi i / 4m). The
+// stage with quarter length m starts at complex offset m - S.
+//
+// Kernels never check arguments; lengths and orders are those of a valid plan.
+#pragma once
+
+#include <cstddef>
+
+#include "kernels/isa.hpp"
+#include "veks_types.h"
+
+namespace veks::kern {
+
+struct FftKernels {
+    // Complex transform of 2^order points, order >= 0; src may equal dst (in place). `tw` is
+    // the stage table for this order (unused below order 5). No scaling.
+    void (*cfft_32f)(const float* src, float* dst, int order, const float* tw, bool inverse);
+    void (*cfft_64f)(const double* src, double* dst, int order, const double* tw, bool inverse);
+    // x[i] *= s for n reals.
+    void (*scale_32f)(float* x, size_t n, float s);
+    void (*scale_64f)(double* x, size_t n, double s);
+    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4, in place.
+    // Forward: half-length spectrum -> Perm layout; `tab` holds N/4 pairs
+    // (cos(2 pi k/N)/2, 1/2 - sin(2 pi k/N)/2). Inverse: Perm layout -> the half-length
+    // spectrum whose inverse transform is N times the interleaved signal; `tab` holds N/4 pairs
+    // (cos(2 pi k/N), sin(2 pi k/N)).
+    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
+    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
+    void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
+    void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
+};
+
+// Number of complex twiddles the stage table of a complex transform of 2^order points holds
+// (0 when the transform has no radix-4 stage).
+constexpr size_t fft_twiddle_count(int order) {
+    if (order < 5) return 0;
+    const size_t n = size_t{1} << order;
+    const size_t leaf = (order & 1) ? 8 : 16;
+    return n / 4 >= leaf ? n / 4 * 4 - leaf : 0; // sum of 3m over the stages = N - S
+}
+
+} // namespace veks::kern
+
+VEK_KERNEL_TABLE(FftKernels, fft)

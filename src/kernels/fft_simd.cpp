@@ -1,0 +1,610 @@
+// FFT kernels, compiled once per instruction-set level (VEK_ISA). The butterflies are written
+// once over a small "complex vector" interface (V::R holds V::W complex values); each level
+// supplies that interface with its widest registers, and the scalar one-lane version is the
+// reference and serves the few blocks too short for a full vector.
+#include <cstdint>
+
+#include "kernels/fft.hpp"
+
+#if VEK_ISA_LEVEL >= 1
+#include <immintrin.h>
+#endif
+#if VEK_ISA_LEVEL >= 3 && defined(__GNUC__) && !defined(__clang__)
+// GCC 12's AVX-512 permute intrinsics pass an undefined vector as the unused merge source,
+// which its own flow analysis then reports.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
+namespace veks::kern::VEK_ISA {
+namespace {
+
+// ---- one complex value per "vector" ---------------------------------------------------------
+
+template <class T>
+struct C1 {
+    T re, im;
+};
+
+template <class T>
+struct Scalar {
+    using R = C1<T>;
+    static constexpr int W = 1;
+    static R load(const T* p) { return {p[0], p[1]}; }
+    static void store(T* p, R a) {
+        p[0] = a.re;
+        p[1] = a.im;
+    }
+    static R set(T re, T im) { return {re, im}; }
+    static R add(R a, R b) { return {a.re + b.re, a.im + b.im}; }
+    static R sub(R a, R b) { return {a.re - b.re, a.im - b.im}; }
+    static R mul(R a, R w) { return {a.re * w.re - a.im * w.im, a.re * w.im + a.im * w.re}; }
+    static R mulconj(R a, R w) { return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im}; }
+    static R mul_neg_i(R a) { return {a.im, -a.re}; }
+    static R mul_pos_i(R a) { return {-a.im, a.re}; }
+    static void transpose(R*) {}
+};
+
+#if VEK_ISA_LEVEL == 1
+struct F128 {
+    using R = __m128;
+    static constexpr int W = 2;
+    static R load(const float* p) { return _mm_loadu_ps(p); }
+    static void store(float* p, R a) { _mm_storeu_ps(p, a); }
+    static R set(float re, float im) { return _mm_setr_ps(re, im, re, im); }
+    static R add(R a, R b) { return _mm_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm_sub_ps(a, b); }
+    static R swap(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 3, 0, 1)); }
+    static R even_neg() { return _mm_castsi128_ps(_mm_setr_epi32(INT32_MIN, 0, INT32_MIN, 0)); }
+    static R odd_neg() { return _mm_castsi128_ps(_mm_setr_epi32(0, INT32_MIN, 0, INT32_MIN)); }
+    static R mul(R a, R w) {
+        const R wr = _mm_shuffle_ps(w, w, _MM_SHUFFLE(2, 2, 0, 0));
+        const R wi = _mm_shuffle_ps(w, w, _MM_SHUFFLE(3, 3, 1, 1));
+        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), even_neg()));
+    }
+    static R mulconj(R a, R w) {
+        const R wr = _mm_shuffle_ps(w, w, _MM_SHUFFLE(2, 2, 0, 0));
+        const R wi = _mm_shuffle_ps(w, w, _MM_SHUFFLE(3, 3, 1, 1));
+        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), odd_neg()));
+    }
+    static R mul_neg_i(R a) { return _mm_xor_ps(swap(a), odd_neg()); }
+    static R mul_pos_i(R a) { return _mm_xor_ps(swap(a), even_neg()); }
+    static void transpose(R* r) {
+        const R a = _mm_movelh_ps(r[0], r[1]), b = _mm_movehl_ps(r[1], r[0]);
+        r[0] = a;
+        r[1] = b;
+    }
+};
+struct D128 {
+    using R = __m128d;
+    static constexpr int W = 1;
+    static R load(const double* p) { return _mm_loadu_pd(p); }
+    static void store(double* p, R a) { _mm_storeu_pd(p, a); }
+    static R set(double re, double im) { return _mm_setr_pd(re, im); }
+    static R add(R a, R b) { return _mm_add_pd(a, b); }
+    static R sub(R a, R b) { return _mm_sub_pd(a, b); }
+    static R swap(R a) { return _mm_shuffle_pd(a, a, 1); }
+    static R even_neg() { return _mm_setr_pd(-0.0, 0.0); }
+    static R odd_neg() { return _mm_setr_pd(0.0, -0.0); }
+    static R mul(R a, R w) {
+        const R wr = _mm_unpacklo_pd(w, w), wi = _mm_unpackhi_pd(w, w);
+        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), even_neg()));
+    }
+    static R mulconj(R a, R w) {
+        const R wr = _mm_unpacklo_pd(w, w), wi = _mm_unpackhi_pd(w, w);
+        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), odd_neg()));
+    }
+    static R mul_neg_i(R a) { return _mm_xor_pd(swap(a), odd_neg()); }
+    static R mul_pos_i(R a) { return _mm_xor_pd(swap(a), even_neg()); }
+    static void transpose(R*) {}
+};
+using VF = F128;
+using VD = D128;
+#elif VEK_ISA_LEVEL == 2
+struct F256 {
+    using R = __m256;
+    static constexpr int W = 4;
+    static R load(const float* p) { return _mm256_loadu_ps(p); }
+    static void store(float* p, R a) { _mm256_storeu_ps(p, a); }
+    static R set(float re, float im) { return _mm256_setr_ps(re, im, re, im, re, im, re, im); }
+    static R add(R a, R b) { return _mm256_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm256_sub_ps(a, b); }
+    static R swap(R a) { return _mm256_permute_ps(a, 0xB1); }
+    static R mul(R a, R w) {
+        return _mm256_fmaddsub_ps(a, _mm256_moveldup_ps(w),
+                                  _mm256_mul_ps(swap(a), _mm256_movehdup_ps(w)));
+    }
+    static R mulconj(R a, R w) {
+        return _mm256_fmsubadd_ps(a, _mm256_moveldup_ps(w),
+                                  _mm256_mul_ps(swap(a), _mm256_movehdup_ps(w)));
+    }
+    static R odd_neg() { return _mm256_setr_ps(0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f); }
+    static R even_neg() { return _mm256_setr_ps(-0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f); }
+    static R mul_neg_i(R a) { return _mm256_xor_ps(swap(a), odd_neg()); }
+    static R mul_pos_i(R a) { return _mm256_xor_ps(swap(a), even_neg()); }
+    static void transpose(R* r) {
+        const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
+        const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
+        const __m256d t2 = _mm256_unpacklo_pd(_mm256_castps_pd(r[2]), _mm256_castps_pd(r[3]));
+        const __m256d t3 = _mm256_unpackhi_pd(_mm256_castps_pd(r[2]), _mm256_castps_pd(r[3]));
+        r[0] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x20));
+        r[1] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x20));
+        r[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
+        r[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
+    }
+};
+struct D256 {
+    using R = __m256d;
+    static constexpr int W = 2;
+    static R load(const double* p) { return _mm256_loadu_pd(p); }
+    static void store(double* p, R a) { _mm256_storeu_pd(p, a); }
+    static R set(double re, double im) { return _mm256_setr_pd(re, im, re, im); }
+    static R add(R a, R b) { return _mm256_add_pd(a, b); }
+    static R sub(R a, R b) { return _mm256_sub_pd(a, b); }
+    static R swap(R a) { return _mm256_permute_pd(a, 0x5); }
+    static R mul(R a, R w) {
+        return _mm256_fmaddsub_pd(a, _mm256_movedup_pd(w),
+                                  _mm256_mul_pd(swap(a), _mm256_permute_pd(w, 0xF)));
+    }
+    static R mulconj(R a, R w) {
+        return _mm256_fmsubadd_pd(a, _mm256_movedup_pd(w),
+                                  _mm256_mul_pd(swap(a), _mm256_permute_pd(w, 0xF)));
+    }
+    static R mul_neg_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(0., -0., 0., -0.)); }
+    static R mul_pos_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(-0., 0., -0., 0.)); }
+    static void transpose(R* r) {
+        const R a = _mm256_permute2f128_pd(r[0], r[1], 0x20);
+        const R b = _mm256_permute2f128_pd(r[0], r[1], 0x31);
+        r[0] = a;
+        r[1] = b;
+    }
+};
+using VF = F256;
+using VD = D256;
+#elif VEK_ISA_LEVEL >= 3
+struct F512 {
+    using R = __m512;
+    static constexpr int W = 8;
+    static R load(const float* p) { return _mm512_loadu_ps(p); }
+    static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
+    static R set(float re, float im) { return _mm512_setr4_ps(re, im, re, im); }
+    static R add(R a, R b) { return _mm512_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm512_sub_ps(a, b); }
+    static R swap(R a) { return _mm512_permute_ps(a, 0xB1); }
+    static R mul(R a, R w) {
+        return _mm512_fmaddsub_ps(a, _mm512_moveldup_ps(w),
+                                  _mm512_mul_ps(swap(a), _mm512_movehdup_ps(w)));
+    }
+    static R mulconj(R a, R w) {
+        return _mm512_fmsubadd_ps(a, _mm512_moveldup_ps(w),
+                                  _mm512_mul_ps(swap(a), _mm512_movehdup_ps(w)));
+    }
+    static R odd_neg() {
+        return _mm512_castsi512_ps(
+            _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
+    }
+    static R even_neg() { return _mm512_castsi512_ps(_mm512_set1_epi64(0x80000000ll)); }
+    static R mul_neg_i(R a) { return _mm512_xor_ps(swap(a), odd_neg()); }
+    static R mul_pos_i(R a) { return _mm512_xor_ps(swap(a), even_neg()); }
+    static void transpose(R* r) {
+        __m512d t[8], u[8];
+        for (int i = 0; i < 8; i += 2) {
+            t[i] = _mm512_unpacklo_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
+            t[i + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
+        }
+        // u[0..3]: rows 0-3, column pairs {0,4}, {2,6}, {1,5}, {3,7}; u[4..7]: rows 4-7.
+        for (int h = 0; h < 8; h += 4) {
+            u[h + 0] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0x88);
+            u[h + 1] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0xDD);
+            u[h + 2] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0x88);
+            u[h + 3] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0xDD);
+        }
+        r[0] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0x88));
+        r[4] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0xDD));
+        r[2] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0x88));
+        r[6] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0xDD));
+        r[1] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0x88));
+        r[5] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0xDD));
+        r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
+        r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
+    }
+};
+struct D512 {
+    using R = __m512d;
+    static constexpr int W = 4;
+    static R load(const double* p) { return _mm512_loadu_pd(p); }
+    static void store(double* p, R a) { _mm512_storeu_pd(p, a); }
+    static R set(double re, double im) { return _mm512_setr_pd(re, im, re, im, re, im, re, im); }
+    static R add(R a, R b) { return _mm512_add_pd(a, b); }
+    static R sub(R a, R b) { return _mm512_sub_pd(a, b); }
+    static R swap(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R mul(R a, R w) {
+        return _mm512_fmaddsub_pd(a, _mm512_movedup_pd(w),
+                                  _mm512_mul_pd(swap(a), _mm512_permute_pd(w, 0xFF)));
+    }
+    static R mulconj(R a, R w) {
+        return _mm512_fmsubadd_pd(a, _mm512_movedup_pd(w),
+                                  _mm512_mul_pd(swap(a), _mm512_permute_pd(w, 0xFF)));
+    }
+    static R mul_neg_i(R a) {
+        return _mm512_xor_pd(swap(a), _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
+    }
+    static R mul_pos_i(R a) {
+        return _mm512_xor_pd(swap(a), _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.));
+    }
+    static void transpose(R* r) {
+        const R t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44);
+        const R t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
+        const R t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44);
+        const R t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
+        r[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+        r[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+        r[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+        r[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    }
+};
+using VF = F512;
+using VD = D512;
+#else
+using VF = Scalar<float>;
+using VD = Scalar<double>;
+#endif
+
+// ---- bit reversal ---------------------------------------------------------------------------
+
+struct Rev8 {
+    uint8_t v[256];
+    constexpr Rev8() : v() {
+        for (int i = 0; i < 256; ++i) {
+            int r = 0;
+            for (int b = 0; b < 8; ++b) r |= ((i >> b) & 1) << (7 - b);
+            v[i] = static_cast<uint8_t>(r);
+        }
+    }
+};
+constexpr Rev8 kRev8{};
+
+inline size_t bit_reverse(size_t i, int bits) {
+    if (bits == 0) return 0;
+    const uint32_t v = static_cast<uint32_t>(i);
+    const uint32_t r = (uint32_t{kRev8.v[v & 255]} << 24) |
+                       (uint32_t{kRev8.v[(v >> 8) & 255]} << 16) |
+                       (uint32_t{kRev8.v[(v >> 16) & 255]} << 8) | uint32_t{kRev8.v[v >> 24]};
+    return r >> (32 - bits);
+}
+
+// ---- butterflies ----------------------------------------------------------------------------
+
+// Multiplication by the transform's quarter turn: -i forward, +i inverse.
+template <class V, bool INV>
+inline typename V::R quarter(typename V::R a) {
+    if constexpr (INV)
+        return V::mul_pos_i(a);
+    else
+        return V::mul_neg_i(a);
+}
+
+template <class V, bool INV>
+inline typename V::R twiddle(typename V::R a, typename V::R w) {
+    if constexpr (INV)
+        return V::mulconj(a, w);
+    else
+        return V::mul(a, w);
+}
+
+// 4-point transform, natural order in and out.
+template <class V, bool INV>
+inline void dft4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3) {
+    const auto t0 = V::add(a0, a2), t1 = V::sub(a0, a2);
+    const auto t2 = V::add(a1, a3), t3 = quarter<V, INV>(V::sub(a1, a3));
+    a0 = V::add(t0, t2);
+    a2 = V::sub(t0, t2);
+    a1 = V::add(t1, t3);
+    a3 = V::sub(t1, t3);
+}
+
+template <class T>
+struct Consts {
+    static constexpr T r = static_cast<T>(0.70710678118654752440084436210484903928L);
+    static constexpr T c1 = static_cast<T>(0.92387953251128675612818318939678828682L);
+    static constexpr T s1 = static_cast<T>(0.38268343236508977172845998403039886676L);
+};
+
+// 8-point transform of x[0..7] (natural order in and out): two 4-point transforms of the even
+// and odd samples joined by one radix-2 level.
+template <class V, class T, bool INV>
+inline void dft8(typename V::R* x) {
+    using K = Consts<T>;
+    typename V::R e0 = x[0], e1 = x[2], e2 = x[4], e3 = x[6];
+    typename V::R o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
+    dft4<V, INV>(e0, e1, e2, e3);
+    dft4<V, INV>(o0, o1, o2, o3);
+    o1 = twiddle<V, INV>(o1, V::set(K::r, -K::r));
+    o2 = quarter<V, INV>(o2);
+    o3 = twiddle<V, INV>(o3, V::set(-K::r, -K::r));
+    x[0] = V::add(e0, o0);
+    x[4] = V::sub(e0, o0);
+    x[1] = V::add(e1, o1);
+    x[5] = V::sub(e1, o1);
+    x[2] = V::add(e2, o2);
+    x[6] = V::sub(e2, o2);
+    x[3] = V::add(e3, o3);
+    x[7] = V::sub(e3, o3);
+}
+
+// 16-point transform of x[0..15], natural order in and out: 4 x 4 with inner twiddles.
+template <class V, class T, bool INV>
+inline void dft16(typename V::R* x) {
+    using K = Consts<T>;
+    typename V::R y[16];
+    for (int n2 = 0; n2 < 4; ++n2) {
+        typename V::R a0 = x[n2], a1 = x[4 + n2], a2 = x[8 + n2], a3 = x[12 + n2];
+        dft4<V, INV>(a0, a1, a2, a3);
+        y[4 * n2 + 0] = a0;
+        y[4 * n2 + 1] = a1;
+        y[4 * n2 + 2] = a2;
+        y[4 * n2 + 3] = a3;
+    }
+    // y[4*n2 + k1] *= W16^(n2*k1)
+    y[5] = twiddle<V, INV>(y[5], V::set(K::c1, -K::s1));
+    y[6] = twiddle<V, INV>(y[6], V::set(K::r, -K::r));
+    y[7] = twiddle<V, INV>(y[7], V::set(K::s1, -K::c1));
+    y[9] = twiddle<V, INV>(y[9], V::set(K::r, -K::r));
+    y[10] = quarter<V, INV>(y[10]);
+    y[11] = twiddle<V, INV>(y[11], V::set(-K::r, -K::r));
+    y[13] = twiddle<V, INV>(y[13], V::set(K::s1, -K::c1));
+    y[14] = twiddle<V, INV>(y[14], V::set(-K::r, -K::r));
+    y[15] = twiddle<V, INV>(y[15], V::set(-K::c1, K::s1));
+    for (int k1 = 0; k1 < 4; ++k1) {
+        typename V::R a0 = y[k1], a1 = y[4 + k1], a2 = y[8 + k1], a3 = y[12 + k1];
+        dft4<V, INV>(a0, a1, a2, a3);
+        x[k1] = a0;
+        x[k1 + 4] = a1;
+        x[k1 + 8] = a2;
+        x[k1 + 12] = a3;
+    }
+}
+
+template <class V, class T, int S, bool INV>
+inline void leaf_dft(typename V::R* x) {
+    if constexpr (S == 16)
+        dft16<V, T, INV>(x);
+    else
+        dft8<V, T, INV>(x);
+}
+
+// Out of place: bit-reversal permutation and the S-point leaf transforms in one pass. Leaf
+// block b (dst[S*b ..]) is the S-point transform of src[rev(b) + p*nb], p = 0..S-1; V::W
+// consecutive rev(b) values are loaded as one vector per p and transposed on the way out.
+template <class V, class T, int S, bool INV>
+void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
+    constexpr int W = V::W;
+    for (size_t r0 = 0; r0 < nb; r0 += W) {
+        typename V::R x[S];
+        for (int p = 0; p < S; ++p) x[p] = V::load(src + 2 * (r0 + p * nb));
+        leaf_dft<V, T, S, INV>(x);
+        for (int c = 0; c < S / W; ++c) {
+            typename V::R t[W];
+            for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
+            V::transpose(t);
+            for (int l = 0; l < W; ++l)
+                V::store(dst + 2 * (bit_reverse(r0 + l, bbits) * S + c * W), t[l]);
+        }
+    }
+}
+
+// In place, after a full bit-reversal permutation: each block holds its leaf's input in
+// bit-reversed order; W blocks are transposed into lanes, transformed and transposed back.
+template <class V, class T, int S, bool INV>
+void leaf_in_place(T* x, size_t nb) {
+    constexpr int W = V::W;
+    constexpr int lb = S == 16 ? 4 : 3;
+    for (size_t b0 = 0; b0 < nb; b0 += W) {
+        typename V::R q[S], y[S];
+        for (int c = 0; c < S / W; ++c) {
+            typename V::R t[W];
+            for (int l = 0; l < W; ++l) t[l] = V::load(x + 2 * ((b0 + l) * S + c * W));
+            V::transpose(t);
+            for (int i = 0; i < W; ++i) q[c * W + i] = t[i];
+        }
+        for (int p = 0; p < S; ++p) y[p] = q[bit_reverse(static_cast<size_t>(p), lb)];
+        leaf_dft<V, T, S, INV>(y);
+        for (int c = 0; c < S / W; ++c) {
+            typename V::R t[W];
+            for (int i = 0; i < W; ++i) t[i] = y[c * W + i];
+            V::transpose(t);
+            for (int l = 0; l < W; ++l) V::store(x + 2 * ((b0 + l) * S + c * W), t[l]);
+        }
+    }
+}
+
+template <class T>
+void bit_reverse_in_place(T* x, int order) {
+    const size_t n = size_t{1} << order;
+    for (size_t i = 1; i + 1 < n; ++i) {
+        const size_t j = bit_reverse(i, order);
+        if (i < j) {
+            const T a = x[2 * i], b = x[2 * i + 1];
+            x[2 * i] = x[2 * j];
+            x[2 * i + 1] = x[2 * j + 1];
+            x[2 * j] = a;
+            x[2 * j + 1] = b;
+        }
+    }
+}
+
+// One radix-4 decimation-in-time stage over the block x[0 .. 4m): the four quarter-length
+// transforms sit at 0, m, 2m, 3m and hold, in bit-reversed order, the residues 0, 2, 1, 3.
+template <class V, class T, bool INV>
+void radix4_stage(T* x, size_t m, const T* tw) {
+    T* p0 = x;
+    T* p1 = x + 2 * m;
+    T* p2 = x + 4 * m;
+    T* p3 = x + 6 * m;
+    const T* w1 = tw;
+    const T* w2 = tw + 2 * m;
+    const T* w3 = tw + 4 * m;
+    for (size_t j = 0; j < 2 * m; j += 2 * V::W) {
+        const auto a0 = V::load(p0 + j);
+        const auto t2 = twiddle<V, INV>(V::load(p1 + j), V::load(w2 + j));
+        const auto t1 = twiddle<V, INV>(V::load(p2 + j), V::load(w1 + j));
+        const auto t3 = twiddle<V, INV>(V::load(p3 + j), V::load(w3 + j));
+        const auto s02 = V::add(a0, t2), d02 = V::sub(a0, t2);
+        const auto s13 = V::add(t1, t3), d13 = quarter<V, INV>(V::sub(t1, t3));
+        V::store(p0 + j, V::add(s02, s13));
+        V::store(p2 + j, V::sub(s02, s13));
+        V::store(p1 + j, V::add(d02, d13));
+        V::store(p3 + j, V::sub(d02, d13));
+    }
+}
+
+// Blocks up to this many complex values run all their stages breadth first.
+template <class T>
+constexpr size_t kInCache = sizeof(T) == 4 ? 4096 : 2048;
+
+// All radix-4 stages of the block x[0 .. len), depth first above the in-cache size.
+template <class V, class T, bool INV>
+void stages(T* x, size_t len, size_t leaf, const T* tw) {
+    if (len <= kInCache<T>) {
+        for (size_t m = leaf; 4 * m <= len; m *= 4)
+            for (size_t g = 0; g < len; g += 4 * m)
+                radix4_stage<V, T, INV>(x + 2 * g, m, tw + 2 * (m - leaf));
+        return;
+    }
+    const size_t q = len / 4;
+    for (int i = 0; i < 4; ++i) stages<V, T, INV>(x + 2 * i * q, q, leaf, tw);
+    radix4_stage<V, T, INV>(x, q, tw + 2 * (q - leaf));
+}
+
+template <class V, class T, int S, bool INV>
+void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
+    constexpr int lb = S == 16 ? 4 : 3;
+    const size_t n = size_t{1} << order;
+    const size_t nb = n / S;
+    if (src != dst) {
+        if (nb >= static_cast<size_t>(V::W))
+            leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
+        else
+            leaf_out_of_place<Scalar<T>, T, S, INV>(src, dst, nb, order - lb);
+    } else {
+        bit_reverse_in_place(dst, order);
+        if (nb >= static_cast<size_t>(V::W))
+            leaf_in_place<V, T, S, INV>(dst, nb);
+        else
+            leaf_in_place<Scalar<T>, T, S, INV>(dst, nb);
+    }
+    if (n > S) stages<V, T, INV>(dst, n, S, tw);
+}
+
+// 1, 2 and 4 points.
+template <class T, bool INV>
+void cfft_tiny(const T* src, T* dst, int order) {
+    using V = Scalar<T>;
+    if (order == 0) {
+        dst[0] = src[0];
+        dst[1] = src[1];
+    } else if (order == 1) {
+        const auto a = V::load(src), b = V::load(src + 2);
+        V::store(dst, V::add(a, b));
+        V::store(dst + 2, V::sub(a, b));
+    } else {
+        auto a0 = V::load(src), a1 = V::load(src + 2), a2 = V::load(src + 4), a3 = V::load(src + 6);
+        dft4<V, INV>(a0, a1, a2, a3);
+        V::store(dst, a0);
+        V::store(dst + 2, a1);
+        V::store(dst + 4, a2);
+        V::store(dst + 6, a3);
+    }
+}
+
+template <class V, class T>
+void cfft(const T* src, T* dst, int order, const T* tw, bool inverse) {
+    if (order < 3) {
+        if (inverse)
+            cfft_tiny<T, true>(src, dst, order);
+        else
+            cfft_tiny<T, false>(src, dst, order);
+    } else if (order & 1) {
+        if (inverse)
+            cfft_leafed<V, T, 8, true>(src, dst, order, tw);
+        else
+            cfft_leafed<V, T, 8, false>(src, dst, order, tw);
+    } else {
+        if (inverse)
+            cfft_leafed<V, T, 16, true>(src, dst, order, tw);
+        else
+            cfft_leafed<V, T, 16, false>(src, dst, order, tw);
+    }
+}
+
+template <class T>
+void scale(T* x, size_t n, T s) {
+    for (size_t i = 0; i < n; ++i) x[i] *= s;
+}
+
+// Half-length spectrum Z -> Perm layout. For the pair k, N/2-k with Z_k = x + iy,
+// Z_{N/2-k} = u + iw and table entry (A, B): d = x - u, s = w + y, t = B d + A s,
+// r = B s - A d; R_k = u + t, R_{N/2-k} = x - t, I_k = r - w, I_{N/2-k} = r - y.
+template <class T>
+void rsplit_fwd(T* z, size_t n, const T* tab) {
+    const T x0 = z[0], y0 = z[1];
+    z[0] = x0 + y0;
+    z[1] = x0 - y0;
+    for (size_t k = 1; k < n / 4; ++k) {
+        const T x = z[2 * k], y = z[2 * k + 1], u = z[n - 2 * k], w = z[n - 2 * k + 1];
+        const T a = tab[2 * k], b = tab[2 * k + 1];
+        const T d = x - u, s = w + y;
+        const T t = b * d + a * s, r = b * s - a * d;
+        z[2 * k] = u + t;
+        z[n - 2 * k] = x - t;
+        z[2 * k + 1] = r - w;
+        z[n - 2 * k + 1] = r - y;
+    }
+    z[n / 2 + 1] = -z[n / 2 + 1];
+}
+
+// Perm layout -> 2 * (Xe_k + i Xo_k), the half-length spectrum of the interleaved signal
+// scaled so that the unnormalised half-length inverse yields N times the signal. With
+// P = X_k = (a, b), X_{N/2-k} = (e, f), dr = a - e, di = b + f and table entry (c, s):
+// alpha = s dr + c di, beta = c dr - s di; Z_k = (a + e - alpha, b - f + beta) and
+// Z_{N/2-k} = (a + e + alpha, f - b + beta).
+template <class T>
+void rsplit_inv(T* z, size_t n, const T* tab) {
+    const T r0 = z[0], rh = z[1];
+    z[0] = r0 + rh;
+    z[1] = r0 - rh;
+    for (size_t k = 1; k < n / 4; ++k) {
+        const T a = z[2 * k], b = z[2 * k + 1], e = z[n - 2 * k], f = z[n - 2 * k + 1];
+        const T c = tab[2 * k], s = tab[2 * k + 1];
+        const T dr = a - e, di = b + f;
+        const T alpha = s * dr + c * di, beta = c * dr - s * di;
+        z[2 * k] = a + e - alpha;
+        z[2 * k + 1] = b - f + beta;
+        z[n - 2 * k] = a + e + alpha;
+        z[n - 2 * k + 1] = f - b + beta;
+    }
+    // k = N/4 is its own mirror: (a, b) -> (2a, -2b).
+    z[n / 2] = 2 * z[n / 2];
+    z[n / 2 + 1] = -2 * z[n / 2 + 1];
+}
+
+void cfft_32f(const float* src, float* dst, int order, const float* tw, bool inverse) {
+    cfft<VF, float>(src, dst, order, tw, inverse);
+}
+void cfft_64f(const double* src, double* dst, int order, const double* tw, bool inverse) {
+    cfft<VD, double>(src, dst, order, tw, inverse);
+}
+
+} // namespace
+
+extern const FftKernels fft = {
+    .cfft_32f = cfft_32f,
+    .cfft_64f = cfft_64f,
+    .scale_32f = scale<float>,
+    .scale_64f = scale<double>,
+    .rsplit_fwd_32f = rsplit_fwd<float>,
+    .rsplit_fwd_64f = rsplit_fwd<double>,
+    .rsplit_inv_32f = rsplit_inv<float>,
+    .rsplit_inv_64f = rsplit_inv<double>,
+};
+
+} // namespace veks::kern::VEK_ISA
