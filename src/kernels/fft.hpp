@@ -4,10 +4,11 @@
 // radix-4 decimation-in-time stages finish the transform, depth first so that every stage of a
 // cache-sized block runs while the block is resident.
 //
-// Twiddle layout (built by fft_build_twiddles, shared by every level): for each radix-4 stage,
-// in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the leaf size 8 or
-// 16), three runs of m complex values: W^j, W^2j, W^3j for j < m, W = exp(-2 pi i / 4m). The
-// stage with quarter length m starts at complex offset m - S.
+// Twiddle layout (built with the specification object, shared by every level): for each
+// radix-4 stage, in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the
+// leaf size 8 or 16), three runs for W^j, W^2j, W^3j (j < m, W = exp(-2 pi i / 4m)), each run
+// 2m values c, c (the real part twice per j) followed by 2m values s, s (the imaginary part
+// twice), so that a vector of interleaved data multiplies without shuffling the twiddles.
 //
 // Kernels never check arguments; lengths and orders are those of a valid plan.
 #pragma once
@@ -28,23 +29,24 @@ struct FftKernels {
     void (*scale_32f)(float* x, size_t n, float s);
     void (*scale_64f)(double* x, size_t n, double s);
     // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4, in place.
-    // Forward: half-length spectrum -> Perm layout; `tab` holds N/4 pairs
-    // (cos(2 pi k/N)/2, 1/2 - sin(2 pi k/N)/2). Inverse: Perm layout -> the half-length
-    // spectrum whose inverse transform is N times the interleaved signal; `tab` holds N/4 pairs
-    // (cos(2 pi k/N), sin(2 pi k/N)).
+    // Forward: half-length spectrum -> Perm layout; inverse: Perm layout -> the half-length
+    // spectrum whose unnormalised inverse is N times the interleaved signal. `tab` holds the
+    // factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated imaginary
+    // parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
     void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
     void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
 };
 
-// Number of complex twiddles the stage table of a complex transform of 2^order points holds
-// (0 when the transform has no radix-4 stage).
-constexpr size_t fft_twiddle_count(int order) {
+// Number of values (T) in the stage table of a complex transform of 2^order points: 12m per
+// stage, 4 (N - S) in all (0 when the transform has no radix-4 stage). The stage with quarter
+// length m starts at value 4 (m - S).
+constexpr size_t fft_twiddle_values(int order) {
     if (order < 5) return 0;
     const size_t n = size_t{1} << order;
     const size_t leaf = (order & 1) ? 8 : 16;
-    return n / 4 >= leaf ? n / 4 * 4 - leaf : 0; // sum of 3m over the stages = N - S
+    return 4 * (n - leaf);
 }
 
 } // namespace veks::kern

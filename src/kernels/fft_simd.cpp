@@ -39,12 +39,21 @@ struct Scalar {
     static R sub(R a, R b) { return {a.re - b.re, a.im - b.im}; }
     static R mul(R a, R w) { return {a.re * w.re - a.im * w.im, a.re * w.im + a.im * w.re}; }
     static R mulconj(R a, R w) { return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im}; }
+    // Twiddle given as duplicated real parts wr = (c, c) and imaginary parts wi = (s, s).
+    static R mulw(R a, R wr, R wi) {
+        return {a.re * wr.re - a.im * wi.re, a.re * wi.re + a.im * wr.re};
+    }
+    static R mulwc(R a, R wr, R wi) {
+        return {a.re * wr.re + a.im * wi.re, a.im * wr.re - a.re * wi.re};
+    }
     static R mul_neg_i(R a) { return {a.im, -a.re}; }
     static R mul_pos_i(R a) { return {-a.im, a.re}; }
+    static R conj(R a) { return {a.re, -a.im}; }
+    static R reverse(R a) { return a; }
     static void transpose(R*) {}
 };
 
-#if VEK_ISA_LEVEL == 1
+#if VEK_ISA_LEVEL >= 1
 struct F128 {
     using R = __m128;
     static constexpr int W = 2;
@@ -66,6 +75,15 @@ struct F128 {
         const R wi = _mm_shuffle_ps(w, w, _MM_SHUFFLE(3, 3, 1, 1));
         return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), odd_neg()));
     }
+    static R mulw(R a, R wr, R wi) {
+        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), even_neg()));
+    }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), odd_neg()));
+    }
+    using Narrow = Scalar<float>;
+    static R conj(R a) { return _mm_xor_ps(a, odd_neg()); }
+    static R reverse(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
     static R mul_neg_i(R a) { return _mm_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm_xor_ps(swap(a), even_neg()); }
     static void transpose(R* r) {
@@ -93,13 +111,20 @@ struct D128 {
         const R wr = _mm_unpacklo_pd(w, w), wi = _mm_unpackhi_pd(w, w);
         return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), odd_neg()));
     }
+    static R mulw(R a, R wr, R wi) {
+        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), even_neg()));
+    }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), odd_neg()));
+    }
+    static R conj(R a) { return _mm_xor_pd(a, odd_neg()); }
+    static R reverse(R a) { return a; }
     static R mul_neg_i(R a) { return _mm_xor_pd(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm_xor_pd(swap(a), even_neg()); }
     static void transpose(R*) {}
 };
-using VF = F128;
-using VD = D128;
-#elif VEK_ISA_LEVEL == 2
+#endif
+#if VEK_ISA_LEVEL >= 2
 struct F256 {
     using R = __m256;
     static constexpr int W = 4;
@@ -119,6 +144,21 @@ struct F256 {
     }
     static R odd_neg() { return _mm256_setr_ps(0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f); }
     static R even_neg() { return _mm256_setr_ps(-0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f); }
+    static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_ps(a, wr, _mm256_mul_ps(swap(a), wi)); }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm256_fmsubadd_ps(a, wr, _mm256_mul_ps(swap(a), wi));
+    }
+    // x1 = a - i b, x3 = a + i b in one fused add/subtract each.
+    static void rot(R a, R b, R& x1, R& x3) {
+        const R one = _mm256_set1_ps(1.0f), sb = swap(b);
+        x1 = _mm256_fmsubadd_ps(a, one, sb);
+        x3 = _mm256_fmaddsub_ps(a, one, sb);
+    }
+    using Narrow = F128;
+    static R conj(R a) { return _mm256_xor_ps(a, odd_neg()); }
+    static R reverse(R a) {
+        return _mm256_permutevar8x32_ps(a, _mm256_setr_epi32(6, 7, 4, 5, 2, 3, 0, 1));
+    }
     static R mul_neg_i(R a) { return _mm256_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm256_xor_ps(swap(a), even_neg()); }
     static void transpose(R* r) {
@@ -149,6 +189,18 @@ struct D256 {
         return _mm256_fmsubadd_pd(a, _mm256_movedup_pd(w),
                                   _mm256_mul_pd(swap(a), _mm256_permute_pd(w, 0xF)));
     }
+    static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_pd(a, wr, _mm256_mul_pd(swap(a), wi)); }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm256_fmsubadd_pd(a, wr, _mm256_mul_pd(swap(a), wi));
+    }
+    static void rot(R a, R b, R& x1, R& x3) {
+        const R one = _mm256_set1_pd(1.0), sb = swap(b);
+        x1 = _mm256_fmsubadd_pd(a, one, sb);
+        x3 = _mm256_fmaddsub_pd(a, one, sb);
+    }
+    using Narrow = D128;
+    static R conj(R a) { return _mm256_xor_pd(a, _mm256_setr_pd(0., -0., 0., -0.)); }
+    static R reverse(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(1, 0, 3, 2)); }
     static R mul_neg_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(0., -0., 0., -0.)); }
     static R mul_pos_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(-0., 0., -0., 0.)); }
     static void transpose(R* r) {
@@ -158,9 +210,8 @@ struct D256 {
         r[1] = b;
     }
 };
-using VF = F256;
-using VD = D256;
-#elif VEK_ISA_LEVEL >= 3
+#endif
+#if VEK_ISA_LEVEL >= 3
 struct F512 {
     using R = __m512;
     static constexpr int W = 8;
@@ -183,6 +234,21 @@ struct F512 {
             _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
     }
     static R even_neg() { return _mm512_castsi512_ps(_mm512_set1_epi64(0x80000000ll)); }
+    static R mulw(R a, R wr, R wi) { return _mm512_fmaddsub_ps(a, wr, _mm512_mul_ps(swap(a), wi)); }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm512_fmsubadd_ps(a, wr, _mm512_mul_ps(swap(a), wi));
+    }
+    static void rot(R a, R b, R& x1, R& x3) {
+        const R one = _mm512_set1_ps(1.0f), sb = swap(b);
+        x1 = _mm512_fmsubadd_ps(a, one, sb);
+        x3 = _mm512_fmaddsub_ps(a, one, sb);
+    }
+    using Narrow = F256;
+    static R conj(R a) { return _mm512_xor_ps(a, odd_neg()); }
+    static R reverse(R a) {
+        return _mm512_permutexvar_ps(
+            _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
+    }
     static R mul_neg_i(R a) { return _mm512_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm512_xor_ps(swap(a), even_neg()); }
     static void transpose(R* r) {
@@ -225,6 +291,22 @@ struct D512 {
         return _mm512_fmsubadd_pd(a, _mm512_movedup_pd(w),
                                   _mm512_mul_pd(swap(a), _mm512_permute_pd(w, 0xFF)));
     }
+    static R mulw(R a, R wr, R wi) { return _mm512_fmaddsub_pd(a, wr, _mm512_mul_pd(swap(a), wi)); }
+    static R mulwc(R a, R wr, R wi) {
+        return _mm512_fmsubadd_pd(a, wr, _mm512_mul_pd(swap(a), wi));
+    }
+    static void rot(R a, R b, R& x1, R& x3) {
+        const R one = _mm512_set1_pd(1.0), sb = swap(b);
+        x1 = _mm512_fmsubadd_pd(a, one, sb);
+        x3 = _mm512_fmaddsub_pd(a, one, sb);
+    }
+    using Narrow = D256;
+    static R conj(R a) {
+        return _mm512_xor_pd(a, _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
+    }
+    static R reverse(R a) {
+        return _mm512_permutexvar_pd(_mm512_setr_epi64(6, 7, 4, 5, 2, 3, 0, 1), a);
+    }
     static R mul_neg_i(R a) {
         return _mm512_xor_pd(swap(a), _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
     }
@@ -242,8 +324,16 @@ struct D512 {
         r[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
     }
 };
+#endif
+#if VEK_ISA_LEVEL >= 3
 using VF = F512;
 using VD = D512;
+#elif VEK_ISA_LEVEL == 2
+using VF = F256;
+using VD = D256;
+#elif VEK_ISA_LEVEL == 1
+using VF = F128;
+using VD = D128;
 #else
 using VF = Scalar<float>;
 using VD = Scalar<double>;
@@ -291,15 +381,42 @@ inline typename V::R twiddle(typename V::R a, typename V::R w) {
         return V::mul(a, w);
 }
 
+template <class V>
+concept FusedRotation = requires(typename V::R a) {
+    V::rot(a, a, a, a);
+};
+
+// x1 = a + q b and x3 = a - q b, q the transform's quarter turn (-i forward, +i inverse).
+template <class V, bool INV>
+inline void rotate_pair(typename V::R a, typename V::R b, typename V::R& x1, typename V::R& x3) {
+    if constexpr (FusedRotation<V>) {
+        if constexpr (INV)
+            V::rot(a, b, x3, x1);
+        else
+            V::rot(a, b, x1, x3);
+    } else {
+        const auto qb = quarter<V, INV>(b);
+        x1 = V::add(a, qb);
+        x3 = V::sub(a, qb);
+    }
+}
+
+template <class V, bool INV>
+inline typename V::R twiddle_split(typename V::R a, typename V::R wr, typename V::R wi) {
+    if constexpr (INV)
+        return V::mulwc(a, wr, wi);
+    else
+        return V::mulw(a, wr, wi);
+}
+
 // 4-point transform, natural order in and out.
 template <class V, bool INV>
 inline void dft4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3) {
     const auto t0 = V::add(a0, a2), t1 = V::sub(a0, a2);
-    const auto t2 = V::add(a1, a3), t3 = quarter<V, INV>(V::sub(a1, a3));
+    const auto t2 = V::add(a1, a3), t3 = V::sub(a1, a3);
     a0 = V::add(t0, t2);
     a2 = V::sub(t0, t2);
-    a1 = V::add(t1, t3);
-    a3 = V::sub(t1, t3);
+    rotate_pair<V, INV>(t1, t3, a1, a3);
 }
 
 template <class T>
@@ -318,9 +435,9 @@ inline void dft8(typename V::R* x) {
     typename V::R o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
     dft4<V, INV>(e0, e1, e2, e3);
     dft4<V, INV>(o0, o1, o2, o3);
-    o1 = twiddle<V, INV>(o1, V::set(K::r, -K::r));
+    o1 = twiddle_split<V, INV>(o1, V::set(K::r, K::r), V::set(-K::r, -K::r));
     o2 = quarter<V, INV>(o2);
-    o3 = twiddle<V, INV>(o3, V::set(-K::r, -K::r));
+    o3 = twiddle_split<V, INV>(o3, V::set(-K::r, -K::r), V::set(-K::r, -K::r));
     x[0] = V::add(e0, o0);
     x[4] = V::sub(e0, o0);
     x[1] = V::add(e1, o1);
@@ -345,15 +462,15 @@ inline void dft16(typename V::R* x) {
         y[4 * n2 + 3] = a3;
     }
     // y[4*n2 + k1] *= W16^(n2*k1)
-    y[5] = twiddle<V, INV>(y[5], V::set(K::c1, -K::s1));
-    y[6] = twiddle<V, INV>(y[6], V::set(K::r, -K::r));
-    y[7] = twiddle<V, INV>(y[7], V::set(K::s1, -K::c1));
-    y[9] = twiddle<V, INV>(y[9], V::set(K::r, -K::r));
+    y[5] = twiddle_split<V, INV>(y[5], V::set(K::c1, K::c1), V::set(-K::s1, -K::s1));
+    y[6] = twiddle_split<V, INV>(y[6], V::set(K::r, K::r), V::set(-K::r, -K::r));
+    y[7] = twiddle_split<V, INV>(y[7], V::set(K::s1, K::s1), V::set(-K::c1, -K::c1));
+    y[9] = twiddle_split<V, INV>(y[9], V::set(K::r, K::r), V::set(-K::r, -K::r));
     y[10] = quarter<V, INV>(y[10]);
-    y[11] = twiddle<V, INV>(y[11], V::set(-K::r, -K::r));
-    y[13] = twiddle<V, INV>(y[13], V::set(K::s1, -K::c1));
-    y[14] = twiddle<V, INV>(y[14], V::set(-K::r, -K::r));
-    y[15] = twiddle<V, INV>(y[15], V::set(-K::c1, K::s1));
+    y[11] = twiddle_split<V, INV>(y[11], V::set(-K::r, -K::r), V::set(-K::r, -K::r));
+    y[13] = twiddle_split<V, INV>(y[13], V::set(K::s1, K::s1), V::set(-K::c1, -K::c1));
+    y[14] = twiddle_split<V, INV>(y[14], V::set(-K::r, -K::r), V::set(-K::r, -K::r));
+    y[15] = twiddle_split<V, INV>(y[15], V::set(-K::c1, -K::c1), V::set(K::s1, K::s1));
     for (int k1 = 0; k1 < 4; ++k1) {
         typename V::R a0 = y[k1], a1 = y[4 + k1], a2 = y[8 + k1], a3 = y[12 + k1];
         dft4<V, INV>(a0, a1, a2, a3);
@@ -378,16 +495,23 @@ inline void leaf_dft(typename V::R* x) {
 template <class V, class T, int S, bool INV>
 void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
     constexpr int W = V::W;
+    if constexpr (W > 1) {
+        if (nb < static_cast<size_t>(W))
+            return leaf_out_of_place<typename V::Narrow, T, S, INV>(src, dst, nb, bbits);
+    }
+    // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W.
+    size_t lane_offset[W];
+    for (int l = 0; l < W; ++l) lane_offset[l] = 2 * S * bit_reverse(static_cast<size_t>(l), bbits);
     for (size_t r0 = 0; r0 < nb; r0 += W) {
         typename V::R x[S];
         for (int p = 0; p < S; ++p) x[p] = V::load(src + 2 * (r0 + p * nb));
         leaf_dft<V, T, S, INV>(x);
+        T* out = dst + 2 * S * bit_reverse(r0, bbits);
         for (int c = 0; c < S / W; ++c) {
             typename V::R t[W];
             for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
             V::transpose(t);
-            for (int l = 0; l < W; ++l)
-                V::store(dst + 2 * (bit_reverse(r0 + l, bbits) * S + c * W), t[l]);
+            for (int l = 0; l < W; ++l) V::store(out + lane_offset[l] + 2 * c * W, t[l]);
         }
     }
 }
@@ -397,6 +521,9 @@ void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
 template <class V, class T, int S, bool INV>
 void leaf_in_place(T* x, size_t nb) {
     constexpr int W = V::W;
+    if constexpr (W > 1) {
+        if (nb < static_cast<size_t>(W)) return leaf_in_place<typename V::Narrow, T, S, INV>(x, nb);
+    }
     constexpr int lb = S == 16 ? 4 : 3;
     for (size_t b0 = 0; b0 < nb; b0 += W) {
         typename V::R q[S], y[S];
@@ -434,26 +561,50 @@ void bit_reverse_in_place(T* x, int order) {
 
 // One radix-4 decimation-in-time stage over the block x[0 .. 4m): the four quarter-length
 // transforms sit at 0, m, 2m, 3m and hold, in bit-reversed order, the residues 0, 2, 1, 3.
+// The stage's table holds, for W^j, W^2j and W^3j in turn, the real parts duplicated
+// (c, c per j) and then the imaginary parts duplicated (s, s per j): 12m values.
+template <class V, class T, bool INV>
+inline void butterfly4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3,
+                       const T* tw, size_t m, size_t j) {
+    const T* w1 = tw;
+    const T* w2 = tw + 4 * m;
+    const T* w3 = tw + 8 * m;
+    const size_t h = 2 * m; // offset of the imaginary parts
+    const auto t2 = twiddle_split<V, INV>(a1, V::load(w2 + j), V::load(w2 + h + j));
+    const auto t1 = twiddle_split<V, INV>(a2, V::load(w1 + j), V::load(w1 + h + j));
+    const auto t3 = twiddle_split<V, INV>(a3, V::load(w3 + j), V::load(w3 + h + j));
+    const auto s02 = V::add(a0, t2), d02 = V::sub(a0, t2);
+    const auto s13 = V::add(t1, t3), d13 = V::sub(t1, t3);
+    a0 = V::add(s02, s13);
+    a2 = V::sub(s02, s13);
+    rotate_pair<V, INV>(d02, d13, a1, a3);
+}
+
 template <class V, class T, bool INV>
 void radix4_stage(T* x, size_t m, const T* tw) {
-    T* p0 = x;
-    T* p1 = x + 2 * m;
-    T* p2 = x + 4 * m;
-    T* p3 = x + 6 * m;
-    const T* w1 = tw;
-    const T* w2 = tw + 2 * m;
-    const T* w3 = tw + 4 * m;
     for (size_t j = 0; j < 2 * m; j += 2 * V::W) {
-        const auto a0 = V::load(p0 + j);
-        const auto t2 = twiddle<V, INV>(V::load(p1 + j), V::load(w2 + j));
-        const auto t1 = twiddle<V, INV>(V::load(p2 + j), V::load(w1 + j));
-        const auto t3 = twiddle<V, INV>(V::load(p3 + j), V::load(w3 + j));
-        const auto s02 = V::add(a0, t2), d02 = V::sub(a0, t2);
-        const auto s13 = V::add(t1, t3), d13 = quarter<V, INV>(V::sub(t1, t3));
-        V::store(p0 + j, V::add(s02, s13));
-        V::store(p2 + j, V::sub(s02, s13));
-        V::store(p1 + j, V::add(d02, d13));
-        V::store(p3 + j, V::sub(d02, d13));
+        auto a0 = V::load(x + j), a1 = V::load(x + 2 * m + j);
+        auto a2 = V::load(x + 4 * m + j), a3 = V::load(x + 6 * m + j);
+        butterfly4<V, T, INV>(a0, a1, a2, a3, tw, m, j);
+        V::store(x + j, a0);
+        V::store(x + 2 * m + j, a1);
+        V::store(x + 4 * m + j, a2);
+        V::store(x + 6 * m + j, a3);
+    }
+}
+
+// Two radix-4 stages (quarter lengths m and 4m) over the block x[0 .. 16m) in one pass: the
+// sixteen points j + k m (k < 16) are closed under both stages, so they stay in registers.
+template <class V, class T, bool INV>
+void radix16_stage(T* x, size_t m, const T* tw_m, const T* tw_4m) {
+    for (size_t j = 0; j < 2 * m; j += 2 * V::W) {
+        typename V::R v[16];
+        for (int k = 0; k < 16; ++k) v[k] = V::load(x + 2 * m * k + j);
+        for (int b = 0; b < 4; ++b)
+            butterfly4<V, T, INV>(v[4 * b], v[4 * b + 1], v[4 * b + 2], v[4 * b + 3], tw_m, m, j);
+        for (int q = 0; q < 4; ++q)
+            butterfly4<V, T, INV>(v[q], v[4 + q], v[8 + q], v[12 + q], tw_4m, 4 * m, 2 * m * q + j);
+        for (int k = 0; k < 16; ++k) V::store(x + 2 * m * k + j, v[k]);
     }
 }
 
@@ -461,18 +612,29 @@ void radix4_stage(T* x, size_t m, const T* tw) {
 template <class T>
 constexpr size_t kInCache = sizeof(T) == 4 ? 4096 : 2048;
 
-// All radix-4 stages of the block x[0 .. len), depth first above the in-cache size.
+// All radix-4 stages of the block x[0 .. len), paired into radix-16 passes where possible, depth
+// first above the in-cache size.
 template <class V, class T, bool INV>
 void stages(T* x, size_t len, size_t leaf, const T* tw) {
+    auto table = [&](size_t m) { return tw + 4 * (m - leaf); };
     if (len <= kInCache<T>) {
-        for (size_t m = leaf; 4 * m <= len; m *= 4)
-            for (size_t g = 0; g < len; g += 4 * m)
-                radix4_stage<V, T, INV>(x + 2 * g, m, tw + 2 * (m - leaf));
+        size_t m = leaf;
+        for (; 16 * m <= len; m *= 16)
+            for (size_t g = 0; g < len; g += 16 * m)
+                radix16_stage<V, T, INV>(x + 2 * g, m, table(m), table(4 * m));
+        if (4 * m <= len)
+            for (size_t g = 0; g < len; g += 4 * m) radix4_stage<V, T, INV>(x + 2 * g, m, table(m));
         return;
     }
-    const size_t q = len / 4;
-    for (int i = 0; i < 4; ++i) stages<V, T, INV>(x + 2 * i * q, q, leaf, tw);
-    radix4_stage<V, T, INV>(x, q, tw + 2 * (q - leaf));
+    if (len / 16 >= leaf) {
+        const size_t m = len / 16;
+        for (int i = 0; i < 16; ++i) stages<V, T, INV>(x + 2 * i * m, m, leaf, tw);
+        radix16_stage<V, T, INV>(x, m, table(m), table(4 * m));
+    } else {
+        const size_t q = len / 4;
+        for (int i = 0; i < 4; ++i) stages<V, T, INV>(x + 2 * i * q, q, leaf, tw);
+        radix4_stage<V, T, INV>(x, q, table(q));
+    }
 }
 
 template <class V, class T, int S, bool INV>
@@ -481,16 +643,10 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     const size_t n = size_t{1} << order;
     const size_t nb = n / S;
     if (src != dst) {
-        if (nb >= static_cast<size_t>(V::W))
-            leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
-        else
-            leaf_out_of_place<Scalar<T>, T, S, INV>(src, dst, nb, order - lb);
+        leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
     } else {
         bit_reverse_in_place(dst, order);
-        if (nb >= static_cast<size_t>(V::W))
-            leaf_in_place<V, T, S, INV>(dst, nb);
-        else
-            leaf_in_place<Scalar<T>, T, S, INV>(dst, nb);
+        leaf_in_place<V, T, S, INV>(dst, nb);
     }
     if (n > S) stages<V, T, INV>(dst, n, S, tw);
 }
@@ -541,50 +697,51 @@ void scale(T* x, size_t n, T s) {
     for (size_t i = 0; i < n; ++i) x[i] *= s;
 }
 
-// Half-length spectrum Z -> Perm layout. For the pair k, N/2-k with Z_k = x + iy,
-// Z_{N/2-k} = u + iw and table entry (A, B): d = x - u, s = w + y, t = B d + A s,
-// r = B s - A d; R_k = u + t, R_{N/2-k} = x - t, I_k = r - w, I_{N/2-k} = r - y.
-template <class T>
-void rsplit_fwd(T* z, size_t n, const T* tab) {
-    const T x0 = z[0], y0 = z[1];
-    z[0] = x0 + y0;
-    z[1] = x0 - y0;
-    for (size_t k = 1; k < n / 4; ++k) {
-        const T x = z[2 * k], y = z[2 * k + 1], u = z[n - 2 * k], w = z[n - 2 * k + 1];
-        const T a = tab[2 * k], b = tab[2 * k + 1];
-        const T d = x - u, s = w + y;
-        const T t = b * d + a * s, r = b * s - a * d;
-        z[2 * k] = u + t;
-        z[n - 2 * k] = x - t;
-        z[2 * k + 1] = r - w;
-        z[n - 2 * k + 1] = r - y;
+// The split steps pair index k with its mirror N/2 - k. With P = Z_k, Q = conj(Z_{N/2-k}) and
+// the table's factor F_k (dup layout: 2 * (N/4) real parts, then 2 * (N/4) imaginary parts):
+//   forward  T = (P - Q) F_k,  F_k = (1/2 - sin/2) - i cos/2;  X_k = Q + T,  X_{N/2-k} = conj(P -
+//   T) inverse  T = (P - Q) F_k,  F_k = -sin + i cos;  S = P + Q;  Z_k = S + T,  Z_{N/2-k} = conj(S
+//   - T)
+// (the inverse keeps the factor 2 of both halves, so that the half-length inverse transform
+// yields N times the signal). Index 0 and the self-mirrored N/4 are handled apart.
+template <class V, class T, bool INV>
+inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+    const size_t km = n / 2 - k - (V::W - 1); // first complex of the mirrored vector
+    const auto p = V::load(z + 2 * k);
+    const auto q = V::conj(V::reverse(V::load(z + 2 * km)));
+    const auto t = V::mulw(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
+    typename V::R lo, hi;
+    if constexpr (INV) {
+        const auto sum = V::add(p, q);
+        lo = V::add(sum, t);
+        hi = V::conj(V::sub(sum, t));
+    } else {
+        lo = V::add(q, t);
+        hi = V::conj(V::sub(p, t));
     }
-    z[n / 2 + 1] = -z[n / 2 + 1];
+    V::store(z + 2 * k, lo);
+    V::store(z + 2 * km, V::reverse(hi));
 }
 
-// Perm layout -> 2 * (Xe_k + i Xo_k), the half-length spectrum of the interleaved signal
-// scaled so that the unnormalised half-length inverse yields N times the signal. With
-// P = X_k = (a, b), X_{N/2-k} = (e, f), dr = a - e, di = b + f and table entry (c, s):
-// alpha = s dr + c di, beta = c dr - s di; Z_k = (a + e - alpha, b - f + beta) and
-// Z_{N/2-k} = (a + e + alpha, f - b + beta).
-template <class T>
-void rsplit_inv(T* z, size_t n, const T* tab) {
-    const T r0 = z[0], rh = z[1];
-    z[0] = r0 + rh;
-    z[1] = r0 - rh;
-    for (size_t k = 1; k < n / 4; ++k) {
-        const T a = z[2 * k], b = z[2 * k + 1], e = z[n - 2 * k], f = z[n - 2 * k + 1];
-        const T c = tab[2 * k], s = tab[2 * k + 1];
-        const T dr = a - e, di = b + f;
-        const T alpha = s * dr + c * di, beta = c * dr - s * di;
-        z[2 * k] = a + e - alpha;
-        z[2 * k + 1] = b - f + beta;
-        z[n - 2 * k] = a + e + alpha;
-        z[n - 2 * k + 1] = f - b + beta;
+template <class V, class T, bool INV>
+void rsplit(T* z, size_t n, const T* tab) {
+    const size_t quarter_n = n / 4;
+    const T* fr = tab;
+    const T* fi = tab + 2 * quarter_n;
+    const T r0 = z[0], r1 = z[1];
+    z[0] = r0 + r1;
+    z[1] = r0 - r1;
+    size_t k = 1;
+    // Vectors while the block [k, k+W) stays below its mirrored block.
+    for (; k + 2 * V::W <= n / 2 - k + 1 && k + V::W <= quarter_n; k += V::W)
+        split_pair<V, T, INV>(z, n, fr, fi, k);
+    for (; k < quarter_n; ++k) split_pair<Scalar<T>, T, INV>(z, n, fr, fi, k);
+    if constexpr (INV) {
+        z[n / 2] = 2 * z[n / 2];
+        z[n / 2 + 1] = -2 * z[n / 2 + 1];
+    } else {
+        z[n / 2 + 1] = -z[n / 2 + 1];
     }
-    // k = N/4 is its own mirror: (a, b) -> (2a, -2b).
-    z[n / 2] = 2 * z[n / 2];
-    z[n / 2 + 1] = -2 * z[n / 2 + 1];
 }
 
 void cfft_32f(const float* src, float* dst, int order, const float* tw, bool inverse) {
@@ -601,10 +758,10 @@ extern const FftKernels fft = {
     .cfft_64f = cfft_64f,
     .scale_32f = scale<float>,
     .scale_64f = scale<double>,
-    .rsplit_fwd_32f = rsplit_fwd<float>,
-    .rsplit_fwd_64f = rsplit_fwd<double>,
-    .rsplit_inv_32f = rsplit_inv<float>,
-    .rsplit_inv_64f = rsplit_inv<double>,
+    .rsplit_fwd_32f = rsplit<VF, float, false>,
+    .rsplit_fwd_64f = rsplit<VD, double, false>,
+    .rsplit_inv_32f = rsplit<VF, float, true>,
+    .rsplit_inv_64f = rsplit<VD, double, true>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -74,27 +74,31 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
     const size_t n = size_t{1} << corder;
     const size_t leaf = (corder & 1) ? 8 : 16;
     for (size_t m = leaf; 4 * m <= n; m *= 4) {
-        T* st = out + 2 * (m - leaf);
+        T* st = out + 4 * (m - leaf);
         const size_t step = nf / (4 * m);
-        for (int t = 1; t <= 3; ++t)
+        for (int t = 1; t <= 3; ++t) {
+            T* run = st + 4 * m * (t - 1);
             for (size_t j = 0; j < m; ++j) {
                 double re, im;
                 root(qs, nf, t * j * step, re, im);
-                st[2 * ((t - 1) * m + j)] = static_cast<T>(re);
-                st[2 * ((t - 1) * m + j) + 1] = static_cast<T>(im);
+                run[2 * j] = run[2 * j + 1] = static_cast<T>(re);
+                run[2 * m + 2 * j] = run[2 * m + 2 * j + 1] = static_cast<T>(im);
             }
+        }
     }
 }
 
+// Split-step factors for k < N/4 (see kernels/fft.hpp), duplicated for the vector kernels.
 template <class T>
 void fill_split_tables(T* fwd, T* inv, const double* qs, size_t nf) {
-    for (size_t k = 0; k < nf / 4; ++k) {
-        double re, im;
-        root(qs, nf, k, re, im); // (cos, -sin)
-        fwd[2 * k] = static_cast<T>(0.5 * re);
-        fwd[2 * k + 1] = static_cast<T>(0.5 + 0.5 * im);
-        inv[2 * k] = static_cast<T>(re);
-        inv[2 * k + 1] = static_cast<T>(-im);
+    const size_t q = nf / 4;
+    for (size_t k = 0; k < q; ++k) {
+        double c, ms;
+        root(qs, nf, k, c, ms); // (cos, -sin)
+        fwd[2 * k] = fwd[2 * k + 1] = static_cast<T>(0.5 + 0.5 * ms);
+        fwd[2 * q + 2 * k] = fwd[2 * q + 2 * k + 1] = static_cast<T>(-0.5 * c);
+        inv[2 * k] = inv[2 * k + 1] = static_cast<T>(ms);
+        inv[2 * q + 2 * k] = inv[2 * q + 2 * k + 1] = static_cast<T>(c);
     }
 }
 
@@ -111,14 +115,14 @@ bool build_float_tables(Spec* s, bool real) {
     const int corder = real ? s->order - 1 : s->order;
     if (corder < 1 && !real) return true;
     const size_t nf = size_t{1} << s->order;
-    const size_t ntw = kern::fft_twiddle_count(corder < 0 ? 0 : corder);
+    const size_t ntw = kern::fft_twiddle_values(corder < 0 ? 0 : corder);
     const bool needs_split = real && s->order >= 2;
     if (ntw == 0 && !needs_split) return true;
     double* qs = quarter_sine(nf);
     if (qs == nullptr) return false;
     bool ok = true;
     if (ntw != 0) {
-        s->twiddles = table_alloc(ntw * 2 * sizeof(T));
+        s->twiddles = table_alloc(ntw * sizeof(T));
         if (s->twiddles == nullptr)
             ok = false;
         else
@@ -126,8 +130,8 @@ bool build_float_tables(Spec* s, bool real) {
     }
     if (ok && needs_split) {
         const size_t pairs = nf / 4 < 1 ? 1 : nf / 4;
-        s->split_fwd = table_alloc(pairs * 2 * sizeof(T));
-        s->split_inv = table_alloc(pairs * 2 * sizeof(T));
+        s->split_fwd = table_alloc(pairs * 4 * sizeof(T));
+        s->split_inv = table_alloc(pairs * 4 * sizeof(T));
         if (s->split_fwd == nullptr || s->split_inv == nullptr)
             ok = false;
         else

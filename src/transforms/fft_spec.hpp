@@ -35,8 +35,8 @@ struct Spec {
     int32_t hint;
     int32_t buf_size; // work-buffer bytes reported to the caller
     void* twiddles;   // radix-4 stage table of the complex plan (T pairs)
-    void* split_fwd;  // real kinds: N/4 pairs (cos/2, 1/2 - sin/2)
-    void* split_inv;  // real kinds: N/4 pairs (cos, sin)
+    void* split_fwd;  // real kinds: split factors for k < N/4 (see kernels/fft.hpp)
+    void* split_inv;
     // 16-bit kinds.
     Spec* inner;       // float object of the same order and flag (float path), else null
     int32_t fwd_shift; // normalisation as right shifts
