@@ -126,6 +126,59 @@ VEK_API VekStatus veksFFTInv_PermToR_64f(const Vek64f* pSrc, Vek64f* pDst,
 VEK_API VekStatus veksFFTInv_CCSToR_64f(const Vek64f* pSrc, Vek64f* pDst,
                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
 
+/* Expansion of a packed spectrum into the full conjugate-symmetric spectrum of lenDst complex
+   values: pDst[0] = X[0], pDst[k] = (R_k, I_k) and pDst[N-k] = (R_k, -I_k), and for even N
+   pDst[N/2] = X[N/2] (ConjCcs copies both stored values of X[0] and X[N/2], the others write a
+   zero imaginary part). Odd lengths read Perm as Pack. The _I forms expand the packed reals that
+   sit at the start of the complex buffer in place. The 16-bit forms negate with saturation
+   (-(-32768) gives 32767). Checks: null pointer -> vekStsNullPointerErr; lenDst < 1 ->
+   vekStsDataSizeErr. */
+VEK_API VekStatus veksConjPack_32fc(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+VEK_API VekStatus veksConjPack_64fc(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+VEK_API VekStatus veksConjPack_16sc(const Vek16s* pSrc, Vek16sc* pDst, int lenDst);
+VEK_API VekStatus veksConjPerm_32fc(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+VEK_API VekStatus veksConjPerm_64fc(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+VEK_API VekStatus veksConjPerm_16sc(const Vek16s* pSrc, Vek16sc* pDst, int lenDst);
+VEK_API VekStatus veksConjCcs_32fc(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
+VEK_API VekStatus veksConjCcs_64fc(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
+VEK_API VekStatus veksConjCcs_16sc(const Vek16s* pSrc, Vek16sc* pDst, int lenDst);
+VEK_API VekStatus veksConjPack_32fc_I(Vek32fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjPack_64fc_I(Vek64fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjPack_16sc_I(Vek16sc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjPerm_32fc_I(Vek32fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjPerm_64fc_I(Vek64fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjPerm_16sc_I(Vek16sc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjCcs_32fc_I(Vek32fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjCcs_64fc_I(Vek64fc* pSrcDst, int lenDst);
+VEK_API VekStatus veksConjCcs_16sc_I(Vek16sc* pSrcDst, int lenDst);
+
+/* Element-wise products of spectra in Pack (MulPack) or Perm (MulPerm) layout of length len:
+   the real elements (R_0 and, for even len, R_{N/2}) multiply as reals, the pairs as complex
+   numbers. Float products and sums are formed at higher precision (double for single, extended
+   for double) and rounded once. The 16-bit forms take the exact product, shift it right
+   arithmetically by a positive scaleFactor (toward minus infinity, no rounding), or saturate it
+   and shift it left for a negative one, and saturate to 16 bits. MulPackConj computes
+   pSrcDst = pSrc * conj(pSrcDst): the conjugate falls on the in-place operand.
+   Checks: null pointer -> vekStsNullPointerErr; len < 1 -> vekStsDataSizeErr. */
+VEK_API VekStatus veksMulPack_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+VEK_API VekStatus veksMulPack_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+VEK_API VekStatus veksMulPack_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksMulPack_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksMulPack_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst,
+                                      int len, int scaleFactor);
+VEK_API VekStatus veksMulPack_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len,
+                                       int scaleFactor);
+VEK_API VekStatus veksMulPerm_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
+VEK_API VekStatus veksMulPerm_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
+VEK_API VekStatus veksMulPerm_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksMulPerm_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksMulPerm_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst,
+                                      int len, int scaleFactor);
+VEK_API VekStatus veksMulPerm_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len,
+                                       int scaleFactor);
+VEK_API VekStatus veksMulPackConj_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+
 /* ==== end of Real FFT and packed spectra */
 
 /* ==== DFT ===================================================================================== */

@@ -37,6 +37,13 @@ struct FftKernels {
     void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
     void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
+    // Packed-spectrum pairs: d[k] = x[k] * y[k] (or x[k] * conj(y[k])) for `pairs` complex
+    // values stored as re, im. Single precision forms each product in double and rounds once;
+    // double precision uses extended precision. The 16-bit form takes the exact 64-bit result
+    // through num::scale_floor_saturate. d may equal x or y.
+    void (*mul_pairs_32f)(const float* x, const float* y, float* d, size_t pairs, bool conj_y);
+    void (*mul_pairs_64f)(const double* x, const double* y, double* d, size_t pairs, bool conj_y);
+    void (*mul_pairs_16s)(const Vek16s* x, const Vek16s* y, Vek16s* d, size_t pairs, int sf);
 };
 
 // Number of values (T) in the stage table of a complex transform of 2^order points: 12m per

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "kernels/fft.hpp"
+#include "kernels/numeric.hpp"
 
 #if VEK_ISA_LEVEL >= 1
 #include <immintrin.h>
@@ -744,6 +745,34 @@ void rsplit(T* z, size_t n, const T* tab) {
     }
 }
 
+void mul_pairs_32f(const float* x, const float* y, float* d, size_t pairs, bool conj_y) {
+    const double sign = conj_y ? -1.0 : 1.0;
+    for (size_t k = 0; k < pairs; ++k) {
+        const double a = x[2 * k], b = x[2 * k + 1];
+        const double c = y[2 * k], e = sign * y[2 * k + 1];
+        d[2 * k] = static_cast<float>(a * c - b * e);
+        d[2 * k + 1] = static_cast<float>(a * e + b * c);
+    }
+}
+
+void mul_pairs_64f(const double* x, const double* y, double* d, size_t pairs, bool conj_y) {
+    const long double sign = conj_y ? -1.0L : 1.0L;
+    for (size_t k = 0; k < pairs; ++k) {
+        const long double a = x[2 * k], b = x[2 * k + 1];
+        const long double c = y[2 * k], e = sign * y[2 * k + 1];
+        d[2 * k] = static_cast<double>(a * c - b * e);
+        d[2 * k + 1] = static_cast<double>(a * e + b * c);
+    }
+}
+
+void mul_pairs_16s(const Vek16s* x, const Vek16s* y, Vek16s* d, size_t pairs, int sf) {
+    for (size_t k = 0; k < pairs; ++k) {
+        const int64_t a = x[2 * k], b = x[2 * k + 1], c = y[2 * k], e = y[2 * k + 1];
+        d[2 * k] = num::scale_floor_saturate<Vek16s>(a * c - b * e, sf);
+        d[2 * k + 1] = num::scale_floor_saturate<Vek16s>(a * e + b * c, sf);
+    }
+}
+
 void cfft_32f(const float* src, float* dst, int order, const float* tw, bool inverse) {
     cfft<VF, float>(src, dst, order, tw, inverse);
 }
@@ -762,6 +791,9 @@ extern const FftKernels fft = {
     .rsplit_fwd_64f = rsplit<VD, double, false>,
     .rsplit_inv_32f = rsplit<VF, float, true>,
     .rsplit_inv_64f = rsplit<VD, double, true>,
+    .mul_pairs_32f = mul_pairs_32f,
+    .mul_pairs_64f = mul_pairs_64f,
+    .mul_pairs_16s = mul_pairs_16s,
 };
 
 } // namespace veks::kern::VEK_ISA
