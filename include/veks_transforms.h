@@ -76,6 +76,39 @@ VEK_API VekStatus veksFFTInv_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm
                                       Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
                                       Vek8u* pBuffer);
 
+/* 16-bit kinds: the transform result is converted back with scaleFactor (x * 2^-scaleFactor,
+   rounded to nearest with ties to even, saturated). The flag's normalisation is a power of two
+   (flag 4 with an odd order adds a factor 1/sqrt(2)). The data are computed in single
+   precision inside the work buffer. With hint 0 up to order 8 or hint 1 up to order 10 the
+   object holds its own tables and asks for 12 * N + 16 bytes (complex) or 4 * N + 24 (real);
+   otherwise it holds a single-precision object of the same order and flag and asks for the
+   single-precision data (8 * N bytes complex, 4 * (N + 2) real) plus 16 plus that object's
+   buffer. Order 0 converts the single point with the scale factor only (buffer 0). */
+typedef struct VeksFFTSpec_C_16sc VeksFFTSpec_C_16sc;
+typedef struct VeksFFTSpec_C_16s VeksFFTSpec_C_16s;
+VEK_API VekStatus veksFFTInitAlloc_C_16sc(VeksFFTSpec_C_16sc** ppSpec, int order, int flag,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTInitAlloc_C_16s(VeksFFTSpec_C_16s** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTFree_C_16sc(VeksFFTSpec_C_16sc* pSpec);
+VEK_API VekStatus veksFFTFree_C_16s(VeksFFTSpec_C_16s* pSpec);
+VEK_API VekStatus veksFFTGetBufSize_C_16sc(const VeksFFTSpec_C_16sc* pSpec, int* pSize);
+VEK_API VekStatus veksFFTGetBufSize_C_16s(const VeksFFTSpec_C_16s* pSpec, int* pSize);
+VEK_API VekStatus veksFFTFwd_CToC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst,
+                                           const VeksFFTSpec_C_16sc* pSpec, int scaleFactor,
+                                           Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst,
+                                           const VeksFFTSpec_C_16sc* pSpec, int scaleFactor,
+                                           Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_CToC_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pSrcIm,
+                                          Vek16s* pDstRe, Vek16s* pDstIm,
+                                          const VeksFFTSpec_C_16s* pSpec, int scaleFactor,
+                                          Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CToC_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pSrcIm,
+                                          Vek16s* pDstRe, Vek16s* pDstIm,
+                                          const VeksFFTSpec_C_16s* pSpec, int scaleFactor,
+                                          Vek8u* pBuffer);
+
 /* ==== end of Complex FFT */
 
 /* ==== Real FFT and packed spectra ============================================================= */
@@ -125,6 +158,32 @@ VEK_API VekStatus veksFFTInv_PermToR_64f(const Vek64f* pSrc, Vek64f* pDst,
                                          const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
 VEK_API VekStatus veksFFTInv_CCSToR_64f(const Vek64f* pSrc, Vek64f* pDst,
                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+
+/* 16-bit real transforms: as the 16-bit complex kinds (scale factor, rounding, saturation,
+   plans and buffers). */
+typedef struct VeksFFTSpec_R_16s VeksFFTSpec_R_16s;
+VEK_API VekStatus veksFFTInitAlloc_R_16s(VeksFFTSpec_R_16s** ppSpec, int order, int flag,
+                                         VekHintAlgorithm hint);
+VEK_API VekStatus veksFFTFree_R_16s(VeksFFTSpec_R_16s* pSpec);
+VEK_API VekStatus veksFFTGetBufSize_R_16s(const VeksFFTSpec_R_16s* pSpec, int* pSize);
+VEK_API VekStatus veksFFTFwd_RToPack_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                             const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                             Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToPerm_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                             const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                             Vek8u* pBuffer);
+VEK_API VekStatus veksFFTFwd_RToCCS_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                            const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                            Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PackToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                             const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                             Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_PermToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                             const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                             Vek8u* pBuffer);
+VEK_API VekStatus veksFFTInv_CCSToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                            const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
+                                            Vek8u* pBuffer);
 
 /* Expansion of a packed spectrum into the full conjugate-symmetric spectrum of lenDst complex
    values: pDst[0] = X[0], pDst[k] = (R_k, I_k) and pDst[N-k] = (R_k, -I_k), and for even N

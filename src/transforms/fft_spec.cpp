@@ -185,13 +185,35 @@ VekStatus init_alloc(Spec** ppSpec, int kind, int order, int flag, int hint) {
     const bool real = kind_is_real(kind);
     const int elem = kind_elem_bytes(kind);
     const int corder = real ? order - 1 : order;
-    size_t buf = static_cast<size_t>(plan_buffer_bytes(corder, 2 * elem));
-    // The split-array kinds interleave their data into the work buffer above order 10.
-    if ((kind == kC32f || kind == kC64f) && order > 10) buf += (size_t{2} * elem) << order;
+    bool ok = true;
+    size_t buf = 0;
+    if (elem == 2) {
+        // 16-bit kinds: normalisation as shift counts, applied when converting back.
+        s->fwd_norm = s->inv_norm = 0;
+        s->fwd_shift = flag == kDivFwdByN ? order : flag == kDivBySqrtN ? order / 2 : 0;
+        s->inv_shift = flag == kDivInvByN ? order : flag == kDivBySqrtN ? order / 2 : 0;
+        s->half_sqrt2 = flag == kDivBySqrtN && (order & 1);
+        s->int_path = (hint == 0 && order <= 8) || (hint == 1 && order <= 10);
+        const size_t points = size_t{1} << order;
+        if (order == 0) {
+            buf = 0;
+        } else if (s->int_path) {
+            buf = real ? 4 * points + 24 : 12 * points + 16;
+            ok = build_float_tables<float>(s, real);
+        } else {
+            const VekStatus st = init_alloc(&s->inner, real ? kR32f : kC32fc, order, flag, 0);
+            ok = st == vekStsOk;
+            if (ok) buf = (real ? 4 * (points + 2) : 8 * points) + 16 + size_t(s->inner->buf_size);
+        }
+    } else {
+        buf = static_cast<size_t>(plan_buffer_bytes(corder, 2 * elem));
+        // The split-array kinds interleave their data into the work buffer above order 10.
+        if ((kind == kC32f || kind == kC64f) && order > 10) buf += (size_t{2} * elem) << order;
+        ok = elem == 4 ? build_float_tables<float>(s, real) : build_float_tables<double>(s, real);
+    }
     s->buf_size = static_cast<int32_t>(buf > INT_MAX ? 0 : buf);
-    const bool ok = buf <= INT_MAX && (elem == 4 ? build_float_tables<float>(s, real)
-                                                 : build_float_tables<double>(s, real));
-    if (!ok) {
+    if (!ok || buf > INT_MAX) {
+        if (s->inner != nullptr) release(s->inner, s->inner->id);
         free_tables(s);
         veksFree(s);
         return vekStsMemAllocErr;

@@ -37,12 +37,13 @@ struct Spec {
     void* twiddles;   // radix-4 stage table of the complex plan (T pairs)
     void* split_fwd;  // real kinds: split factors for k < N/4 (see kernels/fft.hpp)
     void* split_inv;
-    // 16-bit kinds.
-    Spec* inner;       // float object of the same order and flag (float path), else null
-    int32_t fwd_shift; // normalisation as right shifts
+    // 16-bit kinds. Both plans compute in single precision; they differ in where the tables
+    // live and in the work buffer they ask for.
+    Spec* inner;       // float object of the same order and flag (long plan), else null
+    int32_t fwd_shift; // normalisation as right shifts (compact plan)
     int32_t inv_shift;
     int32_t half_sqrt2; // flag 4 with an odd order: one more multiply by 1/sqrt(2)
-    int32_t int_path;   // 1: integer kernels
+    int32_t int_path;   // 1: compact plan (tables here, buffer 12N+16 or 4N+24)
 };
 
 // Element size of a kind's float data (4 or 8), 2 for the 16-bit kinds.
