@@ -6,9 +6,10 @@
 //
 // Twiddle layout (built with the specification object, shared by every level): for each
 // radix-4 stage, in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the
-// leaf size 8 or 16), three runs for W^j, W^2j, W^3j (j < m, W = exp(-2 pi i / 4m)), each run
-// 2m values c, c (the real part twice per j) followed by 2m values s, s (the imaginary part
-// twice), so that a vector of interleaved data multiplies without shuffling the twiddles.
+// leaf size 8 or 16), 12m values: for each block of 8 indices j (W = exp(-2 pi i / 4m)), the
+// real parts of W^j, the imaginary parts of W^j, then the same for W^2j and W^3j, each value
+// duplicated (c, c) in runs of 16. A vector of interleaved data then multiplies without
+// shuffling the twiddles, and a stage reads its table as one stream.
 //
 // Kernels never check arguments; lengths and orders are those of a valid plan.
 #pragma once

@@ -76,15 +76,14 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
     for (size_t m = leaf; 4 * m <= n; m *= 4) {
         T* st = out + 4 * (m - leaf);
         const size_t step = nf / (4 * m);
-        for (int t = 1; t <= 3; ++t) {
-            T* run = st + 4 * m * (t - 1);
-            for (size_t j = 0; j < m; ++j) {
+        for (size_t j = 0; j < m; ++j)
+            for (int t = 1; t <= 3; ++t) {
                 double re, im;
                 root(qs, nf, t * j * step, re, im);
-                run[2 * j] = run[2 * j + 1] = static_cast<T>(re);
-                run[2 * m + 2 * j] = run[2 * m + 2 * j + 1] = static_cast<T>(im);
+                T* w = st + (j / 8) * 96 + (j % 8) * 2 + 32 * (t - 1);
+                w[0] = w[1] = static_cast<T>(re);
+                w[16] = w[17] = static_cast<T>(im);
             }
-        }
     }
 }
 
