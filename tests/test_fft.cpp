@@ -135,7 +135,7 @@ void complex_matches_reference(int max_order, int max_all_levels) {
             const auto want = ref_dft(to_complex(x), inverse);
             auto body = [&](auto) {
                 for (bool in_place : {false, true}) {
-                    vt::Buf<T> src(x, 4), dst(2 * n, 8);
+                    vt::Buf<T> src(x, sizeof(T) * 2), dst(2 * n, sizeof(T) * 4);
                     C* s = reinterpret_cast<C*>(src.data());
                     C* d = in_place ? s : reinterpret_cast<C*>(dst.data());
                     ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, spec, nullptr), vekStsOk);
@@ -180,7 +180,8 @@ void split_case(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm), VekStatus
             if (inverse)
                 for (auto& v : want) v /= static_cast<long double>(n);
             for (bool own_buffer : {false, true}) {
-                vt::Buf<T> sr(re, 4), si(im, 12), dr(n, 4), di(n, 8);
+                vt::Buf<T> sr(re, sizeof(T) * 2), si(im, sizeof(T) * 6), dr(n, sizeof(T) * 2),
+                    di(n, sizeof(T) * 4);
                 std::vector<Vek8u> buf(size_t(size) + 1);
                 ASSERT_EQ((inverse ? inv : fwd)(sr.data(), si.data(), dr.data(), di.data(), spec,
                                                 own_buffer ? buf.data() + 1 : nullptr),
@@ -250,7 +251,7 @@ void real_matches_reference(int max_order, int max_all_levels) {
             for (int layout = 0; layout < 3; ++layout) {
                 const int plen = layout == 2 ? (n == 1 ? 2 : n + 2) : n;
                 for (bool in_place : {false, true}) {
-                    vt::Buf<T> src(plen, 4), dst(plen, 8);
+                    vt::Buf<T> src(plen, sizeof(T) * 2), dst(plen, sizeof(T) * 4);
                     for (int i = 0; i < n; ++i) src[i] = x[i];
                     T* d = in_place ? src.data() : dst.data();
                     auto fwd = layout == 0 ? A::fwdPack : layout == 1 ? A::fwdPerm : A::fwdCcs;
@@ -266,7 +267,7 @@ void real_matches_reference(int max_order, int max_all_levels) {
                         << "order " << order << " layout " << layout;
                     ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
                     // Inverse of the spectrum just computed.
-                    vt::Buf<T> back(plen, 12);
+                    vt::Buf<T> back(plen, sizeof(T) * 6);
                     T* b = in_place ? d : back.data();
                     auto inv = layout == 0 ? A::invPack : layout == 1 ? A::invPerm : A::invCcs;
                     ASSERT_EQ(inv(d, b, spec, nullptr), vekStsOk);

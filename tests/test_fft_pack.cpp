@@ -56,11 +56,11 @@ void conj_case(VekStatus (*op)(const T*, C*, int), VekStatus (*op_i)(C*, int), i
             want[2 * k] = re[j];
             want[2 * k + 1] = k <= n / 2 ? im[j] : neg(im[j]);
         }
-        vt::Buf<T> src(packed, 2), dst(2 * n, 4);
+        vt::Buf<T> src(packed, sizeof(T) * 1), dst(2 * n, sizeof(T) * 2);
         ASSERT_EQ(op(src.data(), reinterpret_cast<C*>(dst.data()), n), vekStsOk);
         ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "n " << n << " layout " << layout;
         ASSERT_TRUE(dst.guards_intact());
-        vt::Buf<T> inplace(2 * n, 2);
+        vt::Buf<T> inplace(2 * n, sizeof(T) * 1);
         // (the odd-length CCS is N + 1 values; pack() appends one more zero)
         for (size_t i = 0; i < packed.size() && i < 2 * size_t(n); ++i) inplace[int(i)] = packed[i];
         ASSERT_EQ(op_i(reinterpret_cast<C*>(inplace.data()), n), vekStsOk);
@@ -108,7 +108,7 @@ void mul_float_case(VekStatus (*op)(const T*, const T*, T*, int),
             std::vector<T> a(n), b(n);
             for (auto& v : a) v = static_cast<T>(rng.uniform(-10, 10));
             for (auto& v : b) v = static_cast<T>(rng.uniform(-10, 10));
-            vt::Buf<T> pa(a, 4), pb(b, 8), pd(n, 12);
+            vt::Buf<T> pa(a, sizeof(T) * 2), pb(b, sizeof(T) * 4), pd(n, sizeof(T) * 6);
             ASSERT_EQ(op(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             // Reference from the layout's own description.
             const bool even = n % 2 == 0;

@@ -39,8 +39,6 @@ struct Scalar {
     static R set(T re, T im) { return {re, im}; }
     static R add(R a, R b) { return {a.re + b.re, a.im + b.im}; }
     static R sub(R a, R b) { return {a.re - b.re, a.im - b.im}; }
-    static R mul(R a, R w) { return {a.re * w.re - a.im * w.im, a.re * w.im + a.im * w.re}; }
-    static R mulconj(R a, R w) { return {a.re * w.re + a.im * w.im, a.im * w.re - a.re * w.im}; }
     // Twiddle given as duplicated real parts wr = (c, c) and imaginary parts wi = (s, s).
     static R mulw(R a, R wr, R wi) {
         return {a.re * wr.re - a.im * wi.re, a.re * wi.re + a.im * wr.re};
@@ -67,16 +65,6 @@ struct F128 {
     static R swap(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 3, 0, 1)); }
     static R even_neg() { return _mm_castsi128_ps(_mm_setr_epi32(INT32_MIN, 0, INT32_MIN, 0)); }
     static R odd_neg() { return _mm_castsi128_ps(_mm_setr_epi32(0, INT32_MIN, 0, INT32_MIN)); }
-    static R mul(R a, R w) {
-        const R wr = _mm_shuffle_ps(w, w, _MM_SHUFFLE(2, 2, 0, 0));
-        const R wi = _mm_shuffle_ps(w, w, _MM_SHUFFLE(3, 3, 1, 1));
-        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), even_neg()));
-    }
-    static R mulconj(R a, R w) {
-        const R wr = _mm_shuffle_ps(w, w, _MM_SHUFFLE(2, 2, 0, 0));
-        const R wi = _mm_shuffle_ps(w, w, _MM_SHUFFLE(3, 3, 1, 1));
-        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), odd_neg()));
-    }
     static R mulw(R a, R wr, R wi) {
         return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), even_neg()));
     }
@@ -105,14 +93,6 @@ struct D128 {
     static R swap(R a) { return _mm_shuffle_pd(a, a, 1); }
     static R even_neg() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_neg() { return _mm_setr_pd(0.0, -0.0); }
-    static R mul(R a, R w) {
-        const R wr = _mm_unpacklo_pd(w, w), wi = _mm_unpackhi_pd(w, w);
-        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), even_neg()));
-    }
-    static R mulconj(R a, R w) {
-        const R wr = _mm_unpacklo_pd(w, w), wi = _mm_unpackhi_pd(w, w);
-        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), odd_neg()));
-    }
     static R mulw(R a, R wr, R wi) {
         return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), even_neg()));
     }
@@ -136,14 +116,6 @@ struct F256 {
     static R add(R a, R b) { return _mm256_add_ps(a, b); }
     static R sub(R a, R b) { return _mm256_sub_ps(a, b); }
     static R swap(R a) { return _mm256_permute_ps(a, 0xB1); }
-    static R mul(R a, R w) {
-        return _mm256_fmaddsub_ps(a, _mm256_moveldup_ps(w),
-                                  _mm256_mul_ps(swap(a), _mm256_movehdup_ps(w)));
-    }
-    static R mulconj(R a, R w) {
-        return _mm256_fmsubadd_ps(a, _mm256_moveldup_ps(w),
-                                  _mm256_mul_ps(swap(a), _mm256_movehdup_ps(w)));
-    }
     static R odd_neg() { return _mm256_setr_ps(0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f); }
     static R even_neg() { return _mm256_setr_ps(-0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f); }
     static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_ps(a, wr, _mm256_mul_ps(swap(a), wi)); }
@@ -183,14 +155,6 @@ struct D256 {
     static R add(R a, R b) { return _mm256_add_pd(a, b); }
     static R sub(R a, R b) { return _mm256_sub_pd(a, b); }
     static R swap(R a) { return _mm256_permute_pd(a, 0x5); }
-    static R mul(R a, R w) {
-        return _mm256_fmaddsub_pd(a, _mm256_movedup_pd(w),
-                                  _mm256_mul_pd(swap(a), _mm256_permute_pd(w, 0xF)));
-    }
-    static R mulconj(R a, R w) {
-        return _mm256_fmsubadd_pd(a, _mm256_movedup_pd(w),
-                                  _mm256_mul_pd(swap(a), _mm256_permute_pd(w, 0xF)));
-    }
     static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_pd(a, wr, _mm256_mul_pd(swap(a), wi)); }
     static R mulwc(R a, R wr, R wi) {
         return _mm256_fmsubadd_pd(a, wr, _mm256_mul_pd(swap(a), wi));
@@ -223,14 +187,6 @@ struct F512 {
     static R add(R a, R b) { return _mm512_add_ps(a, b); }
     static R sub(R a, R b) { return _mm512_sub_ps(a, b); }
     static R swap(R a) { return _mm512_permute_ps(a, 0xB1); }
-    static R mul(R a, R w) {
-        return _mm512_fmaddsub_ps(a, _mm512_moveldup_ps(w),
-                                  _mm512_mul_ps(swap(a), _mm512_movehdup_ps(w)));
-    }
-    static R mulconj(R a, R w) {
-        return _mm512_fmsubadd_ps(a, _mm512_moveldup_ps(w),
-                                  _mm512_mul_ps(swap(a), _mm512_movehdup_ps(w)));
-    }
     static R odd_neg() {
         return _mm512_castsi512_ps(
             _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
@@ -285,14 +241,6 @@ struct D512 {
     static R add(R a, R b) { return _mm512_add_pd(a, b); }
     static R sub(R a, R b) { return _mm512_sub_pd(a, b); }
     static R swap(R a) { return _mm512_permute_pd(a, 0x55); }
-    static R mul(R a, R w) {
-        return _mm512_fmaddsub_pd(a, _mm512_movedup_pd(w),
-                                  _mm512_mul_pd(swap(a), _mm512_permute_pd(w, 0xFF)));
-    }
-    static R mulconj(R a, R w) {
-        return _mm512_fmsubadd_pd(a, _mm512_movedup_pd(w),
-                                  _mm512_mul_pd(swap(a), _mm512_permute_pd(w, 0xFF)));
-    }
     static R mulw(R a, R wr, R wi) { return _mm512_fmaddsub_pd(a, wr, _mm512_mul_pd(swap(a), wi)); }
     static R mulwc(R a, R wr, R wi) {
         return _mm512_fmsubadd_pd(a, wr, _mm512_mul_pd(swap(a), wi));
@@ -373,14 +321,6 @@ inline typename V::R quarter(typename V::R a) {
         return V::mul_pos_i(a);
     else
         return V::mul_neg_i(a);
-}
-
-template <class V, bool INV>
-inline typename V::R twiddle(typename V::R a, typename V::R w) {
-    if constexpr (INV)
-        return V::mulconj(a, w);
-    else
-        return V::mul(a, w);
 }
 
 template <class V>
