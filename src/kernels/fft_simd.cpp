@@ -50,6 +50,7 @@ struct Scalar {
     static R mul_pos_i(R a) { return {-a.im, a.re}; }
     static R conj(R a) { return {a.re, -a.im}; }
     static R reverse(R a) { return a; }
+    static R rev_lanes(R a) { return a; }
     static void transpose(R*) {}
 };
 
@@ -74,6 +75,7 @@ struct F128 {
     using Narrow = Scalar<float>;
     static R conj(R a) { return _mm_xor_ps(a, odd_neg()); }
     static R reverse(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    static R rev_lanes(R a) { return a; }
     static R mul_neg_i(R a) { return _mm_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm_xor_ps(swap(a), even_neg()); }
     static void transpose(R* r) {
@@ -101,6 +103,7 @@ struct D128 {
     }
     static R conj(R a) { return _mm_xor_pd(a, odd_neg()); }
     static R reverse(R a) { return a; }
+    static R rev_lanes(R a) { return a; }
     static R mul_neg_i(R a) { return _mm_xor_pd(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm_xor_pd(swap(a), even_neg()); }
     static void transpose(R*) {}
@@ -132,6 +135,10 @@ struct F256 {
     static R conj(R a) { return _mm256_xor_ps(a, odd_neg()); }
     static R reverse(R a) {
         return _mm256_permutevar8x32_ps(a, _mm256_setr_epi32(6, 7, 4, 5, 2, 3, 0, 1));
+    }
+    // Lane l moves to lane bit_reverse(l) (2 bits).
+    static R rev_lanes(R a) {
+        return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a), 0xD8));
     }
     static R mul_neg_i(R a) { return _mm256_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm256_xor_ps(swap(a), even_neg()); }
@@ -167,6 +174,7 @@ struct D256 {
     using Narrow = D128;
     static R conj(R a) { return _mm256_xor_pd(a, _mm256_setr_pd(0., -0., 0., -0.)); }
     static R reverse(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    static R rev_lanes(R a) { return a; }
     static R mul_neg_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(0., -0., 0., -0.)); }
     static R mul_pos_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(-0., 0., -0., 0.)); }
     static void transpose(R* r) {
@@ -206,6 +214,11 @@ struct F512 {
     static R reverse(R a) {
         return _mm512_permutexvar_ps(
             _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
+    }
+    // Lane l moves to lane bit_reverse(l) (3 bits).
+    static R rev_lanes(R a) {
+        return _mm512_castpd_ps(
+            _mm512_permutexvar_pd(_mm512_setr_epi64(0, 4, 2, 6, 1, 5, 3, 7), _mm512_castps_pd(a)));
     }
     static R mul_neg_i(R a) { return _mm512_xor_ps(swap(a), odd_neg()); }
     static R mul_pos_i(R a) { return _mm512_xor_ps(swap(a), even_neg()); }
@@ -257,6 +270,8 @@ struct D512 {
     static R reverse(R a) {
         return _mm512_permutexvar_pd(_mm512_setr_epi64(6, 7, 4, 5, 2, 3, 0, 1), a);
     }
+    // Lane l moves to lane bit_reverse(l) (2 bits).
+    static R rev_lanes(R a) { return _mm512_shuffle_f64x2(a, a, 0xD8); }
     static R mul_neg_i(R a) {
         return _mm512_xor_pd(swap(a), _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
     }
@@ -487,7 +502,7 @@ void leaf_in_place(T* x, size_t nb) {
 }
 
 template <class T>
-void bit_reverse_in_place(T* x, int order) {
+void bit_reverse_in_place_scalar(T* x, int order) {
     const size_t n = size_t{1} << order;
     for (size_t i = 1; i + 1 < n; ++i) {
         const size_t j = bit_reverse(i, order);
@@ -497,6 +512,38 @@ void bit_reverse_in_place(T* x, int order) {
             x[2 * i + 1] = x[2 * j + 1];
             x[2 * j] = a;
             x[2 * j + 1] = b;
+        }
+    }
+}
+
+// Bit reversal in W x W tiles: an index is (a, m, c) with a and c of lb = log2(W) bits, and
+// rev(a, m, c) = (rev c, rev m, rev a). Rows a of the tile at middle m are vectors over c;
+// transposed, row c holds lanes a, which rev_lanes puts in rev(a) order for row rev(c) of the
+// tile at rev(m). Tiles m and rev(m) are exchanged together.
+template <class V, class T>
+void bit_reverse_in_place(T* x, int order) {
+    constexpr int W = V::W;
+    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
+    if constexpr (W == 1) {
+        bit_reverse_in_place_scalar(x, order);
+    } else {
+        if (order < 2 * lb + 1) return bit_reverse_in_place_scalar(x, order);
+        const int mb = order - 2 * lb;
+        const size_t row = size_t{1} << (order - lb); // stride of a
+        auto at = [&](size_t a, size_t m, size_t c) { return x + 2 * (a * row + (m << lb) + c); };
+        for (size_t m = 0; m < (size_t{1} << mb); ++m) {
+            const size_t mr = bit_reverse(m, mb);
+            if (mr < m) continue;
+            typename V::R t[W], u[W];
+            for (int i = 0; i < W; ++i) t[i] = V::load(at(i, m, 0));
+            for (int i = 0; i < W; ++i) u[i] = V::load(at(i, mr, 0));
+            V::transpose(t);
+            V::transpose(u);
+            for (int c = 0; c < W; ++c) {
+                const size_t rc = bit_reverse(static_cast<size_t>(c), lb);
+                V::store(at(rc, mr, 0), V::rev_lanes(t[c]));
+                if (mr != m) V::store(at(rc, m, 0), V::rev_lanes(u[c]));
+            }
         }
     }
 }
@@ -587,7 +634,7 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     if (src != dst) {
         leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
     } else {
-        bit_reverse_in_place(dst, order);
+        bit_reverse_in_place<V, T>(dst, order);
         leaf_in_place<V, T, S, INV>(dst, nb);
     }
     if (n > S) stages<V, T, INV>(dst, n, S, tw);
