@@ -113,5 +113,16 @@ constexpr T scale_round_even_wide(WideSum v, int sf) noexcept {
     return saturate<T>((v.half + ((v.low + bias) >> 1)) >> (sf - 1));
 }
 
+// v * 2^-sf truncated toward minus infinity (arithmetic shift, no rounding) for sf > 0; for
+// sf < 0 v is saturated to T first, then shifted left and saturated again. The packed-spectrum
+// integer products use this rule.
+template <class T>
+constexpr T scale_floor_saturate(int64_t v, int sf) noexcept {
+    if (sf >= 0) return saturate<T>(v >> (sf > 63 ? 63 : sf));
+    const int64_t s = saturate<T>(v);
+    const int up = sf < -32 ? 32 : -sf;
+    return saturate<T>(s * (int64_t{1} << up));
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks::num

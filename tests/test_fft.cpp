@@ -1,0 +1,605 @@
+// FFT: complex and real transforms of every float kind against a long-double reference, every
+// kernel level, in and out of place, unaligned data; self-checks (linearity, impulse, shift,
+// round trip per flag) at large orders; objects, buffer sizes and the call frame's statuses.
+#include <cmath>
+#include <complex>
+#include <thread>
+
+#include "testutil.hpp"
+
+namespace {
+
+using cld = std::complex<long double>;
+
+// Reference DFT through a radix-2 FFT in long double with directly evaluated twiddles.
+std::vector<cld> ref_dft(std::vector<cld> x, bool inverse) {
+    const size_t n = x.size();
+    if (n == 1) return x;
+    for (size_t i = 1, j = 0; i < n; ++i) {
+        size_t bit = n >> 1;
+        for (; j & bit; bit >>= 1) j ^= bit;
+        j ^= bit;
+        if (i < j) std::swap(x[i], x[j]);
+    }
+    const long double pi = 3.141592653589793238462643383279502884L;
+    std::vector<cld> w(n / 2);
+    for (size_t k = 0; k < n / 2; ++k) {
+        const long double a = -2 * pi * static_cast<long double>(k) / static_cast<long double>(n);
+        w[k] = cld(std::cos(a), inverse ? -std::sin(a) : std::sin(a));
+    }
+    for (size_t len = 2; len <= n; len <<= 1)
+        for (size_t i = 0; i < n; i += len)
+            for (size_t j = 0; j < len / 2; ++j) {
+                const cld u = x[i + j], v = x[i + j + len / 2] * w[j * (n / len)];
+                x[i + j] = u + v;
+                x[i + j + len / 2] = u - v;
+            }
+    return x;
+}
+
+template <class T>
+double rel_rms(const std::vector<T>& got, const std::vector<cld>& want) {
+    long double e = 0, r = 0;
+    for (size_t i = 0; i < want.size(); ++i) {
+        const cld g(got[2 * i], got[2 * i + 1]);
+        e += std::norm(g - want[i]);
+        r += std::norm(want[i]);
+    }
+    return r == 0 ? std::sqrt(static_cast<double>(e)) : std::sqrt(static_cast<double>(e / r));
+}
+
+// Accuracy bound: relative RMS error at most 2 eps log2(N) (eps for N < 4).
+template <class T>
+double bound(int order) {
+    return 2.0 * std::numeric_limits<T>::epsilon() * (order < 2 ? 1 : order);
+}
+
+template <class T>
+std::vector<T> random_data(vt::Rng& rng, size_t n) {
+    std::vector<T> v(n);
+    for (auto& x : v) x = static_cast<T>(rng.uniform(-1.0, 1.0));
+    return v;
+}
+
+template <class T>
+std::vector<cld> to_complex(const std::vector<T>& v) {
+    std::vector<cld> c(v.size() / 2);
+    for (size_t i = 0; i < c.size(); ++i) c[i] = cld(v[2 * i], v[2 * i + 1]);
+    return c;
+}
+
+template <class T>
+struct Api;
+
+template <>
+struct Api<float> {
+    using C = Vek32fc;
+    using SpecC = VeksFFTSpec_C_32fc;
+    using SpecR = VeksFFTSpec_R_32f;
+    static constexpr auto initC = veksFFTInitAlloc_C_32fc;
+    static constexpr auto freeC = veksFFTFree_C_32fc;
+    static constexpr auto fwdC = veksFFTFwd_CToC_32fc;
+    static constexpr auto invC = veksFFTInv_CToC_32fc;
+    static constexpr auto initS = veksFFTInitAlloc_C_32f;
+    static constexpr auto freeS = veksFFTFree_C_32f;
+    static constexpr auto bufS = veksFFTGetBufSize_C_32f;
+    static constexpr auto fwdS = veksFFTFwd_CToC_32f;
+    static constexpr auto invS = veksFFTInv_CToC_32f;
+    static constexpr auto initR = veksFFTInitAlloc_R_32f;
+    static constexpr auto freeR = veksFFTFree_R_32f;
+    static constexpr auto fwdPack = veksFFTFwd_RToPack_32f;
+    static constexpr auto fwdPerm = veksFFTFwd_RToPerm_32f;
+    static constexpr auto fwdCcs = veksFFTFwd_RToCCS_32f;
+    static constexpr auto invPack = veksFFTInv_PackToR_32f;
+    static constexpr auto invPerm = veksFFTInv_PermToR_32f;
+    static constexpr auto invCcs = veksFFTInv_CCSToR_32f;
+};
+
+template <>
+struct Api<double> {
+    using C = Vek64fc;
+    using SpecC = VeksFFTSpec_C_64fc;
+    using SpecR = VeksFFTSpec_R_64f;
+    static constexpr auto initC = veksFFTInitAlloc_C_64fc;
+    static constexpr auto freeC = veksFFTFree_C_64fc;
+    static constexpr auto fwdC = veksFFTFwd_CToC_64fc;
+    static constexpr auto invC = veksFFTInv_CToC_64fc;
+    static constexpr auto initS = veksFFTInitAlloc_C_64f;
+    static constexpr auto freeS = veksFFTFree_C_64f;
+    static constexpr auto bufS = veksFFTGetBufSize_C_64f;
+    static constexpr auto fwdS = veksFFTFwd_CToC_64f;
+    static constexpr auto invS = veksFFTInv_CToC_64f;
+    static constexpr auto initR = veksFFTInitAlloc_R_64f;
+    static constexpr auto freeR = veksFFTFree_R_64f;
+    static constexpr auto fwdPack = veksFFTFwd_RToPack_64f;
+    static constexpr auto fwdPerm = veksFFTFwd_RToPerm_64f;
+    static constexpr auto fwdCcs = veksFFTFwd_RToCCS_64f;
+    static constexpr auto invPack = veksFFTInv_PackToR_64f;
+    static constexpr auto invPerm = veksFFTInv_PermToR_64f;
+    static constexpr auto invCcs = veksFFTInv_CCSToR_64f;
+};
+
+// Forward and inverse complex transforms (flag 8) against the reference, on every level, out of
+// place and in place, on data 4 bytes past an alignment boundary.
+template <class T>
+void complex_matches_reference(int max_order, int max_all_levels) {
+    using A = Api<T>;
+    using C = typename A::C;
+    vt::Rng rng(11);
+    for (int order = 0; order <= max_order; ++order) {
+        const int n = 1 << order;
+        typename A::SpecC* spec = nullptr;
+        ASSERT_EQ(A::initC(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        const auto x = random_data<T>(rng, 2 * size_t(n));
+        for (bool inverse : {false, true}) {
+            const auto want = ref_dft(to_complex(x), inverse);
+            auto body = [&](auto) {
+                for (bool in_place : {false, true}) {
+                    vt::Buf<T> src(x, sizeof(T) * 2), dst(2 * n, sizeof(T) * 4);
+                    C* s = reinterpret_cast<C*>(src.data());
+                    C* d = in_place ? s : reinterpret_cast<C*>(dst.data());
+                    ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, spec, nullptr), vekStsOk);
+                    const auto got = in_place ? src.vec() : dst.vec();
+                    EXPECT_LE(rel_rms(got, want), bound<T>(order))
+                        << "order " << order << " inverse " << inverse << " in place " << in_place;
+                    ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
+                    if (!in_place) {
+                        ASSERT_TRUE(vt::bits_equal(src.vec(), x));
+                    }
+                }
+            };
+            if (order <= max_all_levels)
+                vt::for_each_level(body);
+            else
+                body(0);
+        }
+        ASSERT_EQ(A::freeC(spec), vekStsOk);
+    }
+}
+
+TEST(FftComplex, C32fcMatchesReference) { complex_matches_reference<float>(16, 13); }
+TEST(FftComplex, C64fcMatchesReference) { complex_matches_reference<double>(15, 12); }
+
+template <class T, class Spec>
+void split_case(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm), VekStatus (*rel)(Spec*),
+                VekStatus (*bufsize)(const Spec*, int*),
+                VekStatus (*fwd)(const T*, const T*, T*, T*, const Spec*, Vek8u*),
+                VekStatus (*inv)(const T*, const T*, T*, T*, const Spec*, Vek8u*)) {
+    vt::Rng rng(12);
+    for (int order : {0, 1, 2, 3, 4, 5, 7, 10, 11, 13}) {
+        const int n = 1 << order;
+        Spec* spec = nullptr;
+        ASSERT_EQ(init(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
+        int size = -1;
+        ASSERT_EQ(bufsize(spec, &size), vekStsOk);
+        const auto re = random_data<T>(rng, n), im = random_data<T>(rng, n);
+        std::vector<cld> in(n);
+        for (int i = 0; i < n; ++i) in[i] = cld(re[i], im[i]);
+        for (bool inverse : {false, true}) {
+            auto want = ref_dft(in, inverse);
+            if (inverse)
+                for (auto& v : want) v /= static_cast<long double>(n);
+            for (bool own_buffer : {false, true}) {
+                vt::Buf<T> sr(re, sizeof(T) * 2), si(im, sizeof(T) * 6), dr(n, sizeof(T) * 2),
+                    di(n, sizeof(T) * 4);
+                std::vector<Vek8u> buf(size_t(size) + 1);
+                ASSERT_EQ((inverse ? inv : fwd)(sr.data(), si.data(), dr.data(), di.data(), spec,
+                                                own_buffer ? buf.data() + 1 : nullptr),
+                          vekStsOk);
+                std::vector<T> got(2 * size_t(n));
+                for (int i = 0; i < n; ++i) {
+                    got[2 * i] = dr[i];
+                    got[2 * i + 1] = di[i];
+                }
+                EXPECT_LE(rel_rms(got, want), bound<T>(order)) << "order " << order;
+                ASSERT_TRUE(dr.guards_intact() && di.guards_intact());
+            }
+        }
+        ASSERT_EQ(rel(spec), vekStsOk);
+    }
+}
+
+TEST(FftComplex, SplitArraysMatchReference) {
+    split_case<float>(veksFFTInitAlloc_C_32f, veksFFTFree_C_32f, veksFFTGetBufSize_C_32f,
+                      veksFFTFwd_CToC_32f, veksFFTInv_CToC_32f);
+    split_case<double>(veksFFTInitAlloc_C_64f, veksFFTFree_C_64f, veksFFTGetBufSize_C_64f,
+                       veksFFTFwd_CToC_64f, veksFFTInv_CToC_64f);
+}
+
+// Expands a Perm/Pack/CCS spectrum into X[0..N-1] for comparison.
+template <class T>
+std::vector<T> unpack(const std::vector<T>& p, int n, int layout) {
+    std::vector<T> full(2 * size_t(n), T(0));
+    auto put = [&](int k, T re, T im) {
+        full[2 * k] = re;
+        full[2 * k + 1] = im;
+        if (k != 0) {
+            full[2 * (n - k)] = re;
+            full[2 * (n - k) + 1] = -im;
+        }
+    };
+    if (n == 1) {
+        put(0, p[0], layout == 2 ? p[1] : T(0));
+        return full;
+    }
+    const T r0 = p[0];
+    const T rh = layout == 0 ? p[n - 1] : layout == 1 ? p[1] : p[n];
+    put(0, r0, 0);
+    for (int k = 1; k < n / 2; ++k) {
+        const int at = layout == 0 ? 2 * k - 1 : 2 * k;
+        put(k, p[at], p[at + 1]);
+    }
+    put(n / 2, rh, 0);
+    return full;
+}
+
+// Real transforms in each layout against the reference, every level, in and out of place; the
+// inverse of the reference spectrum returns N times the signal (flag 8).
+template <class T>
+void real_matches_reference(int max_order, int max_all_levels) {
+    using A = Api<T>;
+    vt::Rng rng(13);
+    for (int order = 0; order <= max_order; ++order) {
+        const int n = 1 << order;
+        typename A::SpecR* spec = nullptr;
+        ASSERT_EQ(A::initR(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        const auto x = random_data<T>(rng, n);
+        std::vector<cld> xc(n);
+        for (int i = 0; i < n; ++i) xc[i] = cld(x[i], 0);
+        const auto want = ref_dft(xc, false);
+        auto body = [&](auto) {
+            for (int layout = 0; layout < 3; ++layout) {
+                const int plen = layout == 2 ? (n == 1 ? 2 : n + 2) : n;
+                for (bool in_place : {false, true}) {
+                    vt::Buf<T> src(plen, sizeof(T) * 2), dst(plen, sizeof(T) * 4);
+                    for (int i = 0; i < n; ++i) src[i] = x[i];
+                    T* d = in_place ? src.data() : dst.data();
+                    auto fwd = layout == 0 ? A::fwdPack : layout == 1 ? A::fwdPerm : A::fwdCcs;
+                    ASSERT_EQ(fwd(src.data(), d, spec, nullptr), vekStsOk);
+                    const auto packed = in_place ? src.vec() : dst.vec();
+                    if (layout == 2) {
+                        EXPECT_EQ(packed[1], T(0));
+                        if (n > 1) {
+                            EXPECT_EQ(packed[n + 1], T(0));
+                        }
+                    }
+                    EXPECT_LE(rel_rms(unpack(packed, n, layout), want), bound<T>(order))
+                        << "order " << order << " layout " << layout;
+                    ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
+                    // Inverse of the spectrum just computed.
+                    vt::Buf<T> back(plen, sizeof(T) * 6);
+                    T* b = in_place ? d : back.data();
+                    auto inv = layout == 0 ? A::invPack : layout == 1 ? A::invPerm : A::invCcs;
+                    ASSERT_EQ(inv(d, b, spec, nullptr), vekStsOk);
+                    std::vector<T> got(2 * size_t(n));
+                    std::vector<cld> nx(n);
+                    for (int i = 0; i < n; ++i) {
+                        got[2 * i] = b[i];
+                        nx[i] = cld(static_cast<long double>(n) * x[i], 0);
+                    }
+                    EXPECT_LE(rel_rms(got, nx), 2 * bound<T>(order)) << "inverse order " << order;
+                    ASSERT_TRUE(back.guards_intact());
+                }
+            }
+        };
+        if (order <= max_all_levels)
+            vt::for_each_level(body);
+        else
+            body(0);
+        ASSERT_EQ(A::freeR(spec), vekStsOk);
+    }
+}
+
+TEST(FftReal, R32fMatchesReference) { real_matches_reference<float>(16, 13); }
+TEST(FftReal, R64fMatchesReference) { real_matches_reference<double>(15, 12); }
+
+TEST(FftReal, ConstantSpectrumInCcs) {
+    VeksFFTSpec_R_32f* spec = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_R_32f(&spec, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    std::vector<float> x(16, 1.0f), y(18, 7.0f);
+    ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), y.data(), spec, nullptr), vekStsOk);
+    EXPECT_EQ(y[0], 16.0f);
+    for (int i = 1; i < 18; ++i) EXPECT_EQ(y[i], 0.0f) << i;
+    veksFFTFree_R_32f(spec);
+}
+
+// Forward then inverse returns the input for flags 1, 2 and 4 and N times it for flag 8, at
+// orders up to 20 for the complex and real single kinds.
+TEST(FftSelfCheck, RoundTripPerFlag) {
+    vt::Rng rng(14);
+    for (int order : {0, 1, 2, 3, 4, 5, 6, 9, 12, 15, 17, 20}) {
+        const int n = 1 << order;
+        const auto x = random_data<float>(rng, 2 * size_t(n));
+        for (int flag : {1, 2, 4, 8}) {
+            const double gain = flag == 8 ? n : 1.0;
+            VeksFFTSpec_C_32fc* c = nullptr;
+            ASSERT_EQ(veksFFTInitAlloc_C_32fc(&c, order, flag, vekAlgHintNone), vekStsOk);
+            std::vector<float> y(x.size()), z(x.size());
+            auto* xc = reinterpret_cast<const Vek32fc*>(x.data());
+            ASSERT_EQ(veksFFTFwd_CToC_32fc(xc, reinterpret_cast<Vek32fc*>(y.data()), c, nullptr),
+                      vekStsOk);
+            ASSERT_EQ(veksFFTInv_CToC_32fc(reinterpret_cast<Vek32fc*>(y.data()),
+                                           reinterpret_cast<Vek32fc*>(z.data()), c, nullptr),
+                      vekStsOk);
+            std::vector<cld> want(n);
+            for (int i = 0; i < n; ++i) want[i] = cld(gain * x[2 * i], gain * x[2 * i + 1]);
+            EXPECT_LE(rel_rms(z, want), 2 * bound<float>(order)) << order << " flag " << flag;
+            veksFFTFree_C_32fc(c);
+
+            VeksFFTSpec_R_32f* r = nullptr;
+            ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, order, flag, vekAlgHintNone), vekStsOk);
+            std::vector<float> yr(n + 2), zr(n);
+            ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), yr.data(), r, nullptr), vekStsOk);
+            ASSERT_EQ(veksFFTInv_CCSToR_32f(yr.data(), zr.data(), r, nullptr), vekStsOk);
+            std::vector<float> zz(2 * size_t(n));
+            for (int i = 0; i < n; ++i) {
+                zz[2 * i] = zr[i];
+                want[i] = cld(gain * x[i], 0);
+            }
+            EXPECT_LE(rel_rms(zz, want), 2 * bound<float>(order)) << order << " flag " << flag;
+            veksFFTFree_R_32f(r);
+        }
+    }
+}
+
+// Linearity, impulse response and the shift theorem at large orders, without a reference.
+TEST(FftSelfCheck, LinearityImpulseAndShift) {
+    vt::Rng rng(15);
+    for (int order : {11, 14, 17, 19}) {
+        const int n = 1 << order;
+        VeksFFTSpec_C_32fc* spec = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        auto fft = [&](const std::vector<float>& in) {
+            std::vector<float> out(in.size());
+            EXPECT_EQ(veksFFTFwd_CToC_32fc(reinterpret_cast<const Vek32fc*>(in.data()),
+                                           reinterpret_cast<Vek32fc*>(out.data()), spec, nullptr),
+                      vekStsOk);
+            return out;
+        };
+        const auto a = random_data<float>(rng, 2 * size_t(n));
+        const auto b = random_data<float>(rng, 2 * size_t(n));
+        std::vector<float> ab(a.size());
+        for (size_t i = 0; i < ab.size(); ++i) ab[i] = 2.0f * a[i] - b[i];
+        const auto fa = fft(a), fb = fft(b), fab = fft(ab);
+        std::vector<cld> lin(n);
+        for (int i = 0; i < n; ++i)
+            lin[i] = 2.0L * cld(fa[2 * i], fa[2 * i + 1]) - cld(fb[2 * i], fb[2 * i + 1]);
+        EXPECT_LE(rel_rms(fab, lin), 4 * bound<float>(order)) << "linearity " << order;
+
+        // A unit impulse at position s gives exp(-2 pi i k s / N); the shifted signal's spectrum
+        // is the original's times that ramp.
+        const int s = n / 3 + 1;
+        std::vector<float> imp(2 * size_t(n), 0.0f);
+        imp[2 * s] = 1.0f;
+        const auto fi = fft(imp);
+        std::vector<cld> ramp(n);
+        const long double pi = 3.141592653589793238462643383279502884L;
+        for (int k = 0; k < n; ++k) {
+            const long double ang = -2 * pi * static_cast<long double>((int64_t(k) * s) % n) / n;
+            ramp[k] = cld(std::cos(ang), std::sin(ang));
+        }
+        EXPECT_LE(rel_rms(fi, ramp), bound<float>(order)) << "impulse " << order;
+        std::vector<float> sh(a.size());
+        for (int i = 0; i < n; ++i) {
+            sh[2 * ((i + s) % n)] = a[2 * i];
+            sh[2 * ((i + s) % n) + 1] = a[2 * i + 1];
+        }
+        const auto fsh = fft(sh);
+        std::vector<cld> want(n);
+        for (int k = 0; k < n; ++k) want[k] = cld(fa[2 * k], fa[2 * k + 1]) * ramp[k];
+        EXPECT_LE(rel_rms(fsh, want), 4 * bound<float>(order)) << "shift " << order;
+        veksFFTFree_C_32fc(spec);
+    }
+}
+
+// Two threads sharing one object, each with its own buffer, give the single-threaded results.
+TEST(FftSelfCheck, SharedObjectAcrossThreads) {
+    for (int order : {10, 16}) {
+        const int n = 1 << order;
+        VeksFFTSpec_R_32f* spec = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_R_32f(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
+                  vekStsOk);
+        int size = 0;
+        ASSERT_EQ(veksFFTGetBufSize_R_32f(spec, &size), vekStsOk);
+        vt::Rng rng(16);
+        std::vector<std::vector<float>> in(2), want(2), got(2, std::vector<float>(n));
+        for (int t = 0; t < 2; ++t) {
+            in[t] = random_data<float>(rng, n);
+            want[t].resize(n);
+            ASSERT_EQ(veksFFTFwd_RToPack_32f(in[t].data(), want[t].data(), spec, nullptr),
+                      vekStsOk);
+        }
+        auto work = [&](int t) {
+            std::vector<Vek8u> buf(size_t(size) + 1);
+            for (int rep = 0; rep < 20; ++rep)
+                veksFFTFwd_RToPack_32f(in[t].data(), got[t].data(), spec, buf.data());
+        };
+        std::thread t0(work, 0), t1(work, 1);
+        t0.join();
+        t1.join();
+        for (int t = 0; t < 2; ++t) EXPECT_TRUE(vt::bits_equal(got[t], want[t]));
+        veksFFTFree_R_32f(spec);
+    }
+}
+
+// ---- objects and statuses -------------------------------------------------------------------
+
+TEST(FftObjects, InitAllocChecksInOrder) {
+    VeksFFTSpec_C_32fc* spec = reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(nullptr, 31, 3, vekAlgHintNone), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, -1, 3, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
+    for (int flag : {0, 3, 5, 16, -1})
+        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 5, flag, vekAlgHintNone), vekStsFftFlagErr);
+    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
+    VeksFFTSpec_R_64f* rspec = reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234);
+    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 31, 2, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 3, 0, vekAlgHintNone), vekStsFftFlagErr);
+    // Order 30 tables do not fit the allocator: refused with an allocation error.
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
+    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
+    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
+    EXPECT_EQ(rspec, reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234));
+}
+
+TEST(FftObjects, BufferSizes) {
+    auto csize = [](int order) {
+        VeksFFTSpec_C_32fc* s = nullptr;
+        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&s, order, 8, vekAlgHintFast), vekStsOk);
+        int size = -1;
+        EXPECT_EQ(veksFFTGetBufSize_C_32fc(s, &size), vekStsOk);
+        veksFFTFree_C_32fc(s);
+        return size;
+    };
+    auto rsize = [](int order) {
+        VeksFFTSpec_R_32f* s = nullptr;
+        EXPECT_EQ(veksFFTInitAlloc_R_32f(&s, order, 1, vekAlgHintNone), vekStsOk);
+        int size = -1;
+        EXPECT_EQ(veksFFTGetBufSize_R_32f(s, &size), vekStsOk);
+        veksFFTFree_R_32f(s);
+        return size;
+    };
+    auto zsize = [](int order) {
+        VeksFFTSpec_C_64fc* s = nullptr;
+        EXPECT_EQ(veksFFTInitAlloc_C_64fc(&s, order, 4, vekAlgHintNone), vekStsOk);
+        int size = -1;
+        EXPECT_EQ(veksFFTGetBufSize_C_64fc(s, &size), vekStsOk);
+        veksFFTFree_C_64fc(s);
+        return size;
+    };
+    for (int order = 0; order <= 10; ++order) {
+        EXPECT_EQ(csize(order), 0) << order;
+        EXPECT_EQ(rsize(order), 0) << order;
+    }
+    EXPECT_EQ(csize(11), 16);
+    EXPECT_EQ(csize(12), 16);
+    EXPECT_EQ(rsize(11), 0);
+    EXPECT_EQ(rsize(12), 16);
+    EXPECT_EQ(rsize(13), 16);
+    const int split[] = {5, 6, 7, 8, 8, 8, 10, 10};
+    for (int order = 13; order <= 20; ++order) {
+        EXPECT_EQ(csize(order), (32 << split[order - 13]) + 16) << order;
+        EXPECT_EQ(rsize(order + 1), (32 << split[order - 13]) + 16) << order;
+    }
+    EXPECT_EQ(zsize(16), (64 << 8) + 16);
+    // Order 23 splits as 8 then 15 -> 7: the widest level is 2^8.
+    EXPECT_EQ(rsize(24), (32 << 8) + 16);
+}
+
+// Every kind's functions refuse the identifiers of the other kinds (1..9) and 0.
+TEST(FftObjects, ContextMismatch) {
+    struct Fake {
+        int32_t id;
+        unsigned char rest[252];
+    } fake{};
+    std::vector<float> a(64, 1.0f), b(64, 2.0f);
+    std::vector<double> da(64, 1.0), db(64, 2.0);
+    const auto a0 = a, b0 = b;
+    auto* fc = reinterpret_cast<Vek32fc*>(a.data());
+    auto* zc = reinterpret_cast<Vek64fc*>(da.data());
+    int size = 12345;
+    for (int id = 0; id <= 10; ++id) {
+        fake.id = id;
+        auto expect = [&](VekStatus st, int own) {
+            EXPECT_EQ(st, id == own ? vekStsOk : vekStsContextMismatchErr) << "id " << id;
+        };
+        if (id != 4) {
+            auto* s = reinterpret_cast<VeksFFTSpec_C_32fc*>(&fake);
+            expect(veksFFTFwd_CToC_32fc(fc, reinterpret_cast<Vek32fc*>(b.data()), s, nullptr), 4);
+            expect(veksFFTInv_CToC_32fc(fc, fc, s, nullptr), 4);
+            expect(veksFFTGetBufSize_C_32fc(s, &size), 4);
+            expect(veksFFTFree_C_32fc(s), 4);
+        }
+        if (id != 5) {
+            auto* s = reinterpret_cast<VeksFFTSpec_C_32f*>(&fake);
+            expect(veksFFTFwd_CToC_32f(a.data(), a.data(), b.data(), b.data(), s, nullptr), 5);
+            expect(veksFFTInv_CToC_32f(a.data(), a.data(), b.data(), b.data(), s, nullptr), 5);
+            expect(veksFFTGetBufSize_C_32f(s, &size), 5);
+            expect(veksFFTFree_C_32f(s), 5);
+        }
+        if (id != 6) {
+            auto* s = reinterpret_cast<VeksFFTSpec_R_32f*>(&fake);
+            expect(veksFFTFwd_RToPack_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTFwd_RToPerm_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTFwd_RToCCS_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTInv_PackToR_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTInv_PermToR_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTInv_CCSToR_32f(a.data(), b.data(), s, nullptr), 6);
+            expect(veksFFTGetBufSize_R_32f(s, &size), 6);
+            expect(veksFFTFree_R_32f(s), 6);
+        }
+        if (id != 7) {
+            auto* s = reinterpret_cast<VeksFFTSpec_C_64fc*>(&fake);
+            expect(veksFFTFwd_CToC_64fc(zc, reinterpret_cast<Vek64fc*>(db.data()), s, nullptr), 7);
+            expect(veksFFTInv_CToC_64fc(zc, zc, s, nullptr), 7);
+            expect(veksFFTGetBufSize_C_64fc(s, &size), 7);
+            expect(veksFFTFree_C_64fc(s), 7);
+        }
+        if (id != 8) {
+            auto* s = reinterpret_cast<VeksFFTSpec_C_64f*>(&fake);
+            expect(veksFFTFwd_CToC_64f(da.data(), da.data(), db.data(), db.data(), s, nullptr), 8);
+            expect(veksFFTInv_CToC_64f(da.data(), da.data(), db.data(), db.data(), s, nullptr), 8);
+            expect(veksFFTGetBufSize_C_64f(s, &size), 8);
+            expect(veksFFTFree_C_64f(s), 8);
+        }
+        if (id != 9) {
+            auto* s = reinterpret_cast<VeksFFTSpec_R_64f*>(&fake);
+            expect(veksFFTFwd_RToPack_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTFwd_RToPerm_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTFwd_RToCCS_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTInv_PackToR_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTInv_PermToR_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTInv_CCSToR_64f(da.data(), db.data(), s, nullptr), 9);
+            expect(veksFFTGetBufSize_R_64f(s, &size), 9);
+            expect(veksFFTFree_R_64f(s), 9);
+        }
+    }
+    EXPECT_EQ(size, 12345);
+    EXPECT_TRUE(vt::bits_equal(a, a0));
+    EXPECT_TRUE(vt::bits_equal(b, b0));
+}
+
+TEST(FftObjects, NullPointersAndCheckOrder) {
+    VeksFFTSpec_C_32fc* spec = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, 6, 1, vekAlgHintNone), vekStsOk);
+    std::vector<Vek32fc> x(64, Vek32fc{1, 2}), y(64, Vek32fc{3, 4});
+    const auto y0 = y;
+    int size = 0;
+    EXPECT_EQ(veksFFTFwd_CToC_32fc(x.data(), y.data(), nullptr, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, y.data(), spec, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInv_CToC_32fc(x.data(), nullptr, spec, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTGetBufSize_C_32fc(spec, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTGetBufSize_C_32fc(nullptr, &size), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTFree_C_32fc(nullptr), vekStsNullPointerErr);
+    // The object is checked before the data pointers.
+    struct {
+        int32_t id = 6;
+        int32_t pad[63] = {};
+    } other;
+    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, nullptr, reinterpret_cast<VeksFFTSpec_C_32fc*>(&other),
+                                   nullptr),
+              vekStsContextMismatchErr);
+    for (size_t i = 0; i < y.size(); ++i) EXPECT_TRUE(vt::same_bits(y[i], y0[i]));
+    VeksFFTSpec_R_32f* r = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, 6, 1, vekAlgHintNone), vekStsOk);
+    std::vector<float> rx(66, 1.0f);
+    EXPECT_EQ(veksFFTFwd_RToPack_32f(nullptr, rx.data(), r, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInv_CCSToR_32f(rx.data(), nullptr, r, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTFree_R_32f(r), vekStsOk);
+    EXPECT_EQ(veksFFTFree_C_32fc(spec), vekStsOk);
+}
+
+TEST(FftObjects, OrderZeroScalesTheSinglePoint) {
+    for (int flag : {1, 2, 4, 8}) {
+        VeksFFTSpec_C_32fc* spec = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, 0, flag, vekAlgHintNone), vekStsOk);
+        const Vek32fc x{1.5f, -2.25f};
+        Vek32fc y{0, 0};
+        ASSERT_EQ(veksFFTFwd_CToC_32fc(&x, &y, spec, nullptr), vekStsOk);
+        EXPECT_EQ(y.re, 1.5f);
+        EXPECT_EQ(y.im, -2.25f);
+        veksFFTFree_C_32fc(spec);
+    }
+}
+
+} // namespace

@@ -1,0 +1,277 @@
+// 16-bit FFT kinds: results against a long-double reference put through the integer rule
+// (normalisation and scale factor as powers of two, round half to even, saturation), both
+// plans, every layout, buffer sizes and the statuses.
+#include <cmath>
+#include <complex>
+
+#include "testutil.hpp"
+
+namespace {
+
+using cld = std::complex<long double>;
+
+std::vector<cld> dft(const std::vector<cld>& x, bool inverse) {
+    const size_t n = x.size();
+    const long double pi = 3.141592653589793238462643383279502884L;
+    std::vector<cld> y(n);
+    for (size_t k = 0; k < n; ++k) {
+        cld acc = 0;
+        for (size_t j = 0; j < n; ++j) {
+            const long double a = 2 * pi * static_cast<long double>((j * k) % n) / n;
+            acc += x[j] * cld(std::cos(a), inverse ? std::sin(a) : -std::sin(a));
+        }
+        y[k] = acc;
+    }
+    return y;
+}
+
+// value * 2^-shift (times 1/sqrt 2), half to even, saturated.
+int16_t expect16(long double v, int shift, bool half_sqrt2) {
+    if (half_sqrt2) v *= 0.707106781186547524400844362104849039L;
+    v = std::ldexp(v, -shift);
+    long double r = std::nearbyint(v);
+    return static_cast<int16_t>(r > 32767 ? 32767 : r < -32768 ? -32768 : r);
+}
+
+int norm_shift(int flag, int order, bool inverse) {
+    if (flag == 1) return inverse ? 0 : order;
+    if (flag == 2) return inverse ? order : 0;
+    if (flag == 4) return order / 2;
+    return 0;
+}
+
+// Within one unit: the single-precision transform may land on the other side of a half.
+::testing::AssertionResult near16(const std::vector<int16_t>& got,
+                                  const std::vector<int16_t>& want) {
+    for (size_t i = 0; i < want.size(); ++i)
+        if (std::abs(int(got[i]) - int(want[i])) > 1)
+            return ::testing::AssertionFailure()
+                   << "element " << i << ": " << got[i] << " vs " << want[i];
+    return ::testing::AssertionSuccess();
+}
+
+TEST(Fft16, ComplexBothPlansAndLayouts) {
+    vt::Rng rng(31);
+    for (int order : {0, 1, 2, 3, 4, 5, 6, 8, 9}) {
+        const int n = 1 << order;
+        std::vector<int16_t> x(2 * size_t(n));
+        for (auto& v : x) v = static_cast<int16_t>(rng.range(-3000, 3000));
+        std::vector<cld> xc(n);
+        for (int i = 0; i < n; ++i) xc[i] = cld(x[2 * i], x[2 * i + 1]);
+        const std::vector<cld> spectra[2] = {dft(xc, false), dft(xc, true)};
+        for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
+            for (int flag : {1, 2, 4, 8})
+                for (int sf : {-2, 0, 3}) {
+                    VeksFFTSpec_C_16sc* spec = nullptr;
+                    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, order, flag, hint), vekStsOk);
+                    VeksFFTSpec_C_16s* split = nullptr;
+                    ASSERT_EQ(veksFFTInitAlloc_C_16s(&split, order, flag, hint), vekStsOk);
+                    for (bool inverse : {false, true}) {
+                        const auto& y = spectra[inverse];
+                        const int shift = order == 0 ? sf : norm_shift(flag, order, inverse) + sf;
+                        const bool h = order > 0 && flag == 4 && (order & 1);
+                        std::vector<int16_t> want(2 * size_t(n));
+                        for (int i = 0; i < n; ++i) {
+                            want[2 * i] = expect16(y[i].real(), shift, h);
+                            want[2 * i + 1] = expect16(y[i].imag(), shift, h);
+                        }
+                        vt::Buf<int16_t> src(x, 2), dst(2 * n, 6);
+                        auto* s = reinterpret_cast<Vek16sc*>(src.data());
+                        auto* d = reinterpret_cast<Vek16sc*>(dst.data());
+                        ASSERT_EQ((inverse ? veksFFTInv_CToC_16sc_Sfs
+                                           : veksFFTFwd_CToC_16sc_Sfs)(s, d, spec, sf, nullptr),
+                                  vekStsOk);
+                        ASSERT_TRUE(near16(dst.vec(), want))
+                            << "order " << order << " flag " << flag << " sf " << sf;
+                        ASSERT_TRUE(dst.guards_intact());
+                        // In place, with a caller's buffer.
+                        int size = 0;
+                        ASSERT_EQ(veksFFTGetBufSize_C_16sc(spec, &size), vekStsOk);
+                        std::vector<Vek8u> buf(size_t(size) + 1);
+                        ASSERT_EQ((inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
+                                      s, s, spec, sf, buf.data() + 1),
+                                  vekStsOk);
+                        ASSERT_TRUE(vt::bits_equal(src.vec(), dst.vec()));
+                        // Split arrays give the interleaved results.
+                        std::vector<int16_t> re(n), im(n), ore(n), oim(n);
+                        for (int i = 0; i < n; ++i) {
+                            re[i] = x[2 * i];
+                            im[i] = x[2 * i + 1];
+                        }
+                        ASSERT_EQ(
+                            (inverse ? veksFFTInv_CToC_16s_Sfs : veksFFTFwd_CToC_16s_Sfs)(
+                                re.data(), im.data(), ore.data(), oim.data(), split, sf, nullptr),
+                            vekStsOk);
+                        for (int i = 0; i < n; ++i) {
+                            ASSERT_EQ(ore[i], dst[2 * i]);
+                            ASSERT_EQ(oim[i], dst[2 * i + 1]);
+                        }
+                    }
+                    ASSERT_EQ(veksFFTFree_C_16sc(spec), vekStsOk);
+                    ASSERT_EQ(veksFFTFree_C_16s(split), vekStsOk);
+                }
+    }
+}
+
+TEST(Fft16, RealLayoutsAgainstReference) {
+    vt::Rng rng(32);
+    for (int order : {0, 1, 2, 3, 4, 5, 7, 8}) {
+        const int n = 1 << order;
+        std::vector<int16_t> x(n);
+        for (auto& v : x) v = static_cast<int16_t>(rng.range(-8000, 8000));
+        std::vector<cld> xc(n);
+        for (int i = 0; i < n; ++i) xc[i] = cld(x[i], 0);
+        const auto y = dft(xc, false);
+        for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
+            for (int flag : {1, 2, 4, 8}) {
+                const int sf = flag == 8 ? order / 2 : 0;
+                VeksFFTSpec_R_16s* spec = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, order, flag, hint), vekStsOk);
+                const int shift = order == 0 ? sf : norm_shift(flag, order, false) + sf;
+                const bool h = order > 0 && flag == 4 && (order & 1);
+                auto q = [&](long double v) { return expect16(v, shift, h); };
+                // CCS reference, then the other layouts from it.
+                std::vector<int16_t> ccs(n == 1 ? 2 : n + 2, 0);
+                for (int k = 0; k <= n / 2; ++k) {
+                    ccs[2 * k] = q(y[k].real());
+                    ccs[2 * k + 1] = k == 0 || 2 * k == n ? int16_t(0) : q(y[k].imag());
+                }
+                if (n == 1) ccs.resize(2);
+                std::vector<int16_t> perm(n), packv(n);
+                perm[0] = packv[0] = ccs[0];
+                if (n > 1) {
+                    perm[1] = ccs[n];
+                    packv[n - 1] = ccs[n];
+                    for (int i = 2; i < n; ++i) {
+                        perm[i] = ccs[i];
+                        packv[i - 1] = ccs[i];
+                    }
+                }
+                struct Case {
+                    decltype(&veksFFTFwd_RToPack_16s_Sfs) fwd, inv;
+                    const std::vector<int16_t>* want;
+                    int layout;
+                } cases[] = {{veksFFTFwd_RToPack_16s_Sfs, veksFFTInv_PackToR_16s_Sfs, &packv, 0},
+                             {veksFFTFwd_RToPerm_16s_Sfs, veksFFTInv_PermToR_16s_Sfs, &perm, 1},
+                             {veksFFTFwd_RToCCS_16s_Sfs, veksFFTInv_CCSToR_16s_Sfs, &ccs, 2}};
+                for (const auto& c : cases) {
+                    vt::Buf<int16_t> src(x, 2), dst(int(c.want->size()), 4);
+                    ASSERT_EQ(c.fwd(src.data(), dst.data(), spec, sf, nullptr), vekStsOk);
+                    ASSERT_TRUE(near16(dst.vec(), *c.want))
+                        << "order " << order << " flag " << flag << " hint " << hint;
+                    ASSERT_TRUE(dst.guards_intact());
+                    // Inverse of the stored spectrum against the reference inverse.
+                    const auto got = dst.vec();
+                    auto part = [&](int k, bool imag) -> long double {
+                        if (k == 0) return imag ? 0 : got[0];
+                        if (2 * k == n)
+                            return imag ? 0 : got[c.layout == 0 ? n - 1 : c.layout == 1 ? 1 : n];
+                        const int at = c.layout == 0 ? 2 * k - 1 : 2 * k;
+                        return got[at + (imag ? 1 : 0)];
+                    };
+                    std::vector<cld> spec_full(n);
+                    for (int k = 0; k < n; ++k) {
+                        const int j = k <= n / 2 ? k : n - k;
+                        spec_full[k] = cld(part(j, false), (k <= n / 2 ? 1 : -1) * part(j, true));
+                    }
+                    const auto back = dft(spec_full, true);
+                    const int ishift = order == 0 ? 0 : norm_shift(flag, order, true);
+                    std::vector<int16_t> want_back(n);
+                    for (int i = 0; i < n; ++i) want_back[i] = expect16(back[i].real(), ishift, h);
+                    vt::Buf<int16_t> out(n, 6);
+                    ASSERT_EQ(c.inv(dst.data(), out.data(), spec, 0, nullptr), vekStsOk);
+                    ASSERT_TRUE(near16(out.vec(), want_back)) << "inverse order " << order;
+                    ASSERT_TRUE(out.guards_intact());
+                }
+                ASSERT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+            }
+    }
+}
+
+TEST(Fft16, SaturatesAndBufferSizes) {
+    VeksFFTSpec_C_16sc* spec = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    std::vector<Vek16sc> x(16, Vek16sc{30000, -30000}), y(16);
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), spec, 0, nullptr), vekStsOk);
+    EXPECT_EQ(y[0].re, 32767);
+    EXPECT_EQ(y[0].im, -32768);
+    EXPECT_EQ(y[1].re, 0);
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), spec, 4, nullptr), vekStsOk);
+    EXPECT_EQ(y[0].re, 30000);
+    veksFFTFree_C_16sc(spec);
+
+    auto csize = [](int order, VekHintAlgorithm hint) {
+        VeksFFTSpec_C_16sc* s = nullptr;
+        EXPECT_EQ(veksFFTInitAlloc_C_16sc(&s, order, 2, hint), vekStsOk);
+        int size = -1;
+        EXPECT_EQ(veksFFTGetBufSize_C_16sc(s, &size), vekStsOk);
+        veksFFTFree_C_16sc(s);
+        return size;
+    };
+    auto rsize = [](int order, VekHintAlgorithm hint) {
+        VeksFFTSpec_R_16s* s = nullptr;
+        EXPECT_EQ(veksFFTInitAlloc_R_16s(&s, order, 2, hint), vekStsOk);
+        int size = -1;
+        EXPECT_EQ(veksFFTGetBufSize_R_16s(s, &size), vekStsOk);
+        veksFFTFree_R_16s(s);
+        return size;
+    };
+    EXPECT_EQ(csize(0, vekAlgHintNone), 0);
+    EXPECT_EQ(csize(5, vekAlgHintNone), 12 * 32 + 16);
+    EXPECT_EQ(csize(8, vekAlgHintNone), 12 * 256 + 16);
+    EXPECT_EQ(csize(9, vekAlgHintNone), 8 * 512 + 16);
+    EXPECT_EQ(csize(10, vekAlgHintFast), 12 * 1024 + 16);
+    EXPECT_EQ(csize(5, vekAlgHintAccurate), 8 * 32 + 16);
+    EXPECT_EQ(csize(12, vekAlgHintNone), 8 * 4096 + 16 + 16);
+    EXPECT_EQ(rsize(6, vekAlgHintNone), 4 * 64 + 24);
+    EXPECT_EQ(rsize(6, vekAlgHintAccurate), 4 * 66 + 16);
+}
+
+TEST(Fft16, StatusesAndContext) {
+    struct {
+        int32_t id;
+        int32_t pad[63];
+    } fake{};
+    std::vector<int16_t> a(64, 7), b(64, 9);
+    const auto b0 = b;
+    for (int id = 0; id <= 9; ++id) {
+        fake.id = id;
+        if (id != 1) {
+            EXPECT_EQ(veksFFTFwd_CToC_16sc_Sfs(reinterpret_cast<Vek16sc*>(a.data()),
+                                               reinterpret_cast<Vek16sc*>(b.data()),
+                                               reinterpret_cast<VeksFFTSpec_C_16sc*>(&fake), 0,
+                                               nullptr),
+                      vekStsContextMismatchErr);
+        }
+        if (id != 2) {
+            EXPECT_EQ(veksFFTInv_CToC_16s_Sfs(a.data(), a.data(), b.data(), b.data(),
+                                              reinterpret_cast<VeksFFTSpec_C_16s*>(&fake), 0,
+                                              nullptr),
+                      vekStsContextMismatchErr);
+        }
+        if (id != 3) {
+            EXPECT_EQ(veksFFTFwd_RToCCS_16s_Sfs(a.data(), b.data(),
+                                                reinterpret_cast<VeksFFTSpec_R_16s*>(&fake), 0,
+                                                nullptr),
+                      vekStsContextMismatchErr);
+            EXPECT_EQ(veksFFTFree_R_16s(reinterpret_cast<VeksFFTSpec_R_16s*>(&fake)),
+                      vekStsContextMismatchErr);
+        }
+    }
+    EXPECT_TRUE(vt::bits_equal(b, b0));
+    VeksFFTSpec_R_16s* spec = reinterpret_cast<VeksFFTSpec_R_16s*>(0x10);
+    EXPECT_EQ(veksFFTInitAlloc_R_16s(&spec, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_R_16s(&spec, 4, 6, vekAlgHintNone), vekStsFftFlagErr);
+    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_R_16s*>(0x10));
+    ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, 4, 1, vekAlgHintNone), vekStsOk);
+    EXPECT_EQ(veksFFTFwd_RToPack_16s_Sfs(nullptr, b.data(), spec, 0, nullptr),
+              vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInv_PackToR_16s_Sfs(a.data(), nullptr, spec, 0, nullptr),
+              vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInv_PackToR_16s_Sfs(a.data(), b.data(), nullptr, 0, nullptr),
+              vekStsNullPointerErr);
+    EXPECT_TRUE(vt::bits_equal(b, b0));
+    EXPECT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+}
+
+} // namespace

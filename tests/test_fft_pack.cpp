@@ -1,0 +1,246 @@
+// Packed real spectra: expansion to the full spectrum (out of place and in place, every layout,
+// odd and even lengths), spectrum products in float (against a long-double reference and as
+// fast convolution and correlation) and 16-bit (against the integer rule), and the statuses.
+#include <cmath>
+#include <complex>
+
+#include "testutil.hpp"
+
+namespace {
+
+// Packs the half spectrum (re[k], im[k], k = 0..N/2) into layout 0 Pack, 1 Perm, 2 CCS.
+template <class T>
+std::vector<T> pack(const std::vector<T>& re, const std::vector<T>& im, int n, int layout) {
+    std::vector<T> p(layout == 2 ? size_t(n) + 2 : size_t(n), T(0));
+    p[0] = re[0];
+    if (layout == 2) p[1] = im[0];
+    const bool even = n % 2 == 0;
+    const int first = layout == 0 || (layout == 1 && !even) ? 1 : 2;
+    for (int k = 1; k <= (n - 1) / 2; ++k) {
+        p[first + 2 * (k - 1)] = re[k];
+        p[first + 2 * (k - 1) + 1] = im[k];
+    }
+    if (even && n > 1) {
+        if (layout == 0) p[n - 1] = re[n / 2];
+        if (layout == 1) p[1] = re[n / 2];
+        if (layout == 2) {
+            p[n] = re[n / 2];
+            p[n + 1] = im[n / 2];
+        }
+    }
+    return p;
+}
+
+template <class T>
+T neg(T v) {
+    if constexpr (std::is_integral_v<T>)
+        return v == std::numeric_limits<T>::min() ? std::numeric_limits<T>::max() : T(-v);
+    else
+        return -v;
+}
+
+template <class T, class C>
+void conj_case(VekStatus (*op)(const T*, C*, int), VekStatus (*op_i)(C*, int), int layout) {
+    vt::Rng rng(21);
+    for (int n = 1; n <= 41; ++n) {
+        std::vector<T> re(n / 2 + 1), im(n / 2 + 1);
+        for (auto& v : re) v = rng.any<T>();
+        for (auto& v : im) v = rng.any<T>();
+        if constexpr (std::is_integral_v<T>) im[n / 4] = std::numeric_limits<T>::min();
+        if (layout != 2) im[0] = T(0);
+        if (layout != 2 && n % 2 == 0) im[n / 2] = T(0);
+        const auto packed = pack(re, im, n, layout);
+        std::vector<T> want(2 * size_t(n));
+        for (int k = 0; k < n; ++k) {
+            const int j = k <= n / 2 ? k : n - k;
+            want[2 * k] = re[j];
+            want[2 * k + 1] = k <= n / 2 ? im[j] : neg(im[j]);
+        }
+        vt::Buf<T> src(packed, sizeof(T) * 1), dst(2 * n, sizeof(T) * 2);
+        ASSERT_EQ(op(src.data(), reinterpret_cast<C*>(dst.data()), n), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "n " << n << " layout " << layout;
+        ASSERT_TRUE(dst.guards_intact());
+        vt::Buf<T> inplace(2 * n, sizeof(T) * 1);
+        // (the odd-length CCS is N + 1 values; pack() appends one more zero)
+        for (size_t i = 0; i < packed.size() && i < 2 * size_t(n); ++i) inplace[int(i)] = packed[i];
+        ASSERT_EQ(op_i(reinterpret_cast<C*>(inplace.data()), n), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(inplace.vec(), want)) << "in place n " << n;
+        ASSERT_TRUE(inplace.guards_intact());
+    }
+    // Statuses: outputs untouched.
+    std::vector<T> s(8, T(1)), d(16, T(5));
+    EXPECT_EQ(op(nullptr, reinterpret_cast<C*>(d.data()), 4), vekStsNullPointerErr);
+    EXPECT_EQ(op(s.data(), nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(op(s.data(), reinterpret_cast<C*>(d.data()), 0), vekStsDataSizeErr);
+    EXPECT_EQ(op_i(nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(op_i(reinterpret_cast<C*>(d.data()), -1), vekStsDataSizeErr);
+    for (T v : d) EXPECT_EQ(v, T(5));
+}
+
+TEST(FftPack, ConjExpandsEveryLayout) {
+    conj_case<Vek32f, Vek32fc>(veksConjPack_32fc, veksConjPack_32fc_I, 0);
+    conj_case<Vek32f, Vek32fc>(veksConjPerm_32fc, veksConjPerm_32fc_I, 1);
+    conj_case<Vek32f, Vek32fc>(veksConjCcs_32fc, veksConjCcs_32fc_I, 2);
+    conj_case<Vek64f, Vek64fc>(veksConjPack_64fc, veksConjPack_64fc_I, 0);
+    conj_case<Vek64f, Vek64fc>(veksConjPerm_64fc, veksConjPerm_64fc_I, 1);
+    conj_case<Vek64f, Vek64fc>(veksConjCcs_64fc, veksConjCcs_64fc_I, 2);
+    conj_case<Vek16s, Vek16sc>(veksConjPack_16sc, veksConjPack_16sc_I, 0);
+    conj_case<Vek16s, Vek16sc>(veksConjPerm_16sc, veksConjPerm_16sc_I, 1);
+    conj_case<Vek16s, Vek16sc>(veksConjCcs_16sc, veksConjCcs_16sc_I, 2);
+}
+
+TEST(FftPack, ConjPackOfLengthOne) {
+    const float p[1] = {3.5f};
+    Vek32fc d[2] = {{9, 9}, {9, 9}};
+    ASSERT_EQ(veksConjPack_32fc(p, d, 1), vekStsOk);
+    EXPECT_EQ(d[0].re, 3.5f);
+    EXPECT_EQ(d[0].im, 0.0f);
+    EXPECT_EQ(d[1].re, 9.0f);
+}
+
+// Float products against an extended-precision reference: within one unit in the last place.
+template <class T>
+void mul_float_case(VekStatus (*op)(const T*, const T*, T*, int),
+                    VekStatus (*op_i)(const T*, T*, int), bool perm) {
+    vt::Rng rng(22);
+    vt::for_each_level([&](auto) {
+        for (int n : vt::test_lengths()) {
+            std::vector<T> a(n), b(n);
+            for (auto& v : a) v = static_cast<T>(rng.uniform(-10, 10));
+            for (auto& v : b) v = static_cast<T>(rng.uniform(-10, 10));
+            vt::Buf<T> pa(a, sizeof(T) * 2), pb(b, sizeof(T) * 4), pd(n, sizeof(T) * 6);
+            ASSERT_EQ(op(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            // Reference from the layout's own description.
+            const bool even = n % 2 == 0;
+            std::vector<long double> want(n);
+            want[0] = (long double)a[0] * b[0];
+            int first = 1;
+            if (even && n > 1) {
+                const int h = perm ? 1 : n - 1;
+                want[h] = (long double)a[h] * b[h];
+                if (perm) first = 2;
+            }
+            for (int i = first; i + 1 < n; i += 2) {
+                const std::complex<long double> x(a[i], a[i + 1]), y(b[i], b[i + 1]);
+                const auto z = x * y;
+                want[i] = z.real();
+                want[i + 1] = z.imag();
+            }
+            for (int i = 0; i < n; ++i) {
+                const long double ulp =
+                    std::nextafter(std::fabs(T(want[i])), T(INFINITY)) - std::fabs(T(want[i]));
+                ASSERT_LE(std::fabs(pd[i] - want[i]), ulp) << "n " << n << " i " << i;
+            }
+            ASSERT_TRUE(pd.guards_intact());
+            ASSERT_EQ(op_i(pa.data(), pb.data(), n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(pb.vec(), pd.vec()));
+        }
+    });
+    std::vector<T> x(4, T(1)), y(4, T(2));
+    EXPECT_EQ(op(nullptr, x.data(), y.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(op(x.data(), x.data(), y.data(), 0), vekStsDataSizeErr);
+    EXPECT_EQ(op_i(x.data(), nullptr, 4), vekStsNullPointerErr);
+    EXPECT_EQ(op_i(x.data(), y.data(), -3), vekStsDataSizeErr);
+    for (T v : y) EXPECT_EQ(v, T(2));
+}
+
+TEST(FftPack, MulPackAndPermFloat) {
+    mul_float_case<Vek32f>(veksMulPack_32f, veksMulPack_32f_I, false);
+    mul_float_case<Vek32f>(veksMulPerm_32f, veksMulPerm_32f_I, true);
+    mul_float_case<Vek64f>(veksMulPack_64f, veksMulPack_64f_I, false);
+    mul_float_case<Vek64f>(veksMulPerm_64f, veksMulPerm_64f_I, true);
+}
+
+// Fast circular convolution (MulPack) and correlation (MulPackConj) through the real FFT.
+TEST(FftPack, ConvolutionAndCorrelationThroughTheFft) {
+    for (int order : {1, 2, 3, 4, 7, 10}) {
+        const int n = 1 << order;
+        VeksFFTSpec_R_64f* spec = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_R_64f(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
+                  vekStsOk);
+        vt::Rng rng(23);
+        std::vector<double> a(n), b(n), fa(n), fb(n), out(n);
+        for (auto& v : a) v = rng.uniform(-1, 1);
+        for (auto& v : b) v = rng.uniform(-1, 1);
+        ASSERT_EQ(veksFFTFwd_RToPack_64f(a.data(), fa.data(), spec, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTFwd_RToPack_64f(b.data(), fb.data(), spec, nullptr), vekStsOk);
+        std::vector<double> prod(n);
+        ASSERT_EQ(veksMulPack_64f(fa.data(), fb.data(), prod.data(), n), vekStsOk);
+        ASSERT_EQ(veksFFTInv_PackToR_64f(prod.data(), out.data(), spec, nullptr), vekStsOk);
+        for (int i = 0; i < n; ++i) {
+            long double c = 0;
+            for (int j = 0; j < n; ++j) c += (long double)a[j] * b[(i - j + n) % n];
+            EXPECT_NEAR(out[i], (double)c, 1e-12 * n) << "convolution " << i;
+        }
+        // fa * conj(fb) -> r[i] = sum_j a[j + i] b[j]
+        std::vector<double> corr = fb;
+        ASSERT_EQ(veksMulPackConj_64f_I(fa.data(), corr.data(), n), vekStsOk);
+        ASSERT_EQ(veksFFTInv_PackToR_64f(corr.data(), out.data(), spec, nullptr), vekStsOk);
+        for (int i = 0; i < n; ++i) {
+            long double c = 0;
+            for (int j = 0; j < n; ++j) c += (long double)a[(j + i) % n] * b[j];
+            EXPECT_NEAR(out[i], (double)c, 1e-12 * n) << "correlation " << i;
+        }
+        veksFFTFree_R_64f(spec);
+    }
+    std::vector<float> x(4, 1.0f);
+    EXPECT_EQ(veksMulPackConj_32f_I(nullptr, x.data(), 4), vekStsNullPointerErr);
+    EXPECT_EQ(veksMulPackConj_32f_I(x.data(), x.data(), 0), vekStsDataSizeErr);
+}
+
+// The integer rule, written plainly: floor shift for sf > 0, saturate-shift-saturate for sf < 0.
+int16_t ref_rule(int64_t v, int sf) {
+    auto sat = [](int64_t x) { return x > 32767 ? 32767 : x < -32768 ? -32768 : x; };
+    if (sf >= 0) {
+        const int64_t d = sf >= 62 ? (int64_t{1} << 62) : (int64_t{1} << sf);
+        int64_t q = v / d;
+        if (v % d != 0 && v < 0) --q;
+        if (sf >= 62) q = v < 0 ? -1 : 0;
+        return static_cast<int16_t>(sat(q));
+    }
+    int64_t x = sat(v);
+    for (int i = 0; i < -sf && x != 0 && x > -(1 << 20) && x < (1 << 20); ++i) x *= 2;
+    return static_cast<int16_t>(sat(x));
+}
+
+TEST(FftPack, MulPack16sFollowsTheIntegerRule) {
+    vt::Rng rng(24);
+    vt::for_each_level([&](auto) {
+        for (bool perm : {false, true})
+            for (int n : {1, 2, 3, 4, 5, 8, 17, 64, 101})
+                for (int sf : {-20, -3, -1, 0, 1, 2, 15, 16, 31, 40, 100}) {
+                    const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
+                    vt::Buf<int16_t> pa(a, 2), pb(b, 4), pd(n, 6);
+                    auto op = perm ? veksMulPerm_16s_Sfs : veksMulPack_16s_Sfs;
+                    ASSERT_EQ(op(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk);
+                    const bool even = n % 2 == 0;
+                    const int h = even && n > 1 ? (perm ? 1 : n - 1) : -1;
+                    const int first = perm && even ? 2 : 1;
+                    std::vector<int16_t> want(n);
+                    want[0] = ref_rule(int64_t{a[0]} * b[0], sf);
+                    if (h >= 0) want[h] = ref_rule(int64_t{a[h]} * b[h], sf);
+                    for (int i = first; i + 1 < n && i != h; i += 2) {
+                        want[i] = ref_rule(int64_t{a[i]} * b[i] - int64_t{a[i + 1]} * b[i + 1], sf);
+                        want[i + 1] =
+                            ref_rule(int64_t{a[i]} * b[i + 1] + int64_t{a[i + 1]} * b[i], sf);
+                    }
+                    ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << n << " sf " << sf;
+                    auto op_i = perm ? veksMulPerm_16s_ISfs : veksMulPack_16s_ISfs;
+                    ASSERT_EQ(op_i(pa.data(), pb.data(), n, sf), vekStsOk);
+                    ASSERT_TRUE(vt::bits_equal(pb.vec(), want));
+                }
+    });
+    const int16_t m3[] = {-3}, one[] = {1};
+    int16_t d[1] = {0};
+    ASSERT_EQ(veksMulPack_16s_Sfs(m3, one, d, 1, 1), vekStsOk);
+    EXPECT_EQ(d[0], -2);
+    const int16_t mn[] = {-32768, -32768, -32768}, mx[] = {-32768, -32768, 32767};
+    int16_t e[3];
+    ASSERT_EQ(veksMulPack_16s_Sfs(mn, mx, e, 3, 0), vekStsOk);
+    EXPECT_EQ(e[0], 32767);
+    EXPECT_EQ(e[1], 32767); // 2^30 + 2^30 - 32768 saturates
+    EXPECT_EQ(veksMulPack_16s_Sfs(mn, mx, nullptr, 3, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksMulPerm_16s_ISfs(mn, e, 0, 0), vekStsDataSizeErr);
+}
+
+} // namespace
