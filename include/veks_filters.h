@@ -197,6 +197,53 @@ VEK_API VekStatus veksFIR32fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, c
 VEK_API VekStatus veksFIROne32fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
 VEK_API VekStatus veksFIROne32fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
 
+/* Integer taps (32s/32sc) on 16-bit data. InitAlloc normalises the taps: the largest magnitude
+   (for complex taps: of any real or imaginary part) is halved until it is at most 32766, every
+   tap is shifted right arithmetically by that count s, and the effective taps factor is
+   tapsFactor + s (saturated to 32 bits); GetTaps returns the shifted taps and that factor. The
+   16s32f/16sc32fc forms convert floating-point taps first: with m the largest magnitude,
+   m <= 32767 scales by 2^p (p >= 0 the smallest with 2*m*2^p >= 32767, factor -p; all-zero taps
+   take p = 0), a larger m by 2^-q (q halvings down to at most 32767, factor q); each tap is
+   rounded half away from zero (NaN taps become 0). Products and sums wrap in 32 bits; each
+   output is the sum times 2^(factor - scaleFactor), the exponent clamped to -31 .. 31: shifted
+   left with wrap-around, or right with rounding half to even, then saturated to 16 bits. The
+   direct forms normalise the caller's taps in the same way on every call (a temporary copy:
+   allocation failure gives vekStsMemAllocErr). */
+
+typedef struct VeksFIRState32s_16s VeksFIRState32s_16s;
+typedef struct VeksFIRState32sc_16sc VeksFIRState32sc_16sc;
+
+VEK_API VekStatus veksFIRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps, int tapsLen, int tapsFactor, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState, const Vek32f* pTaps32f, int tapsLen, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRFree32s_16s(VeksFIRState32s_16s* pState);
+VEK_API VekStatus veksFIRGetTaps32s_16s(const VeksFIRState32s_16s* pState, Vek32s* pTaps, int* pTapsFactor);
+VEK_API VekStatus veksFIRGetTaps32s_16s32f(const VeksFIRState32s_16s* pState, Vek32f* pTaps32f);
+VEK_API VekStatus veksFIRGetDlyLine32s_16s(const VeksFIRState32s_16s* pState, Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine32s_16s(VeksFIRState32s_16s* pState, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState, const Vek32sc* pTaps, int tapsLen, int tapsFactor, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState, const Vek32fc* pTaps32fc, int tapsLen, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRFree32sc_16sc(VeksFIRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRGetTaps32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek32sc* pTaps, int* pTapsFactor);
+VEK_API VekStatus veksFIRGetTaps32sc_16sc32fc(const VeksFIRState32sc_16sc* pState, Vek32fc* pTaps32fc);
+VEK_API VekStatus veksFIRGetDlyLine32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine32sc_16sc(VeksFIRState32sc_16sc* pState, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, VeksFIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32s_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int numIters, VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+
 /* ==== end of FIR single-rate */
 
 /* ==== FIR multi-rate ========================================================================== */
