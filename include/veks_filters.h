@@ -22,6 +22,9 @@ extern "C" {
    line never reaches an output. Get/SetDlyLine exchange the same layout; Set resets the
    position. The block forms accept an in-place call (pSrc == pDst, and the _I forms): the
    input is then copied to a temporary block first (allocation failure: vekStsMemAllocErr).
+   States with real floating-point taps of 32 or more may filter through an FFT overlap-save
+   path (blocks longer than the transform, and every in-place block); its results differ from
+   the direct sum by the transform's rounding, and a failing transform's status is returned.
    Check order: state null (-8), state of another kind (-17), vectors null (-8), numIters < 1
    (-6). InitAlloc: ppState/pTaps null (-8), tapsLen < 1 (-26), allocation failure (-9).
    Direct forms: the caller owns a line of 2*tapsLen samples and an index 0 .. tapsLen-1 (both

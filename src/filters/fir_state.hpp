@@ -19,7 +19,9 @@
 #include <type_traits>
 
 #include "core/frame.hpp"
+#include "filters/fir_fft.hpp"
 #include "kernels/fir.hpp"
+#include "kernels/numeric.hpp"
 #include "veks_core.h"
 
 namespace veks::fir {
@@ -58,7 +60,13 @@ struct FirState {
     int32_t index;      // 0 .. tapsLen-1
     void* reserved[2];  // used by the multi-rate kind; released by Free
     int32_t tapsFactor; // integer taps: effective factor (given factor + normalisation shift)
+    const void* fftOps; // the RealFft table that made fftSpec
+    VekStatus (*fftRelease)(void* pSpec); // and its release
 };
+
+// Real floating-point taps have an overlap-save path.
+template <class Tap>
+inline constexpr bool has_fft_path = std::is_same_v<Tap, float> || std::is_same_v<Tap, double>;
 
 // The transform length that the overlap-save path would use for T taps: -1 below 32 taps, else
 // 2^k with k the smallest integer >= 2 such that 2^k > T, raised by one when k is 6 or 7.
@@ -85,8 +93,37 @@ inline void free_state(FirState* s) {
     veksFree(s->reserved[1]);
     veksFree(s->taps);
     veksFree(s->spectrum);
-    veksFree(s->fftSpec);
+    if (s->fftSpec != nullptr) s->fftRelease(s->fftSpec);
     veksFree(s);
+}
+
+// Creates the FFT specification and the taps' spectrum (taps in natural order, zero-padded to
+// fftLen, transformed forward). Any failure is reported as one status; the caller releases.
+template <class Tap>
+VekStatus attach_fft(FirState* s, const Tap* h) {
+    const RealFft<Tap>* ops = real_fft<Tap>();
+    const int32_t len = fft_len_for(s->tapsLen);
+    int order = 0;
+    while ((int32_t{1} << order) < len) ++order;
+    s->fftOps = ops;
+    if (ops->init(&s->fftSpec, order) != vekStsOk) {
+        s->fftSpec = nullptr;
+        return vekStsMemAllocErr;
+    }
+    s->fftRelease = ops->release;
+    Tap* spec = alloc_elems<Tap>(len);
+    if (spec == nullptr) return vekStsMemAllocErr;
+    s->spectrum = spec;
+    for (int i = 0; i < len; ++i) spec[i] = i < s->tapsLen ? h[i] : Tap{0};
+    int size = 0;
+    if (ops->buf_size(s->fftSpec, &size) != vekStsOk) return vekStsMemAllocErr;
+    Vek8u* buf = size > 0 ? veksMalloc_8u(size) : nullptr;
+    if (size > 0 && buf == nullptr) return vekStsMemAllocErr;
+    const VekStatus st = ops->fwd(spec, spec, s->fftSpec, buf);
+    veksFree(buf);
+    if (st < vekStsOk) return vekStsMemAllocErr;
+    s->fftLen = len;
+    return vekStsOk;
 }
 
 // Builds a state from taps in natural order (already converted for integer members). The
@@ -110,7 +147,6 @@ VekStatus create(void** ppState, const Tap* h, int T, const Dat* line, uint32_t 
     s->id = id;
     s->tapsLen = T;
     s->preload = ceil4(T) + 1;
-    // The overlap-save path is not wired yet: every tap count filters with the direct kernel.
     s->fftLen = -1;
     s->index = 0;
     s->tapsFactor = factor;
@@ -118,6 +154,14 @@ VekStatus create(void** ppState, const Tap* h, int T, const Dat* line, uint32_t 
     std::memset(static_cast<void*>(buf), 0, (3 * size_t(T) + 4) * sizeof(Dat));
     if (line != nullptr)
         for (int i = 0; i < T; ++i) buf[i] = line[T - 1 - i];
+    if constexpr (has_fft_path<Tap>) {
+        if (T >= 32 && real_fft<Tap>() != nullptr && fft_len_for(T) > 0) {
+            if (attach_fft<Tap>(s, h) != vekStsOk) {
+                free_state(s);
+                return vekStsMemAllocErr;
+            }
+        }
+    }
     *ppState = s;
     return vekStsOk;
 }
@@ -192,6 +236,69 @@ void run_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
     s->index = 0;
 }
 
+// One output of the overlap-save path, by the rule of the data type.
+template <class Dat>
+inline Dat fft_out(double v, double scale) {
+    if constexpr (std::is_floating_point_v<Dat>)
+        return static_cast<Dat>(v);
+    else
+        return num::round_away_saturate<Dat>(v * scale);
+}
+
+// Stores the last T inputs, oldest first, at buf[0 .. T-1] (older history kept when n < T).
+template <class Dat>
+void keep_last(FirState* s, const Dat* src, int n) {
+    Dat* buf = static_cast<Dat*>(s->dly);
+    const int T = s->tapsLen;
+    if (n >= T) {
+        std::memcpy(static_cast<void*>(buf), src + (n - T), size_t(T) * sizeof(Dat));
+    } else {
+        std::memmove(static_cast<void*>(buf), buf + s->index + n, size_t(T - n) * sizeof(Dat));
+        std::memcpy(static_cast<void*>(buf + (T - n)), src, size_t(n) * sizeof(Dat));
+    }
+    s->index = 0;
+}
+
+// Overlap-save: blocks of fftLen inputs (the M = T-1 history samples first) each give
+// L = fftLen - M outputs, the last L values of the circular convolution with the taps.
+template <class Tap, class Dat>
+VekStatus fft_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
+    const RealFft<Tap>* ops = static_cast<const RealFft<Tap>*>(s->fftOps);
+    const int len = s->fftLen, M = s->tapsLen - 1, L = len - M;
+    int size = 0;
+    VekStatus st = ops->buf_size(s->fftSpec, &size);
+    if (st < vekStsOk) return st;
+    Tap* work = alloc_elems<Tap>(len);
+    Vek8u* buf = size > 0 ? veksMalloc_8u(size) : nullptr;
+    if (work == nullptr || (size > 0 && buf == nullptr)) {
+        veksFree(work);
+        veksFree(buf);
+        return vekStsMemAllocErr;
+    }
+    const Dat* hist = static_cast<const Dat*>(s->dly) + s->index + 1;
+    const double scale = num::pow2_neg(param);
+    const Tap* spec = static_cast<const Tap*>(s->spectrum);
+    for (int j0 = 0; j0 < n && st >= vekStsOk; j0 += L) {
+        // work[i] = extended input at j0 + i: history below M, then the source, then zeros.
+        for (int i = 0; i < len; ++i) {
+            const int64_t e = int64_t{j0} + i;
+            work[i] = e < M       ? static_cast<Tap>(hist[e])
+                      : e - M < n ? static_cast<Tap>(src[e - M])
+                                  : Tap{0};
+        }
+        if ((st = ops->fwd(work, work, s->fftSpec, buf)) < vekStsOk) break;
+        if ((st = ops->mul(work, spec, work, len)) < vekStsOk) break;
+        if ((st = ops->inv(work, work, s->fftSpec, buf)) < vekStsOk) break;
+        const int count = L < n - j0 ? L : n - j0;
+        for (int i = 0; i < count; ++i) dst[j0 + i] = fft_out<Dat>(work[M + i], scale);
+    }
+    veksFree(work);
+    veksFree(buf);
+    if (st < vekStsOk) return st;
+    keep_last(s, src, n);
+    return vekStsOk;
+}
+
 // veksFIR*: state checks, then the vectors, then the length. A source equal to the destination
 // (the in-place forms) is first copied to a temporary block, so that every output is computed
 // from the original inputs.
@@ -203,15 +310,25 @@ VekStatus block(const Dat* src, Dat* dst, int n, void* st, const FirIds& ids, in
     VEK_CHECK(length_at_least(n));
     FirState* s = static_cast<FirState*>(st);
     if (src != dst) {
+        if constexpr (has_fft_path<Tap>)
+            if (s->fftLen >= 1 && s->fftLen < n) return fft_block<Tap, Dat>(s, src, dst, n, param);
         run_block<Tap, Dat>(s, src, dst, n, param);
         return vekStsOk;
     }
     Dat* tmp = alloc_elems<Dat>(n);
     if (tmp == nullptr) return vekStsMemAllocErr;
     std::memcpy(static_cast<void*>(tmp), src, size_t(n) * sizeof(Dat));
-    run_block<Tap, Dat>(s, tmp, dst, n, param);
+    VekStatus status = vekStsOk;
+    if constexpr (has_fft_path<Tap>) {
+        if (s->fftLen >= 1)
+            status = fft_block<Tap, Dat>(s, tmp, dst, n, param);
+        else
+            run_block<Tap, Dat>(s, tmp, dst, n, param);
+    } else {
+        run_block<Tap, Dat>(s, tmp, dst, n, param);
+    }
     veksFree(tmp);
-    return vekStsOk;
+    return status;
 }
 
 // veksFIROne*: one sample through the state.
