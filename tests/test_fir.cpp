@@ -1,7 +1,7 @@
 // Single-rate FIR filters with floating-point taps: every member against a long-double
 // convolution with the delay line as history, block against sample-by-sample and direct forms,
 // every kernel level, the delay-line conventions and the documented statuses.
-#include "fir_testutil.hpp"
+#include "test_fir_util.hpp"
 
 namespace {
 

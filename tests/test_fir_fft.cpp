@@ -4,7 +4,7 @@
 // convolution across blocks and calls, and failures of the transform operations.
 #include "filters/fir_fft.hpp"
 #include "filters/fir_state.hpp"
-#include "fir_testutil.hpp"
+#include "test_fir_util.hpp"
 
 namespace {
 

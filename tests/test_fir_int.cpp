@@ -1,7 +1,7 @@
 // Single-rate FIR filters with integer taps: exact results against an integer reference (taps
 // normalisation, wrapping 32-bit sums, output shift with rounding half to even, saturation),
 // every form and kernel level, the float-taps conversion and the documented statuses.
-#include "fir_testutil.hpp"
+#include "test_fir_util.hpp"
 
 namespace {
 
