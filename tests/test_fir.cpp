@@ -151,8 +151,9 @@ TEST(FirFloatTaps, StreamMatchesReference) {
             const int sf = m.sfs ? static_cast<int>(rng.range(-2, 3)) : 0;
             int at = 0;
             for (int n : kBlockLens) {
-                vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + n), 4);
-                vt::Buf<Dat> dst(n, 8);
+                vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + n),
+                                 ft::off<Dat>(1));
+                vt::Buf<Dat> dst(n, ft::off<Dat>(3));
                 ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
                 ASSERT_TRUE(dst.guards_intact());
                 const std::vector<cld> w(want.begin() + at, want.begin() + at + n);
@@ -190,7 +191,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                 vt::for_each_level([&](veks::isa::Level level) {
                     St* st = nullptr;
                     ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
-                    vt::Buf<Dat> src(x, 2), dst(n, 6);
+                    vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
                     ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
                     const auto out = dst.vec();
                     if (level == veks::isa::scalar) ref = out;
@@ -199,7 +200,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                     ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
                     // In place.
                     ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
-                    vt::Buf<Dat> io(x, 10);
+                    vt::Buf<Dat> io(x, ft::off<Dat>(5));
                     ASSERT_EQ(m.blk_i(io.data(), n, st, sf), vekStsOk);
                     ASSERT_TRUE(ft::bits_eq(io.vec(), ref));
                     // One at a time (and its in-place form where it exists).
@@ -221,7 +222,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                     // Direct forms on the caller's doubled line.
                     auto dl = doubled_line(line);
                     int idx = 0;
-                    vt::Buf<Dat> ddst(n, 14);
+                    vt::Buf<Dat> ddst(n, ft::off<Dat>(7));
                     ASSERT_EQ(m.dir(x.data(), ddst.data(), n, h.data(), T, dl.data(), &idx, sf),
                               vekStsOk);
                     ASSERT_TRUE(ft::bits_eq(ddst.vec(), ref));

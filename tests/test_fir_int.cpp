@@ -167,7 +167,7 @@ void stream_and_forms() {
             vt::for_each_level([&](auto) {
                 // State block, in place, one at a time; each from the same history.
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
-                vt::Buf<Dat> src(x, 2), dst(n, 6);
+                vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
                 ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
                 ASSERT_TRUE(ft::bits_eq(dst.vec(), want)) << "block, numIters " << n;
                 ASSERT_TRUE(dst.guards_intact());

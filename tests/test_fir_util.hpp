@@ -51,6 +51,12 @@ std::vector<T> rvec(vt::Rng& r, int n, double amp) {
     return v;
 }
 
+// A byte offset of k elements' alignment: unaligned for SIMD, valid for the element type.
+template <class T>
+constexpr size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
+
 template <class T>
 bool bits_eq(const std::vector<T>& a, const std::vector<T>& b) {
     return a.size() == b.size() &&
