@@ -124,5 +124,35 @@ constexpr T scale_floor_saturate(int64_t v, int sf) noexcept {
     return saturate<T>(s * (int64_t{1} << up));
 }
 
+// Double to T for the filters that accumulate in floating point: below T's minimum gives the
+// minimum, above its maximum the maximum, an exact zero stays zero, otherwise the value is
+// rounded half away from zero (plus or minus 0.5, then truncated). NaN gives 0. Independent of
+// the rounding mode.
+template <class T>
+inline T round_away_saturate(double x) noexcept {
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    if (x < lo) return std::numeric_limits<T>::min();
+    if (x > hi) return std::numeric_limits<T>::max();
+    if (x == 0.0 || x != x) return T{0};
+    return static_cast<T>(x >= 0.0 ? x + 0.5 : x - 0.5);
+}
+
+// 2^-sf with sf clamped to -127 .. 127, built in the exponent field (exact in double).
+constexpr double pow2_neg(int sf) noexcept { return pow2(sf < -127 ? 127 : sf > 127 ? -127 : -sf); }
+
+// A wrapping 32-bit accumulator scaled by 2^sh (sh clamped to -31 .. 31) and saturated to
+// 16 bits: sh > 0 shifts left with wrap-around, sh < 0 shifts right rounding half to even
+// (computed in 64 bits, so the rounding bias cannot wrap).
+inline int16_t shift_round_even_16s(int32_t acc, int sh) noexcept {
+    sh = sh < -31 ? -31 : sh > 31 ? 31 : sh;
+    int64_t v = acc;
+    if (sh > 0)
+        v = static_cast<int32_t>(static_cast<uint32_t>(acc) << sh);
+    else if (sh < 0)
+        v = shift_round_even(v, -sh);
+    return saturate<int16_t>(v);
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks::num

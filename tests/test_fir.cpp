@@ -1,0 +1,485 @@
+// Single-rate FIR filters with floating-point taps: every member against a long-double
+// convolution with the delay line as history, block against sample-by-sample and direct forms,
+// every kernel level, the delay-line conventions and the documented statuses.
+#include "test_fir_util.hpp"
+
+namespace {
+
+using ft::cld;
+
+template <class Tap_, class Dat_, class St_>
+struct Member {
+    using Tap = Tap_;
+    using Dat = Dat_;
+    using St = St_;
+    const char* name;
+    bool sfs;
+    double amp; // sample amplitude
+    VekStatus (*init)(St**, const Tap*, int, const Dat*);
+    VekStatus (*fre)(St*);
+    VekStatus (*get_taps)(const St*, Tap*);
+    VekStatus (*get_dly)(const St*, Dat*);
+    VekStatus (*set_dly)(St*, const Dat*);
+    std::function<VekStatus(const Dat*, Dat*, int, St*, int)> blk;
+    std::function<VekStatus(Dat*, int, St*, int)> blk_i;
+    std::function<VekStatus(Dat, Dat*, St*, int)> one;
+    std::function<VekStatus(Dat*, St*, int)> one_i; // empty where the member has none
+    std::function<VekStatus(const Dat*, Dat*, int, const Tap*, int, Dat*, int*, int)> dir;
+    std::function<VekStatus(Dat*, int, const Tap*, int, Dat*, int*, int)> dir_i;
+    std::function<VekStatus(Dat, Dat*, const Tap*, int, Dat*, int*, int)> one_dir;
+    std::function<VekStatus(Dat*, const Tap*, int, Dat*, int*, int)> one_dir_i;
+};
+
+#define STATE_FNS(TS, DS)                                                                          \
+    veksFIRInitAlloc##TS##_##DS, veksFIRFree##TS##_##DS, veksFIRGetTaps##TS##_##DS,                \
+        veksFIRGetDlyLine##TS##_##DS, veksFIRSetDlyLine##TS##_##DS
+
+#define FLOAT_MEMBER(TS, DS, Tap, Dat, ONE_I)                                                      \
+    Member<Tap, Dat, VeksFIRState##TS##_##DS> {                                                    \
+#TS "_" #DS, false, 1000.0, STATE_FNS(TS, DS),                                             \
+            [](const Dat* s, Dat* d, int n, VeksFIRState##TS##_##DS* st, int) {                    \
+                return veksFIR##TS##_##DS(s, d, n, st);                                            \
+            },                                                                                     \
+            [](Dat* sd, int n, VeksFIRState##TS##_##DS* st, int) {                                 \
+                return veksFIR##TS##_##DS##_I(sd, n, st);                                          \
+            },                                                                                     \
+            [](Dat x, Dat* d, VeksFIRState##TS##_##DS* st, int) {                                  \
+                return veksFIROne##TS##_##DS(x, d, st);                                            \
+            },                                                                                     \
+            ONE_I,                                                                                 \
+            [](const Dat* s, Dat* d, int n, const Tap* h, int T, Dat* l, int* i, int) {            \
+                return veksFIR##TS##_Direct_##DS(s, d, n, h, T, l, i);                             \
+            },                                                                                     \
+            [](Dat* sd, int n, const Tap* h, int T, Dat* l, int* i, int) {                         \
+                return veksFIR##TS##_Direct_##DS##_I(sd, n, h, T, l, i);                           \
+            },                                                                                     \
+            [](Dat x, Dat* d, const Tap* h, int T, Dat* l, int* i, int) {                          \
+                return veksFIROne##TS##_Direct_##DS(x, d, h, T, l, i);                             \
+            },                                                                                     \
+            [](Dat* sd, const Tap* h, int T, Dat* l, int* i, int) {                                \
+                return veksFIROne##TS##_Direct_##DS##_I(sd, h, T, l, i);                           \
+            }       \
+    }
+
+#define SFS_MEMBER(TS, DS, Tap, Dat, AMP)                                                          \
+    Member<Tap, Dat, VeksFIRState##TS##_##DS> {                                                    \
+#TS "_" #DS, true, AMP, STATE_FNS(TS, DS),                                                 \
+            [](const Dat* s, Dat* d, int n, VeksFIRState##TS##_##DS* st, int sf) {                 \
+                return veksFIR##TS##_##DS##_Sfs(s, d, n, st, sf);                                  \
+            },                                                                                     \
+            [](Dat* sd, int n, VeksFIRState##TS##_##DS* st, int sf) {                              \
+                return veksFIR##TS##_##DS##_ISfs(sd, n, st, sf);                                   \
+            },                                                                                     \
+            [](Dat x, Dat* d, VeksFIRState##TS##_##DS* st, int sf) {                               \
+                return veksFIROne##TS##_##DS##_Sfs(x, d, st, sf);                                  \
+            },                                                                                     \
+            [](Dat* sd, VeksFIRState##TS##_##DS* st, int sf) {                                     \
+                return veksFIROne##TS##_##DS##_ISfs(sd, st, sf);                                   \
+            },                                                                                     \
+            [](const Dat* s, Dat* d, int n, const Tap* h, int T, Dat* l, int* i, int sf) {         \
+                return veksFIR##TS##_Direct_##DS##_Sfs(s, d, n, h, T, l, i, sf);                   \
+            },                                                                                     \
+            [](Dat* sd, int n, const Tap* h, int T, Dat* l, int* i, int sf) {                      \
+                return veksFIR##TS##_Direct_##DS##_ISfs(sd, n, h, T, l, i, sf);                    \
+            },                                                                                     \
+            [](Dat x, Dat* d, const Tap* h, int T, Dat* l, int* i, int sf) {                       \
+                return veksFIROne##TS##_Direct_##DS##_Sfs(x, d, h, T, l, i, sf);                   \
+            },                                                                                     \
+            [](Dat* sd, const Tap* h, int T, Dat* l, int* i, int sf) {                             \
+                return veksFIROne##TS##_Direct_##DS##_ISfs(sd, h, T, l, i, sf);                    \
+            }       \
+    }
+
+#define ONE_I_OF(TS, DS, Dat)                                                                      \
+    [](Dat* sd, VeksFIRState##TS##_##DS* st, int) { return veksFIROne##TS##_##DS##_I(sd, st); }
+
+// Runs `body(member)` for every member with floating-point taps.
+template <class F>
+void for_each_member(F&& body) {
+    body(FLOAT_MEMBER(, 32f, Vek32f, Vek32f, nullptr));
+    body(FLOAT_MEMBER(, 32fc, Vek32fc, Vek32fc, nullptr));
+    body(FLOAT_MEMBER(, 64f, Vek64f, Vek64f, nullptr));
+    body(FLOAT_MEMBER(, 64fc, Vek64fc, Vek64fc, nullptr));
+    body(FLOAT_MEMBER(64f, 32f, Vek64f, Vek32f, ONE_I_OF(64f, 32f, Vek32f)));
+    body(FLOAT_MEMBER(64fc, 32fc, Vek64fc, Vek32fc, ONE_I_OF(64fc, 32fc, Vek32fc)));
+    body(SFS_MEMBER(64f, 16s, Vek64f, Vek16s, 20000));
+    body(SFS_MEMBER(64f, 32s, Vek64f, Vek32s, 1e9));
+    body(SFS_MEMBER(64fc, 16sc, Vek64fc, Vek16sc, 20000));
+    body(SFS_MEMBER(64fc, 32sc, Vek64fc, Vek32sc, 1e9));
+    body(SFS_MEMBER(32f, 16s, Vek32f, Vek16s, 20000));
+    body(SFS_MEMBER(32fc, 16sc, Vek32fc, Vek16sc, 20000));
+}
+
+std::vector<int> tap_counts() {
+    std::vector<int> v;
+    for (int t = 1; t <= 40; ++t) v.push_back(t);
+    for (int t : {63, 64, 129}) v.push_back(t);
+    return v;
+}
+
+// Block lengths 1 .. 70: every group-of-four remainder and the block kernel's pre-load limits.
+std::vector<int> block_lens() {
+    std::vector<int> v;
+    for (int n = 1; n <= 70; ++n) v.push_back(n);
+    return v;
+}
+
+// The direct form's doubled line holding a history given newest first.
+template <class Dat>
+std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
+    const size_t T = line.size();
+    std::vector<Dat> d(2 * T);
+    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
+    return d;
+}
+
+// A stream cut into blocks of every length 1 .. 70, through one state, against the
+// reference of the whole stream; then the stored line holds the last inputs, newest first.
+TEST(FirFloatTaps, StreamMatchesReference) {
+    for_each_member([](auto m) {
+        using Tap = typename decltype(m)::Tap;
+        using Dat = typename decltype(m)::Dat;
+        SCOPED_TRACE(m.name);
+        vt::Rng rng(7);
+        for (int T : tap_counts()) {
+            SCOPED_TRACE("tapsLen " + std::to_string(T));
+            const auto h = ft::rvec<Tap>(rng, T, 1.0);
+            const auto line = ft::rvec<Dat>(rng, T, m.amp);
+            int total = 0;
+            for (int n : block_lens()) total += n;
+            const auto x = ft::rvec<Dat>(rng, total, m.amp);
+            std::vector<cld> want;
+            std::vector<long double> mag;
+            ft::reference(h, line, x, want, mag);
+            typename decltype(m)::St* st = nullptr;
+            ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
+            const int sf = m.sfs ? static_cast<int>(rng.range(-2, 3)) : 0;
+            int at = 0;
+            for (int n : block_lens()) {
+                vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + n),
+                                 ft::off<Dat>(1));
+                vt::Buf<Dat> dst(n, ft::off<Dat>(3));
+                ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+                ASSERT_TRUE(dst.guards_intact());
+                const std::vector<cld> w(want.begin() + at, want.begin() + at + n);
+                const std::vector<long double> g(mag.begin() + at, mag.begin() + at + n);
+                ASSERT_TRUE(ft::close_vec(dst.data(), w, g, sf)) << "block length " << n;
+                at += n;
+            }
+            std::vector<Dat> got(static_cast<size_t>(T));
+            ASSERT_EQ(m.get_dly(st, got.data()), vekStsOk);
+            std::vector<Dat> last(static_cast<size_t>(T));
+            for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
+            ASSERT_TRUE(ft::bits_eq(got, last));
+            ASSERT_EQ(m.fre(st), vekStsOk);
+        }
+    });
+}
+
+// Block, in-place block, one sample at a time, direct forms and every kernel level give the
+// same bits: all of them sum the same products in the same order.
+TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
+    for_each_member([](auto m) {
+        using Tap = typename decltype(m)::Tap;
+        using Dat = typename decltype(m)::Dat;
+        using St = typename decltype(m)::St;
+        SCOPED_TRACE(m.name);
+        vt::Rng rng(11);
+        for (int T : {1, 2, 3, 4, 5, 7, 8, 9, 16, 31, 32, 33, 40, 64}) {
+            const auto h = ft::rvec<Tap>(rng, T, 1.0);
+            const auto line = ft::rvec<Dat>(rng, T, m.amp);
+            for (int n : {1, 3, 4, 5, 8, 17, 31, 32, 33, 70, 200}) {
+                SCOPED_TRACE("tapsLen " + std::to_string(T) + " numIters " + std::to_string(n));
+                const auto x = ft::rvec<Dat>(rng, n, m.amp);
+                const int sf = m.sfs ? static_cast<int>(rng.range(-1, 2)) : 0;
+                std::vector<Dat> ref;
+                vt::for_each_level([&](veks::isa::Level level) {
+                    St* st = nullptr;
+                    ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
+                    vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
+                    ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+                    const auto out = dst.vec();
+                    if (level == veks::isa::scalar) ref = out;
+                    ASSERT_TRUE(ft::bits_eq(out, ref)) << "level differs from scalar";
+                    std::vector<Dat> after(static_cast<size_t>(T));
+                    ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
+                    // In place.
+                    ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
+                    vt::Buf<Dat> io(x, ft::off<Dat>(5));
+                    ASSERT_EQ(m.blk_i(io.data(), n, st, sf), vekStsOk);
+                    ASSERT_TRUE(ft::bits_eq(io.vec(), ref));
+                    // One at a time (and its in-place form where it exists).
+                    ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
+                    std::vector<Dat> one(static_cast<size_t>(n));
+                    for (int i = 0; i < n; ++i) {
+                        if (m.one_i && (i & 1)) {
+                            one[size_t(i)] = x[size_t(i)];
+                            ASSERT_EQ(m.one_i(&one[size_t(i)], st, sf), vekStsOk);
+                        } else {
+                            ASSERT_EQ(m.one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
+                        }
+                    }
+                    ASSERT_TRUE(ft::bits_eq(one, ref));
+                    std::vector<Dat> after_one(static_cast<size_t>(T));
+                    ASSERT_EQ(m.get_dly(st, after_one.data()), vekStsOk);
+                    ASSERT_TRUE(ft::bits_eq(after_one, after));
+                    ASSERT_EQ(m.fre(st), vekStsOk);
+                    // Direct forms on the caller's doubled line.
+                    auto dl = doubled_line(line);
+                    int idx = 0;
+                    vt::Buf<Dat> ddst(n, ft::off<Dat>(7));
+                    ASSERT_EQ(m.dir(x.data(), ddst.data(), n, h.data(), T, dl.data(), &idx, sf),
+                              vekStsOk);
+                    ASSERT_TRUE(ft::bits_eq(ddst.vec(), ref));
+                    ASSERT_EQ(idx, n % T);
+                    dl = doubled_line(line);
+                    idx = 0;
+                    auto dio = x;
+                    ASSERT_EQ(m.dir_i(dio.data(), n, h.data(), T, dl.data(), &idx, sf), vekStsOk);
+                    ASSERT_TRUE(ft::bits_eq(dio, ref));
+                    dl = doubled_line(line);
+                    idx = 0;
+                    std::vector<Dat> od(static_cast<size_t>(n));
+                    for (int i = 0; i < n; ++i) {
+                        if (i & 1) {
+                            od[size_t(i)] = x[size_t(i)];
+                            ASSERT_EQ(m.one_dir_i(&od[size_t(i)], h.data(), T, dl.data(), &idx, sf),
+                                      vekStsOk);
+                        } else {
+                            ASSERT_EQ(m.one_dir(x[size_t(i)], &od[size_t(i)], h.data(), T,
+                                                dl.data(), &idx, sf),
+                                      vekStsOk);
+                        }
+                    }
+                    ASSERT_TRUE(ft::bits_eq(od, ref));
+                });
+            }
+        }
+    });
+}
+
+// Get after Set and after InitAlloc returns the line; a null line means zeros; the oldest
+// element of a set line never reaches an output; GetTaps returns the taps in natural order.
+TEST(FirFloatTaps, DelayLineConventions) {
+    for_each_member([](auto m) {
+        using Tap = typename decltype(m)::Tap;
+        using Dat = typename decltype(m)::Dat;
+        using St = typename decltype(m)::St;
+        SCOPED_TRACE(m.name);
+        vt::Rng rng(3);
+        for (int T : {1, 2, 5, 17, 40}) {
+            const auto h = ft::rvec<Tap>(rng, T, 1.0);
+            auto line = ft::rvec<Dat>(rng, T, m.amp);
+            St* a = nullptr;
+            St* b = nullptr;
+            ASSERT_EQ(m.init(&a, h.data(), T, line.data()), vekStsOk);
+            ASSERT_EQ(m.init(&b, h.data(), T, nullptr), vekStsOk);
+            std::vector<Tap> taps(static_cast<size_t>(T));
+            ASSERT_EQ(m.get_taps(a, taps.data()), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(taps, h));
+            std::vector<Dat> got(static_cast<size_t>(T));
+            ASSERT_EQ(m.get_dly(a, got.data()), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(got, line));
+            ASSERT_EQ(m.get_dly(b, got.data()), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(got, std::vector<Dat>(size_t(T), Dat{})));
+            // Filtering moves the position; Set resets it.
+            const auto x = ft::rvec<Dat>(rng, 3, m.amp);
+            Dat y{};
+            ASSERT_EQ(m.one(x[0], &y, b, 0), vekStsOk);
+            auto line2 = line;
+            line2[size_t(T - 1)] = ft::rnd<Dat>(rng, m.amp);
+            ASSERT_EQ(m.set_dly(b, line2.data()), vekStsOk);
+            ASSERT_EQ(m.get_dly(b, got.data()), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(got, line2));
+            std::vector<Dat> ya(40), yb(40);
+            const auto xs = ft::rvec<Dat>(rng, 40, m.amp);
+            ASSERT_EQ(m.blk(xs.data(), ya.data(), 40, a, 1), vekStsOk);
+            ASSERT_EQ(m.blk(xs.data(), yb.data(), 40, b, 1), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(ya, yb)) << "element tapsLen-1 reached an output";
+            ASSERT_EQ(m.set_dly(a, nullptr), vekStsOk);
+            ASSERT_EQ(m.get_dly(a, got.data()), vekStsOk);
+            EXPECT_TRUE(ft::bits_eq(got, std::vector<Dat>(size_t(T), Dat{})));
+            ASSERT_EQ(m.fre(a), vekStsOk);
+            ASSERT_EQ(m.fre(b), vekStsOk);
+        }
+    });
+}
+
+// Every documented status in its documented order; nothing written on an error.
+TEST(FirFloatTaps, StatusesAndUntouchedOutputs) {
+    for_each_member([](auto m) {
+        using Tap = typename decltype(m)::Tap;
+        using Dat = typename decltype(m)::Dat;
+        using St = typename decltype(m)::St;
+        SCOPED_TRACE(m.name);
+        vt::Rng rng(5);
+        const int T = 6;
+        const auto h = ft::rvec<Tap>(rng, T, 1.0);
+        const auto line = ft::rvec<Dat>(rng, T, m.amp);
+        uint32_t fake_obj[64] = {0x46494646u};
+        St* fake = reinterpret_cast<St*>(fake_obj);
+        St* st = reinterpret_cast<St*>(&fake_obj[1]); // stays untouched on failure
+        EXPECT_EQ(m.init(nullptr, h.data(), T, nullptr), vekStsNullPointerErr);
+        EXPECT_EQ(m.init(&st, nullptr, 0, nullptr), vekStsNullPointerErr);
+        EXPECT_EQ(m.init(&st, h.data(), 0, nullptr), vekStsFirIterationsErr);
+        EXPECT_EQ(m.init(&st, h.data(), -3, nullptr), vekStsFirIterationsErr);
+        EXPECT_EQ(st, reinterpret_cast<St*>(&fake_obj[1]));
+        ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
+
+        std::vector<Tap> taps(static_cast<size_t>(T));
+        std::vector<Dat> dl(static_cast<size_t>(T));
+        EXPECT_EQ(m.fre(nullptr), vekStsNullPointerErr);
+        EXPECT_EQ(m.fre(fake), vekStsContextMismatchErr);
+        EXPECT_EQ(m.get_taps(nullptr, taps.data()), vekStsNullPointerErr);
+        EXPECT_EQ(m.get_taps(st, nullptr), vekStsNullPointerErr);
+        EXPECT_EQ(m.get_taps(fake, taps.data()), vekStsContextMismatchErr);
+        EXPECT_EQ(m.get_dly(nullptr, dl.data()), vekStsNullPointerErr);
+        EXPECT_EQ(m.get_dly(st, nullptr), vekStsNullPointerErr);
+        EXPECT_EQ(m.get_dly(fake, dl.data()), vekStsContextMismatchErr);
+        EXPECT_EQ(m.set_dly(nullptr, line.data()), vekStsNullPointerErr);
+        EXPECT_EQ(m.set_dly(fake, line.data()), vekStsContextMismatchErr);
+        EXPECT_EQ(fake_obj[0], 0x46494646u);
+
+        const auto x = ft::rvec<Dat>(rng, 8, m.amp);
+        const Dat mark = ft::rnd<Dat>(rng, m.amp);
+        std::vector<Dat> d(8, mark), io = x;
+        EXPECT_EQ(m.blk(x.data(), d.data(), 8, nullptr, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.blk(nullptr, nullptr, 0, fake, 0), vekStsContextMismatchErr);
+        EXPECT_EQ(m.blk(nullptr, d.data(), 8, st, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.blk(x.data(), nullptr, 0, st, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.blk(x.data(), d.data(), 0, st, 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.blk(x.data(), d.data(), -1, st, 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.blk_i(io.data(), 8, fake, 0), vekStsContextMismatchErr);
+        EXPECT_EQ(m.blk_i(nullptr, 8, st, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.blk_i(io.data(), 0, st, 0), vekStsDataSizeErr);
+        Dat y = mark;
+        EXPECT_EQ(m.one(x[0], &y, nullptr, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one(x[0], nullptr, fake, 0), vekStsContextMismatchErr);
+        EXPECT_EQ(m.one(x[0], nullptr, st, 0), vekStsNullPointerErr);
+        if (m.one_i) {
+            EXPECT_EQ(m.one_i(nullptr, fake, 0), vekStsContextMismatchErr);
+            EXPECT_EQ(m.one_i(nullptr, st, 0), vekStsNullPointerErr);
+            EXPECT_EQ(m.one_i(&y, nullptr, 0), vekStsNullPointerErr);
+        }
+        EXPECT_TRUE(ft::bits_eq(d, std::vector<Dat>(8, mark)));
+        EXPECT_TRUE(ft::bits_eq(io, x));
+        EXPECT_TRUE(ft::bits_eq(std::vector<Dat>{y}, std::vector<Dat>{mark}));
+        ASSERT_EQ(m.get_dly(st, dl.data()), vekStsOk);
+        EXPECT_TRUE(ft::bits_eq(dl, line)) << "a failed call changed the state";
+
+        // Direct forms.
+        auto dline = doubled_line(line);
+        const auto dline0 = dline;
+        int idx = 3;
+        EXPECT_EQ(m.dir(nullptr, d.data(), 0, h.data(), T, dline.data(), &idx, 0),
+                  vekStsNullPointerErr);
+        EXPECT_EQ(m.dir(x.data(), nullptr, 8, h.data(), T, dline.data(), &idx, 0),
+                  vekStsNullPointerErr);
+        EXPECT_EQ(m.dir(x.data(), d.data(), 0, nullptr, 0, nullptr, nullptr, 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.dir(x.data(), d.data(), 8, nullptr, 0, dline.data(), &idx, 0),
+                  vekStsNullPointerErr);
+        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), 0, nullptr, nullptr, 0),
+                  vekStsFirIterationsErr);
+        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), T, nullptr, &idx, 0),
+                  vekStsNullPointerErr);
+        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), T, dline.data(), nullptr, 0),
+                  vekStsNullPointerErr);
+        EXPECT_EQ(m.dir_i(nullptr, 0, h.data(), T, dline.data(), &idx, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.dir_i(io.data(), 0, nullptr, T, dline.data(), &idx, 0), vekStsDataSizeErr);
+        EXPECT_EQ(m.dir_i(io.data(), 8, h.data(), -1, dline.data(), &idx, 0),
+                  vekStsFirIterationsErr);
+        EXPECT_EQ(m.one_dir(x[0], nullptr, h.data(), 0, nullptr, nullptr, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one_dir(x[0], &y, nullptr, 0, dline.data(), &idx, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), 0, nullptr, nullptr, 0), vekStsFirIterationsErr);
+        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), T, nullptr, &idx, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), T, dline.data(), nullptr, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one_dir_i(nullptr, h.data(), T, dline.data(), &idx, 0), vekStsNullPointerErr);
+        EXPECT_EQ(m.one_dir_i(&y, h.data(), 0, dline.data(), &idx, 0), vekStsFirIterationsErr);
+        EXPECT_TRUE(ft::bits_eq(d, std::vector<Dat>(8, mark)));
+        EXPECT_TRUE(ft::bits_eq(io, x));
+        EXPECT_TRUE(ft::bits_eq(dline, dline0));
+        EXPECT_EQ(idx, 3);
+        ASSERT_EQ(m.fre(st), vekStsOk);
+    });
+}
+
+// A direct-form index outside 0 .. tapsLen-1 is taken modulo tapsLen.
+TEST(FirFloatTaps, DirectIndexOutOfRangeIsReduced) {
+    const float h[3] = {1.0f, 2.0f, 4.0f};
+    float line_a[6] = {0, 0, 0, 0, 0, 0}, line_b[6] = {0, 0, 0, 0, 0, 0};
+    int ia = 1, ib = 1 + 3 * 7;
+    float ya = 0, yb = 0;
+    for (float x : {1.0f, -2.0f, 3.0f, 0.5f}) {
+        ASSERT_EQ(veksFIROne_Direct_32f(x, &ya, h, 3, line_a, &ia), vekStsOk);
+        ASSERT_EQ(veksFIROne_Direct_32f(x, &yb, h, 3, line_b, &ib), vekStsOk);
+        EXPECT_EQ(ya, yb);
+        EXPECT_EQ(ia, ib);
+    }
+    ib = -5;
+    EXPECT_EQ(veksFIROne_Direct_32f(1.0f, &yb, h, 3, line_b, &ib), vekStsOk);
+    EXPECT_EQ(ib, 2); // -5 mod 3 is 1, advanced by one
+}
+
+// The integer output rule of floating-point taps: scale, saturation, half away from zero.
+TEST(FirFloatTaps, IntegerOutputRule) {
+    VeksFIRState64f_16s* s = nullptr;
+    const double one = 1.0;
+    ASSERT_EQ(veksFIRInitAlloc64f_16s(&s, &one, 1, nullptr), vekStsOk);
+    struct Case {
+        Vek16s x;
+        int sf;
+        Vek16s want;
+    };
+    for (const Case& c : {Case{3, 1, 2}, Case{-3, 1, -2}, Case{5, 1, 3}, Case{-5, 1, -3},
+                          Case{1, 1, 1}, Case{-1, 1, -1}, Case{1, 2, 0}, Case{-1, 2, 0},
+                          Case{20000, -1, 32767}, Case{-20000, -1, -32768}, Case{-32768, 0, -32768},
+                          Case{32767, 200, 0}, Case{1, -200, 32767}, Case{-1, -14, -16384}}) {
+        Vek16s y = 0;
+        ASSERT_EQ(veksFIROne64f_16s_Sfs(c.x, &y, s, c.sf), vekStsOk);
+        EXPECT_EQ(y, c.want) << c.x << " sf " << c.sf;
+    }
+    ASSERT_EQ(veksFIRFree64f_16s(s), vekStsOk);
+    VeksFIRState64f_32s* s32 = nullptr;
+    const double h32[2] = {1.0, 1.0};
+    ASSERT_EQ(veksFIRInitAlloc64f_32s(&s32, h32, 2, nullptr), vekStsOk);
+    const Vek32s x32[3] = {2147483647, 2147483647, -2147483647 - 1};
+    Vek32s y32[3];
+    ASSERT_EQ(veksFIR64f_32s_Sfs(x32, y32, 3, s32, 0), vekStsOk);
+    EXPECT_EQ(y32[0], 2147483647);
+    EXPECT_EQ(y32[1], 2147483647);
+    EXPECT_EQ(y32[2], -1);
+    ASSERT_EQ(veksFIR64f_32s_Sfs(x32, y32, 3, s32, 1), vekStsOk);
+    EXPECT_EQ(y32[0], -1); // (2147483647 - 2147483648 from the history) / 2 = -0.5
+    EXPECT_EQ(y32[1], 2147483647);
+    EXPECT_EQ(y32[2], -1);
+    ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
+}
+
+// tapsLen 1: y = h[0] x, whatever the line holds.
+TEST(FirFloatTaps, SingleTap) {
+    VeksFIRState_32f* s = nullptr;
+    const float h = -2.5f, line = 1e30f;
+    ASSERT_EQ(veksFIRInitAlloc_32f(&s, &h, 1, &line), vekStsOk);
+    const float x[5] = {1, 2, -3, 0.5f, 8};
+    float y[5];
+    ASSERT_EQ(veksFIR_32f(x, y, 5, s), vekStsOk);
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(y[i], -2.5f * x[i]);
+    ASSERT_EQ(veksFIRFree_32f(s), vekStsOk);
+}
+
+// A state of one member is refused by another member's functions.
+TEST(FirFloatTaps, StatesOfOtherMembersAreRefused) {
+    VeksFIRState_32f* s = nullptr;
+    const float h[2] = {1, 2};
+    ASSERT_EQ(veksFIRInitAlloc_32f(&s, h, 2, nullptr), vekStsOk);
+    auto* other = reinterpret_cast<VeksFIRState64f_32f*>(s);
+    float x = 1, y = 0;
+    double taps[2];
+    EXPECT_EQ(veksFIR64f_32f(&x, &y, 1, other), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIROne64f_32f(x, &y, other), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIRGetTaps64f_32f(other, taps), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIRFree64f_32f(other), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIRFree_32f(s), vekStsOk);
+}
+
+} // namespace

@@ -1,0 +1,405 @@
+// Single-rate FIR filters with integer taps: exact results against an integer reference (taps
+// normalisation, wrapping 32-bit sums, output shift with rounding half to even, saturation),
+// every form and kernel level, the float-taps conversion and the documented statuses.
+#include "test_fir_util.hpp"
+
+namespace {
+
+// ---- independent reference ------------------------------------------------------------------
+
+int ref_norm_shift(const std::vector<int64_t>& parts) {
+    int64_t m = 0;
+    for (int64_t v : parts) m = std::max(m, v < 0 ? -v : v);
+    int s = 0;
+    while (m > 32766) {
+        m /= 2;
+        ++s;
+    }
+    return s;
+}
+
+int64_t floor_shift(int64_t v, int s) { // floor(v / 2^s) with plain division
+    const int64_t d = int64_t{1} << s;
+    return v >= 0 ? v / d : -((-v + d - 1) / d);
+}
+
+int16_t ref_out(uint32_t acc, int64_t factor, int sf) {
+    int64_t sh = factor - sf;
+    sh = std::clamp<int64_t>(sh, -31, 31);
+    int64_t v = static_cast<int32_t>(acc);
+    if (sh > 0) {
+        v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
+    } else if (sh < 0) {
+        const int k = static_cast<int>(-sh);
+        int64_t q = floor_shift(v, k);
+        const int64_t r = v - q * (int64_t{1} << k), half = int64_t{1} << (k - 1);
+        if (r > half || (r == half && (q & 1))) ++q;
+        v = q;
+    }
+    return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
+}
+
+// Real or complex 16-bit data through normalised taps (given as parts: re, im interleaved for
+// complex), history newest first.
+template <class Dat>
+std::vector<Dat> ref_filter(const std::vector<int32_t>& taps, bool cplx, int64_t factor, int sf,
+                            const std::vector<Dat>& line, const std::vector<Dat>& x) {
+    const int T = cplx ? int(taps.size() / 2) : int(taps.size());
+    std::vector<int64_t> parts(taps.begin(), taps.end());
+    const int s = ref_norm_shift(parts);
+    std::vector<int64_t> h(taps.size());
+    for (size_t i = 0; i < taps.size(); ++i) h[i] = floor_shift(taps[i], s);
+    std::vector<Dat> y(x.size());
+    for (int j = 0; j < int(x.size()); ++j) {
+        uint32_t re = 0, im = 0;
+        for (int k = 0; k < T; ++k) {
+            const Dat v = j - k >= 0 ? x[size_t(j - k)] : line[size_t(k - j - 1)];
+            if constexpr (std::is_same_v<Dat, Vek16sc>) {
+                re += uint32_t(h[2 * k] * v.re - h[2 * k + 1] * v.im);
+                im += uint32_t(h[2 * k] * v.im + h[2 * k + 1] * v.re);
+            } else {
+                re += uint32_t(h[size_t(k)] * v);
+            }
+        }
+        if constexpr (std::is_same_v<Dat, Vek16sc>)
+            y[size_t(j)] = Vek16sc{ref_out(re, factor + s, sf), ref_out(im, factor + s, sf)};
+        else
+            y[size_t(j)] = ref_out(re, factor + s, sf);
+    }
+    return y;
+}
+
+// ---- the two members behind one interface ---------------------------------------------------
+
+struct Real {
+    using Tap = Vek32s;
+    using Dat = Vek16s;
+    using St = VeksFIRState32s_16s;
+    static constexpr bool cplx = false;
+    static Tap tap(const int32_t* p) { return p[0]; }
+    static constexpr auto init = veksFIRInitAlloc32s_16s;
+    static constexpr auto fre = veksFIRFree32s_16s;
+    static constexpr auto get_taps = veksFIRGetTaps32s_16s;
+    static constexpr auto get_dly = veksFIRGetDlyLine32s_16s;
+    static constexpr auto set_dly = veksFIRSetDlyLine32s_16s;
+    static constexpr auto blk = veksFIR32s_16s_Sfs;
+    static constexpr auto blk_i = veksFIR32s_16s_ISfs;
+    static constexpr auto one = veksFIROne32s_16s_Sfs;
+    static constexpr auto one_i = veksFIROne32s_16s_ISfs;
+    static constexpr auto dir = veksFIR32s_Direct_16s_Sfs;
+    static constexpr auto dir_i = veksFIR32s_Direct_16s_ISfs;
+    static constexpr auto one_dir = veksFIROne32s_Direct_16s_Sfs;
+    static constexpr auto one_dir_i = veksFIROne32s_Direct_16s_ISfs;
+};
+struct Cplx {
+    using Tap = Vek32sc;
+    using Dat = Vek16sc;
+    using St = VeksFIRState32sc_16sc;
+    static constexpr bool cplx = true;
+    static Tap tap(const int32_t* p) { return Tap{p[0], p[1]}; }
+    static constexpr auto init = veksFIRInitAlloc32sc_16sc;
+    static constexpr auto fre = veksFIRFree32sc_16sc;
+    static constexpr auto get_taps = veksFIRGetTaps32sc_16sc;
+    static constexpr auto get_dly = veksFIRGetDlyLine32sc_16sc;
+    static constexpr auto set_dly = veksFIRSetDlyLine32sc_16sc;
+    static constexpr auto blk = veksFIR32sc_16sc_Sfs;
+    static constexpr auto blk_i = veksFIR32sc_16sc_ISfs;
+    static constexpr auto one = veksFIROne32sc_16sc_Sfs;
+    static constexpr auto one_i = veksFIROne32sc_16sc_ISfs;
+    static constexpr auto dir = veksFIR32sc_Direct_16sc_Sfs;
+    static constexpr auto dir_i = veksFIR32sc_Direct_16sc_ISfs;
+    static constexpr auto one_dir = veksFIROne32sc_Direct_16sc_Sfs;
+    static constexpr auto one_dir_i = veksFIROne32sc_Direct_16sc_ISfs;
+};
+
+template <class M>
+std::vector<typename M::Tap> make_taps(const std::vector<int32_t>& parts) {
+    const size_t T = M::cplx ? parts.size() / 2 : parts.size();
+    std::vector<typename M::Tap> h(T);
+    for (size_t k = 0; k < T; ++k) h[k] = M::tap(&parts[M::cplx ? 2 * k : k]);
+    return h;
+}
+
+template <class Dat>
+std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
+    const size_t T = line.size();
+    std::vector<Dat> d(2 * T);
+    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
+    return d;
+}
+
+int32_t tap_part(vt::Rng& rng) {
+    switch (rng.next() % 6) {
+    case 0:
+        return static_cast<int32_t>(rng.range(-32767, 32767));
+    case 1:
+        return static_cast<int32_t>(rng.range(-(1 << 20), 1 << 20));
+    case 2:
+        return static_cast<int32_t>(rng.range(-100, 100));
+    default:
+        return static_cast<int32_t>(rng.range(-3000, 3000));
+    }
+}
+
+template <class M>
+void stream_and_forms() {
+    using Dat = typename M::Dat;
+    vt::Rng rng(M::cplx ? 21 : 20);
+    std::vector<int> taps_lens;
+    for (int t = 1; t <= 40; ++t) taps_lens.push_back(t);
+    for (int t : {64, 100, 300}) taps_lens.push_back(t);
+    for (int T : taps_lens) {
+        SCOPED_TRACE("tapsLen " + std::to_string(T));
+        std::vector<int32_t> parts(static_cast<size_t>(M::cplx ? 2 * T : T));
+        for (auto& p : parts) p = tap_part(rng);
+        if (T == 3) parts[0] = INT32_MIN;
+        const auto h = make_taps<M>(parts);
+        const int factor = static_cast<int>(rng.range(-4, 4));
+        const auto line = ft::rvec<Dat>(rng, T, 32767);
+        typename M::St* st = nullptr;
+        ASSERT_EQ(M::init(&st, h.data(), T, factor, line.data()), vekStsOk);
+        for (int n : {1, 2, 3, 4, 5, 7, 8, 9, 16, 17, 31, 33, 64, 70}) {
+            const int sf = static_cast<int>(rng.range(-2, 24));
+            const auto x = ft::rvec<Dat>(rng, n, 32767);
+            std::vector<Dat> hist(static_cast<size_t>(T));
+            ASSERT_EQ(M::get_dly(st, hist.data()), vekStsOk);
+            const auto want = ref_filter(parts, M::cplx, factor, sf, hist, x);
+            vt::for_each_level([&](auto) {
+                // State block, in place, one at a time; each from the same history.
+                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+                vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
+                ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+                ASSERT_TRUE(ft::bits_eq(dst.vec(), want)) << "block, numIters " << n;
+                ASSERT_TRUE(dst.guards_intact());
+                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+                auto io = x;
+                ASSERT_EQ(M::blk_i(io.data(), n, st, sf), vekStsOk);
+                ASSERT_TRUE(ft::bits_eq(io, want));
+                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+                std::vector<Dat> one(static_cast<size_t>(n));
+                for (int i = 0; i < n; ++i) {
+                    one[size_t(i)] = x[size_t(i)];
+                    if (i & 1)
+                        ASSERT_EQ(M::one_i(&one[size_t(i)], st, sf), vekStsOk);
+                    else
+                        ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
+                }
+                ASSERT_TRUE(ft::bits_eq(one, want));
+                // Direct forms.
+                auto dl = doubled_line(hist);
+                int idx = 0;
+                std::vector<Dat> d(static_cast<size_t>(n));
+                ASSERT_EQ(M::dir(x.data(), d.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
+                          vekStsOk);
+                ASSERT_TRUE(ft::bits_eq(d, want));
+                dl = doubled_line(hist);
+                idx = 0;
+                io = x;
+                ASSERT_EQ(M::dir_i(io.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
+                          vekStsOk);
+                ASSERT_TRUE(ft::bits_eq(io, want));
+                dl = doubled_line(hist);
+                idx = 0;
+                for (int i = 0; i < n; ++i) {
+                    d[size_t(i)] = x[size_t(i)];
+                    if (i & 1)
+                        ASSERT_EQ(
+                            M::one_dir_i(&d[size_t(i)], h.data(), T, factor, dl.data(), &idx, sf),
+                            vekStsOk);
+                    else
+                        ASSERT_EQ(M::one_dir(x[size_t(i)], &d[size_t(i)], h.data(), T, factor,
+                                             dl.data(), &idx, sf),
+                                  vekStsOk);
+                }
+                ASSERT_TRUE(ft::bits_eq(d, want));
+            });
+            std::vector<Dat> after(static_cast<size_t>(T));
+            ASSERT_EQ(M::get_dly(st, after.data()), vekStsOk);
+            for (int i = 0; i < T; ++i) {
+                const Dat e = i < n ? x[size_t(n - 1 - i)] : hist[size_t(i - n)];
+                ASSERT_TRUE(ft::bits_eq(std::vector<Dat>{after[size_t(i)]}, std::vector<Dat>{e}));
+            }
+        }
+        ASSERT_EQ(M::fre(st), vekStsOk);
+    }
+}
+
+TEST(FirIntTaps, RealMatchesIntegerReferenceInEveryForm) { stream_and_forms<Real>(); }
+TEST(FirIntTaps, ComplexMatchesIntegerReferenceInEveryForm) { stream_and_forms<Cplx>(); }
+
+TEST(FirIntTaps, Normalisation) {
+    struct Case {
+        std::vector<int32_t> taps;
+        int factor;
+        std::vector<int32_t> want;
+        int want_factor;
+    };
+    for (const Case& c :
+         {Case{{32767, 5}, 0, {16383, 2}, 1}, Case{{32766, -32766}, 3, {32766, -32766}, 3},
+          Case{{-32767, 7}, -2, {-16384, 3}, -1}, Case{{INT32_MIN, 1 << 20}, 0, {-16384, 8}, 17},
+          Case{{0, 0, 0}, 5, {0, 0, 0}, 5},
+          Case{{100000, -3}, INT32_MAX, {25000, -1}, INT32_MAX}}) {
+        VeksFIRState32s_16s* s = nullptr;
+        const int T = int(c.taps.size());
+        ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, c.taps.data(), T, c.factor, nullptr), vekStsOk);
+        std::vector<int32_t> got(static_cast<size_t>(T));
+        int f = 0;
+        ASSERT_EQ(veksFIRGetTaps32s_16s(s, got.data(), &f), vekStsOk);
+        EXPECT_EQ(got, c.want);
+        EXPECT_EQ(f, c.want_factor);
+        ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    }
+    // Complex: the largest real or imaginary part decides.
+    VeksFIRState32sc_16sc* s = nullptr;
+    const Vek32sc h[2] = {{1000, -70000}, {3, 4}};
+    ASSERT_EQ(veksFIRInitAlloc32sc_16sc(&s, h, 2, 0, nullptr), vekStsOk);
+    Vek32sc got[2];
+    int f = 0;
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc(s, got, &f), vekStsOk);
+    EXPECT_EQ(f, 2);
+    EXPECT_EQ(got[0].re, 250);
+    EXPECT_EQ(got[0].im, -17500);
+    EXPECT_EQ(got[1].re, 0);
+    EXPECT_EQ(got[1].im, 1);
+    ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
+}
+
+TEST(FirIntTaps, FloatTapsConversion) {
+    struct Case {
+        std::vector<float> taps;
+        std::vector<int32_t> want;
+        int want_factor;
+    };
+    for (const Case& c :
+         {Case{{0.5f, -0.25f}, {16384, -8192}, -15}, Case{{1.0f, 0.3f}, {16384, 4915}, -14},
+          Case{{1.0f, -3.0f / 32768.0f}, {16384, -2}, -14}, Case{{32767.0f, 1.0f}, {16383, 0}, 1},
+          Case{{100000.0f, 3.0f}, {25000, 1}, 2}, Case{{0.0f, 0.0f}, {0, 0}, 0}}) {
+        VeksFIRState32s_16s* s = nullptr;
+        const int T = int(c.taps.size());
+        ASSERT_EQ(veksFIRInitAlloc32s_16s32f(&s, c.taps.data(), T, nullptr), vekStsOk);
+        std::vector<int32_t> got(static_cast<size_t>(T));
+        int f = 99;
+        ASSERT_EQ(veksFIRGetTaps32s_16s(s, got.data(), &f), vekStsOk);
+        EXPECT_EQ(got, c.want) << c.taps[0];
+        EXPECT_EQ(f, c.want_factor) << c.taps[0];
+        std::vector<float> back(static_cast<size_t>(T));
+        ASSERT_EQ(veksFIRGetTaps32s_16s32f(s, back.data()), vekStsOk);
+        for (int i = 0; i < T; ++i)
+            EXPECT_EQ(back[size_t(i)], std::ldexp(float(c.want[size_t(i)]), c.want_factor));
+        ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    }
+    VeksFIRState32sc_16sc* s = nullptr;
+    const Vek32fc h[2] = {{0.25f, -1.0f}, {0.0f, 0.5f}};
+    ASSERT_EQ(veksFIRInitAlloc32sc_16sc32fc(&s, h, 2, nullptr), vekStsOk);
+    Vek32sc got[2];
+    int f = 0;
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc(s, got, &f), vekStsOk);
+    EXPECT_EQ(f, -14);
+    EXPECT_EQ(got[0].re, 4096);
+    EXPECT_EQ(got[0].im, -16384);
+    EXPECT_EQ(got[1].im, 8192);
+    Vek32fc back[2];
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc32fc(s, back), vekStsOk);
+    EXPECT_EQ(back[0].re, 0.25f);
+    EXPECT_EQ(back[0].im, -1.0f);
+    EXPECT_EQ(back[1].im, 0.5f);
+    ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
+}
+
+TEST(FirIntTaps, OutputRule) {
+    VeksFIRState32s_16s* s = nullptr;
+    const int32_t one = 1;
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, &one, 1, 0, nullptr), vekStsOk);
+    struct Case {
+        Vek16s x;
+        int sf;
+        Vek16s want;
+    };
+    for (const Case& c :
+         {Case{3, 1, 2}, Case{5, 1, 2}, Case{-3, 1, -2}, Case{-5, 1, -2}, Case{7, 2, 2},
+          Case{6, 2, 2}, Case{10, 2, 2}, Case{-6, 2, -2}, Case{20000, -1, 32767},
+          Case{-20000, -1, -32768}, Case{1, -40, -32768}, // 1 << 31 wraps to the minimum
+          Case{32767, 40, 0}, Case{-32768, 15, -1}, Case{-32768, 16, 0}}) {
+        Vek16s y = 0;
+        ASSERT_EQ(veksFIROne32s_16s_Sfs(c.x, &y, s, c.sf), vekStsOk);
+        EXPECT_EQ(y, c.want) << c.x << " sf " << c.sf;
+    }
+    ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    // The sum wraps in 32 bits.
+    const int32_t h[3] = {32766, 32766, 32766};
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, h, 3, 0, nullptr), vekStsOk);
+    const Vek16s x[3] = {32767, 32767, 32767};
+    Vek16s y[3];
+    ASSERT_EQ(veksFIR32s_16s_Sfs(x, y, 3, s, 16), vekStsOk);
+    EXPECT_EQ(y[1], 32765); // 2 * 32766 * 32767 / 65536 = 32764.99...
+    EXPECT_EQ(y[2], ref_out(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
+    EXPECT_LT(y[2], 0);
+    ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+}
+
+TEST(FirIntTaps, Statuses) {
+    const int32_t h[4] = {1, 2, 3, 4};
+    const float hf[4] = {1, 2, 3, 4};
+    const Vek16s line[4] = {1, 2, 3, 4};
+    VeksFIRState32s_16s* s = nullptr;
+    EXPECT_EQ(veksFIRInitAlloc32s_16s(nullptr, h, 4, 0, line), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRInitAlloc32s_16s(&s, nullptr, 0, 0, line), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRInitAlloc32s_16s(&s, h, 0, 0, line), vekStsFirIterationsErr);
+    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(nullptr, hf, 4, line), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(&s, nullptr, 4, line), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(&s, hf, -1, line), vekStsFirIterationsErr);
+    EXPECT_EQ(s, nullptr);
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, h, 4, 0, line), vekStsOk);
+    uint32_t fake_obj[32] = {0x46494646u};
+    auto* fake = reinterpret_cast<VeksFIRState32s_16s*>(fake_obj);
+    int32_t taps[4] = {9, 9, 9, 9};
+    float tapsf[4] = {9, 9, 9, 9};
+    int f = 77;
+    EXPECT_EQ(veksFIRGetTaps32s_16s(s, taps, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRGetTaps32s_16s(nullptr, taps, &f), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRGetTaps32s_16s(fake, taps, &f), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIRGetTaps32s_16s32f(s, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIRGetTaps32s_16s32f(fake, tapsf), vekStsContextMismatchErr);
+    EXPECT_EQ(f, 77);
+    EXPECT_EQ(taps[0], 9);
+    EXPECT_EQ(tapsf[0], 9.0f);
+    Vek16s x[4] = {5, 6, 7, 8}, d[4] = {-9, -9, -9, -9}, y = -9;
+    EXPECT_EQ(veksFIR32s_16s_Sfs(nullptr, d, 0, fake, 0), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIR32s_16s_Sfs(x, d, 4, nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIR32s_16s_Sfs(x, nullptr, 4, s, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIR32s_16s_Sfs(x, d, 0, s, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksFIR32s_16s_ISfs(x, -2, s, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksFIROne32s_16s_Sfs(1, nullptr, fake, 0), vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIROne32s_16s_Sfs(1, nullptr, s, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIROne32s_16s_ISfs(nullptr, s, 0), vekStsNullPointerErr);
+    Vek16s dl[8] = {0, 0, 0, 0, 0, 0, 0, 0};
+    int idx = 2;
+    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, nullptr, 0, h, 4, 0, dl, &idx, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 0, nullptr, 0, 0, dl, &idx, 0), vekStsDataSizeErr);
+    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, nullptr, 0, 0, dl, &idx, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, h, 0, 0, nullptr, &idx, 0),
+              vekStsFirIterationsErr);
+    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, h, 4, 0, dl, nullptr, 0), vekStsNullPointerErr);
+    EXPECT_EQ(veksFIROne32s_Direct_16s_Sfs(1, &y, nullptr, 0, 0, dl, &idx, 0),
+              vekStsNullPointerErr);
+    EXPECT_EQ(veksFIROne32s_Direct_16s_Sfs(1, &y, h, 0, 0, nullptr, nullptr, 0),
+              vekStsFirIterationsErr);
+    EXPECT_EQ(veksFIROne32s_Direct_16s_ISfs(nullptr, h, 4, 0, dl, &idx, 0), vekStsNullPointerErr);
+    EXPECT_EQ(d[0], -9);
+    EXPECT_EQ(y, -9);
+    EXPECT_EQ(idx, 2);
+    EXPECT_EQ(x[0], 5);
+    Vek16s got[4];
+    ASSERT_EQ(veksFIRGetDlyLine32s_16s(s, got), vekStsOk);
+    EXPECT_EQ(got[0], 1);
+    EXPECT_EQ(got[3], 4);
+    // A floating-point-taps state is not an integer-taps state.
+    VeksFIRState32f_16s* fs = nullptr;
+    ASSERT_EQ(veksFIRInitAlloc32f_16s(&fs, hf, 4, nullptr), vekStsOk);
+    EXPECT_EQ(veksFIRFree32s_16s(reinterpret_cast<VeksFIRState32s_16s*>(fs)),
+              vekStsContextMismatchErr);
+    EXPECT_EQ(veksFIRFree32f_16s(fs), vekStsOk);
+    EXPECT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+}
+
+} // namespace

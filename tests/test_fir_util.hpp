@@ -1,0 +1,132 @@
+// Shared pieces of the FIR tests: member descriptions, a long-double reference and comparisons.
+#pragma once
+
+#include <cmath>
+#include <complex>
+#include <functional>
+#include <string>
+
+#include "testutil.hpp"
+
+namespace ft {
+
+using cld = std::complex<long double>;
+
+template <class T>
+constexpr bool is_cplx = std::is_same_v<T, Vek16sc> || std::is_same_v<T, Vek32sc> ||
+                         std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
+
+template <class T>
+cld to_c(const T& v) {
+    if constexpr (is_cplx<T>)
+        return cld(static_cast<long double>(v.re), static_cast<long double>(v.im));
+    else
+        return cld(static_cast<long double>(v), 0.0L);
+}
+
+template <class T>
+T rnd(vt::Rng& r, double amp) {
+    auto one = [&](auto* tag) {
+        using B = std::remove_pointer_t<decltype(tag)>;
+        if constexpr (std::is_floating_point_v<B>)
+            return static_cast<B>(r.uniform(-amp, amp));
+        else
+            return static_cast<B>(r.range(static_cast<int64_t>(-amp), static_cast<int64_t>(amp)));
+    };
+    T v;
+    if constexpr (is_cplx<T>) {
+        using B = decltype(v.re);
+        v.re = one(static_cast<B*>(nullptr));
+        v.im = one(static_cast<B*>(nullptr));
+    } else {
+        v = one(static_cast<T*>(nullptr));
+    }
+    return v;
+}
+
+template <class T>
+std::vector<T> rvec(vt::Rng& r, int n, double amp) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) x = rnd<T>(r, amp);
+    return v;
+}
+
+// A byte offset of k elements' alignment: unaligned for SIMD, valid for the element type.
+template <class T>
+constexpr size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
+
+template <class T>
+bool bits_eq(const std::vector<T>& a, const std::vector<T>& b) {
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+}
+
+// Reference outputs of a stream: y[j] = sum h[k] x[j-k], with x[-i] = line[i-1] (the line newest
+// first). Also returns the sum of |h[k] x[j-k]| for error bounds.
+template <class Tap, class Dat>
+void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const std::vector<Dat>& x,
+               std::vector<cld>& y, std::vector<long double>& mag) {
+    const int T = static_cast<int>(h.size()), n = static_cast<int>(x.size());
+    y.assign(size_t(n), cld{});
+    mag.assign(size_t(n), 0.0L);
+    for (int j = 0; j < n; ++j)
+        for (int k = 0; k < T; ++k) {
+            const int i = j - k;
+            cld s = i >= 0 ? to_c(x[size_t(i)]) : to_c(line[size_t(-i - 1)]);
+            const cld p = to_c(h[size_t(k)]) * s;
+            y[size_t(j)] += p;
+            mag[size_t(j)] += std::abs(p);
+        }
+}
+
+// The integer output rule of floating-point taps, applied to an exact value.
+template <class B>
+long double round_away_sat(long double v) {
+    constexpr long double lo = std::numeric_limits<B>::min(), hi = std::numeric_limits<B>::max();
+    if (v < lo) return lo;
+    if (v > hi) return hi;
+    return v >= 0 ? std::floor(v + 0.5L) : std::ceil(v - 0.5L);
+}
+
+// One output component against its reference: floating-point outputs within a bound of their
+// rounding and of double accumulation; integer outputs exact, or one off where the exact value
+// sits within the accumulation error of a rounding tie.
+template <class B>
+::testing::AssertionResult close(B got, long double want, long double mag, int sf) {
+    if constexpr (std::is_floating_point_v<B>) {
+        const long double ulp = std::is_same_v<B, float> ? 0x1p-24L : 0x1p-53L;
+        const long double tol = ulp * std::fabs(want) + 0x1p-50L * mag + 1e-300L;
+        if (std::fabs(static_cast<long double>(got) - want) <= tol)
+            return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << "got " << got << " want " << double(want);
+    } else {
+        const long double scaled = std::ldexp(want, -sf), err = std::ldexp(0x1p-50L * mag, -sf);
+        const long double e = round_away_sat<B>(scaled);
+        if (static_cast<long double>(got) == e) return ::testing::AssertionSuccess();
+        if (static_cast<long double>(got) == round_away_sat<B>(scaled + err) ||
+            static_cast<long double>(got) == round_away_sat<B>(scaled - err))
+            return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure()
+               << "got " << got << " want " << double(e) << " (exact " << double(scaled) << ")";
+    }
+}
+
+template <class Dat>
+::testing::AssertionResult close_vec(const Dat* got, const std::vector<cld>& want,
+                                     const std::vector<long double>& mag, int sf) {
+    for (size_t j = 0; j < want.size(); ++j) {
+        ::testing::AssertionResult r = ::testing::AssertionSuccess();
+        if constexpr (is_cplx<Dat>) {
+            r = close(got[j].re, want[j].real(), mag[j], sf);
+            if (r) r = close(got[j].im, want[j].imag(), mag[j], sf);
+        } else {
+            r = close(got[j], want[j].real(), mag[j], sf);
+        }
+        if (!r) return r << " at output " << j;
+    }
+    return ::testing::AssertionSuccess();
+}
+
+} // namespace ft
