@@ -89,8 +89,49 @@ template <class C>
 C cpart_op(C x, C y, char op) {
     return {part_op(x.re, y.re, op), part_op(x.im, y.im, op)};
 }
+// a * b + c rounded once, independent of the C library (whose fmaf some runtimes round twice):
+// p = a*b is exact in double, and p + q = s + t exactly (Dekker's two-sum, larger operand first).
+// Moving an even s one step toward t rounds to odd, after which the conversion to float is
+// correctly rounded.
+float ref_fma(float a, float b, float c) {
+    const double p = double{a} * b, q = c, s = p + q;
+    const double t = std::fabs(p) >= std::fabs(q) ? (p - s) + q : (q - s) + p;
+    if (t == 0.0 || !std::isfinite(s)) return static_cast<float>(s);
+    uint64_t bits;
+    std::memcpy(&bits, &s, sizeof bits);
+    return static_cast<float>((bits & 1) ? s : std::nextafter(s, t > 0 ? HUGE_VAL : -HUGE_VAL));
+}
+
+TEST(ArithFloat, ReferenceFmaBreaksHalfwayTiesByTheTail) {
+    // (1 + 2^-12)^2 = 1 + 2^-11 + 2^-24 is halfway between two floats; the tiny addend decides.
+    EXPECT_EQ(ref_fma(0x1.001p0f, 0x1.001p0f, 0x1p-60f), 0x1.002002p0f);
+    EXPECT_EQ(ref_fma(0x1.001p0f, 0x1.001p0f, -0x1p-60f), 0x1.002p0f);
+    EXPECT_EQ(ref_fma(-0x1.001p0f, 0x1.001p0f, -0x1p-60f), -0x1.002002p0f);
+    // And the 32fc product uses that rounding on every level: (h + 0i)(h + ti) has re = h*h.
+    const Vek32fc x[1] = {{0x1.001p0f, 0x1p-30f}}, y[1] = {{0x1.001p0f, -0x1p-30f}};
+    vt::for_each_level([&](auto) {
+        Vek32fc d[1];
+        ASSERT_EQ(veksMul_32fc(x, y, d, 1), vekStsOk);
+        EXPECT_EQ(d[0].re, 0x1.002002p0f); // h*h + 2^-60, rounded once
+    });
+}
+
+#if defined(__GLIBC__)
+// Where the C library's fma is known to be correctly rounded, the reference agrees with it.
+TEST(ArithFloat, ReferenceFmaIsCorrectlyRounded) {
+    vt::Rng rng(77);
+    for (int i = 0; i < 200000; ++i) {
+        const float a = static_cast<float>(rng.uniform(-100, 100));
+        const float b = static_cast<float>(rng.uniform(-100, 100));
+        const float c = -a * b * static_cast<float>(rng.uniform(0.999, 1.001)); // cancellation
+        ASSERT_TRUE(vt::same_bits(ref_fma(a, b, c), std::fma(a, b, c)))
+            << a << " " << b << " " << c;
+    }
+}
+#endif
+
 Vek32fc cmul(Vek32fc x, Vek32fc y) { // one product of each part fused
-    return {std::fma(x.re, y.re, -(x.im * y.im)), std::fma(x.im, y.re, x.re * y.im)};
+    return {ref_fma(x.re, y.re, -(x.im * y.im)), ref_fma(x.im, y.re, x.re * y.im)};
 }
 Vek64fc cmul(Vek64fc x, Vek64fc y) {
     return {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};

@@ -174,6 +174,30 @@ TEST(Numeric, ScaleRoundEvenMatchesPlainArithmetic) {
     EXPECT_EQ(scale_round_even<int16_t>(-70000, INT32_MAX), 0);
 }
 
+#if defined(__GLIBC__)
+TEST(Numeric, FmaFloatIsCorrectlyRounded) {
+    // (1 + 2^-12)^2 = 1 + 2^-11 + 2^-24 lies exactly halfway between two floats; a tiny addend
+    // decides the direction, which a sum rounded to double would lose.
+    const float h = 0x1.001p0f;
+    for (float tiny : {0x1p-60f, -0x1p-60f, 0x1p-100f}) {
+        const float want = tiny > 0 ? 0x1.002002p0f : 0x1.002p0f;
+        EXPECT_EQ(veks::num::fma_float(h, h, tiny), want) << tiny;
+        EXPECT_EQ(veks::num::fma_float(-h, h, -tiny), -want) << tiny;
+        EXPECT_EQ(std::fma(h, h, tiny), want) << tiny;
+    }
+    // Near-cancelling sums and products with long tails: where double rounding would show.
+    vt::Rng rng(5);
+    for (int i = 0; i < 300000; ++i) {
+        const float a = static_cast<float>(rng.uniform(-4, 4));
+        const float b = static_cast<float>(rng.uniform(-4, 4));
+        const float c = i % 2 ? -a * b * static_cast<float>(rng.uniform(0.99, 1.01))
+                              : static_cast<float>(rng.uniform(-1e-3, 1e-3));
+        ASSERT_TRUE(vt::same_bits(veks::num::fma_float(a, b, c), std::fma(a, b, c)))
+            << a << " " << b << " " << c;
+    }
+}
+#endif
+
 TEST(FpEnv, RoundNearestScopeRestoresTheCallersMode) {
     for (int mode : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
         ASSERT_EQ(std::fesetround(mode), 0);

@@ -103,8 +103,13 @@ void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
 // |y|^2 and rounded to float. 64fc quotients use Smith's scaling so that |divisor|^2 can
 // neither overflow nor underflow.
 
+#if VEK_ISA_LEVEL >= 2
+inline float fused(float a, float b, float c) { return std::fma(a, b, c); } // one instruction
+#else
+inline float fused(float a, float b, float c) { return num::fma_float(a, b, c); }
+#endif
 inline Vek32fc cmul(Vek32fc x, Vek32fc y) {
-    return {std::fma(x.re, y.re, -(x.im * y.im)), std::fma(x.im, y.re, x.re * y.im)};
+    return {fused(x.re, y.re, -(x.im * y.im)), fused(x.im, y.re, x.re * y.im)};
 }
 inline Vek64fc cmul(Vek64fc x, Vek64fc y) {
     return {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};

@@ -154,5 +154,25 @@ inline int16_t shift_round_even_16s(int32_t acc, int sh) noexcept {
     return saturate<int16_t>(v);
 }
 
+// a * b + c for floats, rounded once, without the C library's fmaf (some runtimes round it
+// twice). The product is exact in double; the double sum is rounded to odd (when inexact, its
+// last bit is forced to 1 toward the exact value), which makes the final rounding to float the
+// correct one.
+inline float fma_float(float a, float b, float c) noexcept {
+    const double p = static_cast<double>(a) * static_cast<double>(b);
+    const double q = static_cast<double>(c);
+    double s = p + q;
+    const double bv = s - p;
+    const double err = (p - (s - bv)) + (q - bv); // exact: s + err == p + q
+    if (err != 0.0 && err == err) {
+        uint64_t bits = std::bit_cast<uint64_t>(s);
+        if ((bits & 1) == 0) {
+            bits += ((err > 0.0) == (s > 0.0)) ? 1 : static_cast<uint64_t>(-1);
+            s = std::bit_cast<double>(bits);
+        }
+    }
+    return static_cast<float>(s);
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks::num
