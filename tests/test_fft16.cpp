@@ -1,6 +1,8 @@
 // 16-bit FFT kinds: results against a long-double reference put through the integer rule
-// (normalisation and scale factor as powers of two, round half to even, saturation), both
-// plans, every layout, buffer sizes and the statuses.
+// (normalisation and scale factor as powers of two, round half to even, saturation), and bit
+// for bit against the single-precision pipeline built from the exported conversions and float
+// transforms; both plans, every layout, buffer sizes and the statuses.
+#include <cfenv>
 #include <cmath>
 #include <complex>
 
@@ -272,6 +274,168 @@ TEST(Fft16, StatusesAndContext) {
               vekStsNullPointerErr);
     EXPECT_TRUE(vt::bits_equal(b, b0));
     EXPECT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+}
+
+// ---- The single-precision pipeline ---------------------------------------------------------
+
+// Whether the object of this order and hint runs the compact plan (normalisation as shifts).
+bool compact(int order, VekHintAlgorithm hint) {
+    return (hint == vekAlgHintNone && order <= 8) || (hint == vekAlgHintFast && order <= 10);
+}
+
+// The scale factor and the 1/sqrt(2) multiply of the conversion back, as the plan applies them:
+// the compact plan adds its normalisation shift (and, for flag 4 at an odd order, multiplies by
+// 1/sqrt(2)); the long plan's float transform has already normalised.
+struct Back {
+    int sf;
+    bool half_sqrt2;
+};
+Back back_rule(int order, int flag, VekHintAlgorithm hint, bool inverse, int sf) {
+    if (order == 0) return {sf, false};
+    if (!compact(order, hint)) return {sf, false};
+    return {sf + norm_shift(flag, order, inverse), flag == 4 && (order & 1)};
+}
+
+// The float transforms of the reference: the 16-bit object's own flag for the long plan, no
+// division for the compact one.
+int float_flag(int order, int flag, VekHintAlgorithm hint) {
+    return order > 0 && compact(order, hint) ? VEK_FFT_NO_DIV : flag;
+}
+
+std::vector<int16_t> to16(std::vector<float> z, Back b) {
+    if (b.half_sqrt2) {
+        EXPECT_EQ(veksMulC_32f_I(0.70710678118654752440f, z.data(), int(z.size())), vekStsOk);
+    }
+    std::vector<int16_t> out(z.size());
+    EXPECT_EQ(veksConvert_32f16s_Sfs(z.data(), out.data(), int(z.size()), 1, b.sf), vekStsOk);
+    return out;
+}
+
+// Complex kinds: veksConvert_16s32f, the single-precision transform, then
+// veksConvert_32f16s_Sfs rounding to nearest. Both plans, every flag, scale factors on both
+// sides of zero, interleaved and split arrays; also under a caller's rounding mode other than
+// nearest, which must not change a bit.
+TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
+    vt::Rng rng(41);
+    for (int order : {0, 1, 2, 3, 4, 7, 8, 9, 10, 11}) {
+        const int n = 1 << order;
+        std::vector<int16_t> x(2 * size_t(n));
+        for (auto& v : x) v = rng.any<int16_t>();
+        std::vector<float> xf(x.size());
+        ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), int(x.size())), vekStsOk);
+        std::vector<int16_t> re(n), im(n);
+        for (int i = 0; i < n; ++i) {
+            re[i] = x[2 * i];
+            im[i] = x[2 * i + 1];
+        }
+        for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
+            for (int flag : {1, 2, 4, 8}) {
+                SCOPED_TRACE("order " + std::to_string(order) + " hint " + std::to_string(hint) +
+                             " flag " + std::to_string(flag));
+                VeksFFTSpec_C_32fc* f32 = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_C_32fc(&f32, order, float_flag(order, flag, hint),
+                                                  vekAlgHintNone),
+                          vekStsOk);
+                VeksFFTSpec_C_16sc* spec = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, order, flag, hint), vekStsOk);
+                VeksFFTSpec_C_16s* split = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_C_16s(&split, order, flag, hint), vekStsOk);
+                for (bool inverse : {false, true}) {
+                    std::vector<float> z = xf;
+                    auto* zc = reinterpret_cast<Vek32fc*>(z.data());
+                    ASSERT_EQ((inverse ? veksFFTInv_CToC_32fc : veksFFTFwd_CToC_32fc)(zc, zc, f32,
+                                                                                      nullptr),
+                              vekStsOk);
+                    for (int sf : {-3, 0, 5}) {
+                        const auto want = to16(z, back_rule(order, flag, hint, inverse, sf));
+                        for (int mode : {FE_TONEAREST, FE_TOWARDZERO}) {
+                            std::fesetround(mode);
+                            std::vector<int16_t> got(x.size());
+                            const VekStatus st =
+                                (inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
+                                    reinterpret_cast<const Vek16sc*>(x.data()),
+                                    reinterpret_cast<Vek16sc*>(got.data()), spec, sf, nullptr);
+                            std::vector<int16_t> ore(n), oim(n);
+                            const VekStatus st2 = (inverse ? veksFFTInv_CToC_16s_Sfs
+                                                           : veksFFTFwd_CToC_16s_Sfs)(
+                                re.data(), im.data(), ore.data(), oim.data(), split, sf, nullptr);
+                            std::fesetround(FE_TONEAREST);
+                            ASSERT_EQ(st, vekStsOk);
+                            ASSERT_EQ(st2, vekStsOk);
+                            ASSERT_TRUE(vt::bits_equal(got, want))
+                                << "sf " << sf << (inverse ? " inverse" : "");
+                            for (int i = 0; i < n; ++i) {
+                                ASSERT_EQ(ore[i], want[2 * i]);
+                                ASSERT_EQ(oim[i], want[2 * i + 1]);
+                            }
+                        }
+                    }
+                }
+                ASSERT_EQ(veksFFTFree_C_32fc(f32), vekStsOk);
+                ASSERT_EQ(veksFFTFree_C_16sc(spec), vekStsOk);
+                ASSERT_EQ(veksFFTFree_C_16s(split), vekStsOk);
+            }
+    }
+}
+
+// Real kind, every layout, forward and inverse, against the same pipeline through the real
+// single-precision transform.
+TEST(Fft16, RealIsTheSinglePrecisionPipeline) {
+    vt::Rng rng(42);
+    for (int order : {0, 1, 2, 3, 4, 5, 8, 9, 10, 11}) {
+        const int n = 1 << order;
+        const int ccs_len = n == 1 ? 2 : n + 2;
+        std::vector<int16_t> x(static_cast<size_t>(ccs_len));
+        for (auto& v : x) v = rng.any<int16_t>();
+        std::vector<float> xf(x.size());
+        ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), int(x.size())), vekStsOk);
+        using Fn16 = decltype(&veksFFTFwd_RToPack_16s_Sfs);
+        using Fn32 = decltype(&veksFFTFwd_RToPack_32f);
+        const struct {
+            Fn16 fwd16, inv16;
+            Fn32 fwd32, inv32;
+            int len; // packed length
+        } layouts[] = {
+            {veksFFTFwd_RToPack_16s_Sfs, veksFFTInv_PackToR_16s_Sfs, veksFFTFwd_RToPack_32f,
+             veksFFTInv_PackToR_32f, n},
+            {veksFFTFwd_RToPerm_16s_Sfs, veksFFTInv_PermToR_16s_Sfs, veksFFTFwd_RToPerm_32f,
+             veksFFTInv_PermToR_32f, n},
+            {veksFFTFwd_RToCCS_16s_Sfs, veksFFTInv_CCSToR_16s_Sfs, veksFFTFwd_RToCCS_32f,
+             veksFFTInv_CCSToR_32f, ccs_len},
+        };
+        for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
+            for (int flag : {1, 2, 4, 8}) {
+                SCOPED_TRACE("order " + std::to_string(order) + " hint " + std::to_string(hint) +
+                             " flag " + std::to_string(flag));
+                VeksFFTSpec_R_32f* f32 = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_R_32f(&f32, order, float_flag(order, flag, hint),
+                                                 vekAlgHintNone),
+                          vekStsOk);
+                VeksFFTSpec_R_16s* spec = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, order, flag, hint), vekStsOk);
+                for (const auto& l : layouts)
+                    for (bool inverse : {false, true}) {
+                        const int out_len = inverse ? n : l.len;
+                        std::vector<float> z(size_t(n) + 2);
+                        ASSERT_EQ((inverse ? l.inv32 : l.fwd32)(xf.data(), z.data(), f32, nullptr),
+                                  vekStsOk);
+                        z.resize(size_t(out_len));
+                        for (int sf : {-2, 0, 4}) {
+                            const auto want = to16(z, back_rule(order, flag, hint, inverse, sf));
+                            vt::Buf<int16_t> got(out_len, 2);
+                            ASSERT_EQ((inverse ? l.inv16 : l.fwd16)(x.data(), got.data(), spec, sf,
+                                                                    nullptr),
+                                      vekStsOk);
+                            ASSERT_TRUE(vt::bits_equal(got.vec(), want))
+                                << "sf " << sf << (inverse ? " inverse" : "") << " length "
+                                << l.len;
+                            ASSERT_TRUE(got.guards_intact());
+                        }
+                    }
+                ASSERT_EQ(veksFFTFree_R_32f(f32), vekStsOk);
+                ASSERT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+            }
+    }
 }
 
 } // namespace

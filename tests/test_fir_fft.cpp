@@ -1,116 +1,181 @@
-// The overlap-save path of the FIR filters with real floating-point taps, run through a plain
-// DFT in the packed layout (installed in place of the library's real FFT): the transform length
-// rule, the switch conditions of the block and in-place forms, results against a long-double
-// convolution across blocks and calls, and failures of the transform operations.
-#include "filters/fir_fft.hpp"
+// The overlap-save path of the FIR filters with floating-point taps (real taps through the real
+// FFT and the Pack multiply, complex taps through the complex FFT): the transform length rule,
+// which calls take the path, results against a long-double convolution across blocks and calls
+// for every member with floating-point taps, and allocation failures inside InitAlloc and inside
+// a filtering call.
 #include "filters/fir_state.hpp"
 #include "test_fir_util.hpp"
 
+#if VEKS_TEST_WRAPPED_MALLOC
+// This program is linked with --wrap=malloc and --wrap=free: while `armed`, the allocator's
+// heap requests are counted, the `fail_at`-th one fails, and blocks still held are tracked.
+namespace {
+struct Heap {
+    bool armed = false;
+    int calls = 0, fail_at = 0, held = 0;
+} g_heap;
+} // namespace
+extern "C" void* __real_malloc(size_t n);
+extern "C" void __real_free(void* p);
+extern "C" void* __wrap_malloc(size_t n) {
+    if (!g_heap.armed) return __real_malloc(n);
+    if (++g_heap.calls == g_heap.fail_at) return nullptr;
+    void* p = __real_malloc(n);
+    if (p != nullptr) ++g_heap.held;
+    return p;
+}
+extern "C" void __wrap_free(void* p) {
+    if (g_heap.armed && p != nullptr) --g_heap.held;
+    __real_free(p);
+}
+#endif
+
 namespace {
 
-using veks::fir::RealFft;
+using ft::cld;
 
-// A plain O(N^2) real DFT. Pack layout: R0, R1, I1, ..., R(N/2-1), I(N/2-1), R(N/2).
-struct Counters {
-    int init = 0, fwd = 0, inv = 0, release = 0;
-    bool fail_init = false;
-    VekStatus fwd_status = vekStsOk;
-} g;
+// ---- Members -------------------------------------------------------------------------------
 
-struct Spec {
-    int n;
-    std::vector<long double> c, s;
-};
+#define FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
+    struct NAME {                                                                                  \
+        using Tap = TapT;                                                                          \
+        using Dat = DatT;                                                                          \
+        using St = VeksFIRState##TS##_##DS;                                                        \
+        static constexpr double amp = AMP;                                                         \
+        static constexpr long double rel = REL;                                                    \
+        static VekStatus init(St** p, const Tap* h, int T, const Dat* l) {                         \
+            return veksFIRInitAlloc##TS##_##DS(p, h, T, l);                                        \
+        }                                                                                          \
+        static VekStatus fre(St* s) { return veksFIRFree##TS##_##DS(s); }                          \
+        static VekStatus get_dly(const St* s, Dat* l) {                                            \
+            return veksFIRGetDlyLine##TS##_##DS(s, l);                                             \
+        }                                                                                          \
+        static VekStatus set_dly(St* s, const Dat* l) { return veksFIRSetDlyLine##TS##_##DS(s, l); }
 
-VekStatus dft_init(void** pp, int order) {
-    ++g.init;
-    if (g.fail_init) return vekStsMemAllocErr;
-    auto* sp = new Spec{1 << order, {}, {}};
-    for (int i = 0; i < sp->n; ++i) {
-        const long double a = 2.0L * 3.141592653589793238462643383279502884L * i / sp->n;
-        sp->c.push_back(std::cos(a));
-        sp->s.push_back(std::sin(a));
-    }
-    *pp = sp;
-    return vekStsOk;
-}
-VekStatus dft_size(const void*, int* size) {
-    *size = 100;
-    return vekStsOk;
+#define FLOAT_MEMBER(NAME, TS, DS, TapT, DatT, REL)                                                \
+    FIR_MEMBER(NAME, TS, DS, TapT, DatT, 1000.0, REL)                                              \
+    static constexpr int sf = 0;                                                                   \
+    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
+        return veksFIR##TS##_##DS(s, d, n, st);                                                    \
+    }                                                                                              \
+    static VekStatus blk_i(Dat* sd, int n, St* st) { return veksFIR##TS##_##DS##_I(sd, n, st); }   \
+    static VekStatus one(Dat x, Dat* d, St* st) { return veksFIROne##TS##_##DS(x, d, st); }        \
+    }                                                                                              \
+    ;
+
+// Integer data: the outputs are scaled by 2^-3.
+#define SFS_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
+    FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                                 \
+    static constexpr int sf = 3;                                                                   \
+    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
+        return veksFIR##TS##_##DS##_Sfs(s, d, n, st, sf);                                          \
+    }                                                                                              \
+    static VekStatus blk_i(Dat* sd, int n, St* st) {                                               \
+        return veksFIR##TS##_##DS##_ISfs(sd, n, st, sf);                                           \
+    }                                                                                              \
+    static VekStatus one(Dat x, Dat* d, St* st) {                                                  \
+        return veksFIROne##TS##_##DS##_Sfs(x, d, st, sf);                                          \
+    }                                                                                              \
+    }                                                                                              \
+    ;
+
+// Tolerances relative to the sum of |h[k] x[j-k]| of each output: the transform's rounding in
+// its own precision (output rounding of single-precision data included).
+FLOAT_MEMBER(R32f, , 32f, Vek32f, Vek32f, 1e-5L)
+FLOAT_MEMBER(R64f, , 64f, Vek64f, Vek64f, 1e-13L)
+FLOAT_MEMBER(C32fc, , 32fc, Vek32fc, Vek32fc, 1e-5L)
+FLOAT_MEMBER(C64fc, , 64fc, Vek64fc, Vek64fc, 1e-13L)
+FLOAT_MEMBER(R64f_32f, 64f, 32f, Vek64f, Vek32f, 1e-7L)
+FLOAT_MEMBER(C64fc_32fc, 64fc, 32fc, Vek64fc, Vek32fc, 1e-7L)
+SFS_MEMBER(R32f_16s, 32f, 16s, Vek32f, Vek16s, 4000.0, 1e-5L)
+SFS_MEMBER(R64f_16s, 64f, 16s, Vek64f, Vek16s, 4000.0, 1e-13L)
+SFS_MEMBER(R64f_32s, 64f, 32s, Vek64f, Vek32s, 1e8, 1e-13L)
+SFS_MEMBER(C32fc_16sc, 32fc, 16sc, Vek32fc, Vek16sc, 4000.0, 1e-5L)
+SFS_MEMBER(C64fc_16sc, 64fc, 16sc, Vek64fc, Vek16sc, 4000.0, 1e-13L)
+SFS_MEMBER(C64fc_32sc, 64fc, 32sc, Vek64fc, Vek32sc, 1e8, 1e-13L)
+
+// ---- Reference -----------------------------------------------------------------------------
+
+template <class T>
+long double re_of(const T& v) {
+    if constexpr (ft::is_cplx<T>)
+        return static_cast<long double>(v.re);
+    else
+        return static_cast<long double>(v);
 }
 template <class T>
-VekStatus dft_fwd(const T* src, T* dst, const void* p, Vek8u*) {
-    ++g.fwd;
-    if (g.fwd_status != vekStsOk) return g.fwd_status;
-    const Spec& sp = *static_cast<const Spec*>(p);
-    const int n = sp.n;
-    std::vector<long double> re(size_t(n / 2 + 1)), im(size_t(n / 2 + 1));
-    for (int k = 0; k <= n / 2; ++k)
-        for (int t = 0; t < n; ++t) {
-            const int i = int((int64_t(k) * t) % n);
-            re[size_t(k)] += src[t] * sp.c[size_t(i)];
-            im[size_t(k)] -= src[t] * sp.s[size_t(i)];
+long double im_of(const T& v) {
+    if constexpr (ft::is_cplx<T>)
+        return static_cast<long double>(v.im);
+    else
+        return 0.0L;
+}
+
+// y[j] = sum h[k] x[j-k] with x[-i] = line[i-1], in long double, and the sum of
+// (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of sum |h[k] x[j-k]|.
+template <class Tap, class Dat>
+void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const std::vector<Dat>& x,
+               std::vector<cld>& y, std::vector<long double>& mag) {
+    const int T = static_cast<int>(h.size()), n = static_cast<int>(x.size());
+    y.assign(size_t(n), cld{});
+    mag.assign(size_t(n), 0.0L);
+    for (int j = 0; j < n; ++j) {
+        long double sr = 0, si = 0, sm = 0;
+        for (int k = 0; k < T; ++k) {
+            const int i = j - k;
+            const Dat& v = i >= 0 ? x[size_t(i)] : line[size_t(-i - 1)];
+            const long double hr = re_of(h[size_t(k)]), vr = re_of(v);
+            if constexpr (ft::is_cplx<Tap>) {
+                const long double hi = im_of(h[size_t(k)]), vi = im_of(v);
+                sr += hr * vr - hi * vi;
+                si += hr * vi + hi * vr;
+                sm += (std::fabs(hr) + std::fabs(hi)) * (std::fabs(vr) + std::fabs(vi));
+            } else {
+                sr += hr * vr;
+                sm += std::fabs(hr * vr);
+            }
         }
-    dst[0] = T(re[0]);
-    for (int k = 1; k < n / 2; ++k) {
-        dst[2 * k - 1] = T(re[size_t(k)]);
-        dst[2 * k] = T(im[size_t(k)]);
+        y[size_t(j)] = cld(sr, si);
+        mag[size_t(j)] = sm;
     }
-    dst[n - 1] = T(re[size_t(n / 2)]);
-    return vekStsOk;
 }
-template <class T>
-VekStatus dft_inv(const T* src, T* dst, const void* p, Vek8u*) {
-    ++g.inv;
-    const Spec& sp = *static_cast<const Spec*>(p);
-    const int n = sp.n;
-    std::vector<long double> out(static_cast<size_t>(n));
-    for (int t = 0; t < n; ++t) {
-        long double v = src[0] + ((t & 1) ? -1.0L : 1.0L) * src[n - 1];
-        for (int k = 1; k < n / 2; ++k) {
-            const int i = int((int64_t(k) * t) % n);
-            v += 2.0L * (src[2 * k - 1] * sp.c[size_t(i)] - src[2 * k] * sp.s[size_t(i)]);
+
+// One output component: floating-point data within rel * mag of the exact value; integer data
+// equal to the output rule (scaled by 2^-sf, rounded half away from zero, saturated) applied to
+// some value within that distance.
+template <class B>
+::testing::AssertionResult component(B got, long double want, long double mag, long double rel,
+                                     int sf) {
+    const long double w = std::ldexp(want, -sf), tol = rel * std::ldexp(mag, -sf) + 1e-30L;
+    if constexpr (std::is_floating_point_v<B>) {
+        if (std::fabs(static_cast<long double>(got) - w) <= tol)
+            return ::testing::AssertionSuccess();
+    } else {
+        if (got >= ft::round_away_sat<B>(w - tol) && got <= ft::round_away_sat<B>(w + tol))
+            return ::testing::AssertionSuccess();
+    }
+    return ::testing::AssertionFailure()
+           << got << " vs " << double(w) << " (tolerance " << double(tol) << ")";
+}
+
+template <class M>
+::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
+                                int n) {
+    for (int j = 0; j < n; ++j) {
+        ::testing::AssertionResult r = ::testing::AssertionSuccess();
+        if constexpr (ft::is_cplx<typename M::Dat>) {
+            r = component(got[j].re, want[j].real(), mag[j], M::rel, M::sf);
+            if (r) r = component(got[j].im, want[j].imag(), mag[j], M::rel, M::sf);
+        } else {
+            r = component(got[j], want[j].real(), mag[j], M::rel, M::sf);
         }
-        out[size_t(t)] = v / n;
+        if (!r) return r << " at output " << j;
     }
-    for (int t = 0; t < n; ++t) dst[t] = T(out[size_t(t)]);
-    return vekStsOk;
-}
-template <class T>
-VekStatus dft_mul(const T* a, const T* b, T* d, int n) {
-    d[0] = a[0] * b[0];
-    d[n - 1] = a[n - 1] * b[n - 1];
-    for (int k = 1; k < n / 2; ++k) {
-        const T re = a[2 * k - 1] * b[2 * k - 1] - a[2 * k] * b[2 * k];
-        const T im = a[2 * k - 1] * b[2 * k] + a[2 * k] * b[2 * k - 1];
-        d[2 * k - 1] = re;
-        d[2 * k] = im;
-    }
-    return vekStsOk;
-}
-VekStatus dft_release(void* p) {
-    ++g.release;
-    delete static_cast<Spec*>(p);
-    return vekStsOk;
+    return ::testing::AssertionSuccess();
 }
 
-const RealFft<float> kDft32{dft_init,       dft_size,       dft_fwd<float>,
-                            dft_inv<float>, dft_mul<float>, dft_release};
-const RealFft<double> kDft64{dft_init,        dft_size,        dft_fwd<double>,
-                             dft_inv<double>, dft_mul<double>, dft_release};
-
-class FirFft : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        g = Counters{};
-        veks::fir::set_real_fft(&kDft32, &kDft64);
-    }
-    void TearDown() override {
-        veks::fir::set_real_fft(nullptr, nullptr);
-        EXPECT_EQ(g.init - (g.fail_init ? 1 : 0), g.release) << "specifications leaked";
-    }
-};
-
+// The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
+// of two above T.
 TEST(FirFftRule, TransformLength) {
     using veks::fir::fft_len_for;
     for (int t : {1, 2, 31}) EXPECT_EQ(fft_len_for(t), -1);
@@ -120,180 +185,304 @@ TEST(FirFftRule, TransformLength) {
     EXPECT_EQ(fft_len_for(512), 1024);
     EXPECT_EQ(fft_len_for(1000), 1024);
     EXPECT_EQ(fft_len_for(1024), 2048);
+    EXPECT_EQ(fft_len_for(1100), 2048);
 }
 
-// Float results within the transform's rounding of the exact convolution.
-template <class Dat>
-::testing::AssertionResult near(const std::vector<Dat>& got, const std::vector<ft::cld>& want,
-                                const std::vector<long double>& mag, long double rel, int sf) {
-    for (size_t j = 0; j < got.size(); ++j) {
-        const long double w = std::ldexp(want[j].real(), -sf);
-        const long double tol = rel * std::ldexp(mag[j], -sf) + 1e-30L;
-        if constexpr (std::is_floating_point_v<Dat>) {
-            if (std::fabs(got[j] - w) > tol)
-                return ::testing::AssertionFailure()
-                       << "at " << j << ": " << got[j] << " vs " << double(w);
-        } else {
-            const long double lo = ft::round_away_sat<Dat>(w - tol - 0.5L);
-            const long double hi = ft::round_away_sat<Dat>(w + tol + 0.5L);
-            if (got[j] < lo || got[j] > hi)
-                return ::testing::AssertionFailure()
-                       << "at " << j << ": " << got[j] << " vs " << double(w);
-        }
-    }
-    return ::testing::AssertionSuccess();
-}
+// ---- Results across paths, blocks and calls ------------------------------------------------
 
-// A stream of blocks of several lengths (some through the FFT path, some direct) against the
-// reference of the whole stream.
-template <class Tap, class Dat, class St, class Init, class Blk, class Free, class Get>
-void stream(Init init, Blk blk, Free fre, Get get_dly, double amp, long double rel) {
+template <class M>
+class FirFftMember : public ::testing::Test {};
+using AllMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc, R32f_16s,
+                                    R64f_16s, R64f_32s, C32fc_16sc, C64fc_16sc, C64fc_32sc>;
+TYPED_TEST_SUITE(FirFftMember, AllMembers);
+
+// A stream through one state in calls of lengths around the transform length fftLen (fftLen:
+// direct; fftLen + 1 and 2 fftLen + 3: overlap-save; in place: overlap-save for every length,
+// a single block up to fftLen - tapsLen + 1 outputs) against the reference of the whole stream;
+// afterwards the delay line holds the last inputs. The members whose taps and data share one
+// type sweep 32 .. 1100 taps, the others a few counts.
+TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
+    using M = TypeParam;
+    using Tap = typename M::Tap;
+    using Dat = typename M::Dat;
+    constexpr bool same = std::is_same_v<Tap, Dat>;
+    const std::vector<int> taps = same ? std::vector<int>{32,  33,  63,  64,   100,  128,  255, 256,
+                                                          300, 511, 512, 1000, 1023, 1024, 1100}
+                                       : std::vector<int>{32, 200, 1100};
     vt::Rng rng(31);
-    for (int T : {32, 33, 40, 63, 64, 100, 128, 200}) {
+    for (int T : taps) {
         SCOPED_TRACE("tapsLen " + std::to_string(T));
         const int len = veks::fir::fft_len_for(T);
-        const auto h = ft::rvec<Tap>(rng, T, 1.0);
-        const auto line = ft::rvec<Dat>(rng, T, amp);
-        const std::vector<int> lens = {len + 1, 3, len, 2 * len + 7, 1, len - T + 2, 3 * len};
+        const int L = len - (T - 1);
+        struct Call {
+            int n;
+            bool in_place;
+        };
+        const std::vector<Call> calls = {
+            {len, false}, {len + 1, false}, {3, true},   {2 * len + 3, false}, {1, false},
+            {L, true},    {L + 1, true},    {len, true}, {2 * len + 3, true},  {5, false}};
         int total = 0;
-        for (int n : lens) total += n;
-        const auto x = ft::rvec<Dat>(rng, total, amp);
-        std::vector<ft::cld> want;
+        for (const Call& c : calls) total += c.n;
+        const auto h = ft::rvec<Tap>(rng, T, 1.0);
+        const auto line = ft::rvec<Dat>(rng, T, M::amp);
+        const auto x = ft::rvec<Dat>(rng, total, M::amp);
+        std::vector<cld> want;
         std::vector<long double> mag;
-        ft::reference(h, line, x, want, mag);
-        St* st = nullptr;
-        ASSERT_EQ(init(&st, h.data(), T, line.data()), vekStsOk);
+        reference(h, line, x, want, mag);
+        typename M::St* st = nullptr;
+        ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
         int at = 0;
-        const int sf = std::is_floating_point_v<Dat> ? 0 : 2;
-        for (int n : lens) {
-            const int before = g.fwd;
-            std::vector<Dat> y(static_cast<size_t>(n));
-            ASSERT_EQ(blk(x.data() + at, y.data(), n, st, sf), vekStsOk);
-            EXPECT_EQ(g.fwd > before, n > len) << "path for numIters " << n;
-            ASSERT_TRUE(near(y, {want.begin() + at, want.begin() + at + n},
-                             {mag.begin() + at, mag.begin() + at + n}, rel, sf))
-                << "numIters " << n;
-            at += n;
+        for (const Call& c : calls) {
+            SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
+            vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n),
+                             ft::off<Dat>(1));
+            vt::Buf<Dat> dst(c.n, ft::off<Dat>(3));
+            if (c.in_place) {
+                ASSERT_EQ(M::blk_i(src.data(), c.n, st), vekStsOk);
+                ASSERT_TRUE(near<M>(src.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
+                ASSERT_TRUE(src.guards_intact());
+            } else {
+                ASSERT_EQ(M::blk(src.data(), dst.data(), c.n, st), vekStsOk);
+                ASSERT_TRUE(near<M>(dst.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
+                ASSERT_TRUE(dst.guards_intact());
+            }
+            at += c.n;
         }
-        std::vector<Dat> got(static_cast<size_t>(T));
-        ASSERT_EQ(get_dly(st, got.data()), vekStsOk);
-        for (int i = 0; i < T; ++i)
-            ASSERT_TRUE(ft::bits_eq<Dat>({got[size_t(i)]}, {x[size_t(total - 1 - i)]}));
-        ASSERT_EQ(fre(st), vekStsOk);
+        std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
+        ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
+        for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
+        ASSERT_TRUE(ft::bits_eq(got, last));
+        ASSERT_EQ(M::fre(st), vekStsOk);
     }
 }
 
-TEST_F(FirFft, Float32MatchesReferenceAcrossPaths) {
-    stream<Vek32f, Vek32f, VeksFIRState_32f>(
-        veksFIRInitAlloc_32f,
-        [](const Vek32f* s, Vek32f* d, int n, VeksFIRState_32f* st, int) {
-            return veksFIR_32f(s, d, n, st);
-        },
-        veksFIRFree_32f, veksFIRGetDlyLine_32f, 1000.0, 1e-5L);
-}
-
-TEST_F(FirFft, Float64MatchesReferenceAcrossPaths) {
-    stream<Vek64f, Vek64f, VeksFIRState_64f>(
-        veksFIRInitAlloc_64f,
-        [](const Vek64f* s, Vek64f* d, int n, VeksFIRState_64f* st, int) {
-            return veksFIR_64f(s, d, n, st);
-        },
-        veksFIRFree_64f, veksFIRGetDlyLine_64f, 1000.0, 1e-13L);
-    stream<Vek64f, Vek32f, VeksFIRState64f_32f>(
-        veksFIRInitAlloc64f_32f,
-        [](const Vek32f* s, Vek32f* d, int n, VeksFIRState64f_32f* st, int) {
-            return veksFIR64f_32f(s, d, n, st);
-        },
-        veksFIRFree64f_32f, veksFIRGetDlyLine64f_32f, 1000.0, 1e-7L);
-}
-
-TEST_F(FirFft, IntegerDataMatchesReferenceAcrossPaths) {
-    stream<Vek32f, Vek16s, VeksFIRState32f_16s>(
-        veksFIRInitAlloc32f_16s,
-        [](const Vek16s* s, Vek16s* d, int n, VeksFIRState32f_16s* st, int sf) {
-            return veksFIR32f_16s_Sfs(s, d, n, st, sf);
-        },
-        veksFIRFree32f_16s, veksFIRGetDlyLine32f_16s, 20000.0, 1e-5L);
-    stream<Vek64f, Vek32s, VeksFIRState64f_32s>(
-        veksFIRInitAlloc64f_32s,
-        [](const Vek32s* s, Vek32s* d, int n, VeksFIRState64f_32s* st, int sf) {
-            return veksFIR64f_32s_Sfs(s, d, n, st, sf);
-        },
-        veksFIRFree64f_32s, veksFIRGetDlyLine64f_32s, 1e8, 1e-13L);
-}
-
-// The in-place form takes the FFT path for any numIters once tapsLen >= 32; single-sample
-// filtering and tapsLen 31 never do; numIters == fftLen is direct, fftLen + 1 is not.
-TEST_F(FirFft, SwitchConditions) {
-    vt::Rng rng(4);
-    const auto h = ft::rvec<float>(rng, 40, 1.0);
-    VeksFIRState_32f* s = nullptr;
-    ASSERT_EQ(veksFIRInitAlloc_32f(&s, h.data(), 40, nullptr), vekStsOk);
-    EXPECT_EQ(g.fwd, 1); // the taps' spectrum
-    auto x = ft::rvec<float>(rng, 200, 10.0);
-    std::vector<float> y(200);
-    g.fwd = 0;
-    ASSERT_EQ(veksFIR_32f(x.data(), y.data(), 128, s), vekStsOk);
-    EXPECT_EQ(g.fwd, 0);
-    ASSERT_EQ(veksFIR_32f(x.data(), y.data(), 129, s), vekStsOk);
-    EXPECT_EQ(g.fwd, 2); // two blocks of L = 89 outputs
-    g.fwd = 0;
-    ASSERT_EQ(veksFIR_32f_I(x.data(), 1, s), vekStsOk);
-    EXPECT_EQ(g.fwd, 1);
-    float one = 0;
-    ASSERT_EQ(veksFIROne_32f(1.0f, &one, s), vekStsOk);
-    EXPECT_EQ(g.fwd, 1);
-    ASSERT_EQ(veksFIRFree_32f(s), vekStsOk);
-    ASSERT_EQ(veksFIRInitAlloc_32f(&s, h.data(), 31, nullptr), vekStsOk);
-    g.fwd = 0;
-    ASSERT_EQ(veksFIR_32f_I(x.data(), 200, s), vekStsOk);
-    EXPECT_EQ(g.fwd, 0);
-    ASSERT_EQ(veksFIRFree_32f(s), vekStsOk);
-    // Complex and integer taps have no FFT part.
-    std::vector<Vek32fc> hc(40, Vek32fc{0.5f, 0.25f});
-    VeksFIRState_32fc* sc = nullptr;
-    ASSERT_EQ(veksFIRInitAlloc_32fc(&sc, hc.data(), 40, nullptr), vekStsOk);
-    ASSERT_EQ(veksFIRFree_32fc(sc), vekStsOk);
-    EXPECT_EQ(g.init, 1);
-}
-
-// In-place FFT filtering equals the out-of-place one.
-TEST_F(FirFft, InPlaceMatchesOutOfPlace) {
+// In-place filtering above the transform length gives the out-of-place bits: both run the same
+// blocks through the same transforms.
+TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
+    using M = TypeParam;
+    using Dat = typename M::Dat;
     vt::Rng rng(8);
-    const auto h = ft::rvec<double>(rng, 70, 1.0);
-    VeksFIRState_64f *a = nullptr, *b = nullptr;
-    ASSERT_EQ(veksFIRInitAlloc_64f(&a, h.data(), 70, nullptr), vekStsOk);
-    ASSERT_EQ(veksFIRInitAlloc_64f(&b, h.data(), 70, nullptr), vekStsOk);
-    for (int n : {300, 20, 257}) {
-        auto x = ft::rvec<double>(rng, n, 5.0);
-        std::vector<double> y(static_cast<size_t>(n));
-        ASSERT_EQ(veksFIR_64f(x.data(), y.data(), n, a), vekStsOk);
-        ASSERT_EQ(veksFIR_64f_I(x.data(), n, b), vekStsOk);
-        if (n > 256) {
-            EXPECT_TRUE(ft::bits_eq(x, y));
-        }
-        for (int i = 0; i < n; ++i) EXPECT_NEAR(x[size_t(i)], y[size_t(i)], 1e-9);
+    const int T = 70;
+    const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+    const auto line = ft::rvec<Dat>(rng, T, M::amp);
+    typename M::St *a = nullptr, *b = nullptr;
+    ASSERT_EQ(M::init(&a, h.data(), T, line.data()), vekStsOk);
+    ASSERT_EQ(M::init(&b, h.data(), T, line.data()), vekStsOk);
+    for (int n : {300, 257, 1000}) {
+        auto x = ft::rvec<Dat>(rng, n, M::amp);
+        std::vector<Dat> y(static_cast<size_t>(n));
+        ASSERT_EQ(M::blk(x.data(), y.data(), n, a), vekStsOk);
+        ASSERT_EQ(M::blk_i(x.data(), n, b), vekStsOk);
+        EXPECT_TRUE(ft::bits_eq(x, y)) << "numIters " << n;
     }
-    ASSERT_EQ(veksFIRFree_64f(a), vekStsOk);
-    ASSERT_EQ(veksFIRFree_64f(b), vekStsOk);
+    ASSERT_EQ(M::fre(a), vekStsOk);
+    ASSERT_EQ(M::fre(b), vekStsOk);
 }
 
-// A failed transform creation fails InitAlloc with -9 and leaves nothing behind; a failing
-// transform during filtering returns its status.
-TEST_F(FirFft, TransformFailures) {
-    std::vector<float> h(50, 0.1f);
-    VeksFIRState_32f* s = nullptr;
-    g.fail_init = true;
-    EXPECT_EQ(veksFIRInitAlloc_32f(&s, h.data(), 50, nullptr), vekStsMemAllocErr);
-    EXPECT_EQ(s, nullptr);
-    g.fail_init = false;
-    g.init = 0;
-    ASSERT_EQ(veksFIRInitAlloc_32f(&s, h.data(), 50, nullptr), vekStsOk);
-    std::vector<float> x(300, 1.0f), y(300);
-    g.fwd_status = vekStsBadArgErr;
-    EXPECT_EQ(veksFIR_32f(x.data(), y.data(), 300, s), vekStsBadArgErr);
-    g.fwd_status = vekStsOk;
-    ASSERT_EQ(veksFIRFree_32f(s), vekStsOk);
+// ---- Which calls take the path -------------------------------------------------------------
+
+template <class M>
+class FirFftSwitch : public ::testing::Test {};
+using FloatDataMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc>;
+TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
+
+// Tells the paths apart by their rounding. The delay line holds one huge sample at its element
+// tapsLen-2 and the last tap is 0, so the exact outputs never contain it. The direct kernel
+// forms each output from exact products and keeps it to its own rounding; the overlap-save
+// path transforms the huge sample with the first block, and its rounding, relative to that
+// sample, swamps the small outputs.
+template <class M>
+class PathProbe {
+  public:
+    using Tap = typename M::Tap;
+    using Dat = typename M::Dat;
+    explicit PathProbe(int T) : T_(T) {
+        vt::Rng rng(static_cast<uint64_t>(T) + 5);
+        h_ = ft::rvec<Tap>(rng, T, 1.0);
+        h_[size_t(T - 1)] = Tap{};
+        line_ = ft::rvec<Dat>(rng, T, 1.0);
+        constexpr double huge = is_single ? 0x1p30 : 0x1p60;
+        if constexpr (ft::is_cplx<Dat>) {
+            line_[size_t(T - 2)].re = static_cast<decltype(Dat{}.re)>(huge);
+            line_[size_t(T - 2)].im = static_cast<decltype(Dat{}.re)>(-huge);
+        } else {
+            line_[size_t(T - 2)] = static_cast<Dat>(huge);
+        }
+        EXPECT_EQ(M::init(&st_, h_.data(), T, line_.data()), vekStsOk);
+    }
+    ~PathProbe() { EXPECT_EQ(M::fre(st_), vekStsOk); }
+    PathProbe(const PathProbe&) = delete;
+    PathProbe& operator=(const PathProbe&) = delete;
+
+    enum class Form { block, in_place, one };
+    // Filters n small samples from the probe's line; true when the outputs show the
+    // transform's rounding, false when every output keeps to its own.
+    bool took_fft(int n, Form form) {
+        vt::Rng rng(static_cast<uint64_t>(n) * 7 + 1);
+        const auto x = ft::rvec<Dat>(rng, n, 1.0);
+        std::vector<Dat> y(static_cast<size_t>(n));
+        EXPECT_EQ(M::set_dly(st_, line_.data()), vekStsOk);
+        if (form == Form::block) {
+            EXPECT_EQ(M::blk(x.data(), y.data(), n, st_), vekStsOk);
+        } else if (form == Form::in_place) {
+            y = x;
+            EXPECT_EQ(M::blk_i(y.data(), n, st_), vekStsOk);
+        } else {
+            for (int i = 0; i < n; ++i)
+                EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st_), vekStsOk);
+        }
+        std::vector<cld> want;
+        std::vector<long double> mag;
+        reference(h_, line_, x, want, mag);
+        bool off = false, exact = true;
+        for (int j = 0; j < n; ++j) {
+            const long double err = std::fabs(re_of(y[size_t(j)]) - want[size_t(j)].real()) +
+                                    std::fabs(im_of(y[size_t(j)]) - want[size_t(j)].imag());
+            if (err > 1e-3L * (mag[size_t(j)] + 1)) off = true;
+            if (err > 1e-6L * (mag[size_t(j)] + 1e-30L)) exact = false;
+        }
+        EXPECT_TRUE(off || exact) << "neither path's rounding";
+        return off;
+    }
+
+  private:
+    static constexpr bool is_single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
+    int T_;
+    std::vector<Tap> h_;
+    std::vector<Dat> line_;
+    typename M::St* st_ = nullptr;
+};
+
+// numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the in-place form
+// uses the transform for every numIters from 32 taps on; the single-sample form never does;
+// below 32 taps nothing does.
+TYPED_TEST(FirFftSwitch, SwitchConditions) {
+    using M = TypeParam;
+    using F = typename PathProbe<M>::Form;
+    const struct {
+        int T, len;
+    } cases[] = {{32, 128}, {63, 128}, {64, 256}, {255, 256}, {256, 512}, {600, 1024}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE("tapsLen " + std::to_string(c.T));
+        PathProbe<M> p(c.T);
+        EXPECT_FALSE(p.took_fft(c.len, F::block));
+        EXPECT_TRUE(p.took_fft(c.len + 1, F::block));
+        EXPECT_TRUE(p.took_fft(1, F::in_place));
+        EXPECT_TRUE(p.took_fft(c.len - c.T + 1, F::in_place));
+        EXPECT_TRUE(p.took_fft(c.len, F::in_place));
+        EXPECT_FALSE(p.took_fft(c.len + 1, F::one));
+    }
+    PathProbe<M> p(31);
+    EXPECT_FALSE(p.took_fft(2000, F::block));
+    EXPECT_FALSE(p.took_fft(2000, F::in_place));
 }
+
+// ---- Allocation failures -------------------------------------------------------------------
+
+#if VEKS_TEST_WRAPPED_MALLOC
+// Runs f with the fail_at-th heap request failing (0: none); reports the number of requests and
+// how many blocks f left allocated.
+template <class F>
+VekStatus with_heap(int fail_at, F&& f, int* calls, int* held) {
+    g_heap = Heap{true, 0, fail_at, 0};
+    const VekStatus st = f();
+    g_heap.armed = false;
+    *calls = g_heap.calls;
+    *held = g_heap.held;
+    return st;
+}
+
+// Every request of InitAlloc (the record, taps, delay buffer, spectrum, the transform and its
+// tables) failing in turn gives -9, stores nothing and leaves nothing allocated.
+TYPED_TEST(FirFftMember, InitAllocFailures) {
+    using M = TypeParam;
+    for (int T : {32, 300}) {
+        SCOPED_TRACE("tapsLen " + std::to_string(T));
+        vt::Rng rng(3);
+        const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+        typename M::St* st = nullptr;
+        int calls = 0, held = 0;
+        ASSERT_EQ(with_heap(
+                      0, [&] { return M::init(&st, h.data(), T, nullptr); }, &calls, &held),
+                  vekStsOk);
+        ASSERT_EQ(M::fre(st), vekStsOk);
+        EXPECT_GE(calls, 5);
+        for (int k = 1; k <= calls; ++k) {
+            SCOPED_TRACE("failing request " + std::to_string(k));
+            auto* const sentinel = reinterpret_cast<typename M::St*>(uintptr_t{0x40});
+            st = sentinel;
+            int n = 0;
+            EXPECT_EQ(with_heap(
+                          k, [&] { return M::init(&st, h.data(), T, nullptr); }, &n, &held),
+                      vekStsMemAllocErr);
+            EXPECT_EQ(st, sentinel);
+            EXPECT_EQ(held, 0);
+        }
+    }
+}
+
+// A filtering call whose work memory cannot be had returns -9 before writing anything: the
+// output (or, in place, the input) is untouched and the state is as before, so that the same
+// call then gives the results of an undisturbed state. 2100 taps need a transform work buffer.
+TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
+    using M = TypeParam;
+    using Dat = typename M::Dat;
+    for (int T : {50, 2100}) {
+        const int n = veks::fir::fft_len_for(T) + 7;
+        vt::Rng rng(9);
+        const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+        const auto line = ft::rvec<Dat>(rng, T, M::amp);
+        const auto x = ft::rvec<Dat>(rng, n, M::amp);
+        const auto junk = ft::rvec<Dat>(rng, n, M::amp);
+        for (bool in_place : {false, true}) {
+            SCOPED_TRACE("tapsLen " + std::to_string(T) + (in_place ? " in place" : ""));
+            auto run = [&](typename M::St* st, std::vector<Dat>& out) {
+                if (in_place) {
+                    out = x;
+                    return M::blk_i(out.data(), n, st);
+                }
+                return M::blk(x.data(), out.data(), n, st);
+            };
+            typename M::St* ref = nullptr;
+            ASSERT_EQ(M::init(&ref, h.data(), T, line.data()), vekStsOk);
+            std::vector<Dat> want = junk;
+            int calls = 0, held = 0;
+            ASSERT_EQ(with_heap(
+                          0, [&] { return run(ref, want); }, &calls, &held),
+                      vekStsOk);
+            ASSERT_EQ(M::fre(ref), vekStsOk);
+            EXPECT_EQ(held, 0);
+            EXPECT_EQ(calls, (in_place ? 2 : 1) + (T > 1024 ? 1 : 0));
+            for (int k = 1; k <= calls; ++k) {
+                SCOPED_TRACE("failing request " + std::to_string(k));
+                typename M::St* st = nullptr;
+                ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+                std::vector<Dat> out = junk;
+                int c = 0;
+                const VekStatus status = with_heap(
+                    k,
+                    [&] {
+                        if (in_place) {
+                            out = x;
+                            return M::blk_i(out.data(), n, st);
+                        }
+                        return M::blk(x.data(), out.data(), n, st);
+                    },
+                    &c, &held);
+                EXPECT_EQ(status, vekStsMemAllocErr);
+                EXPECT_EQ(held, 0);
+                EXPECT_TRUE(ft::bits_eq(out, in_place ? x : junk));
+                std::vector<Dat> dly(static_cast<size_t>(T));
+                ASSERT_EQ(M::get_dly(st, dly.data()), vekStsOk);
+                EXPECT_TRUE(ft::bits_eq(dly, line));
+                out = junk;
+                ASSERT_EQ(run(st, out), vekStsOk);
+                EXPECT_TRUE(ft::bits_eq(out, want));
+                ASSERT_EQ(M::fre(st), vekStsOk);
+            }
+        }
+    }
+}
+#endif
 
 } // namespace

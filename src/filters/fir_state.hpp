@@ -54,19 +54,19 @@ struct FirState {
     void* dly;          // delay buffer, 3*tapsLen+4 elements of the data type
     int32_t tapsLen;    // >= 1
     int32_t preload;    // ceil4(tapsLen) + 1
-    void* fftSpec;      // FFT specification of the overlap-save path (none while it is not wired)
-    void* spectrum;     // taps' spectrum for that path
+    void* fftSpec;      // transform of the overlap-save path (see Fft<Tap>), or null
+    void* spectrum;     // taps' spectrum for that path: Pack layout (real), fftLen values (complex)
     int32_t fftLen;     // -1 when the state has no FFT path
     int32_t index;      // 0 .. tapsLen-1
     void* reserved[2];  // used by the multi-rate kind; released by Free
     int32_t tapsFactor; // integer taps: effective factor (given factor + normalisation shift)
-    const void* fftOps; // the RealFft table that made fftSpec
-    VekStatus (*fftRelease)(void* pSpec); // and its release
+    VekStatus (*fftRelease)(void* pSpec); // releases fftSpec with the Free of its kind
 };
 
-// Real floating-point taps have an overlap-save path.
+// Floating-point taps, real or complex, have an overlap-save path.
 template <class Tap>
-inline constexpr bool has_fft_path = std::is_same_v<Tap, float> || std::is_same_v<Tap, double>;
+inline constexpr bool has_fft_path = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek64f> ||
+                                     std::is_same_v<Tap, Vek32fc> || std::is_same_v<Tap, Vek64fc>;
 
 // The transform length that the overlap-save path would use for T taps: -1 below 32 taps, else
 // 2^k with k the smallest integer >= 2 such that 2^k > T, raised by one when k is 6 or 7.
@@ -97,31 +97,26 @@ inline void free_state(FirState* s) {
     veksFree(s);
 }
 
-// Creates the FFT specification and the taps' spectrum (taps in natural order, zero-padded to
-// fftLen, transformed forward). Any failure is reported as one status; the caller releases.
+// Creates the taps' spectrum buffer and the transform, then the spectrum itself: the taps in
+// natural order, zero-padded to fftLen, transformed forward in place. Any failure is reported
+// as -9; the caller releases what was attached.
 template <class Tap>
 VekStatus attach_fft(FirState* s, const Tap* h) {
-    const RealFft<Tap>* ops = real_fft<Tap>();
+    using F = Fft<Tap>;
     const int32_t len = fft_len_for(s->tapsLen);
-    int order = 0;
-    while ((int32_t{1} << order) < len) ++order;
-    s->fftOps = ops;
-    if (ops->init(&s->fftSpec, order) != vekStsOk) {
-        s->fftSpec = nullptr;
-        return vekStsMemAllocErr;
-    }
-    s->fftRelease = ops->release;
     Tap* spec = alloc_elems<Tap>(len);
     if (spec == nullptr) return vekStsMemAllocErr;
     s->spectrum = spec;
-    for (int i = 0; i < len; ++i) spec[i] = i < s->tapsLen ? h[i] : Tap{0};
-    int size = 0;
-    if (ops->buf_size(s->fftSpec, &size) != vekStsOk) return vekStsMemAllocErr;
-    Vek8u* buf = size > 0 ? veksMalloc_8u(size) : nullptr;
-    if (size > 0 && buf == nullptr) return vekStsMemAllocErr;
-    const VekStatus st = ops->fwd(spec, spec, s->fftSpec, buf);
-    veksFree(buf);
-    if (st < vekStsOk) return vekStsMemAllocErr;
+    int order = 0;
+    while ((int32_t{1} << order) < len) ++order;
+    typename F::Spec* fft = nullptr;
+    if (F::init(&fft, order) != vekStsOk) return vekStsMemAllocErr;
+    s->fftSpec = fft;
+    s->fftRelease = [](void* p) { return F::release(static_cast<typename F::Spec*>(p)); };
+    if (F::copy(h, spec, s->tapsLen) != vekStsOk ||
+        F::zero(spec + s->tapsLen, len - s->tapsLen) != vekStsOk ||
+        F::fwd(spec, spec, fft, nullptr) != vekStsOk)
+        return vekStsMemAllocErr;
     s->fftLen = len;
     return vekStsOk;
 }
@@ -155,7 +150,7 @@ VekStatus create(void** ppState, const Tap* h, int T, const Dat* line, uint32_t 
     if (line != nullptr)
         for (int i = 0; i < T; ++i) buf[i] = line[T - 1 - i];
     if constexpr (has_fft_path<Tap>) {
-        if (T >= 32 && real_fft<Tap>() != nullptr && fft_len_for(T) > 0) {
+        if (fft_len_for(T) > 0) {
             if (attach_fft<Tap>(s, h) != vekStsOk) {
                 free_state(s);
                 return vekStsMemAllocErr;
@@ -236,13 +231,28 @@ void run_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
     s->index = 0;
 }
 
-// One output of the overlap-save path, by the rule of the data type.
-template <class Dat>
-inline Dat fft_out(double v, double scale) {
-    if constexpr (std::is_floating_point_v<Dat>)
-        return static_cast<Dat>(v);
-    else
-        return num::round_away_saturate<Dat>(v * scale);
+// Outputs of the overlap-save path from the transform's type: floating-point data take the
+// value rounded once to their type; integer data (real or complex) are scaled by 2^-scaleFactor,
+// saturated and rounded half away from zero, as the direct kernel does.
+template <class Tap, class Dat>
+VekStatus store(const Tap* w, Dat* d, int n, double scale) {
+    if constexpr (std::is_same_v<Tap, Dat>) {
+        return Fft<Tap>::copy(w, d, n);
+    } else if constexpr (std::is_same_v<Dat, Vek32f>) {
+        return veksConvert_64f32f(w, d, n);
+    } else if constexpr (std::is_same_v<Dat, Vek32fc>) {
+        return veksConvert_64f32f(&w->re, &d->re, 2 * n);
+    } else if constexpr (std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek64f>) {
+        for (int i = 0; i < n; ++i) d[i] = num::round_away_saturate<Dat>(w[i] * scale);
+        return vekStsOk;
+    } else {
+        using B = decltype(d->re);
+        for (int i = 0; i < n; ++i) {
+            d[i].re = num::round_away_saturate<B>(w[i].re * scale);
+            d[i].im = num::round_away_saturate<B>(w[i].im * scale);
+        }
+        return vekStsOk;
+    }
 }
 
 // Stores the last T inputs, oldest first, at buf[0 .. T-1] (older history kept when n < T).
@@ -259,14 +269,17 @@ void keep_last(FirState* s, const Dat* src, int n) {
     s->index = 0;
 }
 
-// Overlap-save: blocks of fftLen inputs (the M = T-1 history samples first) each give
-// L = fftLen - M outputs, the last L values of the circular convolution with the taps.
+// Overlap-save: block b covers the extended input (the M = T-1 history samples, then the
+// source, then zeros) from b*L to b*L + fftLen - 1 and gives outputs b*L .. b*L + L - 1, the
+// last L values of its circular convolution with the taps (L = fftLen - M). The work block and
+// the transform's work buffer are taken before anything is written and released on every path.
 template <class Tap, class Dat>
 VekStatus fft_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
-    const RealFft<Tap>* ops = static_cast<const RealFft<Tap>*>(s->fftOps);
+    using F = Fft<Tap>;
+    const auto* fft = static_cast<const typename F::Spec*>(s->fftSpec);
     const int len = s->fftLen, M = s->tapsLen - 1, L = len - M;
     int size = 0;
-    VekStatus st = ops->buf_size(s->fftSpec, &size);
+    VekStatus st = F::buf_size(fft, &size);
     if (st < vekStsOk) return st;
     Tap* work = alloc_elems<Tap>(len);
     Vek8u* buf = size > 0 ? veksMalloc_8u(size) : nullptr;
@@ -276,21 +289,30 @@ VekStatus fft_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
         return vekStsMemAllocErr;
     }
     const Dat* hist = static_cast<const Dat*>(s->dly) + s->index + 1;
+    const Tap* taps = static_cast<const Tap*>(s->spectrum);
     const double scale = num::pow2_neg(param);
-    const Tap* spec = static_cast<const Tap*>(s->spectrum);
-    for (int j0 = 0; j0 < n && st >= vekStsOk; j0 += L) {
-        // work[i] = extended input at j0 + i: history below M, then the source, then zeros.
-        for (int i = 0; i < len; ++i) {
-            const int64_t e = int64_t{j0} + i;
-            work[i] = e < M       ? static_cast<Tap>(hist[e])
-                      : e - M < n ? static_cast<Tap>(src[e - M])
-                                  : Tap{0};
-        }
-        if ((st = ops->fwd(work, work, s->fftSpec, buf)) < vekStsOk) break;
-        if ((st = ops->mul(work, spec, work, len)) < vekStsOk) break;
-        if ((st = ops->inv(work, work, s->fftSpec, buf)) < vekStsOk) break;
+    for (int j0 = 0; j0 < n; j0 += L) {
         const int count = L < n - j0 ? L : n - j0;
-        for (int i = 0; i < count; ++i) dst[j0 + i] = fft_out<Dat>(work[M + i], scale);
+        bool from_source = false;
+        if constexpr (std::is_same_v<Tap, Dat>) {
+            // A block entirely inside the source is transformed from there.
+            from_source = j0 >= M && int64_t{j0} - M + len <= n;
+            if (from_source) st = F::fwd(src + (j0 - M), work, fft, buf);
+        }
+        if (!from_source) {
+            const int from_hist = j0 < M ? (M - j0 < len ? M - j0 : len) : 0;
+            const int first = j0 + from_hist - M; // first source index in the block
+            const int from_src = n - first < len - from_hist ? n - first : len - from_hist;
+            if (from_hist > 0) st = load(hist + j0, work, from_hist);
+            if (st >= vekStsOk && from_src > 0) st = load(src + first, work + from_hist, from_src);
+            const int filled = from_hist + (from_src > 0 ? from_src : 0);
+            if (st >= vekStsOk && filled < len) st = F::zero(work + filled, len - filled);
+            if (st >= vekStsOk) st = F::fwd(work, work, fft, buf);
+        }
+        if (st >= vekStsOk) st = F::mul(taps, work, len);
+        if (st >= vekStsOk) st = F::inv(work, work, fft, buf);
+        if (st >= vekStsOk) st = store<Tap, Dat>(work + M, dst + j0, count, scale);
+        if (st < vekStsOk) break;
     }
     veksFree(work);
     veksFree(buf);

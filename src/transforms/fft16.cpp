@@ -1,16 +1,18 @@
-// 16-bit FFT kinds (complex interleaved, complex split arrays, real): the data are widened to
-// single precision in the work buffer, transformed there and converted back with the caller's
-// scale factor, rounded to nearest (ties to even) and saturated.
+// 16-bit FFT kinds (complex interleaved, complex split arrays, real): the data are converted to
+// single precision in the work buffer (veksConvert_16s32f), transformed there and converted back
+// with veksConvert_32f16s_Sfs, rounded to nearest (ties to even) and saturated.
 //
 // Compact plan (hint 0 up to order 8, hint 1 up to order 10): the object holds the tables and
-// the normalisation as shift counts, applied exactly in the conversion back. Long plan: an inner
-// single-precision object of the same order and flag does the transform and its scaling.
-#include <cmath>
+// the normalisation as shift counts, which join the caller's scale factor in the conversion back
+// (an odd order with flag 4 also multiplies by 1/sqrt(2) first, with veksMulC_32f_I). Long plan:
+// an inner single-precision object of the same order and flag does the transform and its
+// scaling, and the conversion back takes the caller's scale factor alone.
+#include <cstdint>
 
 #include "core/fpenv.hpp"
 #include "core/frame.hpp"
-#include "kernels/numeric.hpp"
 #include "transforms/fft_run.hpp"
+#include "veks_arith.h"
 #include "veks_transforms.h"
 
 using namespace veks;
@@ -18,23 +20,20 @@ using namespace veks::fft;
 
 namespace {
 
-// x * 2^-shift (times 1/sqrt(2) when asked), rounded to nearest even and saturated. The caller
-// holds a RoundNearestScope.
-struct ToInt16 {
-    double factor;
-    ToInt16(int64_t shift, bool half_sqrt2) {
-        const int s = shift > 2000 ? 2000 : shift < -2000 ? -2000 : static_cast<int>(shift);
-        factor = std::ldexp(half_sqrt2 ? 0.70710678118654752440 : 1.0, -s);
-    }
-    Vek16s operator()(float x) const {
-        return num::round_even_saturate<Vek16s>(static_cast<double>(x) * factor);
-    }
-};
+constexpr int kRoundNearest = 1; // roundMode of veksConvert_32f16s_Sfs
 
-ToInt16 output_rule(const Spec* s, bool inverse, int scaleFactor) {
-    if (s->inner != nullptr) return ToInt16(scaleFactor, false);
-    return ToInt16(int64_t{inverse ? s->inv_shift : s->fwd_shift} + scaleFactor,
-                   s->half_sqrt2 != 0);
+// The scale factor of the conversion back: the caller's, plus the normalisation shift of the
+// compact plan (held within -2^20 .. 2^20, where every result is already 0 or saturated).
+int output_scale(const Spec* s, bool inverse, int scaleFactor) {
+    int64_t sf = scaleFactor;
+    if (s->inner == nullptr) sf += inverse ? s->inv_shift : s->fwd_shift;
+    return static_cast<int>(sf < -(1 << 20) ? -(1 << 20) : sf > (1 << 20) ? (1 << 20) : sf);
+}
+
+// The compact plan's extra 1/sqrt(2) of flag 4 at an odd order.
+VekStatus half_sqrt2(const Spec* s, float* z, int len) {
+    if (s->inner != nullptr || s->half_sqrt2 == 0) return vekStsOk;
+    return veksMulC_32f_I(0.70710678118654752440f, z, len);
 }
 
 const Spec* float_plan(const Spec* s) { return s->inner != nullptr ? s->inner : s; }
@@ -44,36 +43,62 @@ VekStatus checked(const void* pSpec, int kind) {
     return kind_is(pSpec, kind);
 }
 
-// Complex: re[i * stride], im[i * stride] for the interleaved form (stride 2), or two arrays.
-VekStatus complex16(const Spec* s, const Vek16s* re, const Vek16s* im, int stride, Vek16s* dre,
-                    Vek16s* dim, int scaleFactor, void* pBuffer, bool inverse) {
-    RoundNearestScope nearest;
-    const ToInt16 out = output_rule(s, inverse, scaleFactor);
-    const size_t n = size_t{1} << s->order;
-    if (s->order == 0) {
-        const Vek16s r = re[0], i = im[0];
-        const ToInt16 single(scaleFactor, false);
-        dre[0] = single(r);
-        dim[0] = single(i);
-        return vekStsOk;
-    }
-    WorkBuffer work(s, pBuffer, true);
-    if (work.failed()) return vekStsMemAllocErr;
-    float* z = reinterpret_cast<float*>(work.get());
-    for (size_t k = 0; k < n; ++k) {
-        z[2 * k] = re[k * stride];
-        z[2 * k + 1] = im[k * stride];
-    }
-    run_complex(float_plan(s), z, z, inverse);
-    for (size_t k = 0; k < n; ++k) {
-        dre[k * stride] = out(z[2 * k]);
-        dim[k * stride] = out(z[2 * k + 1]);
+// Split arrays pass through the interleaved buffer in pieces of this many points.
+constexpr int kPiece = 256;
+
+// Complex input into the interleaved single-precision buffer z: one conversion of the pairs, or
+// for split arrays each piece of both arrays converted and interleaved.
+VekStatus complex_in(const Vek16s* re, const Vek16s* im, bool split, float* z, int n) {
+    if (!split) return veksConvert_16s32f(re, z, 2 * n);
+    float pre[kPiece], pim[kPiece];
+    for (int k = 0; k < n; k += kPiece) {
+        const int m = n - k < kPiece ? n - k : kPiece;
+        VekStatus st = veksConvert_16s32f(re + k, pre, m);
+        if (st == vekStsOk) st = veksConvert_16s32f(im + k, pim, m);
+        if (st == vekStsOk) st = veksRealToCplx_32f(pre, pim, reinterpret_cast<Vek32fc*>(z) + k, m);
+        if (st != vekStsOk) return st;
     }
     return vekStsOk;
 }
 
-size_t packed_length(int order, Layout layout) {
-    const size_t n = size_t{1} << order;
+// The transformed buffer back to 16 bits with scale factor sf.
+VekStatus complex_out(const float* z, bool split, Vek16s* re, Vek16s* im, int n, int sf) {
+    if (!split) return veksConvert_32f16s_Sfs(z, re, 2 * n, kRoundNearest, sf);
+    float pre[kPiece], pim[kPiece];
+    for (int k = 0; k < n; k += kPiece) {
+        const int m = n - k < kPiece ? n - k : kPiece;
+        VekStatus st = veksCplxToReal_32fc(reinterpret_cast<const Vek32fc*>(z) + k, pre, pim, m);
+        if (st == vekStsOk) st = veksConvert_32f16s_Sfs(pre, re + k, m, kRoundNearest, sf);
+        if (st == vekStsOk) st = veksConvert_32f16s_Sfs(pim, im + k, m, kRoundNearest, sf);
+        if (st != vekStsOk) return st;
+    }
+    return vekStsOk;
+}
+
+// Complex: interleaved pairs (re points at the first real part, im unused) or two arrays. The
+// input is read in full before anything is written, so the source may be the destination.
+VekStatus complex16(const Spec* s, const Vek16s* re, const Vek16s* im, bool split, Vek16s* dre,
+                    Vek16s* dim, int scaleFactor, void* pBuffer, bool inverse) {
+    // The transform rounds to nearest whatever the caller's mode.
+    RoundNearestScope nearest;
+    const int n = 1 << s->order;
+    if (s->order == 0) {
+        // The single point, with the scale factor only.
+        float z[2];
+        VEK_CHECK(complex_in(re, im, split, z, 1));
+        return complex_out(z, split, dre, dim, 1, scaleFactor);
+    }
+    WorkBuffer work(s, pBuffer, true);
+    if (work.failed()) return vekStsMemAllocErr;
+    float* z = reinterpret_cast<float*>(work.get());
+    VEK_CHECK(complex_in(re, im, split, z, n));
+    run_complex(float_plan(s), z, z, inverse);
+    VEK_CHECK(half_sqrt2(s, z, 2 * n));
+    return complex_out(z, split, dre, dim, n, output_scale(s, inverse, scaleFactor));
+}
+
+int packed_length(int order, Layout layout) {
+    const int n = 1 << order;
     if (layout != Layout::ccs) return n;
     return n == 1 ? 2 : n + 2;
 }
@@ -81,27 +106,28 @@ size_t packed_length(int order, Layout layout) {
 VekStatus real16(const Spec* s, const Vek16s* pSrc, Vek16s* pDst, int scaleFactor, void* pBuffer,
                  Layout layout, bool inverse) {
     RoundNearestScope nearest;
-    const ToInt16 out = output_rule(s, inverse, scaleFactor);
-    const size_t n = size_t{1} << s->order;
+    const int n = 1 << s->order;
     if (s->order == 0) {
-        const ToInt16 single(scaleFactor, false);
-        const Vek16s v = pSrc[0];
-        pDst[0] = single(v);
+        // The single point, with the scale factor only; CCS adds its zero imaginary part.
+        float z;
+        VEK_CHECK(veksConvert_16s32f(pSrc, &z, 1));
+        VEK_CHECK(veksConvert_32f16s_Sfs(&z, pDst, 1, kRoundNearest, scaleFactor));
         if (!inverse && layout == Layout::ccs) pDst[1] = 0;
         return vekStsOk;
     }
     WorkBuffer work(s, pBuffer, true);
     if (work.failed()) return vekStsMemAllocErr;
     float* z = reinterpret_cast<float*>(work.get());
-    const size_t in_len = inverse ? packed_length(s->order, layout) : n;
-    const size_t out_len = inverse ? n : packed_length(s->order, layout);
-    for (size_t k = 0; k < in_len; ++k) z[k] = pSrc[k];
+    const int in_len = inverse ? packed_length(s->order, layout) : n;
+    const int out_len = inverse ? n : packed_length(s->order, layout);
+    VEK_CHECK(veksConvert_16s32f(pSrc, z, in_len));
     if (inverse)
         run_real_inv(float_plan(s), z, z, layout);
     else
         run_real_fwd(float_plan(s), z, z, layout);
-    for (size_t k = 0; k < out_len; ++k) pDst[k] = out(z[k]);
-    return vekStsOk;
+    VEK_CHECK(half_sqrt2(s, z, out_len));
+    return veksConvert_32f16s_Sfs(z, pDst, out_len, kRoundNearest,
+                                  output_scale(s, inverse, scaleFactor));
 }
 
 } // namespace
@@ -129,16 +155,16 @@ VEK_FFT16_OBJECT(R_16s, kR16s)
                                                       int scaleFactor, Vek8u* pBuffer) {           \
         VEK_CHECK(checked(pSpec, kC16sc));                                                         \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
-        return complex16(reinterpret_cast<const Spec*>(pSpec), &pSrc->re, &pSrc->im, 2, &pDst->re, \
-                         &pDst->im, scaleFactor, pBuffer, inverse);                                \
+        return complex16(reinterpret_cast<const Spec*>(pSpec), &pSrc->re, nullptr, false,          \
+                         &pDst->re, nullptr, scaleFactor, pBuffer, inverse);                       \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFT##Dir##_CToC_16s_Sfs(                                              \
         const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16s* pDstRe, Vek16s* pDstIm,                \
         const VeksFFTSpec_C_16s* pSpec, int scaleFactor, Vek8u* pBuffer) {                         \
         VEK_CHECK(checked(pSpec, kC16s));                                                          \
         VEK_CHECK(non_null(pSrcRe, pSrcIm, pDstRe, pDstIm));                                       \
-        return complex16(reinterpret_cast<const Spec*>(pSpec), pSrcRe, pSrcIm, 1, pDstRe, pDstIm,  \
-                         scaleFactor, pBuffer, inverse);                                           \
+        return complex16(reinterpret_cast<const Spec*>(pSpec), pSrcRe, pSrcIm, true, pDstRe,       \
+                         pDstIm, scaleFactor, pBuffer, inverse);                                   \
     }
 
 VEK_FFT16_COMPLEX(Fwd, false)
