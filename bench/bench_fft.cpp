@@ -31,83 +31,83 @@ int order_of(int64_t n) { return static_cast<int>(std::lround(std::log2(double(n
 template <bool Inverse, bool InPlace>
 void c32_veks(benchmark::State& state) {
     const int64_t n = state.range(0);
-    VeksFFTSpec_C_32fc* spec = nullptr;
-    veksFFTInitAlloc_C_32fc(&spec, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksFFTSpec_C_32fc* plan = nullptr;
+    veksFFTInitAlloc_C_32fc(&plan, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksFFTGetBufSize_C_32fc(spec, &size);
+    veksFFTGetBufSize_C_32fc(plan, &size);
     vb::Aligned<Vek32fc> a(n), b(n);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     Vek32fc* dst = InPlace ? a.data() : b.data();
     for (auto _ : state) {
         if (Inverse)
-            veksFFTInv_CToC_32fc(a.data(), dst, spec, buf.data());
+            veksFFTInv_CToC_32fc(a.data(), dst, plan, buf.data());
         else
-            veksFFTFwd_CToC_32fc(a.data(), dst, spec, buf.data());
+            veksFFTFwd_CToC_32fc(a.data(), dst, plan, buf.data());
         benchmark::ClobberMemory();
     }
     finish(state, n, false, 2 * sizeof(Vek32fc));
-    veksFFTFree_C_32fc(spec);
+    veksFFTFree_C_32fc(plan);
 }
 
 template <bool Inverse>
 void c64_veks(benchmark::State& state) {
     const int64_t n = state.range(0);
-    VeksFFTSpec_C_64fc* spec = nullptr;
-    veksFFTInitAlloc_C_64fc(&spec, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksFFTSpec_C_64fc* plan = nullptr;
+    veksFFTInitAlloc_C_64fc(&plan, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksFFTGetBufSize_C_64fc(spec, &size);
+    veksFFTGetBufSize_C_64fc(plan, &size);
     vb::Aligned<Vek64fc> a(n), b(n);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     for (auto _ : state) {
         if (Inverse)
-            veksFFTInv_CToC_64fc(a.data(), b.data(), spec, buf.data());
+            veksFFTInv_CToC_64fc(a.data(), b.data(), plan, buf.data());
         else
-            veksFFTFwd_CToC_64fc(a.data(), b.data(), spec, buf.data());
+            veksFFTFwd_CToC_64fc(a.data(), b.data(), plan, buf.data());
         benchmark::ClobberMemory();
     }
     finish(state, n, false, 2 * sizeof(Vek64fc));
-    veksFFTFree_C_64fc(spec);
+    veksFFTFree_C_64fc(plan);
 }
 
 template <bool Inverse, bool InPlace>
 void r32_veks(benchmark::State& state) {
     const int64_t n = state.range(0);
-    VeksFFTSpec_R_32f* spec = nullptr;
-    veksFFTInitAlloc_R_32f(&spec, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksFFTSpec_R_32f* plan = nullptr;
+    veksFFTInitAlloc_R_32f(&plan, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksFFTGetBufSize_R_32f(spec, &size);
+    veksFFTGetBufSize_R_32f(plan, &size);
     vb::Aligned<float> a(n + 2), b(n + 2);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     float* dst = InPlace ? a.data() : b.data();
     for (auto _ : state) {
         if (Inverse)
-            veksFFTInv_PackToR_32f(a.data(), dst, spec, buf.data());
+            veksFFTInv_PackToR_32f(a.data(), dst, plan, buf.data());
         else
-            veksFFTFwd_RToPack_32f(a.data(), dst, spec, buf.data());
+            veksFFTFwd_RToPack_32f(a.data(), dst, plan, buf.data());
         benchmark::ClobberMemory();
     }
     finish(state, n, true, 2 * sizeof(float));
-    veksFFTFree_R_32f(spec);
+    veksFFTFree_R_32f(plan);
 }
 
 template <bool Inverse>
 void r64_veks(benchmark::State& state) {
     const int64_t n = state.range(0);
-    VeksFFTSpec_R_64f* spec = nullptr;
-    veksFFTInitAlloc_R_64f(&spec, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksFFTSpec_R_64f* plan = nullptr;
+    veksFFTInitAlloc_R_64f(&plan, order_of(n), VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksFFTGetBufSize_R_64f(spec, &size);
+    veksFFTGetBufSize_R_64f(plan, &size);
     vb::Aligned<double> a(n + 2), b(n + 2);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     for (auto _ : state) {
         if (Inverse)
-            veksFFTInv_PackToR_64f(a.data(), b.data(), spec, buf.data());
+            veksFFTInv_PackToR_64f(a.data(), b.data(), plan, buf.data());
         else
-            veksFFTFwd_RToPack_64f(a.data(), b.data(), spec, buf.data());
+            veksFFTFwd_RToPack_64f(a.data(), b.data(), plan, buf.data());
         benchmark::ClobberMemory();
     }
     finish(state, n, true, 2 * sizeof(double));
-    veksFFTFree_R_64f(spec);
+    veksFFTFree_R_64f(plan);
 }
 
 // ---- FFTW -----------------------------------------------------------------------------------

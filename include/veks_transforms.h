@@ -12,7 +12,7 @@ extern "C" {
 
 /* Power-of-two FFT of 2^order points, order 0 to 30. Forward: X[k] = s_f * sum_n x[n] *
    exp(-2 pi i nk/N); inverse: x[n] = s_i * sum_k X[k] * exp(+2 pi i nk/N), with the factors
-   chosen by the flag below. A specification object (one per type, layout, order, flag and hint)
+   chosen by the flag below. A transform object (one per type, layout, order, flag and hint)
    owns all tables and is read-only during transforms: one object may serve several threads at
    once, each call with its own work buffer. pBuffer may be null (the call then allocates what
    it needs); the transforms round a caller's buffer up to 16 bytes themselves.

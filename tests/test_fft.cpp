@@ -128,8 +128,8 @@ void complex_matches_reference(int max_order, int max_all_levels) {
     vt::Rng rng(11);
     for (int order = 0; order <= max_order; ++order) {
         const int n = 1 << order;
-        typename A::SpecC* spec = nullptr;
-        ASSERT_EQ(A::initC(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        typename A::SpecC* plan = nullptr;
+        ASSERT_EQ(A::initC(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         const auto x = random_data<T>(rng, 2 * size_t(n));
         for (bool inverse : {false, true}) {
             const auto want = ref_dft(to_complex(x), inverse);
@@ -138,7 +138,7 @@ void complex_matches_reference(int max_order, int max_all_levels) {
                     vt::Buf<T> src(x, sizeof(T) * 2), dst(2 * n, sizeof(T) * 4);
                     C* s = reinterpret_cast<C*>(src.data());
                     C* d = in_place ? s : reinterpret_cast<C*>(dst.data());
-                    ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, spec, nullptr), vekStsOk);
+                    ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, plan, nullptr), vekStsOk);
                     const auto got = in_place ? src.vec() : dst.vec();
                     EXPECT_LE(rel_rms(got, want), bound<T>(order))
                         << "order " << order << " inverse " << inverse << " in place " << in_place;
@@ -153,25 +153,25 @@ void complex_matches_reference(int max_order, int max_all_levels) {
             else
                 body(0);
         }
-        ASSERT_EQ(A::freeC(spec), vekStsOk);
+        ASSERT_EQ(A::freeC(plan), vekStsOk);
     }
 }
 
 TEST(FftComplex, C32fcMatchesReference) { complex_matches_reference<float>(16, 13); }
 TEST(FftComplex, C64fcMatchesReference) { complex_matches_reference<double>(15, 12); }
 
-template <class T, class Spec>
-void split_case(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm), VekStatus (*rel)(Spec*),
-                VekStatus (*bufsize)(const Spec*, int*),
-                VekStatus (*fwd)(const T*, const T*, T*, T*, const Spec*, Vek8u*),
-                VekStatus (*inv)(const T*, const T*, T*, T*, const Spec*, Vek8u*)) {
+template <class T, class Plan>
+void split_case(VekStatus (*init)(Plan**, int, int, VekHintAlgorithm), VekStatus (*rel)(Plan*),
+                VekStatus (*bufsize)(const Plan*, int*),
+                VekStatus (*fwd)(const T*, const T*, T*, T*, const Plan*, Vek8u*),
+                VekStatus (*inv)(const T*, const T*, T*, T*, const Plan*, Vek8u*)) {
     vt::Rng rng(12);
     for (int order : {0, 1, 2, 3, 4, 5, 7, 10, 11, 13}) {
         const int n = 1 << order;
-        Spec* spec = nullptr;
-        ASSERT_EQ(init(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
+        Plan* plan = nullptr;
+        ASSERT_EQ(init(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
         int size = -1;
-        ASSERT_EQ(bufsize(spec, &size), vekStsOk);
+        ASSERT_EQ(bufsize(plan, &size), vekStsOk);
         const auto re = random_data<T>(rng, n), im = random_data<T>(rng, n);
         std::vector<cld> in(n);
         for (int i = 0; i < n; ++i) in[i] = cld(re[i], im[i]);
@@ -183,7 +183,7 @@ void split_case(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm), VekStatus
                 vt::Buf<T> sr(re, sizeof(T) * 2), si(im, sizeof(T) * 6), dr(n, sizeof(T) * 2),
                     di(n, sizeof(T) * 4);
                 std::vector<Vek8u> buf(size_t(size) + 1);
-                ASSERT_EQ((inverse ? inv : fwd)(sr.data(), si.data(), dr.data(), di.data(), spec,
+                ASSERT_EQ((inverse ? inv : fwd)(sr.data(), si.data(), dr.data(), di.data(), plan,
                                                 own_buffer ? buf.data() + 1 : nullptr),
                           vekStsOk);
                 std::vector<T> got(2 * size_t(n));
@@ -195,7 +195,7 @@ void split_case(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm), VekStatus
                 ASSERT_TRUE(dr.guards_intact() && di.guards_intact());
             }
         }
-        ASSERT_EQ(rel(spec), vekStsOk);
+        ASSERT_EQ(rel(plan), vekStsOk);
     }
 }
 
@@ -241,8 +241,8 @@ void real_matches_reference(int max_order, int max_all_levels) {
     vt::Rng rng(13);
     for (int order = 0; order <= max_order; ++order) {
         const int n = 1 << order;
-        typename A::SpecR* spec = nullptr;
-        ASSERT_EQ(A::initR(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        typename A::SpecR* plan = nullptr;
+        ASSERT_EQ(A::initR(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         const auto x = random_data<T>(rng, n);
         std::vector<cld> xc(n);
         for (int i = 0; i < n; ++i) xc[i] = cld(x[i], 0);
@@ -255,7 +255,7 @@ void real_matches_reference(int max_order, int max_all_levels) {
                     for (int i = 0; i < n; ++i) src[i] = x[i];
                     T* d = in_place ? src.data() : dst.data();
                     auto fwd = layout == 0 ? A::fwdPack : layout == 1 ? A::fwdPerm : A::fwdCcs;
-                    ASSERT_EQ(fwd(src.data(), d, spec, nullptr), vekStsOk);
+                    ASSERT_EQ(fwd(src.data(), d, plan, nullptr), vekStsOk);
                     const auto packed = in_place ? src.vec() : dst.vec();
                     if (layout == 2) {
                         EXPECT_EQ(packed[1], T(0));
@@ -270,7 +270,7 @@ void real_matches_reference(int max_order, int max_all_levels) {
                     vt::Buf<T> back(plen, sizeof(T) * 6);
                     T* b = in_place ? d : back.data();
                     auto inv = layout == 0 ? A::invPack : layout == 1 ? A::invPerm : A::invCcs;
-                    ASSERT_EQ(inv(d, b, spec, nullptr), vekStsOk);
+                    ASSERT_EQ(inv(d, b, plan, nullptr), vekStsOk);
                     std::vector<T> got(2 * size_t(n));
                     std::vector<cld> nx(n);
                     for (int i = 0; i < n; ++i) {
@@ -286,7 +286,7 @@ void real_matches_reference(int max_order, int max_all_levels) {
             vt::for_each_level(body);
         else
             body(0);
-        ASSERT_EQ(A::freeR(spec), vekStsOk);
+        ASSERT_EQ(A::freeR(plan), vekStsOk);
     }
 }
 
@@ -294,13 +294,13 @@ TEST(FftReal, R32fMatchesReference) { real_matches_reference<float>(16, 13); }
 TEST(FftReal, R64fMatchesReference) { real_matches_reference<double>(15, 12); }
 
 TEST(FftReal, ConstantSpectrumInCcs) {
-    VeksFFTSpec_R_32f* spec = nullptr;
-    ASSERT_EQ(veksFFTInitAlloc_R_32f(&spec, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    VeksFFTSpec_R_32f* plan = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_R_32f(&plan, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
     std::vector<float> x(16, 1.0f), y(18, 7.0f);
-    ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), y.data(), spec, nullptr), vekStsOk);
+    ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), y.data(), plan, nullptr), vekStsOk);
     EXPECT_EQ(y[0], 16.0f);
     for (int i = 1; i < 18; ++i) EXPECT_EQ(y[i], 0.0f) << i;
-    veksFFTFree_R_32f(spec);
+    veksFFTFree_R_32f(plan);
 }
 
 // Forward then inverse returns the input for flags 1, 2 and 4 and N times it for flag 8, at
@@ -347,12 +347,12 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
     vt::Rng rng(15);
     for (int order : {11, 14, 17, 19}) {
         const int n = 1 << order;
-        VeksFFTSpec_C_32fc* spec = nullptr;
-        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        VeksFFTSpec_C_32fc* plan = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         auto fft = [&](const std::vector<float>& in) {
             std::vector<float> out(in.size());
             EXPECT_EQ(veksFFTFwd_CToC_32fc(reinterpret_cast<const Vek32fc*>(in.data()),
-                                           reinterpret_cast<Vek32fc*>(out.data()), spec, nullptr),
+                                           reinterpret_cast<Vek32fc*>(out.data()), plan, nullptr),
                       vekStsOk);
             return out;
         };
@@ -388,7 +388,7 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
         std::vector<cld> want(n);
         for (int k = 0; k < n; ++k) want[k] = cld(fa[2 * k], fa[2 * k + 1]) * ramp[k];
         EXPECT_LE(rel_rms(fsh, want), 4 * bound<float>(order)) << "shift " << order;
-        veksFFTFree_C_32fc(spec);
+        veksFFTFree_C_32fc(plan);
     }
 }
 
@@ -396,49 +396,49 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
 TEST(FftSelfCheck, SharedObjectAcrossThreads) {
     for (int order : {10, 16}) {
         const int n = 1 << order;
-        VeksFFTSpec_R_32f* spec = nullptr;
-        ASSERT_EQ(veksFFTInitAlloc_R_32f(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
+        VeksFFTSpec_R_32f* plan = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_R_32f(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
                   vekStsOk);
         int size = 0;
-        ASSERT_EQ(veksFFTGetBufSize_R_32f(spec, &size), vekStsOk);
+        ASSERT_EQ(veksFFTGetBufSize_R_32f(plan, &size), vekStsOk);
         vt::Rng rng(16);
         std::vector<std::vector<float>> in(2), want(2), got(2, std::vector<float>(n));
         for (int t = 0; t < 2; ++t) {
             in[t] = random_data<float>(rng, n);
             want[t].resize(n);
-            ASSERT_EQ(veksFFTFwd_RToPack_32f(in[t].data(), want[t].data(), spec, nullptr),
+            ASSERT_EQ(veksFFTFwd_RToPack_32f(in[t].data(), want[t].data(), plan, nullptr),
                       vekStsOk);
         }
         auto work = [&](int t) {
             std::vector<Vek8u> buf(size_t(size) + 1);
             for (int rep = 0; rep < 20; ++rep)
-                veksFFTFwd_RToPack_32f(in[t].data(), got[t].data(), spec, buf.data());
+                veksFFTFwd_RToPack_32f(in[t].data(), got[t].data(), plan, buf.data());
         };
         std::thread t0(work, 0), t1(work, 1);
         t0.join();
         t1.join();
         for (int t = 0; t < 2; ++t) EXPECT_TRUE(vt::bits_equal(got[t], want[t]));
-        veksFFTFree_R_32f(spec);
+        veksFFTFree_R_32f(plan);
     }
 }
 
 // ---- objects and statuses -------------------------------------------------------------------
 
 TEST(FftObjects, InitAllocChecksInOrder) {
-    VeksFFTSpec_C_32fc* spec = reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234);
+    VeksFFTSpec_C_32fc* plan = reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234);
     EXPECT_EQ(veksFFTInitAlloc_C_32fc(nullptr, 31, 3, vekAlgHintNone), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, -1, 3, vekAlgHintNone), vekStsFftOrderErr);
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, -1, 3, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
     for (int flag : {0, 3, 5, 16, -1})
-        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 5, flag, vekAlgHintNone), vekStsFftFlagErr);
-    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
+        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 5, flag, vekAlgHintNone), vekStsFftFlagErr);
+    EXPECT_EQ(plan, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
     VeksFFTSpec_R_64f* rspec = reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234);
     EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 31, 2, vekAlgHintNone), vekStsFftOrderErr);
     EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 3, 0, vekAlgHintNone), vekStsFftFlagErr);
     // Order 30 tables do not fit the allocator: refused with an allocation error.
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&spec, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
+    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
     EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
-    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
+    EXPECT_EQ(plan, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
     EXPECT_EQ(rspec, reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234));
 }
 
@@ -560,15 +560,15 @@ TEST(FftObjects, ContextMismatch) {
 }
 
 TEST(FftObjects, NullPointersAndCheckOrder) {
-    VeksFFTSpec_C_32fc* spec = nullptr;
-    ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, 6, 1, vekAlgHintNone), vekStsOk);
+    VeksFFTSpec_C_32fc* plan = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_C_32fc(&plan, 6, 1, vekAlgHintNone), vekStsOk);
     std::vector<Vek32fc> x(64, Vek32fc{1, 2}), y(64, Vek32fc{3, 4});
     const auto y0 = y;
     int size = 0;
     EXPECT_EQ(veksFFTFwd_CToC_32fc(x.data(), y.data(), nullptr, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, y.data(), spec, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInv_CToC_32fc(x.data(), nullptr, spec, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTGetBufSize_C_32fc(spec, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, y.data(), plan, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTInv_CToC_32fc(x.data(), nullptr, plan, nullptr), vekStsNullPointerErr);
+    EXPECT_EQ(veksFFTGetBufSize_C_32fc(plan, nullptr), vekStsNullPointerErr);
     EXPECT_EQ(veksFFTGetBufSize_C_32fc(nullptr, &size), vekStsNullPointerErr);
     EXPECT_EQ(veksFFTFree_C_32fc(nullptr), vekStsNullPointerErr);
     // The object is checked before the data pointers.
@@ -586,19 +586,19 @@ TEST(FftObjects, NullPointersAndCheckOrder) {
     EXPECT_EQ(veksFFTFwd_RToPack_32f(nullptr, rx.data(), r, nullptr), vekStsNullPointerErr);
     EXPECT_EQ(veksFFTInv_CCSToR_32f(rx.data(), nullptr, r, nullptr), vekStsNullPointerErr);
     EXPECT_EQ(veksFFTFree_R_32f(r), vekStsOk);
-    EXPECT_EQ(veksFFTFree_C_32fc(spec), vekStsOk);
+    EXPECT_EQ(veksFFTFree_C_32fc(plan), vekStsOk);
 }
 
 TEST(FftObjects, OrderZeroScalesTheSinglePoint) {
     for (int flag : {1, 2, 4, 8}) {
-        VeksFFTSpec_C_32fc* spec = nullptr;
-        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&spec, 0, flag, vekAlgHintNone), vekStsOk);
+        VeksFFTSpec_C_32fc* plan = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_C_32fc(&plan, 0, flag, vekAlgHintNone), vekStsOk);
         const Vek32fc x{1.5f, -2.25f};
         Vek32fc y{0, 0};
-        ASSERT_EQ(veksFFTFwd_CToC_32fc(&x, &y, spec, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTFwd_CToC_32fc(&x, &y, plan, nullptr), vekStsOk);
         EXPECT_EQ(y.re, 1.5f);
         EXPECT_EQ(y.im, -2.25f);
-        veksFFTFree_C_32fc(spec);
+        veksFFTFree_C_32fc(plan);
     }
 }
 

@@ -64,8 +64,8 @@ TEST(Fft16, ComplexBothPlansAndLayouts) {
         for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
             for (int flag : {1, 2, 4, 8})
                 for (int sf : {-2, 0, 3}) {
-                    VeksFFTSpec_C_16sc* spec = nullptr;
-                    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, order, flag, hint), vekStsOk);
+                    VeksFFTSpec_C_16sc* plan = nullptr;
+                    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, order, flag, hint), vekStsOk);
                     VeksFFTSpec_C_16s* split = nullptr;
                     ASSERT_EQ(veksFFTInitAlloc_C_16s(&split, order, flag, hint), vekStsOk);
                     for (bool inverse : {false, true}) {
@@ -81,17 +81,17 @@ TEST(Fft16, ComplexBothPlansAndLayouts) {
                         auto* s = reinterpret_cast<Vek16sc*>(src.data());
                         auto* d = reinterpret_cast<Vek16sc*>(dst.data());
                         ASSERT_EQ((inverse ? veksFFTInv_CToC_16sc_Sfs
-                                           : veksFFTFwd_CToC_16sc_Sfs)(s, d, spec, sf, nullptr),
+                                           : veksFFTFwd_CToC_16sc_Sfs)(s, d, plan, sf, nullptr),
                                   vekStsOk);
                         ASSERT_TRUE(near16(dst.vec(), want))
                             << "order " << order << " flag " << flag << " sf " << sf;
                         ASSERT_TRUE(dst.guards_intact());
                         // In place, with a caller's buffer.
                         int size = 0;
-                        ASSERT_EQ(veksFFTGetBufSize_C_16sc(spec, &size), vekStsOk);
+                        ASSERT_EQ(veksFFTGetBufSize_C_16sc(plan, &size), vekStsOk);
                         std::vector<Vek8u> buf(size_t(size) + 1);
                         ASSERT_EQ((inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
-                                      s, s, spec, sf, buf.data() + 1),
+                                      s, s, plan, sf, buf.data() + 1),
                                   vekStsOk);
                         ASSERT_TRUE(vt::bits_equal(src.vec(), dst.vec()));
                         // Split arrays give the interleaved results.
@@ -109,7 +109,7 @@ TEST(Fft16, ComplexBothPlansAndLayouts) {
                             ASSERT_EQ(oim[i], dst[2 * i + 1]);
                         }
                     }
-                    ASSERT_EQ(veksFFTFree_C_16sc(spec), vekStsOk);
+                    ASSERT_EQ(veksFFTFree_C_16sc(plan), vekStsOk);
                     ASSERT_EQ(veksFFTFree_C_16s(split), vekStsOk);
                 }
     }
@@ -127,8 +127,8 @@ TEST(Fft16, RealLayoutsAgainstReference) {
         for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
             for (int flag : {1, 2, 4, 8}) {
                 const int sf = flag == 8 ? order / 2 : 0;
-                VeksFFTSpec_R_16s* spec = nullptr;
-                ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, order, flag, hint), vekStsOk);
+                VeksFFTSpec_R_16s* plan = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_R_16s(&plan, order, flag, hint), vekStsOk);
                 const int shift = order == 0 ? sf : norm_shift(flag, order, false) + sf;
                 const bool h = order > 0 && flag == 4 && (order & 1);
                 auto q = [&](long double v) { return expect16(v, shift, h); };
@@ -158,7 +158,7 @@ TEST(Fft16, RealLayoutsAgainstReference) {
                              {veksFFTFwd_RToCCS_16s_Sfs, veksFFTInv_CCSToR_16s_Sfs, &ccs, 2}};
                 for (const auto& c : cases) {
                     vt::Buf<int16_t> src(x, 2), dst(int(c.want->size()), 4);
-                    ASSERT_EQ(c.fwd(src.data(), dst.data(), spec, sf, nullptr), vekStsOk);
+                    ASSERT_EQ(c.fwd(src.data(), dst.data(), plan, sf, nullptr), vekStsOk);
                     ASSERT_TRUE(near16(dst.vec(), *c.want))
                         << "order " << order << " flag " << flag << " hint " << hint;
                     ASSERT_TRUE(dst.guards_intact());
@@ -181,26 +181,26 @@ TEST(Fft16, RealLayoutsAgainstReference) {
                     std::vector<int16_t> want_back(n);
                     for (int i = 0; i < n; ++i) want_back[i] = expect16(back[i].real(), ishift, h);
                     vt::Buf<int16_t> out(n, 6);
-                    ASSERT_EQ(c.inv(dst.data(), out.data(), spec, 0, nullptr), vekStsOk);
+                    ASSERT_EQ(c.inv(dst.data(), out.data(), plan, 0, nullptr), vekStsOk);
                     ASSERT_TRUE(near16(out.vec(), want_back)) << "inverse order " << order;
                     ASSERT_TRUE(out.guards_intact());
                 }
-                ASSERT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+                ASSERT_EQ(veksFFTFree_R_16s(plan), vekStsOk);
             }
     }
 }
 
 TEST(Fft16, SaturatesAndBufferSizes) {
-    VeksFFTSpec_C_16sc* spec = nullptr;
-    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    VeksFFTSpec_C_16sc* plan = nullptr;
+    ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
     std::vector<Vek16sc> x(16, Vek16sc{30000, -30000}), y(16);
-    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), spec, 0, nullptr), vekStsOk);
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, 0, nullptr), vekStsOk);
     EXPECT_EQ(y[0].re, 32767);
     EXPECT_EQ(y[0].im, -32768);
     EXPECT_EQ(y[1].re, 0);
-    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), spec, 4, nullptr), vekStsOk);
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, 4, nullptr), vekStsOk);
     EXPECT_EQ(y[0].re, 30000);
-    veksFFTFree_C_16sc(spec);
+    veksFFTFree_C_16sc(plan);
 
     auto csize = [](int order, VekHintAlgorithm hint) {
         VeksFFTSpec_C_16sc* s = nullptr;
@@ -261,19 +261,19 @@ TEST(Fft16, StatusesAndContext) {
         }
     }
     EXPECT_TRUE(vt::bits_equal(b, b0));
-    VeksFFTSpec_R_16s* spec = reinterpret_cast<VeksFFTSpec_R_16s*>(0x10);
-    EXPECT_EQ(veksFFTInitAlloc_R_16s(&spec, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
-    EXPECT_EQ(veksFFTInitAlloc_R_16s(&spec, 4, 6, vekAlgHintNone), vekStsFftFlagErr);
-    EXPECT_EQ(spec, reinterpret_cast<VeksFFTSpec_R_16s*>(0x10));
-    ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, 4, 1, vekAlgHintNone), vekStsOk);
-    EXPECT_EQ(veksFFTFwd_RToPack_16s_Sfs(nullptr, b.data(), spec, 0, nullptr),
+    VeksFFTSpec_R_16s* plan = reinterpret_cast<VeksFFTSpec_R_16s*>(0x10);
+    EXPECT_EQ(veksFFTInitAlloc_R_16s(&plan, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
+    EXPECT_EQ(veksFFTInitAlloc_R_16s(&plan, 4, 6, vekAlgHintNone), vekStsFftFlagErr);
+    EXPECT_EQ(plan, reinterpret_cast<VeksFFTSpec_R_16s*>(0x10));
+    ASSERT_EQ(veksFFTInitAlloc_R_16s(&plan, 4, 1, vekAlgHintNone), vekStsOk);
+    EXPECT_EQ(veksFFTFwd_RToPack_16s_Sfs(nullptr, b.data(), plan, 0, nullptr),
               vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInv_PackToR_16s_Sfs(a.data(), nullptr, spec, 0, nullptr),
+    EXPECT_EQ(veksFFTInv_PackToR_16s_Sfs(a.data(), nullptr, plan, 0, nullptr),
               vekStsNullPointerErr);
     EXPECT_EQ(veksFFTInv_PackToR_16s_Sfs(a.data(), b.data(), nullptr, 0, nullptr),
               vekStsNullPointerErr);
     EXPECT_TRUE(vt::bits_equal(b, b0));
-    EXPECT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+    EXPECT_EQ(veksFFTFree_R_16s(plan), vekStsOk);
 }
 
 // ---- The single-precision pipeline ---------------------------------------------------------
@@ -336,8 +336,8 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
                 ASSERT_EQ(veksFFTInitAlloc_C_32fc(&f32, order, float_flag(order, flag, hint),
                                                   vekAlgHintNone),
                           vekStsOk);
-                VeksFFTSpec_C_16sc* spec = nullptr;
-                ASSERT_EQ(veksFFTInitAlloc_C_16sc(&spec, order, flag, hint), vekStsOk);
+                VeksFFTSpec_C_16sc* plan = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, order, flag, hint), vekStsOk);
                 VeksFFTSpec_C_16s* split = nullptr;
                 ASSERT_EQ(veksFFTInitAlloc_C_16s(&split, order, flag, hint), vekStsOk);
                 for (bool inverse : {false, true}) {
@@ -354,7 +354,7 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
                             const VekStatus st =
                                 (inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
                                     reinterpret_cast<const Vek16sc*>(x.data()),
-                                    reinterpret_cast<Vek16sc*>(got.data()), spec, sf, nullptr);
+                                    reinterpret_cast<Vek16sc*>(got.data()), plan, sf, nullptr);
                             std::vector<int16_t> ore(n), oim(n);
                             const VekStatus st2 = (inverse ? veksFFTInv_CToC_16s_Sfs
                                                            : veksFFTFwd_CToC_16s_Sfs)(
@@ -372,7 +372,7 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
                     }
                 }
                 ASSERT_EQ(veksFFTFree_C_32fc(f32), vekStsOk);
-                ASSERT_EQ(veksFFTFree_C_16sc(spec), vekStsOk);
+                ASSERT_EQ(veksFFTFree_C_16sc(plan), vekStsOk);
                 ASSERT_EQ(veksFFTFree_C_16s(split), vekStsOk);
             }
     }
@@ -411,8 +411,8 @@ TEST(Fft16, RealIsTheSinglePrecisionPipeline) {
                 ASSERT_EQ(veksFFTInitAlloc_R_32f(&f32, order, float_flag(order, flag, hint),
                                                  vekAlgHintNone),
                           vekStsOk);
-                VeksFFTSpec_R_16s* spec = nullptr;
-                ASSERT_EQ(veksFFTInitAlloc_R_16s(&spec, order, flag, hint), vekStsOk);
+                VeksFFTSpec_R_16s* plan = nullptr;
+                ASSERT_EQ(veksFFTInitAlloc_R_16s(&plan, order, flag, hint), vekStsOk);
                 for (const auto& l : layouts)
                     for (bool inverse : {false, true}) {
                         const int out_len = inverse ? n : l.len;
@@ -423,7 +423,7 @@ TEST(Fft16, RealIsTheSinglePrecisionPipeline) {
                         for (int sf : {-2, 0, 4}) {
                             const auto want = to16(z, back_rule(order, flag, hint, inverse, sf));
                             vt::Buf<int16_t> got(out_len, 2);
-                            ASSERT_EQ((inverse ? l.inv16 : l.fwd16)(x.data(), got.data(), spec, sf,
+                            ASSERT_EQ((inverse ? l.inv16 : l.fwd16)(x.data(), got.data(), plan, sf,
                                                                     nullptr),
                                       vekStsOk);
                             ASSERT_TRUE(vt::bits_equal(got.vec(), want))
@@ -433,7 +433,7 @@ TEST(Fft16, RealIsTheSinglePrecisionPipeline) {
                         }
                     }
                 ASSERT_EQ(veksFFTFree_R_32f(f32), vekStsOk);
-                ASSERT_EQ(veksFFTFree_R_16s(spec), vekStsOk);
+                ASSERT_EQ(veksFFTFree_R_16s(plan), vekStsOk);
             }
     }
 }

@@ -155,18 +155,18 @@ TEST(FftPack, MulPackAndPermFloat) {
 TEST(FftPack, ConvolutionAndCorrelationThroughTheFft) {
     for (int order : {1, 2, 3, 4, 7, 10}) {
         const int n = 1 << order;
-        VeksFFTSpec_R_64f* spec = nullptr;
-        ASSERT_EQ(veksFFTInitAlloc_R_64f(&spec, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
+        VeksFFTSpec_R_64f* plan = nullptr;
+        ASSERT_EQ(veksFFTInitAlloc_R_64f(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
                   vekStsOk);
         vt::Rng rng(23);
         std::vector<double> a(n), b(n), fa(n), fb(n), out(n);
         for (auto& v : a) v = rng.uniform(-1, 1);
         for (auto& v : b) v = rng.uniform(-1, 1);
-        ASSERT_EQ(veksFFTFwd_RToPack_64f(a.data(), fa.data(), spec, nullptr), vekStsOk);
-        ASSERT_EQ(veksFFTFwd_RToPack_64f(b.data(), fb.data(), spec, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTFwd_RToPack_64f(a.data(), fa.data(), plan, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTFwd_RToPack_64f(b.data(), fb.data(), plan, nullptr), vekStsOk);
         std::vector<double> prod(n);
         ASSERT_EQ(veksMulPack_64f(fa.data(), fb.data(), prod.data(), n), vekStsOk);
-        ASSERT_EQ(veksFFTInv_PackToR_64f(prod.data(), out.data(), spec, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTInv_PackToR_64f(prod.data(), out.data(), plan, nullptr), vekStsOk);
         for (int i = 0; i < n; ++i) {
             long double c = 0;
             for (int j = 0; j < n; ++j) c += (long double)a[j] * b[(i - j + n) % n];
@@ -175,13 +175,13 @@ TEST(FftPack, ConvolutionAndCorrelationThroughTheFft) {
         // fa * conj(fb) -> r[i] = sum_j a[j + i] b[j]
         std::vector<double> corr = fb;
         ASSERT_EQ(veksMulPackConj_64f_I(fa.data(), corr.data(), n), vekStsOk);
-        ASSERT_EQ(veksFFTInv_PackToR_64f(corr.data(), out.data(), spec, nullptr), vekStsOk);
+        ASSERT_EQ(veksFFTInv_PackToR_64f(corr.data(), out.data(), plan, nullptr), vekStsOk);
         for (int i = 0; i < n; ++i) {
             long double c = 0;
             for (int j = 0; j < n; ++j) c += (long double)a[(j + i) % n] * b[j];
             EXPECT_NEAR(out[i], (double)c, 1e-12 * n) << "correlation " << i;
         }
-        veksFFTFree_R_64f(spec);
+        veksFFTFree_R_64f(plan);
     }
     std::vector<float> x(4, 1.0f);
     EXPECT_EQ(veksMulPackConj_32f_I(nullptr, x.data(), 4), vekStsNullPointerErr);

@@ -36,7 +36,7 @@ constexpr VekStatus require(bool condition, VekStatus failure) noexcept {
     return condition ? vekStsOk : failure;
 }
 
-// State and specification objects begin with a 32-bit kind identifier. Reading it through
+// State objects and transform objects begin with a 32-bit kind identifier. Reading it through
 // memcpy keeps the check valid whatever object the caller actually passed.
 inline int32_t object_kind(const void* object) noexcept {
     int32_t id;

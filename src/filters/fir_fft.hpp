@@ -16,16 +16,16 @@ struct Fft;
 
 template <>
 struct Fft<Vek32f> {
-    using Spec = VeksFFTSpec_R_32f;
-    static VekStatus init(Spec** pp, int order) {
+    using Plan = VeksFFTSpec_R_32f;
+    static VekStatus init(Plan** pp, int order) {
         return veksFFTInitAlloc_R_32f(pp, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
     }
-    static VekStatus release(Spec* p) { return veksFFTFree_R_32f(p); }
-    static VekStatus buf_size(const Spec* p, int* size) { return veksFFTGetBufSize_R_32f(p, size); }
-    static VekStatus fwd(const Vek32f* s, Vek32f* d, const Spec* p, Vek8u* b) {
+    static VekStatus release(Plan* p) { return veksFFTFree_R_32f(p); }
+    static VekStatus buf_size(const Plan* p, int* size) { return veksFFTGetBufSize_R_32f(p, size); }
+    static VekStatus fwd(const Vek32f* s, Vek32f* d, const Plan* p, Vek8u* b) {
         return veksFFTFwd_RToPack_32f(s, d, p, b);
     }
-    static VekStatus inv(const Vek32f* s, Vek32f* d, const Spec* p, Vek8u* b) {
+    static VekStatus inv(const Vek32f* s, Vek32f* d, const Plan* p, Vek8u* b) {
         return veksFFTInv_PackToR_32f(s, d, p, b);
     }
     static VekStatus mul(const Vek32f* taps, Vek32f* x, int n) {
@@ -37,16 +37,16 @@ struct Fft<Vek32f> {
 
 template <>
 struct Fft<Vek64f> {
-    using Spec = VeksFFTSpec_R_64f;
-    static VekStatus init(Spec** pp, int order) {
+    using Plan = VeksFFTSpec_R_64f;
+    static VekStatus init(Plan** pp, int order) {
         return veksFFTInitAlloc_R_64f(pp, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
     }
-    static VekStatus release(Spec* p) { return veksFFTFree_R_64f(p); }
-    static VekStatus buf_size(const Spec* p, int* size) { return veksFFTGetBufSize_R_64f(p, size); }
-    static VekStatus fwd(const Vek64f* s, Vek64f* d, const Spec* p, Vek8u* b) {
+    static VekStatus release(Plan* p) { return veksFFTFree_R_64f(p); }
+    static VekStatus buf_size(const Plan* p, int* size) { return veksFFTGetBufSize_R_64f(p, size); }
+    static VekStatus fwd(const Vek64f* s, Vek64f* d, const Plan* p, Vek8u* b) {
         return veksFFTFwd_RToPack_64f(s, d, p, b);
     }
-    static VekStatus inv(const Vek64f* s, Vek64f* d, const Spec* p, Vek8u* b) {
+    static VekStatus inv(const Vek64f* s, Vek64f* d, const Plan* p, Vek8u* b) {
         return veksFFTInv_PackToR_64f(s, d, p, b);
     }
     static VekStatus mul(const Vek64f* taps, Vek64f* x, int n) {
@@ -58,18 +58,18 @@ struct Fft<Vek64f> {
 
 template <>
 struct Fft<Vek32fc> {
-    using Spec = VeksFFTSpec_C_32fc;
-    static VekStatus init(Spec** pp, int order) {
+    using Plan = VeksFFTSpec_C_32fc;
+    static VekStatus init(Plan** pp, int order) {
         return veksFFTInitAlloc_C_32fc(pp, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
     }
-    static VekStatus release(Spec* p) { return veksFFTFree_C_32fc(p); }
-    static VekStatus buf_size(const Spec* p, int* size) {
+    static VekStatus release(Plan* p) { return veksFFTFree_C_32fc(p); }
+    static VekStatus buf_size(const Plan* p, int* size) {
         return veksFFTGetBufSize_C_32fc(p, size);
     }
-    static VekStatus fwd(const Vek32fc* s, Vek32fc* d, const Spec* p, Vek8u* b) {
+    static VekStatus fwd(const Vek32fc* s, Vek32fc* d, const Plan* p, Vek8u* b) {
         return veksFFTFwd_CToC_32fc(s, d, p, b);
     }
-    static VekStatus inv(const Vek32fc* s, Vek32fc* d, const Spec* p, Vek8u* b) {
+    static VekStatus inv(const Vek32fc* s, Vek32fc* d, const Plan* p, Vek8u* b) {
         return veksFFTInv_CToC_32fc(s, d, p, b);
     }
     static VekStatus mul(const Vek32fc* taps, Vek32fc* x, int n) {
@@ -81,18 +81,18 @@ struct Fft<Vek32fc> {
 
 template <>
 struct Fft<Vek64fc> {
-    using Spec = VeksFFTSpec_C_64fc;
-    static VekStatus init(Spec** pp, int order) {
+    using Plan = VeksFFTSpec_C_64fc;
+    static VekStatus init(Plan** pp, int order) {
         return veksFFTInitAlloc_C_64fc(pp, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
     }
-    static VekStatus release(Spec* p) { return veksFFTFree_C_64fc(p); }
-    static VekStatus buf_size(const Spec* p, int* size) {
+    static VekStatus release(Plan* p) { return veksFFTFree_C_64fc(p); }
+    static VekStatus buf_size(const Plan* p, int* size) {
         return veksFFTGetBufSize_C_64fc(p, size);
     }
-    static VekStatus fwd(const Vek64fc* s, Vek64fc* d, const Spec* p, Vek8u* b) {
+    static VekStatus fwd(const Vek64fc* s, Vek64fc* d, const Plan* p, Vek8u* b) {
         return veksFFTFwd_CToC_64fc(s, d, p, b);
     }
-    static VekStatus inv(const Vek64fc* s, Vek64fc* d, const Spec* p, Vek8u* b) {
+    static VekStatus inv(const Vek64fc* s, Vek64fc* d, const Plan* p, Vek8u* b) {
         return veksFFTInv_CToC_64fc(s, d, p, b);
     }
     static VekStatus mul(const Vek64fc* taps, Vek64fc* x, int n) {

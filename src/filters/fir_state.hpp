@@ -104,18 +104,18 @@ template <class Tap>
 VekStatus attach_fft(FirState* s, const Tap* h) {
     using F = Fft<Tap>;
     const int32_t len = fft_len_for(s->tapsLen);
-    Tap* spec = alloc_elems<Tap>(len);
-    if (spec == nullptr) return vekStsMemAllocErr;
-    s->spectrum = spec;
+    Tap* taps_spectrum = alloc_elems<Tap>(len);
+    if (taps_spectrum == nullptr) return vekStsMemAllocErr;
+    s->spectrum = taps_spectrum;
     int order = 0;
     while ((int32_t{1} << order) < len) ++order;
-    typename F::Spec* fft = nullptr;
+    typename F::Plan* fft = nullptr;
     if (F::init(&fft, order) != vekStsOk) return vekStsMemAllocErr;
     s->fftSpec = fft;
-    s->fftRelease = [](void* p) { return F::release(static_cast<typename F::Spec*>(p)); };
-    if (F::copy(h, spec, s->tapsLen) != vekStsOk ||
-        F::zero(spec + s->tapsLen, len - s->tapsLen) != vekStsOk ||
-        F::fwd(spec, spec, fft, nullptr) != vekStsOk)
+    s->fftRelease = [](void* p) { return F::release(static_cast<typename F::Plan*>(p)); };
+    if (F::copy(h, taps_spectrum, s->tapsLen) != vekStsOk ||
+        F::zero(taps_spectrum + s->tapsLen, len - s->tapsLen) != vekStsOk ||
+        F::fwd(taps_spectrum, taps_spectrum, fft, nullptr) != vekStsOk)
         return vekStsMemAllocErr;
     s->fftLen = len;
     return vekStsOk;
@@ -276,7 +276,7 @@ void keep_last(FirState* s, const Dat* src, int n) {
 template <class Tap, class Dat>
 VekStatus fft_block(FirState* s, const Dat* src, Dat* dst, int n, int param) {
     using F = Fft<Tap>;
-    const auto* fft = static_cast<const typename F::Spec*>(s->fftSpec);
+    const auto* fft = static_cast<const typename F::Plan*>(s->fftSpec);
     const int len = s->fftLen, M = s->tapsLen - 1, L = len - M;
     int size = 0;
     VekStatus st = F::buf_size(fft, &size);

@@ -4,7 +4,7 @@
 // radix-4 decimation-in-time stages finish the transform, depth first so that every stage of a
 // cache-sized block runs while the block is resident.
 //
-// Twiddle layout (built with the specification object, shared by every level): for each
+// Twiddle layout (built with the transform object, shared by every level): for each
 // radix-4 stage, in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the
 // leaf size 8 or 16), 12m values: for each block of 8 indices j (W = exp(-2 pi i / 4m)), the
 // real parts of W^j, the imaginary parts of W^j, then the same for W^2j and W^3j, each value

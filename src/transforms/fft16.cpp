@@ -24,19 +24,19 @@ constexpr int kRoundNearest = 1; // roundMode of veksConvert_32f16s_Sfs
 
 // The scale factor of the conversion back: the caller's, plus the normalisation shift of the
 // compact plan (held within -2^20 .. 2^20, where every result is already 0 or saturated).
-int output_scale(const Spec* s, bool inverse, int scaleFactor) {
+int output_scale(const Plan* s, bool inverse, int scaleFactor) {
     int64_t sf = scaleFactor;
     if (s->inner == nullptr) sf += inverse ? s->inv_shift : s->fwd_shift;
     return static_cast<int>(sf < -(1 << 20) ? -(1 << 20) : sf > (1 << 20) ? (1 << 20) : sf);
 }
 
 // The compact plan's extra 1/sqrt(2) of flag 4 at an odd order.
-VekStatus half_sqrt2(const Spec* s, float* z, int len) {
+VekStatus half_sqrt2(const Plan* s, float* z, int len) {
     if (s->inner != nullptr || s->half_sqrt2 == 0) return vekStsOk;
     return veksMulC_32f_I(0.70710678118654752440f, z, len);
 }
 
-const Spec* float_plan(const Spec* s) { return s->inner != nullptr ? s->inner : s; }
+const Plan* float_plan(const Plan* s) { return s->inner != nullptr ? s->inner : s; }
 
 VekStatus checked(const void* pSpec, int kind) {
     VEK_CHECK(non_null(pSpec));
@@ -77,7 +77,7 @@ VekStatus complex_out(const float* z, bool split, Vek16s* re, Vek16s* im, int n,
 
 // Complex: interleaved pairs (re points at the first real part, im unused) or two arrays. The
 // input is read in full before anything is written, so the source may be the destination.
-VekStatus complex16(const Spec* s, const Vek16s* re, const Vek16s* im, bool split, Vek16s* dre,
+VekStatus complex16(const Plan* s, const Vek16s* re, const Vek16s* im, bool split, Vek16s* dre,
                     Vek16s* dim, int scaleFactor, void* pBuffer, bool inverse) {
     // The transform rounds to nearest whatever the caller's mode.
     RoundNearestScope nearest;
@@ -103,7 +103,7 @@ int packed_length(int order, Layout layout) {
     return n == 1 ? 2 : n + 2;
 }
 
-VekStatus real16(const Spec* s, const Vek16s* pSrc, Vek16s* pDst, int scaleFactor, void* pBuffer,
+VekStatus real16(const Plan* s, const Vek16s* pSrc, Vek16s* pDst, int scaleFactor, void* pBuffer,
                  Layout layout, bool inverse) {
     RoundNearestScope nearest;
     const int n = 1 << s->order;
@@ -135,14 +135,14 @@ VekStatus real16(const Spec* s, const Vek16s* pSrc, Vek16s* pDst, int scaleFacto
 #define VEK_FFT16_OBJECT(suffix, kind)                                                             \
     VEK_EXPORT VekStatus veksFFTInitAlloc_##suffix(VeksFFTSpec_##suffix** ppSpec, int order,       \
                                                    int flag, VekHintAlgorithm hint) {              \
-        return init_alloc(reinterpret_cast<Spec**>(ppSpec), kind, order, flag, hint);              \
+        return init_alloc(reinterpret_cast<Plan**>(ppSpec), kind, order, flag, hint);              \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFTFree_##suffix(VeksFFTSpec_##suffix* pSpec) {                       \
-        return release(reinterpret_cast<Spec*>(pSpec), kind);                                      \
+        return release(reinterpret_cast<Plan*>(pSpec), kind);                                      \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFTGetBufSize_##suffix(const VeksFFTSpec_##suffix* pSpec,             \
                                                     int* pSize) {                                  \
-        return get_buf_size(reinterpret_cast<const Spec*>(pSpec), kind, pSize);                    \
+        return get_buf_size(reinterpret_cast<const Plan*>(pSpec), kind, pSize);                    \
     }
 
 VEK_FFT16_OBJECT(C_16sc, kC16sc)
@@ -155,7 +155,7 @@ VEK_FFT16_OBJECT(R_16s, kR16s)
                                                       int scaleFactor, Vek8u* pBuffer) {           \
         VEK_CHECK(checked(pSpec, kC16sc));                                                         \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
-        return complex16(reinterpret_cast<const Spec*>(pSpec), &pSrc->re, nullptr, false,          \
+        return complex16(reinterpret_cast<const Plan*>(pSpec), &pSrc->re, nullptr, false,          \
                          &pDst->re, nullptr, scaleFactor, pBuffer, inverse);                       \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFT##Dir##_CToC_16s_Sfs(                                              \
@@ -163,7 +163,7 @@ VEK_FFT16_OBJECT(R_16s, kR16s)
         const VeksFFTSpec_C_16s* pSpec, int scaleFactor, Vek8u* pBuffer) {                         \
         VEK_CHECK(checked(pSpec, kC16s));                                                          \
         VEK_CHECK(non_null(pSrcRe, pSrcIm, pDstRe, pDstIm));                                       \
-        return complex16(reinterpret_cast<const Spec*>(pSpec), pSrcRe, pSrcIm, true, pDstRe,       \
+        return complex16(reinterpret_cast<const Plan*>(pSpec), pSrcRe, pSrcIm, true, pDstRe,       \
                          pDstIm, scaleFactor, pBuffer, inverse);                                   \
     }
 
@@ -176,7 +176,7 @@ VEK_FFT16_COMPLEX(Inv, true)
                                                        int scaleFactor, Vek8u* pBuffer) {          \
         VEK_CHECK(checked(pSpec, kR16s));                                                          \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
-        return real16(reinterpret_cast<const Spec*>(pSpec), pSrc, pDst, scaleFactor, pBuffer,      \
+        return real16(reinterpret_cast<const Plan*>(pSpec), pSrc, pDst, scaleFactor, pBuffer,      \
                       layout, false);                                                              \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFTInv_##Fmt##ToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,           \
@@ -184,7 +184,7 @@ VEK_FFT16_COMPLEX(Inv, true)
                                                        int scaleFactor, Vek8u* pBuffer) {          \
         VEK_CHECK(checked(pSpec, kR16s));                                                          \
         VEK_CHECK(non_null(pSrc, pDst));                                                           \
-        return real16(reinterpret_cast<const Spec*>(pSpec), pSrc, pDst, scaleFactor, pBuffer,      \
+        return real16(reinterpret_cast<const Plan*>(pSpec), pSrc, pDst, scaleFactor, pBuffer,      \
                       layout, true);                                                               \
     }
 

@@ -1,4 +1,4 @@
-// Complex FFT entry points: specification objects and forward/inverse transforms of the
+// Complex FFT entry points: transform objects and forward/inverse transforms of the
 // interleaved and split-array float kinds.
 #include "core/frame.hpp"
 #include "transforms/fft_run.hpp"
@@ -14,7 +14,7 @@ VekStatus complex_transform(const void* pSpec, int kind, const T* pSrc, T* pDst,
     VEK_CHECK(non_null(pSpec));
     VEK_CHECK(kind_is(pSpec, kind));
     VEK_CHECK(non_null(pSrc, pDst));
-    run_complex(static_cast<const Spec*>(pSpec), pSrc, pDst, inverse);
+    run_complex(static_cast<const Plan*>(pSpec), pSrc, pDst, inverse);
     return vekStsOk;
 }
 
@@ -26,7 +26,7 @@ VekStatus split_transform(const void* pSpec, int kind, const T* pSrcRe, const T*
     VEK_CHECK(non_null(pSpec));
     VEK_CHECK(kind_is(pSpec, kind));
     VEK_CHECK(non_null(pSrcRe, pSrcIm, pDstRe, pDstIm));
-    const auto* s = static_cast<const Spec*>(pSpec);
+    const auto* s = static_cast<const Plan*>(pSpec);
     const size_t n = size_t{1} << s->order;
     constexpr size_t kStack = 1024;
     alignas(64) T local[2 * kStack];
@@ -50,14 +50,14 @@ VekStatus split_transform(const void* pSpec, int kind, const T* pSrcRe, const T*
 #define VEK_FFT_OBJECT(suffix, kind)                                                               \
     VEK_EXPORT VekStatus veksFFTInitAlloc_##suffix(VeksFFTSpec_##suffix** ppSpec, int order,       \
                                                    int flag, VekHintAlgorithm hint) {              \
-        return init_alloc(reinterpret_cast<Spec**>(ppSpec), kind, order, flag, hint);              \
+        return init_alloc(reinterpret_cast<Plan**>(ppSpec), kind, order, flag, hint);              \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFTFree_##suffix(VeksFFTSpec_##suffix* pSpec) {                       \
-        return release(reinterpret_cast<Spec*>(pSpec), kind);                                      \
+        return release(reinterpret_cast<Plan*>(pSpec), kind);                                      \
     }                                                                                              \
     VEK_EXPORT VekStatus veksFFTGetBufSize_##suffix(const VeksFFTSpec_##suffix* pSpec,             \
                                                     int* pSize) {                                  \
-        return get_buf_size(reinterpret_cast<const Spec*>(pSpec), kind, pSize);                    \
+        return get_buf_size(reinterpret_cast<const Plan*>(pSpec), kind, pSize);                    \
     }
 
 VEK_FFT_OBJECT(C_32fc, kC32fc)

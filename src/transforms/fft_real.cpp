@@ -15,7 +15,7 @@ VekStatus real_transform(const void* pSpec, int kind, const T* pSrc, T* pDst, La
     VEK_CHECK(non_null(pSpec));
     VEK_CHECK(kind_is(pSpec, kind));
     VEK_CHECK(non_null(pSrc, pDst));
-    const auto* s = static_cast<const Spec*>(pSpec);
+    const auto* s = static_cast<const Plan*>(pSpec);
     if (inverse)
         run_real_inv(s, pSrc, pDst, layout);
     else

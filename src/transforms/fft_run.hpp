@@ -14,7 +14,7 @@ struct Engine;
 
 template <>
 struct Engine<float> {
-    static float scale(const Spec* s) { return s->scale32; }
+    static float scale(const Plan* s) { return s->scale32; }
     static void cfft(const float* src, float* dst, int order, const void* tw, bool inv) {
         kern::fft_kernels().cfft_32f(src, dst, order, static_cast<const float*>(tw), inv);
     }
@@ -35,7 +35,7 @@ struct Engine<float> {
 
 template <>
 struct Engine<double> {
-    static double scale(const Spec* s) { return s->scale64; }
+    static double scale(const Plan* s) { return s->scale64; }
     static void cfft(const double* src, double* dst, int order, const void* tw, bool inv) {
         kern::fft_kernels().cfft_64f(src, dst, order, static_cast<const double*>(tw), inv);
     }
@@ -56,7 +56,7 @@ struct Engine<double> {
 
 // Complex transform of interleaved data (src may equal dst).
 template <class T>
-void run_complex(const Spec* s, const T* src, T* dst, bool inverse) {
+void run_complex(const Plan* s, const T* src, T* dst, bool inverse) {
     Engine<T>::cfft(src, dst, s->order, s->twiddles, inverse);
     if (inverse ? s->inv_norm : s->fwd_norm)
         Engine<T>::mul(dst, size_t{2} << s->order, Engine<T>::scale(s));
@@ -66,7 +66,7 @@ enum class Layout { pack, perm, ccs };
 
 // Forward real transform of 2^order samples into `layout`.
 template <class T>
-void run_real_fwd(const Spec* s, const T* src, T* dst, Layout layout) {
+void run_real_fwd(const Plan* s, const T* src, T* dst, Layout layout) {
     const int order = s->order;
     const size_t n = size_t{1} << order;
     if (order == 0) {
@@ -99,7 +99,7 @@ void run_real_fwd(const Spec* s, const T* src, T* dst, Layout layout) {
 
 // Inverse real transform from `layout` into 2^order samples.
 template <class T>
-void run_real_inv(const Spec* s, const T* src, T* dst, Layout layout) {
+void run_real_inv(const Plan* s, const T* src, T* dst, Layout layout) {
     const int order = s->order;
     const size_t n = size_t{1} << order;
     if (src != dst && order >= 4) {

@@ -1,4 +1,4 @@
-// FFT specification objects: creation, tables, release, work-buffer size.
+// FFT transform objects: creation, tables, release, work-buffer size.
 #include "transforms/fft_spec.hpp"
 
 #include <climits>
@@ -101,7 +101,7 @@ void fill_split_tables(T* fwd, T* inv, const double* qs, size_t nf) {
     }
 }
 
-void free_tables(Spec* s) {
+void free_tables(Plan* s) {
     veksFree(s->twiddles);
     veksFree(s->split_fwd);
     veksFree(s->split_inv);
@@ -110,7 +110,7 @@ void free_tables(Spec* s) {
 
 // Fills the float tables of `s` (complex or real kind). False when an allocation failed.
 template <class T>
-bool build_float_tables(Spec* s, bool real) {
+bool build_float_tables(Plan* s, bool real) {
     const int corder = real ? s->order - 1 : s->order;
     if (corder < 1 && !real) return true;
     const size_t nf = size_t{1} << s->order;
@@ -146,23 +146,20 @@ int kind_elem_bytes(int kind) {
     switch (kind) {
     case kC32fc:
     case kC32f:
-    case kR32f:
-        return 4;
+    case kR32f: return 4;
     case kC64fc:
     case kC64f:
-    case kR64f:
-        return 8;
-    default:
-        return 2;
+    case kR64f: return 8;
+    default: return 2;
     }
 }
 
 bool kind_is_real(int kind) { return kind == kR16s || kind == kR32f || kind == kR64f; }
 
-VekStatus init_alloc(Spec** ppSpec, int kind, int order, int flag, int hint) {
+VekStatus init_alloc(Plan** ppSpec, int kind, int order, int flag, int hint) {
     VEK_CHECK(non_null(ppSpec));
     VEK_CHECK(require(order >= 0 && order <= 30, vekStsFftOrderErr));
-    auto* s = static_cast<Spec*>(table_alloc(sizeof(Spec)));
+    auto* s = static_cast<Plan*>(table_alloc(sizeof(Plan)));
     if (s == nullptr) return vekStsMemAllocErr;
     std::memset(s, 0, sizeof *s);
     if (flag != kDivFwdByN && flag != kDivInvByN && flag != kDivBySqrtN && flag != kNoDiv) {
@@ -221,7 +218,7 @@ VekStatus init_alloc(Spec** ppSpec, int kind, int order, int flag, int hint) {
     return vekStsOk;
 }
 
-VekStatus release(Spec* pSpec, int kind) {
+VekStatus release(Plan* pSpec, int kind) {
     VEK_CHECK(non_null(pSpec));
     VEK_CHECK(kind_is(pSpec, kind));
     if (pSpec->inner != nullptr) release(pSpec->inner, pSpec->inner->id);
@@ -231,14 +228,14 @@ VekStatus release(Spec* pSpec, int kind) {
     return vekStsOk;
 }
 
-VekStatus get_buf_size(const Spec* pSpec, int kind, int* pSize) {
+VekStatus get_buf_size(const Plan* pSpec, int kind, int* pSize) {
     VEK_CHECK(non_null(pSpec, pSize));
     VEK_CHECK(kind_is(pSpec, kind));
     *pSize = pSpec->buf_size;
     return vekStsOk;
 }
 
-WorkBuffer::WorkBuffer(const Spec* spec, void* caller, bool needed) {
+WorkBuffer::WorkBuffer(const Plan* spec, void* caller, bool needed) {
     unsigned char* base = static_cast<unsigned char*>(caller);
     if (base == nullptr && needed && spec->buf_size > 0) {
         owned_ = veksMalloc_8u(spec->buf_size);

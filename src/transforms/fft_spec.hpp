@@ -1,4 +1,4 @@
-// FFT specification objects: one layout for the nine kinds (complex interleaved, complex split
+// FFT transform objects: one layout for the nine kinds (complex interleaved, complex split
 // arrays and real, each in 16-bit, single and double precision). The object owns the twiddle
 // tables of its complex plan (and the split tables of a real transform); transforms only read
 // it, so one object may serve several threads at once.
@@ -25,7 +25,7 @@ enum Kind : int32_t {
 
 enum Flag : int { kDivFwdByN = 1, kDivInvByN = 2, kDivBySqrtN = 4, kNoDiv = 8 };
 
-struct Spec {
+struct Plan {
     int32_t id; // kind; zeroed on release so that a stale pointer is refused
     int32_t order;
     int32_t fwd_norm; // 1 when the forward transform multiplies by the scale
@@ -39,7 +39,7 @@ struct Spec {
     void* split_inv;
     // 16-bit kinds. Both plans compute in single precision; they differ in where the tables
     // live and in the work buffer they ask for.
-    Spec* inner;       // float object of the same order and flag (long plan), else null
+    Plan* inner;       // float object of the same order and flag (long plan), else null
     int32_t fwd_shift; // normalisation as right shifts (compact plan)
     int32_t inv_shift;
     int32_t half_sqrt2; // flag 4 with an odd order: one more multiply by 1/sqrt(2)
@@ -50,15 +50,15 @@ struct Spec {
 int kind_elem_bytes(int kind);
 bool kind_is_real(int kind);
 
-VekStatus init_alloc(Spec** ppSpec, int kind, int order, int flag, int hint);
-VekStatus release(Spec* pSpec, int kind);
-VekStatus get_buf_size(const Spec* pSpec, int kind, int* pSize);
+VekStatus init_alloc(Plan** ppSpec, int kind, int order, int flag, int hint);
+VekStatus release(Plan* pSpec, int kind);
+VekStatus get_buf_size(const Plan* pSpec, int kind, int* pSize);
 
 // Aligned work area: the caller's buffer rounded up to 16 bytes, or one allocated for the call
 // (released by the destructor) when the caller passed none and the transform `needed` one.
 class WorkBuffer {
   public:
-    WorkBuffer(const Spec* spec, void* caller, bool needed);
+    WorkBuffer(const Plan* spec, void* caller, bool needed);
     ~WorkBuffer();
     WorkBuffer(const WorkBuffer&) = delete;
     WorkBuffer& operator=(const WorkBuffer&) = delete;
