@@ -3,8 +3,8 @@
 // loop's bits exactly:
 // - 16-bit scaled kernels widen to 32-bit lanes, apply the shift-and-lowest-bit rounding rule
 //   and narrow with signed saturation (sf = 0 of Add/Sub: saturating 16-bit arithmetic).
-// - 32fc products use the plain loop's fused form; quotients work in double, where every float
-//   product is exact, so fusing them rounds exactly like the plain loop's separate operations.
+// - 32fc products use the plain loop's fused form; quotients repeat the plain loop's single
+//   precision operations in the same order (a block needing the scaled form goes to that loop).
 #pragma once
 
 #if VEK_ISA_LEVEL >= 2
@@ -292,39 +292,50 @@ void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
     if (i < n) mulc_c(s + i, v, d + i, n - i);
 }
 
-// Quotients in double: numerators (xr*yr + xi*yi, xi*yr - xr*yi) of exact products, times the
-// reciprocal of yr*yr + yi*yi; one division serves 8 elements.
-inline __m512d lo_pd(__m512 x) { return _mm512_cvtps_pd(_mm512_castps512_ps256(x)); }
-inline __m512d hi_pd(__m512 x) {
-    return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(x), 1)));
-}
-inline __m512d cnum_pd(__m512d x, __m512d y) {
-    const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
-    return _mm512_fmsubadd_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
-}
-inline __m512d cden_pd(__m512d y) { // yr*yr + yi*yi in the even lanes
-    const __m512d y2 = _mm512_mul_pd(y, y);
-    return _mm512_add_pd(y2, _mm512_permute_pd(y2, 0x55));
-}
+// Quotients in single precision, 16 elements per step: the plain form of cdiv with its operations
+// in the same order, on the parts gathered into real and imaginary vectors (in-lane shuffles: the
+// order is permuted alike for every operand and undone by the final interleave). Only steps
+// whose every element meets the plain form's conditions (which exclude zero divisors) are done
+// here; the others go to the element loop.
+struct CdivStep {
+    const __m512i one = _mm512_set1_epi32(1),
+                  lo = _mm512_set1_epi32(static_cast<int32_t>(kModerateLo)),
+                  hi = _mm512_set1_epi32(static_cast<int32_t>(kModerateHi));
+    // q0, q1 = x0 / y0, x1 / y1 (8 elements each), or false when an element fails.
+    bool operator()(__m512 x0, __m512 x1, __m512 y0, __m512 y1, __m512& q0, __m512& q1) const {
+        const __m512 yr = _mm512_shuffle_ps(y0, y1, 0x88), yi = _mm512_shuffle_ps(y0, y1, 0xDD);
+        const __m512 xr = _mm512_shuffle_ps(x0, x1, 0x88), xi = _mm512_shuffle_ps(x0, x1, 0xDD);
+        const __m512 den = _mm512_add_ps(_mm512_mul_ps(yr, yr), _mm512_mul_ps(yi, yi));
+        // The conditions on magnitude bits, unsigned, with m the larger part of x (range 0xB:
+        // larger magnitude, sign cleared): min(m - 1, den) >= lo, so that m = 0 wraps to the
+        // largest value and passes, and max(m, den) <= hi, which NaN and infinity exceed.
+        const __m512i m = _mm512_castps_si512(_mm512_range_ps(xr, xi, 0xB));
+        const __m512i d = _mm512_castps_si512(den);
+        const __m512i low = _mm512_min_epu32(_mm512_sub_epi32(m, one), d);
+        const __m512i high = _mm512_max_epu32(m, d);
+        if (_mm512_cmplt_epu32_mask(low, lo) | _mm512_cmpgt_epu32_mask(high, hi)) return false;
+        const __m512 re = _mm512_add_ps(_mm512_mul_ps(xr, yr), _mm512_mul_ps(xi, yi));
+        const __m512 im = _mm512_sub_ps(_mm512_mul_ps(xi, yr), _mm512_mul_ps(xr, yi));
+        const __m512 r = _mm512_div_ps(_mm512_set1_ps(1.0f), den);
+        const __m512 qr = _mm512_mul_ps(re, r), qi = _mm512_mul_ps(im, r);
+        q0 = _mm512_unpacklo_ps(qr, qi);
+        q1 = _mm512_unpackhi_ps(qr, qi);
+        return true;
+    }
+};
 
 int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    const __m512i even = _mm512_setr_epi64(0, 2, 4, 6, 8, 10, 12, 14);
-    const __m512i dup_lo = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
-    const __m512i dup_hi = _mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7);
+    const CdivStep step;
     int i = 0, zero = 0;
-    for (; i + 8 <= n; i += 8) {
-        const __m512 y = _mm512_loadu_ps(&a[i].re), x = _mm512_loadu_ps(&b[i].re);
-        const __m512d yl = lo_pd(y), yh = hi_pd(y);
-        const __m512d den = _mm512_permutex2var_pd(cden_pd(yl), even, cden_pd(yh));
-        if (_mm512_cmp_pd_mask(den, _mm512_setzero_pd(), _CMP_EQ_OQ)) {
-            zero |= div_c(a + i, b + i, d + i, 8); // zero divisors: the element rule
-            continue;
+    for (; i + 16 <= n; i += 16) {
+        __m512 q0, q1;
+        if (step(_mm512_loadu_ps(&b[i].re), _mm512_loadu_ps(&b[i + 8].re),
+                 _mm512_loadu_ps(&a[i].re), _mm512_loadu_ps(&a[i + 8].re), q0, q1)) {
+            _mm512_storeu_ps(&d[i].re, q0);
+            _mm512_storeu_ps(&d[i + 8].re, q1);
+        } else {
+            zero |= div_c(a + i, b + i, d + i, 16);
         }
-        const __m512d r = _mm512_div_pd(_mm512_set1_pd(1.0), den);
-        const __m512d ql = _mm512_mul_pd(cnum_pd(lo_pd(x), yl), _mm512_permutexvar_pd(dup_lo, r));
-        const __m512d qh = _mm512_mul_pd(cnum_pd(hi_pd(x), yh), _mm512_permutexvar_pd(dup_hi, r));
-        _mm512_storeu_ps(&d[i].re, _mm512_insertf32x8(_mm512_castps256_ps512(_mm512_cvtpd_ps(ql)),
-                                                      _mm512_cvtpd_ps(qh), 1));
     }
     if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
     return zero;
@@ -469,32 +480,46 @@ void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
     if (i < n) mulc_c(s + i, v, d + i, n - i);
 }
 
-inline __m256d lo_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_castps256_ps128(x)); }
-inline __m256d hi_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_extractf128_ps(x, 1)); }
-inline __m256d cnum_pd(__m256d x, __m256d y) {
-    const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
-    return _mm256_fmsubadd_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
-}
-inline __m256d cden_pd(__m256d y) {
-    const __m256d y2 = _mm256_mul_pd(y, y);
-    return _mm256_add_pd(y2, _mm256_permute_pd(y2, 0x5));
-}
+// Quotients in single precision, 8 elements per step, as the AVX-512 version.
+struct CdivStep {
+    const __m256i abs_mask = _mm256_set1_epi32(0x7FFFFFFF), one = _mm256_set1_epi32(1),
+                  lo = _mm256_set1_epi32(static_cast<int32_t>(kModerateLo)),
+                  hi = _mm256_set1_epi32(static_cast<int32_t>(kModerateHi));
+    bool operator()(__m256 x0, __m256 x1, __m256 y0, __m256 y1, __m256& q0, __m256& q1) const {
+        const __m256 yr = _mm256_shuffle_ps(y0, y1, 0x88), yi = _mm256_shuffle_ps(y0, y1, 0xDD);
+        const __m256 xr = _mm256_shuffle_ps(x0, x1, 0x88), xi = _mm256_shuffle_ps(x0, x1, 0xDD);
+        const __m256 den = _mm256_add_ps(_mm256_mul_ps(yr, yr), _mm256_mul_ps(yi, yi));
+        const __m256i m = _mm256_max_epu32(_mm256_and_si256(_mm256_castps_si256(xr), abs_mask),
+                                           _mm256_and_si256(_mm256_castps_si256(xi), abs_mask));
+        const __m256i d = _mm256_castps_si256(den);
+        const __m256i low = _mm256_min_epu32(_mm256_sub_epi32(m, one), d);
+        const __m256i high = _mm256_max_epu32(m, d);
+        // low >= lo and high <= hi, unsigned
+        const __m256i ok = _mm256_and_si256(_mm256_cmpeq_epi32(_mm256_max_epu32(low, lo), low),
+                                            _mm256_cmpeq_epi32(_mm256_min_epu32(high, hi), high));
+        if (_mm256_movemask_epi8(ok) != -1) return false;
+        const __m256 re = _mm256_add_ps(_mm256_mul_ps(xr, yr), _mm256_mul_ps(xi, yi));
+        const __m256 im = _mm256_sub_ps(_mm256_mul_ps(xi, yr), _mm256_mul_ps(xr, yi));
+        const __m256 r = _mm256_div_ps(_mm256_set1_ps(1.0f), den);
+        const __m256 qr = _mm256_mul_ps(re, r), qi = _mm256_mul_ps(im, r);
+        q0 = _mm256_unpacklo_ps(qr, qi);
+        q1 = _mm256_unpackhi_ps(qr, qi);
+        return true;
+    }
+};
 
 int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    const CdivStep step;
     int i = 0, zero = 0;
-    for (; i + 4 <= n; i += 4) {
-        const __m256 y = _mm256_loadu_ps(&a[i].re), x = _mm256_loadu_ps(&b[i].re);
-        const __m256d yl = lo_pd(y), yh = hi_pd(y);
-        const __m256d den = _mm256_unpacklo_pd(cden_pd(yl), cden_pd(yh)); // d0 d2 d1 d3
-        if (_mm256_movemask_pd(_mm256_cmp_pd(den, _mm256_setzero_pd(), _CMP_EQ_OQ))) {
-            zero |= div_c(a + i, b + i, d + i, 4);
-            continue;
+    for (; i + 8 <= n; i += 8) {
+        __m256 q0, q1;
+        if (step(_mm256_loadu_ps(&b[i].re), _mm256_loadu_ps(&b[i + 4].re),
+                 _mm256_loadu_ps(&a[i].re), _mm256_loadu_ps(&a[i + 4].re), q0, q1)) {
+            _mm256_storeu_ps(&d[i].re, q0);
+            _mm256_storeu_ps(&d[i + 4].re, q1);
+        } else {
+            zero |= div_c(a + i, b + i, d + i, 8);
         }
-        const __m256d r = _mm256_div_pd(_mm256_set1_pd(1.0), den);
-        const __m256d ql = _mm256_mul_pd(cnum_pd(lo_pd(x), yl), _mm256_unpacklo_pd(r, r));
-        const __m256d qh = _mm256_mul_pd(cnum_pd(hi_pd(x), yh), _mm256_unpackhi_pd(r, r));
-        _mm256_storeu_ps(&d[i].re, _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(ql)),
-                                                        _mm256_cvtpd_ps(qh), 1));
     }
     if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
     return zero;
