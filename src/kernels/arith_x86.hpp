@@ -482,7 +482,8 @@ void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
     if (i < n) mul_c(a + i, b + i, d + i, n - i);
 }
 
-// Quotients, 8 elements per step: the plain form of cdiv with its operations in the same order,
+// Quotients, 8 elements per step: the plain form of cdiv with its operations in the same order
+// (its fused steps as fused multiply-adds),
 // on the parts gathered into real and imaginary vectors by in-lane shuffles (the order is
 // permuted alike for every operand and undone by the final interleave). Only steps whose every
 // element meets the plain form's conditions (which exclude zero divisors) are done here; the
@@ -516,12 +517,12 @@ struct CdivStep {
     bool operator()(__m256 x0, __m256 x1, __m256 y0, __m256 y1, __m256& q0, __m256& q1) const {
         const __m256 yr = _mm256_shuffle_ps(y0, y1, 0x88), yi = _mm256_shuffle_ps(y0, y1, 0xDD);
         const __m256 xr = _mm256_shuffle_ps(x0, x1, 0x88), xi = _mm256_shuffle_ps(x0, x1, 0xDD);
-        const __m256 den = _mm256_add_ps(_mm256_mul_ps(yr, yr), _mm256_mul_ps(yi, yi));
+        const __m256 den = _mm256_fmadd_ps(yr, yr, _mm256_mul_ps(yi, yi));
         const __m256i m = larger_part(xr, xi), d = _mm256_castps_si256(den);
         if (!within(_mm256_min_epu32(_mm256_add_epi32(m, minus_one), d), _mm256_max_epu32(m, d)))
             return false;
-        const __m256 re = _mm256_add_ps(_mm256_mul_ps(xr, yr), _mm256_mul_ps(xi, yi));
-        const __m256 im = _mm256_sub_ps(_mm256_mul_ps(xi, yr), _mm256_mul_ps(xr, yi));
+        const __m256 re = _mm256_fmadd_ps(xr, yr, _mm256_mul_ps(xi, yi));
+        const __m256 im = _mm256_fmsub_ps(xi, yr, _mm256_mul_ps(xr, yi));
         const __m256 r = _mm256_div_ps(one, den);
         const __m256 qr = _mm256_mul_ps(re, r), qi = _mm256_mul_ps(im, r);
         q0 = _mm256_unpacklo_ps(qr, qi);
