@@ -108,7 +108,7 @@ void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
 // error from the two-sum is nonzero), and rounding a value with 29 more bits than float that way
 // to float gives the correctly rounded result, as the instruction would.
 inline float fused(float a, float b, float c) {
-#if defined(__FMA__)
+#if defined(__FMA__) || defined(__ARM_FEATURE_FMA)
     return std::fma(a, b, c);
 #else
     const double p = static_cast<double>(a) * b, z = c;
