@@ -392,7 +392,7 @@ TEST(ArithDivFloat, ComplexSingleFullRange) {
 
 // Zero divisors inside vector blocks and tails: the part rule and the warning, other elements
 // unaffected; infinities and NaNs elsewhere propagate as NaN or infinity.
-TEST(ArithDivFloat, ComplexSingleZeroDivisorsAndSpecials) {
+TEST(ArithDivFloat, ComplexSingleZeroDivisorsAndNonFinite) {
     const float inf = std::numeric_limits<float>::infinity();
     const float qnan = std::numeric_limits<float>::quiet_NaN();
     vt::for_each_level([&](auto) {
