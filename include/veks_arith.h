@@ -31,9 +31,12 @@ extern "C" {
    - Complex integer Div / DivC: the quotient (y.re*x.re + y.im*x.im, y.im*x.re - y.re*x.im) /
      (x.re^2 + x.im^2) with exact integer numerators and denominator, rounded once per part;
      a divisor (0, 0) follows the zero-divisor rule part by part.
-   - Complex float Div: 32fc forms the quotient in double (exact products, numerators times the
-     reciprocal of re^2 + im^2) and rounds it to float; 64fc uses Smith's scaling (no
-     intermediate overflow). A zero divisor applies the rule to each part.
+   - Complex float Div: 32fc divides in single precision, x / y = x * conj(y) times the
+     reciprocal of y.re^2 + y.im^2, each numerator part and the denominator with one fused
+     multiply-add, the same on every processor; the error is at most 6 * 2^-24 * |x / y|.
+     Elements with very large or very small parts are scaled by powers of two first (no
+     spurious overflow or underflow). 64fc uses Smith's scaling (no intermediate overflow). A
+     zero divisor applies the rule to each part.
    - Complex float Mul/MulC of 32fc fuse one product per part: re = fma(a.re, b.re,
      -(a.im*b.im)), im = fma(a.im, b.re, a.re*b.im), on every processor; 64fc rounds each
      product and the sum (no fusing).

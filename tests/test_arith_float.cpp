@@ -171,6 +171,24 @@ VEK_TEST_REAL(Vek64f, 64f)
 VEK_TEST_COMPLEX(Vek32fc, 32fc)
 VEK_TEST_COMPLEX(Vek64fc, 64fc)
 
+// A product part whose exact value lies just below a rounding midpoint: rounding it twice
+// (to double, then to float) would give the even neighbour; the fused rule gives the nearer one.
+TEST(ArithFloat, ComplexProductRoundsOnce) {
+    // re = fma(xr, yr, -(xi*yi)) = (1 - 2^-46) + (2^24 + 2): nearest float 2^24 + 2.
+    const Vek32fc x{1 + 0x1p-23f, -(0x1p24f + 2)}, y{1 - 0x1p-23f, 1};
+    vt::for_each_level([&](auto) {
+        for (int n : {1, 19}) {
+            std::vector<Vek32fc> a(static_cast<size_t>(n), x), b(static_cast<size_t>(n), y);
+            vt::Buf<Vek32fc> pa(a, off<Vek32fc>(1)), pb(b, off<Vek32fc>(2)), pd(n, off<Vek32fc>(3));
+            ASSERT_EQ(veksMul_32fc(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i) {
+                EXPECT_EQ(pd[i].re, 0x1p24f + 2) << n << " " << i;
+                EXPECT_TRUE(vt::same_bits(pd[i], cmul(x, y)));
+            }
+        }
+    });
+}
+
 TEST(ArithFloat, FromInt16) {
     vt::Rng rng(30);
     vt::for_each_level([&](auto) {
@@ -288,13 +306,17 @@ TEST(ArithDivFloat, ZeroDivisorRule) {
     check_div_by_zero<double, uint64_t>(veksDiv_64f, 0xFFF8000000000000ull);
 }
 
+// Quotients against a long-double reference, within tol * |quotient|; with `same_bits`, every
+// kernel level must also give the scalar level's bits.
 template <class C, class P>
 void check_cdiv(VekStatus (*f)(const C*, const C*, C*, int), VekStatus (*fc)(const C*, C, C*, int),
-                double tol) {
-    vt::Rng rng(40);
-    vt::for_each_level([&](auto) {
+                double tol, bool same_bits) {
+    std::vector<std::vector<C>> first_d, first_c; // scalar level's results, per length
+    vt::for_each_level([&](auto level) {
+        vt::Rng data(41);
+        size_t k = 0;
         for (int n : vt::test_lengths()) {
-            const auto a = fvec<C>(rng, n), b = fvec<C>(rng, n);
+            const auto a = fvec<C>(data, n), b = fvec<C>(data, n);
             vt::Buf<C> pa(a, off<C>(1)), pb(b, off<C>(2)), pd(n, off<C>(4)), pc(n, off<C>(6));
             ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             ASSERT_EQ(fc(pb.data(), a[0], pc.data(), n), vekStsOk);
@@ -307,6 +329,15 @@ void check_cdiv(VekStatus (*f)(const C*, const C*, C*, int), VekStatus (*fc)(con
                 ASSERT_LE(std::abs(qc - LC(pc[i].re, pc[i].im)), tol * mc) << i;
             }
             ASSERT_TRUE(pd.guards_intact() && pc.guards_intact());
+            if (!same_bits) continue;
+            if (level == veks::isa::scalar) {
+                first_d.push_back(pd.vec());
+                first_c.push_back(pc.vec());
+            } else {
+                ASSERT_TRUE(vt::bits_equal(pd.vec(), first_d[k])) << "n " << n;
+                ASSERT_TRUE(vt::bits_equal(pc.vec(), first_c[k])) << "n " << n;
+            }
+            ++k;
         }
     });
     // A zero divisor applies the real rule to each part.
@@ -321,14 +352,116 @@ void check_cdiv(VekStatus (*f)(const C*, const C*, C*, int), VekStatus (*fc)(con
 }
 
 TEST(ArithDivFloat, Complex) {
-    check_cdiv<Vek32fc, float>(veksDiv_32fc, veksDivC_32fc, 0x1p-23);
-    check_cdiv<Vek64fc, double>(veksDiv_64fc, veksDivC_64fc, 0x1p-50);
+    // Single precision: at most 6 units of 2^-24 of |quotient| (see the kernels); the same bits
+    // from every level.
+    check_cdiv<Vek32fc, float>(veksDiv_32fc, veksDivC_32fc, 6 * 0x1p-24, true);
+    check_cdiv<Vek64fc, double>(veksDiv_64fc, veksDivC_64fc, 0x1p-50, false);
     // Smith's scaling: no overflow for huge divisors.
     const Vek64fc big[] = {{1e300, 1e300}}, one[] = {{1e300, 0}};
     Vek64fc d[1];
     ASSERT_EQ(veksDiv_64fc(big, one, d, 1), vekStsOk);
     EXPECT_NEAR(d[0].re, 0.5, 1e-15);
     EXPECT_NEAR(d[0].im, -0.5, 1e-15);
+}
+
+// A random float of any magnitude (subnormals included), zero now and then.
+float wide_float(vt::Rng& rng) {
+    if (rng.next() % 16 == 0) return (rng.next() & 1) ? -0.0f : 0.0f;
+    const float mant = static_cast<float>(rng.uniform(1.0, 2.0));
+    const int e = static_cast<int>(rng.range(-149, 127));
+    const float v = std::ldexp(mant, e);
+    return (rng.next() & 1) ? -v : v;
+}
+
+// 32fc quotients of parts from the whole float range, mixed with moderate ones so that vector
+// blocks and the element rule meet: within 6 units of 2^-24 of |quotient| (plus the smallest
+// subnormal, for quotients that underflow), no spurious overflow or underflow, and
+// the scalar level's bits at every level.
+TEST(ArithDivFloat, ComplexSingleFullRange) {
+    const int n = 4099;
+    vt::Rng rng(44);
+    std::vector<Vek32fc> a(n), b(n);
+    for (int i = 0; i < n; ++i) {
+        const bool wide = rng.next() % 4 == 0;
+        for (Vek32fc* v : {&a[i], &b[i]}) {
+            if (wide)
+                *v = {wide_float(rng), wide_float(rng)};
+            else
+                *v = {static_cast<float>(rng.uniform(-100, 100)),
+                      static_cast<float>(rng.uniform(-100, 100))};
+        }
+        if (a[i].re == 0 && a[i].im == 0) a[i].re = 1;
+    }
+    // Quotients that the plain form would overflow or underflow on the way.
+    a[0] = {3e38f, 3e38f}, b[0] = {2e38f, -2e38f};        // 1.5 * (1 + i) / ... = (0, -2/3)
+    a[1] = {0x1p-140f, 0x1p-140f}, b[1] = {0x1p-139f, 0}; // subnormal parts: 1 - i
+    a[2] = {0x1p-149f, 0}, b[2] = {0x1p100f, 0x1p100f};   // 2^249 (1 + i): overflows
+    a[3] = {0x1p120f, 0}, b[3] = {0x1p-20f, 0x1p-30f};    // tiny quotient, normal
+    a[4] = {1, 0}, b[4] = {0x1p-100f, 0x1p-120f};         // 2^-100 (1 + 2^-20 i)
+    std::vector<Vek32fc> first;
+    vt::for_each_level([&](auto level) {
+        vt::Buf<Vek32fc> pa(a, off<Vek32fc>(1)), pb(b, off<Vek32fc>(2)), pd(n, off<Vek32fc>(3));
+        ASSERT_EQ(veksDiv_32fc(pa.data(), pb.data(), pd.data(), n), vekStsOk);
+        ASSERT_TRUE(pd.guards_intact());
+        for (int i = 0; i < n; ++i) {
+            using LC = std::complex<long double>;
+            const LC q = LC(b[i].re, b[i].im) / LC(a[i].re, a[i].im);
+            const long double m = std::abs(q);
+            const long double top = std::max(std::fabs(q.real()), std::fabs(q.imag()));
+            if (top >= 0x1p128L) { // that part overflows
+                EXPECT_TRUE(std::isinf(pd[i].re) || std::isinf(pd[i].im)) << i;
+                continue;
+            }
+            if (top > 0x1p127L) continue; // rounding may or may not overflow
+            ASSERT_TRUE(std::isfinite(pd[i].re) && std::isfinite(pd[i].im)) << i;
+            EXPECT_LE(std::abs(q - LC(pd[i].re, pd[i].im)), 6 * 0x1p-24L * m + 0x1p-149L)
+                << i << ": (" << b[i].re << ", " << b[i].im << ") / (" << a[i].re << ", " << a[i].im
+                << ")";
+        }
+        EXPECT_NEAR(pd[0].re, 0.0f, 4e-7f); // no overflow on the way
+        EXPECT_FLOAT_EQ(pd[0].im, -2.0f / 3.0f);
+        EXPECT_EQ(pd[1].re, 1.0f);
+        EXPECT_EQ(pd[1].im, -1.0f);
+        EXPECT_TRUE(std::isinf(pd[2].re) && std::isinf(pd[2].im));
+        EXPECT_FLOAT_EQ(pd[4].re, 0x1p-100f);
+        if (level == veks::isa::scalar)
+            first = pd.vec();
+        else
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), first));
+    });
+}
+
+// Zero divisors inside vector blocks and tails: the part rule and the warning, other elements
+// unaffected; infinities and NaNs elsewhere propagate as NaN or infinity.
+TEST(ArithDivFloat, ComplexSingleZeroDivisorsAndNonFinite) {
+    const float inf = std::numeric_limits<float>::infinity();
+    const float qnan = std::numeric_limits<float>::quiet_NaN();
+    vt::for_each_level([&](auto) {
+        for (int n : {5, 16, 17, 31, 32, 33, 64, 67}) {
+            std::vector<Vek32fc> x(static_cast<size_t>(n), Vek32fc{2, 1});
+            std::vector<Vek32fc> y(static_cast<size_t>(n), Vek32fc{3, 4});
+            const int z = n / 2;
+            x[z] = {0, -0.0f}, y[z] = {-5, 0};
+            x[1] = {0, 0}, y[1] = {qnan, 7};
+            x[n - 1] = {inf, 1}, y[n - 1] = {1, 1};
+            vt::Buf<Vek32fc> px(x, off<Vek32fc>(1)), py(y, off<Vek32fc>(2)), pd(n, off<Vek32fc>(3));
+            ASSERT_EQ(veksDiv_32fc(px.data(), py.data(), pd.data(), n), vekStsDivZeroWrn) << n;
+            EXPECT_EQ(pd[z].re, -inf);
+            EXPECT_EQ(std::bit_cast<uint32_t>(pd[z].im), 0xFFC00000u);
+            EXPECT_EQ(std::bit_cast<uint32_t>(pd[1].re), 0xFFC00000u);
+            EXPECT_EQ(pd[1].im, inf);
+            EXPECT_TRUE(std::isnan(pd[n - 1].re) || std::isinf(pd[n - 1].re));
+            EXPECT_TRUE(std::isnan(pd[n - 1].im) || std::isinf(pd[n - 1].im));
+            for (int i : {0, 2, n - 2}) {
+                if (i == z || i == 1 || i == n - 1) continue;
+                EXPECT_FLOAT_EQ(pd[i].re, 2.0f); // (3 + 4i) / (2 + i) = 2 + i
+                EXPECT_FLOAT_EQ(pd[i].im, 1.0f);
+            }
+            x[z] = x[1] = {1, 0};
+            vt::Buf<Vek32fc> px2(x, off<Vek32fc>(1));
+            ASSERT_EQ(veksDiv_32fc(px2.data(), py.data(), pd.data(), n), vekStsOk) << n;
+        }
+    });
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Element-wise arithmetic kernels, compiled once per instruction-set level (VEK_ISA). The loops
 // are written once in plain C++; the hot members get hand-written vector bodies in
 // arith_x86.hpp, which give the plain loops' bits exactly.
+#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -97,11 +98,29 @@ void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
 }
 
 // ---- floating point, complex ---------------------------------------------------------------
-// 32fc products fuse one of the two products of each part: re = fma(xr, yr, -(xi*yi)),
-// im = fma(xi, yr, xr*yi), identically on every level (two roundings per part, no more). 32fc
-// quotients are formed in double, where the float products are exact, through the reciprocal of
-// |y|^2 and rounded to float. 64fc quotients use Smith's scaling so that |divisor|^2 can
-// neither overflow nor underflow.
+// 32fc products fuse one of the two products of each part: re = fused(xr, yr, -(xi*yi)),
+// im = fused(xi, yr, xr*yi), identically on every level (two roundings per part, no more). 32fc
+// quotients are formed in single precision (see cdiv below). 64fc quotients use Smith's scaling
+// so that |divisor|^2 can neither overflow nor underflow.
+
+// a * b + c rounded once. Levels without a fused multiply-add instruction form it in double, where
+// the product is exact: the sum is rounded to odd (nudged to the odd neighbour when the exact
+// error from the two-sum is nonzero), and rounding a value with 29 more bits than float that way
+// to float gives the correctly rounded result, as the instruction would.
+inline float fused(float a, float b, float c) {
+#if defined(__FMA__) || defined(__ARM_FEATURE_FMA)
+    return std::fma(a, b, c);
+#else
+    const double p = static_cast<double>(a) * b, z = c;
+    const double s = p + z;
+    if (!std::isfinite(s)) return static_cast<float>(s);
+    const double t = s - p;
+    const double err = (p - (s - t)) + (z - t);
+    uint64_t bits = std::bit_cast<uint64_t>(s);
+    if (err != 0 && (bits & 1) == 0) bits += ((err > 0) == (s > 0)) ? 1 : uint64_t(-1);
+    return static_cast<float>(std::bit_cast<double>(bits));
+#endif
+}
 
 #if VEK_ISA_LEVEL >= 2
 inline float fused(float a, float b, float c) { return std::fma(a, b, c); } // one instruction
@@ -114,16 +133,57 @@ inline Vek32fc cmul(Vek32fc x, Vek32fc y) {
 inline Vek64fc cmul(Vek64fc x, Vek64fc y) {
     return {x.re * y.re - x.im * y.im, x.re * y.im + x.im * y.re};
 }
-// x / y
+// 32fc quotient x / y in single precision: x * conj(y) times the reciprocal of |y|^2, in float,
+// in this order (fused: a * b + c rounded once, see above):
+//   den = fused(yr, yr, yi*yi), r = 1 / den,
+//   q = (fused(xr, yr, xi*yi) * r, fused(xi, yr, -(xr*yi)) * r).
+// That plain form serves the elements whose parts are moderate: |y|^2 in [2^-64, 2^64] and the
+// larger part of x zero or of magnitude in (2^-64, 2^64]. There no product can overflow, and a
+// product that underflows errs by less than 2^-53 |x| |y|, so the error is at most
+// 6 * 2^-24 * |x / y| (two units of 2^-24 from the numerator, two from the denominator, one each
+// from the reciprocal and the final product). Every other element is first scaled by powers of
+// two (exact), x and y separately, to a larger part in [1, 2), divided in the plain form and
+// scaled back with a single rounding: no spurious overflow or underflow.
+// The vector kernels test the same conditions on whole blocks, on magnitude bits (whose unsigned
+// order is the numeric order, NaN above infinity), and compute the plain form with the same
+// operations; a block that fails the test is handed to this loop.
+constexpr uint32_t kModerateLo = 0x1F800000u; // 2^-64
+constexpr uint32_t kModerateHi = 0x5F800000u; // 2^64
+
+inline float cden(Vek32fc y) { return fused(y.re, y.re, y.im * y.im); }
+inline Vek32fc cdiv_plain(Vek32fc x, Vek32fc y, float den) {
+    const float r = 1.0f / den;
+    return {fused(x.re, y.re, x.im * y.im) * r, fused(x.im, y.re, -(x.re * y.im)) * r};
+}
+inline uint32_t magnitude_bits(float v) { return std::bit_cast<uint32_t>(v) & 0x7FFFFFFFu; }
+inline bool moderate(Vek32fc x, float den) { // den >= 0 or NaN
+    const uint32_t m = std::max(magnitude_bits(x.re), magnitude_bits(x.im));
+    const uint32_t d = std::bit_cast<uint32_t>(den);
+    return (m == 0 || (m > kModerateLo && m <= kModerateHi)) && d >= kModerateLo &&
+           d <= kModerateHi;
+}
+inline int exponent_of_larger(Vek32fc v) { // ilogb of max(|re|, |im|), v finite and nonzero
+    return std::ilogb(std::fmax(std::fabs(v.re), std::fabs(v.im)));
+}
+Vek32fc cdiv_scaled(Vek32fc x, Vek32fc y) {
+    if (!std::isfinite(x.re) || !std::isfinite(x.im) || !std::isfinite(y.re) ||
+        !std::isfinite(y.im)) // infinities and NaNs propagate through the plain form
+        return cdiv_plain(x, y, cden(y));
+    const int ky = exponent_of_larger(y);
+    const int kx = (x.re == 0.0f && x.im == 0.0f) ? 0 : exponent_of_larger(x);
+    const Vek32fc ys{std::ldexp(y.re, -ky), std::ldexp(y.im, -ky)};
+    const Vek32fc xs{std::ldexp(x.re, -kx), std::ldexp(x.im, -kx)};
+    const Vek32fc q = cdiv_plain(xs, ys, cden(ys));
+    return {std::ldexp(q.re, kx - ky), std::ldexp(q.im, kx - ky)};
+}
 inline Vek32fc cdiv(Vek32fc x, Vek32fc y, int& zero) {
     if (y.re == 0.0f && y.im == 0.0f) {
         zero = 1;
         return {fdiv_by_zero(x.re), fdiv_by_zero(x.im)};
     }
-    const double xr = x.re, xi = x.im, yr = y.re, yi = y.im;
-    const double r = 1.0 / (yr * yr + yi * yi);
-    return {static_cast<float>((xr * yr + xi * yi) * r),
-            static_cast<float>((xi * yr - xr * yi) * r)};
+    const float den = cden(y);
+    if (moderate(x, den)) return cdiv_plain(x, y, den);
+    return cdiv_scaled(x, y);
 }
 inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
     if (y.re == 0.0 && y.im == 0.0) {
@@ -139,8 +199,7 @@ inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
 }
 
 // GCC 12's complex-arithmetic vector patterns fuse multiply-adds even under -ffp-contract=off;
-// the 64fc loops (whose products are not exact) are kept out of that vectorizer so that every
-// level gives the same bits. 32fc products are exact in double, so fusing cannot change them.
+// the complex loops are kept out of that vectorizer so that every level gives the same bits.
 #if defined(__GNUC__) && !defined(__clang__) && VEK_ISA_LEVEL >= 2
 #define VEK_NO_FUSED_COMPLEX __attribute__((optimize("no-tree-vectorize", "no-tree-slp-vectorize")))
 #else

@@ -3,8 +3,8 @@
 // loop's bits exactly:
 // - 16-bit scaled kernels widen to 32-bit lanes, apply the shift-and-lowest-bit rounding rule
 //   and narrow with signed saturation (sf = 0 of Add/Sub: saturating 16-bit arithmetic).
-// - 32fc products use the plain loop's fused form; quotients work in double, where every float
-//   product is exact, so fusing them rounds exactly like the plain loop's separate operations.
+// - 32fc products use the plain loop's fused form; quotients repeat the plain loop's single
+//   precision operations in the same order (a block needing the scaled form goes to that loop).
 #pragma once
 
 #if VEK_ISA_LEVEL >= 2
@@ -77,42 +77,70 @@ struct Vec512<double> {
     static void store(double* p, __m512d v) { _mm512_storeu_pd(p, v); }
     static void stream(double* p, __m512d v) { _mm512_stream_pd(p, v); }
 };
+template <class T>
+struct Vec256;
+template <>
+struct Vec256<float> {
+    static __m256 load(const float* p) { return _mm256_loadu_ps(p); }
+    static void store(float* p, __m256 v) { _mm256_storeu_ps(p, v); }
+};
+template <>
+struct Vec256<double> {
+    static __m256d load(const double* p) { return _mm256_loadu_pd(p); }
+    static void store(double* p, __m256d v) { _mm256_storeu_pd(p, v); }
+};
 
-template <class T, class VecOp, class Plain>
-inline void streamed2(const T* a, const T* b, T* d, int n, VecOp op, Plain plain) {
-    using V = Vec512<T>;
-    constexpr int w = 64 / sizeof(T);
+// Cache-resident calls use 256-bit vectors, four per step: on the development machine 512-bit
+// loads of L2-resident data were no faster at best and up to 1.35 times slower in some processes.
+template <class T, class Op512, class Op256, class Plain>
+inline void streamed2(const T* a, const T* b, T* d, int n, Op512 op512, Op256 op256, Plain plain) {
     const auto addr = reinterpret_cast<uintptr_t>(d);
     int i = 0;
     if (3 * static_cast<size_t>(n) * sizeof(T) >= kStreamFootprint && addr % sizeof(T) == 0) {
+        using V = Vec512<T>;
+        constexpr int w = 64 / sizeof(T);
         i = static_cast<int>(((64 - (addr & 63)) & 63) / sizeof(T));
         plain(a, b, d, i);
-        for (; i + w <= n; i += w) V::stream(d + i, op(V::load(a + i), V::load(b + i)));
+        for (; i + w <= n; i += w) V::stream(d + i, op512(V::load(a + i), V::load(b + i)));
         _mm_sfence();
     } else {
-        for (; i + 2 * w <= n; i += 2 * w) {
-            const auto r0 = op(V::load(a + i), V::load(b + i));
-            const auto r1 = op(V::load(a + i + w), V::load(b + i + w));
+        using V = Vec256<T>;
+        constexpr int w = 32 / sizeof(T);
+        for (; i + 4 * w <= n; i += 4 * w) {
+            const auto r0 = op256(V::load(a + i), V::load(b + i));
+            const auto r1 = op256(V::load(a + i + w), V::load(b + i + w));
+            const auto r2 = op256(V::load(a + i + 2 * w), V::load(b + i + 2 * w));
+            const auto r3 = op256(V::load(a + i + 3 * w), V::load(b + i + 3 * w));
             V::store(d + i, r0);
             V::store(d + i + w, r1);
+            V::store(d + i + 2 * w, r2);
+            V::store(d + i + 3 * w, r3);
         }
-        for (; i + w <= n; i += w) V::store(d + i, op(V::load(a + i), V::load(b + i)));
+        for (; i + w <= n; i += w) V::store(d + i, op256(V::load(a + i), V::load(b + i)));
     }
     if (i < n) plain(a + i, b + i, d + i, n - i);
 }
 
-#define VEK_STREAMED_F(name, T, plain, expr)                                                       \
+#define VEK_STREAMED_F(name, T, plain, op, w)                                                      \
     void name(const T* a, const T* b, T* d, int n) {                                               \
         streamed2(                                                                                 \
-            a, b, d, n, [](auto x, auto y) { return expr; }, plain);                               \
+            a, b, d, n, [](auto x, auto y) { return _mm512_##op##_##w(x, y); },                    \
+            [](auto x, auto y) { return _mm256_##op##_##w(x, y); }, plain);                        \
     }
-VEK_STREAMED_F(add_32f_fast, Vek32f, add_f<Vek32f>, _mm512_add_ps(x, y))
-VEK_STREAMED_F(sub_32f_fast, Vek32f, sub_f<Vek32f>, _mm512_sub_ps(y, x))
-VEK_STREAMED_F(mul_32f_fast, Vek32f, mul_f<Vek32f>, _mm512_mul_ps(x, y))
-VEK_STREAMED_F(add_64f_fast, Vek64f, add_f<Vek64f>, _mm512_add_pd(x, y))
-VEK_STREAMED_F(sub_64f_fast, Vek64f, sub_f<Vek64f>, _mm512_sub_pd(y, x))
-VEK_STREAMED_F(mul_64f_fast, Vek64f, mul_f<Vek64f>, _mm512_mul_pd(x, y))
+#define VEK_STREAMED_F_REV(name, T, plain, op, w)                                                  \
+    void name(const T* a, const T* b, T* d, int n) {                                               \
+        streamed2(                                                                                 \
+            a, b, d, n, [](auto x, auto y) { return _mm512_##op##_##w(y, x); },                    \
+            [](auto x, auto y) { return _mm256_##op##_##w(y, x); }, plain);                        \
+    }
+VEK_STREAMED_F(add_32f_fast, Vek32f, add_f<Vek32f>, add, ps)
+VEK_STREAMED_F_REV(sub_32f_fast, Vek32f, sub_f<Vek32f>, sub, ps)
+VEK_STREAMED_F(mul_32f_fast, Vek32f, mul_f<Vek32f>, mul, ps)
+VEK_STREAMED_F(add_64f_fast, Vek64f, add_f<Vek64f>, add, pd)
+VEK_STREAMED_F_REV(sub_64f_fast, Vek64f, sub_f<Vek64f>, sub, pd)
+VEK_STREAMED_F(mul_64f_fast, Vek64f, mul_f<Vek64f>, mul, pd)
 #undef VEK_STREAMED_F
+#undef VEK_STREAMED_F_REV
 
 // Quotients of two vectors per step; a block holding a zero divisor is redone by the plain loop,
 // which applies the zero-divisor rule and reports it.
@@ -278,56 +306,12 @@ inline void mul_32fc_body(const Vek32fc* a, LoadY load_y, Vek32fc* d, int n, int
     for (; i + 8 <= n; i += 8)
         _mm512_storeu_ps(&d[i].re, cmul_ps(_mm512_loadu_ps(&a[i].re), load_y(i)));
 }
-void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    int i = 0;
-    mul_32fc_body(
-        a, [b](int j) { return _mm512_loadu_ps(&b[j].re); }, d, n, i);
-    if (i < n) mul_c(a + i, b + i, d + i, n - i);
-}
 void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
     const __m512 vv = _mm512_castpd_ps(_mm512_set1_pd(std::bit_cast<double>(v)));
     int i = 0;
     mul_32fc_body(
         s, [vv](int) { return vv; }, d, n, i);
     if (i < n) mulc_c(s + i, v, d + i, n - i);
-}
-
-// Quotients in double: numerators (xr*yr + xi*yi, xi*yr - xr*yi) of exact products, times the
-// reciprocal of yr*yr + yi*yi; one division serves 8 elements.
-inline __m512d lo_pd(__m512 x) { return _mm512_cvtps_pd(_mm512_castps512_ps256(x)); }
-inline __m512d hi_pd(__m512 x) {
-    return _mm512_cvtps_pd(_mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(x), 1)));
-}
-inline __m512d cnum_pd(__m512d x, __m512d y) {
-    const __m512d yr = _mm512_movedup_pd(y), yi = _mm512_permute_pd(y, 0xFF);
-    return _mm512_fmsubadd_pd(x, yr, _mm512_mul_pd(_mm512_permute_pd(x, 0x55), yi));
-}
-inline __m512d cden_pd(__m512d y) { // yr*yr + yi*yi in the even lanes
-    const __m512d y2 = _mm512_mul_pd(y, y);
-    return _mm512_add_pd(y2, _mm512_permute_pd(y2, 0x55));
-}
-
-int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    const __m512i even = _mm512_setr_epi64(0, 2, 4, 6, 8, 10, 12, 14);
-    const __m512i dup_lo = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
-    const __m512i dup_hi = _mm512_setr_epi64(4, 4, 5, 5, 6, 6, 7, 7);
-    int i = 0, zero = 0;
-    for (; i + 8 <= n; i += 8) {
-        const __m512 y = _mm512_loadu_ps(&a[i].re), x = _mm512_loadu_ps(&b[i].re);
-        const __m512d yl = lo_pd(y), yh = hi_pd(y);
-        const __m512d den = _mm512_permutex2var_pd(cden_pd(yl), even, cden_pd(yh));
-        if (_mm512_cmp_pd_mask(den, _mm512_setzero_pd(), _CMP_EQ_OQ)) {
-            zero |= div_c(a + i, b + i, d + i, 8); // zero divisors: the element rule
-            continue;
-        }
-        const __m512d r = _mm512_div_pd(_mm512_set1_pd(1.0), den);
-        const __m512d ql = _mm512_mul_pd(cnum_pd(lo_pd(x), yl), _mm512_permutexvar_pd(dup_lo, r));
-        const __m512d qh = _mm512_mul_pd(cnum_pd(hi_pd(x), yh), _mm512_permutexvar_pd(dup_hi, r));
-        _mm512_storeu_ps(&d[i].re, _mm512_insertf32x8(_mm512_castps256_ps512(_mm512_cvtpd_ps(ql)),
-                                                      _mm512_cvtpd_ps(qh), 1));
-    }
-    if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
-    return zero;
 }
 
 #elif VEK_ISA_LEVEL >= 2
@@ -456,48 +440,11 @@ inline __m256 cmul_ps(__m256 x, __m256 y) {
     const __m256 yr = _mm256_moveldup_ps(y), yi = _mm256_movehdup_ps(y);
     return _mm256_fmaddsub_ps(x, yr, _mm256_mul_ps(_mm256_permute_ps(x, 0xB1), yi));
 }
-void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    int i = 0;
-    for (; i + 4 <= n; i += 4)
-        _mm256_storeu_ps(&d[i].re, cmul_ps(_mm256_loadu_ps(&a[i].re), _mm256_loadu_ps(&b[i].re)));
-    if (i < n) mul_c(a + i, b + i, d + i, n - i);
-}
 void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, int n) {
     const __m256 vv = _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(v)));
     int i = 0;
     for (; i + 4 <= n; i += 4) _mm256_storeu_ps(&d[i].re, cmul_ps(_mm256_loadu_ps(&s[i].re), vv));
     if (i < n) mulc_c(s + i, v, d + i, n - i);
-}
-
-inline __m256d lo_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_castps256_ps128(x)); }
-inline __m256d hi_pd(__m256 x) { return _mm256_cvtps_pd(_mm256_extractf128_ps(x, 1)); }
-inline __m256d cnum_pd(__m256d x, __m256d y) {
-    const __m256d yr = _mm256_movedup_pd(y), yi = _mm256_permute_pd(y, 0xF);
-    return _mm256_fmsubadd_pd(x, yr, _mm256_mul_pd(_mm256_permute_pd(x, 0x5), yi));
-}
-inline __m256d cden_pd(__m256d y) {
-    const __m256d y2 = _mm256_mul_pd(y, y);
-    return _mm256_add_pd(y2, _mm256_permute_pd(y2, 0x5));
-}
-
-int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
-    int i = 0, zero = 0;
-    for (; i + 4 <= n; i += 4) {
-        const __m256 y = _mm256_loadu_ps(&a[i].re), x = _mm256_loadu_ps(&b[i].re);
-        const __m256d yl = lo_pd(y), yh = hi_pd(y);
-        const __m256d den = _mm256_unpacklo_pd(cden_pd(yl), cden_pd(yh)); // d0 d2 d1 d3
-        if (_mm256_movemask_pd(_mm256_cmp_pd(den, _mm256_setzero_pd(), _CMP_EQ_OQ))) {
-            zero |= div_c(a + i, b + i, d + i, 4);
-            continue;
-        }
-        const __m256d r = _mm256_div_pd(_mm256_set1_pd(1.0), den);
-        const __m256d ql = _mm256_mul_pd(cnum_pd(lo_pd(x), yl), _mm256_unpacklo_pd(r, r));
-        const __m256d qh = _mm256_mul_pd(cnum_pd(hi_pd(x), yh), _mm256_unpackhi_pd(r, r));
-        _mm256_storeu_ps(&d[i].re, _mm256_insertf128_ps(_mm256_castps128_ps256(_mm256_cvtpd_ps(ql)),
-                                                        _mm256_cvtpd_ps(qh), 1));
-    }
-    if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
-    return zero;
 }
 
 #else
@@ -509,6 +456,97 @@ constexpr auto add_16s_sfs_fast = add_16s_sfs_plain;
 constexpr auto sub_16s_sfs_fast = sub_16s_sfs_plain;
 constexpr auto mul_16s_sfs_fast = mul_16s_sfs_plain;
 constexpr auto mulc_16s_sfs_fast = mulc_16s_sfs_plain;
+
+#endif
+
+#if VEK_ISA_LEVEL >= 2
+
+// ---- 32fc, AVX2 and AVX-512: 256-bit vectors ------------------------------------------------
+// The AVX-512 level keeps 256-bit vectors here (adding only its range and unsigned-compare
+// instructions): on the development machine 512-bit loads of cache-resident data were at best
+// slightly faster and in some processes up to 1.5 times slower; 256-bit ones are steady.
+
+// Products, 8 elements per step: (fma(xr, yr, -(xi*yi)), fma(xi, yr, xr*yi)), as the plain loop.
+inline __m256 cmul256(__m256 x, __m256 y) {
+    const __m256 yr = _mm256_moveldup_ps(y), yi = _mm256_movehdup_ps(y);
+    return _mm256_fmaddsub_ps(x, yr, _mm256_mul_ps(_mm256_permute_ps(x, 0xB1), yi));
+}
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    int i = 0;
+    for (; i + 8 <= n; i += 8) {
+        const __m256 r0 = cmul256(_mm256_loadu_ps(&a[i].re), _mm256_loadu_ps(&b[i].re));
+        const __m256 r1 = cmul256(_mm256_loadu_ps(&a[i + 4].re), _mm256_loadu_ps(&b[i + 4].re));
+        _mm256_storeu_ps(&d[i].re, r0);
+        _mm256_storeu_ps(&d[i + 4].re, r1);
+    }
+    if (i < n) mul_c(a + i, b + i, d + i, n - i);
+}
+
+// Quotients, 8 elements per step: the plain form of cdiv with its operations in the same order
+// (its fused steps as fused multiply-adds),
+// on the parts gathered into real and imaginary vectors by in-lane shuffles (the order is
+// permuted alike for every operand and undone by the final interleave). Only steps whose every
+// element meets the plain form's conditions (which exclude zero divisors) are done here; the
+// others go to the element loop. The conditions are tested on magnitude bits, unsigned (NaN sorts
+// above infinity), with m the larger part of x: min(m - 1, den) >= lo, where m = 0 wraps to the
+// largest value and passes, and max(m, den) <= hi.
+struct CdivStep {
+    const __m256 one = _mm256_set1_ps(1.0f);
+    const __m256i abs_mask = _mm256_set1_epi32(0x7FFFFFFF), minus_one = _mm256_set1_epi32(-1),
+                  lo = _mm256_set1_epi32(static_cast<int32_t>(kModerateLo)),
+                  hi = _mm256_set1_epi32(static_cast<int32_t>(kModerateHi));
+
+    __m256i larger_part(__m256 re, __m256 im) const {
+#if VEK_ISA_LEVEL >= 3
+        return _mm256_castps_si256(_mm256_range_ps(re, im, 0xB)); // larger magnitude, no sign
+#else
+        return _mm256_max_epu32(_mm256_and_si256(_mm256_castps_si256(re), abs_mask),
+                                _mm256_and_si256(_mm256_castps_si256(im), abs_mask));
+#endif
+    }
+    bool within(__m256i low, __m256i high) const { // low >= lo and high <= hi
+#if VEK_ISA_LEVEL >= 3
+        return (_mm256_cmplt_epu32_mask(low, lo) | _mm256_cmpgt_epu32_mask(high, hi)) == 0;
+#else
+        const __m256i ok = _mm256_and_si256(_mm256_cmpeq_epi32(_mm256_max_epu32(low, lo), low),
+                                            _mm256_cmpeq_epi32(_mm256_min_epu32(high, hi), high));
+        return _mm256_movemask_epi8(ok) == -1;
+#endif
+    }
+    // q0, q1 = x0 / y0, x1 / y1 (4 elements each), or false when an element fails.
+    bool operator()(__m256 x0, __m256 x1, __m256 y0, __m256 y1, __m256& q0, __m256& q1) const {
+        const __m256 yr = _mm256_shuffle_ps(y0, y1, 0x88), yi = _mm256_shuffle_ps(y0, y1, 0xDD);
+        const __m256 xr = _mm256_shuffle_ps(x0, x1, 0x88), xi = _mm256_shuffle_ps(x0, x1, 0xDD);
+        const __m256 den = _mm256_fmadd_ps(yr, yr, _mm256_mul_ps(yi, yi));
+        const __m256i m = larger_part(xr, xi), d = _mm256_castps_si256(den);
+        if (!within(_mm256_min_epu32(_mm256_add_epi32(m, minus_one), d), _mm256_max_epu32(m, d)))
+            return false;
+        const __m256 re = _mm256_fmadd_ps(xr, yr, _mm256_mul_ps(xi, yi));
+        const __m256 im = _mm256_fmsub_ps(xi, yr, _mm256_mul_ps(xr, yi));
+        const __m256 r = _mm256_div_ps(one, den);
+        const __m256 qr = _mm256_mul_ps(re, r), qi = _mm256_mul_ps(im, r);
+        q0 = _mm256_unpacklo_ps(qr, qi);
+        q1 = _mm256_unpackhi_ps(qr, qi);
+        return true;
+    }
+};
+
+int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, int n) {
+    const CdivStep step;
+    int i = 0, zero = 0;
+    for (; i + 8 <= n; i += 8) {
+        __m256 q0, q1;
+        if (step(_mm256_loadu_ps(&b[i].re), _mm256_loadu_ps(&b[i + 4].re),
+                 _mm256_loadu_ps(&a[i].re), _mm256_loadu_ps(&a[i + 4].re), q0, q1)) {
+            _mm256_storeu_ps(&d[i].re, q0);
+            _mm256_storeu_ps(&d[i + 4].re, q1);
+        } else {
+            zero |= div_c(a + i, b + i, d + i, 8);
+        }
+    }
+    if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
+    return zero;
+}
 
 #endif
 
