@@ -103,27 +103,10 @@ void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
 // quotients are formed in single precision (see cdiv below). 64fc quotients use Smith's scaling
 // so that |divisor|^2 can neither overflow nor underflow.
 
-// a * b + c rounded once. Levels without a fused multiply-add instruction form it in double, where
-// the product is exact: the sum is rounded to odd (nudged to the odd neighbour when the exact
-// error from the two-sum is nonzero), and rounding a value with 29 more bits than float that way
-// to float gives the correctly rounded result, as the instruction would.
-inline float fused(float a, float b, float c) {
+// a * b + c rounded once: one instruction where the level has it, else the exact emulation
+// (num::fma_float), never the C library's fmaf, which some runtimes round twice.
 #if defined(__FMA__) || defined(__ARM_FEATURE_FMA)
-    return std::fma(a, b, c);
-#else
-    const double p = static_cast<double>(a) * b, z = c;
-    const double s = p + z;
-    if (!std::isfinite(s)) return static_cast<float>(s);
-    const double t = s - p;
-    const double err = (p - (s - t)) + (z - t);
-    uint64_t bits = std::bit_cast<uint64_t>(s);
-    if (err != 0 && (bits & 1) == 0) bits += ((err > 0) == (s > 0)) ? 1 : uint64_t(-1);
-    return static_cast<float>(std::bit_cast<double>(bits));
-#endif
-}
-
-#if VEK_ISA_LEVEL >= 2
-inline float fused(float a, float b, float c) { return std::fma(a, b, c); } // one instruction
+inline float fused(float a, float b, float c) { return std::fma(a, b, c); }
 #else
 inline float fused(float a, float b, float c) { return num::fma_float(a, b, c); }
 #endif
