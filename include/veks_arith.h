@@ -1,4 +1,5 @@
-/* veks: vector arithmetic, conversion and companding, logical and shift operations, data movement. */
+/* veks: vector arithmetic, conversion and companding, logical and shift operations, data movement.
+ */
 #ifndef VEKS_ARITH_H
 #define VEKS_ARITH_H
 
@@ -473,9 +474,12 @@ VEK_API VekStatus veksImag_64fc(const Vek64fc* pSrc, Vek64f* pDstIm, int len);
 VEK_API VekStatus veksCplxToReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, Vek16s* pDstIm, int len);
 VEK_API VekStatus veksCplxToReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, Vek32f* pDstIm, int len);
 VEK_API VekStatus veksCplxToReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, Vek64f* pDstIm, int len);
-VEK_API VekStatus veksRealToCplx_16s(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16sc* pDst, int len);
-VEK_API VekStatus veksRealToCplx_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32fc* pDst, int len);
-VEK_API VekStatus veksRealToCplx_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64fc* pDst, int len);
+VEK_API VekStatus veksRealToCplx_16s(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16sc* pDst,
+                                     int len);
+VEK_API VekStatus veksRealToCplx_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32fc* pDst,
+                                     int len);
+VEK_API VekStatus veksRealToCplx_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64fc* pDst,
+                                     int len);
 
 VEK_API VekStatus veksConj_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
 VEK_API VekStatus veksConj_16sc_I(Vek16sc* pSrcDst, int len);

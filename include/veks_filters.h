@@ -47,158 +47,289 @@ typedef struct VeksFIRState64fc_32sc VeksFIRState64fc_32sc;
 typedef struct VeksFIRState32f_16s VeksFIRState32f_16s;
 typedef struct VeksFIRState32fc_16sc VeksFIRState32fc_16sc;
 
-VEK_API VekStatus veksFIRInitAlloc_32f(VeksFIRState_32f** ppState, const Vek32f* pTaps, int tapsLen, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc_32f(VeksFIRState_32f** ppState, const Vek32f* pTaps, int tapsLen,
+                                       const Vek32f* pDlyLine);
 VEK_API VekStatus veksFIRFree_32f(VeksFIRState_32f* pState);
 VEK_API VekStatus veksFIRGetTaps_32f(const VeksFIRState_32f* pState, Vek32f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine_32f(const VeksFIRState_32f* pState, Vek32f* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine_32f(VeksFIRState_32f* pState, const Vek32f* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc_32fc(VeksFIRState_32fc** ppState, const Vek32fc* pTaps, int tapsLen, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc_32fc(VeksFIRState_32fc** ppState, const Vek32fc* pTaps,
+                                        int tapsLen, const Vek32fc* pDlyLine);
 VEK_API VekStatus veksFIRFree_32fc(VeksFIRState_32fc* pState);
 VEK_API VekStatus veksFIRGetTaps_32fc(const VeksFIRState_32fc* pState, Vek32fc* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine_32fc(const VeksFIRState_32fc* pState, Vek32fc* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine_32fc(VeksFIRState_32fc* pState, const Vek32fc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc_64f(VeksFIRState_64f** ppState, const Vek64f* pTaps, int tapsLen, const Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc_64f(VeksFIRState_64f** ppState, const Vek64f* pTaps, int tapsLen,
+                                       const Vek64f* pDlyLine);
 VEK_API VekStatus veksFIRFree_64f(VeksFIRState_64f* pState);
 VEK_API VekStatus veksFIRGetTaps_64f(const VeksFIRState_64f* pState, Vek64f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine_64f(const VeksFIRState_64f* pState, Vek64f* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine_64f(VeksFIRState_64f* pState, const Vek64f* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc_64fc(VeksFIRState_64fc** ppState, const Vek64fc* pTaps, int tapsLen, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc_64fc(VeksFIRState_64fc** ppState, const Vek64fc* pTaps,
+                                        int tapsLen, const Vek64fc* pDlyLine);
 VEK_API VekStatus veksFIRFree_64fc(VeksFIRState_64fc* pState);
 VEK_API VekStatus veksFIRGetTaps_64fc(const VeksFIRState_64fc* pState, Vek64fc* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine_64fc(const VeksFIRState_64fc* pState, Vek64fc* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine_64fc(VeksFIRState_64fc* pState, const Vek64fc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64f_32f(VeksFIRState64f_32f** ppState, const Vek64f* pTaps, int tapsLen, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64f_32f(VeksFIRState64f_32f** ppState, const Vek64f* pTaps,
+                                          int tapsLen, const Vek32f* pDlyLine);
 VEK_API VekStatus veksFIRFree64f_32f(VeksFIRState64f_32f* pState);
 VEK_API VekStatus veksFIRGetTaps64f_32f(const VeksFIRState64f_32f* pState, Vek64f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine64f_32f(const VeksFIRState64f_32f* pState, Vek32f* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine64f_32f(VeksFIRState64f_32f* pState, const Vek32f* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64fc_32fc(VeksFIRState64fc_32fc** ppState, const Vek64fc* pTaps, int tapsLen, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64fc_32fc(VeksFIRState64fc_32fc** ppState, const Vek64fc* pTaps,
+                                            int tapsLen, const Vek32fc* pDlyLine);
 VEK_API VekStatus veksFIRFree64fc_32fc(VeksFIRState64fc_32fc* pState);
 VEK_API VekStatus veksFIRGetTaps64fc_32fc(const VeksFIRState64fc_32fc* pState, Vek64fc* pTaps);
-VEK_API VekStatus veksFIRGetDlyLine64fc_32fc(const VeksFIRState64fc_32fc* pState, Vek32fc* pDlyLine);
-VEK_API VekStatus veksFIRSetDlyLine64fc_32fc(VeksFIRState64fc_32fc* pState, const Vek32fc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64f_16s(VeksFIRState64f_16s** ppState, const Vek64f* pTaps, int tapsLen, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRGetDlyLine64fc_32fc(const VeksFIRState64fc_32fc* pState,
+                                             Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine64fc_32fc(VeksFIRState64fc_32fc* pState,
+                                             const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64f_16s(VeksFIRState64f_16s** ppState, const Vek64f* pTaps,
+                                          int tapsLen, const Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRFree64f_16s(VeksFIRState64f_16s* pState);
 VEK_API VekStatus veksFIRGetTaps64f_16s(const VeksFIRState64f_16s* pState, Vek64f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine64f_16s(const VeksFIRState64f_16s* pState, Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine64f_16s(VeksFIRState64f_16s* pState, const Vek16s* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64f_32s(VeksFIRState64f_32s** ppState, const Vek64f* pTaps, int tapsLen, const Vek32s* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64f_32s(VeksFIRState64f_32s** ppState, const Vek64f* pTaps,
+                                          int tapsLen, const Vek32s* pDlyLine);
 VEK_API VekStatus veksFIRFree64f_32s(VeksFIRState64f_32s* pState);
 VEK_API VekStatus veksFIRGetTaps64f_32s(const VeksFIRState64f_32s* pState, Vek64f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine64f_32s(const VeksFIRState64f_32s* pState, Vek32s* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine64f_32s(VeksFIRState64f_32s* pState, const Vek32s* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64fc_16sc(VeksFIRState64fc_16sc** ppState, const Vek64fc* pTaps, int tapsLen, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64fc_16sc(VeksFIRState64fc_16sc** ppState, const Vek64fc* pTaps,
+                                            int tapsLen, const Vek16sc* pDlyLine);
 VEK_API VekStatus veksFIRFree64fc_16sc(VeksFIRState64fc_16sc* pState);
 VEK_API VekStatus veksFIRGetTaps64fc_16sc(const VeksFIRState64fc_16sc* pState, Vek64fc* pTaps);
-VEK_API VekStatus veksFIRGetDlyLine64fc_16sc(const VeksFIRState64fc_16sc* pState, Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIRSetDlyLine64fc_16sc(VeksFIRState64fc_16sc* pState, const Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc64fc_32sc(VeksFIRState64fc_32sc** ppState, const Vek64fc* pTaps, int tapsLen, const Vek32sc* pDlyLine);
+VEK_API VekStatus veksFIRGetDlyLine64fc_16sc(const VeksFIRState64fc_16sc* pState,
+                                             Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine64fc_16sc(VeksFIRState64fc_16sc* pState,
+                                             const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc64fc_32sc(VeksFIRState64fc_32sc** ppState, const Vek64fc* pTaps,
+                                            int tapsLen, const Vek32sc* pDlyLine);
 VEK_API VekStatus veksFIRFree64fc_32sc(VeksFIRState64fc_32sc* pState);
 VEK_API VekStatus veksFIRGetTaps64fc_32sc(const VeksFIRState64fc_32sc* pState, Vek64fc* pTaps);
-VEK_API VekStatus veksFIRGetDlyLine64fc_32sc(const VeksFIRState64fc_32sc* pState, Vek32sc* pDlyLine);
-VEK_API VekStatus veksFIRSetDlyLine64fc_32sc(VeksFIRState64fc_32sc* pState, const Vek32sc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc32f_16s(VeksFIRState32f_16s** ppState, const Vek32f* pTaps, int tapsLen, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRGetDlyLine64fc_32sc(const VeksFIRState64fc_32sc* pState,
+                                             Vek32sc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine64fc_32sc(VeksFIRState64fc_32sc* pState,
+                                             const Vek32sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32f_16s(VeksFIRState32f_16s** ppState, const Vek32f* pTaps,
+                                          int tapsLen, const Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRFree32f_16s(VeksFIRState32f_16s* pState);
 VEK_API VekStatus veksFIRGetTaps32f_16s(const VeksFIRState32f_16s* pState, Vek32f* pTaps);
 VEK_API VekStatus veksFIRGetDlyLine32f_16s(const VeksFIRState32f_16s* pState, Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine32f_16s(VeksFIRState32f_16s* pState, const Vek16s* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc32fc_16sc(VeksFIRState32fc_16sc** ppState, const Vek32fc* pTaps, int tapsLen, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32fc_16sc(VeksFIRState32fc_16sc** ppState, const Vek32fc* pTaps,
+                                            int tapsLen, const Vek16sc* pDlyLine);
 VEK_API VekStatus veksFIRFree32fc_16sc(VeksFIRState32fc_16sc* pState);
 VEK_API VekStatus veksFIRGetTaps32fc_16sc(const VeksFIRState32fc_16sc* pState, Vek32fc* pTaps);
-VEK_API VekStatus veksFIRGetDlyLine32fc_16sc(const VeksFIRState32fc_16sc* pState, Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIRSetDlyLine32fc_16sc(VeksFIRState32fc_16sc* pState, const Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIR_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters, VeksFIRState_32f* pState);
+VEK_API VekStatus veksFIRGetDlyLine32fc_16sc(const VeksFIRState32fc_16sc* pState,
+                                             Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine32fc_16sc(VeksFIRState32fc_16sc* pState,
+                                             const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIR_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                              VeksFIRState_32f* pState);
 VEK_API VekStatus veksFIR_32f_I(Vek32f* pSrcDst, int numIters, VeksFIRState_32f* pState);
 VEK_API VekStatus veksFIROne_32f(Vek32f src, Vek32f* pDstVal, VeksFIRState_32f* pState);
-VEK_API VekStatus veksFIR_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters, VeksFIRState_32fc* pState);
+VEK_API VekStatus veksFIR_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                               VeksFIRState_32fc* pState);
 VEK_API VekStatus veksFIR_32fc_I(Vek32fc* pSrcDst, int numIters, VeksFIRState_32fc* pState);
 VEK_API VekStatus veksFIROne_32fc(Vek32fc src, Vek32fc* pDstVal, VeksFIRState_32fc* pState);
-VEK_API VekStatus veksFIR_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters, VeksFIRState_64f* pState);
+VEK_API VekStatus veksFIR_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters,
+                              VeksFIRState_64f* pState);
 VEK_API VekStatus veksFIR_64f_I(Vek64f* pSrcDst, int numIters, VeksFIRState_64f* pState);
 VEK_API VekStatus veksFIROne_64f(Vek64f src, Vek64f* pDstVal, VeksFIRState_64f* pState);
-VEK_API VekStatus veksFIR_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters, VeksFIRState_64fc* pState);
+VEK_API VekStatus veksFIR_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters,
+                               VeksFIRState_64fc* pState);
 VEK_API VekStatus veksFIR_64fc_I(Vek64fc* pSrcDst, int numIters, VeksFIRState_64fc* pState);
 VEK_API VekStatus veksFIROne_64fc(Vek64fc src, Vek64fc* pDstVal, VeksFIRState_64fc* pState);
-VEK_API VekStatus veksFIR64f_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters, VeksFIRState64f_32f* pState);
+VEK_API VekStatus veksFIR64f_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                 VeksFIRState64f_32f* pState);
 VEK_API VekStatus veksFIR64f_32f_I(Vek32f* pSrcDst, int numIters, VeksFIRState64f_32f* pState);
 VEK_API VekStatus veksFIROne64f_32f(Vek32f src, Vek32f* pDstVal, VeksFIRState64f_32f* pState);
 VEK_API VekStatus veksFIROne64f_32f_I(Vek32f* pSrcDstVal, VeksFIRState64f_32f* pState);
-VEK_API VekStatus veksFIR64fc_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters, VeksFIRState64fc_32fc* pState);
+VEK_API VekStatus veksFIR64fc_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                   VeksFIRState64fc_32fc* pState);
 VEK_API VekStatus veksFIR64fc_32fc_I(Vek32fc* pSrcDst, int numIters, VeksFIRState64fc_32fc* pState);
 VEK_API VekStatus veksFIROne64fc_32fc(Vek32fc src, Vek32fc* pDstVal, VeksFIRState64fc_32fc* pState);
 VEK_API VekStatus veksFIROne64fc_32fc_I(Vek32fc* pSrcDstVal, VeksFIRState64fc_32fc* pState);
-VEK_API VekStatus veksFIR64f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, VeksFIRState64f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64f_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState64f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState64f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState64f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64f_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters, VeksFIRState64f_32s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64f_32s_ISfs(Vek32s* pSrcDst, int numIters, VeksFIRState64f_32s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_32s_Sfs(Vek32s src, Vek32s* pDstVal, VeksFIRState64f_32s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_32s_ISfs(Vek32s* pSrcDstVal, VeksFIRState64f_32s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, VeksFIRState64fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_16sc_ISfs(Vek16sc* pSrcDst, int numIters, VeksFIRState64fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, VeksFIRState64fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState64fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters, VeksFIRState64fc_32sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_32sc_ISfs(Vek32sc* pSrcDst, int numIters, VeksFIRState64fc_32sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal, VeksFIRState64fc_32sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_32sc_ISfs(Vek32sc* pSrcDstVal, VeksFIRState64fc_32sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, VeksFIRState32f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32f_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32f_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32f_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, VeksFIRState32fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32fc_16sc_ISfs(Vek16sc* pSrcDst, int numIters, VeksFIRState32fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, VeksFIRState32fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32fc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32fc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters, const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_32f(Vek32f src, Vek32f* pDstVal, const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_32f_I(Vek32f* pSrcDstVal, const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters, const Vek32fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek32fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_32fc(Vek32fc src, Vek32fc* pDstVal, const Vek32fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_32fc_I(Vek32fc* pSrcDstVal, const Vek32fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_64f_I(Vek64f* pSrcDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_64f(Vek64f src, Vek64f* pDstVal, const Vek64f* pTaps, int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_64f_I(Vek64f* pSrcDstVal, const Vek64f* pTaps, int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR_Direct_64fc_I(Vek64fc* pSrcDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_64fc(Vek64fc src, Vek64fc* pDstVal, const Vek64fc* pTaps, int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne_Direct_64fc_I(Vek64fc* pSrcDstVal, const Vek64fc* pTaps, int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR64f_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR64f_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne64f_Direct_32f(Vek32f src, Vek32f* pDstVal, const Vek64f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne64f_Direct_32f_I(Vek32f* pSrcDstVal, const Vek64f* pTaps, int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR64fc_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR64fc_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne64fc_Direct_32fc(Vek32fc src, Vek32fc* pDstVal, const Vek64fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIROne64fc_Direct_32fc_I(Vek32fc* pSrcDstVal, const Vek64fc* pTaps, int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
-VEK_API VekStatus veksFIR64f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek64f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek64f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64f_Direct_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64f_Direct_32s_ISfs(Vek32s* pSrcDst, int numIters, const Vek64f* pTaps, int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_Direct_32s_Sfs(Vek32s src, Vek32s* pDstVal, const Vek64f* pTaps, int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64f_Direct_32s_ISfs(Vek32s* pSrcDstVal, const Vek64f* pTaps, int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, const Vek64fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek64fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_Direct_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR64fc_Direct_32sc_ISfs(Vek32sc* pSrcDst, int numIters, const Vek64fc* pTaps, int tapsLen, Vek32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_Direct_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal, const Vek64fc* pTaps, int tapsLen, Vek32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne64fc_Direct_32sc_ISfs(Vek32sc* pSrcDstVal, const Vek64fc* pTaps, int tapsLen, Vek32sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, const Vek32f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32f_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32f_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32f* pTaps, int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                     VeksFIRState64f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR64f_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState64f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksFIROne64f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState64f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksFIROne64f_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState64f_16s* pState,
+                                         int scaleFactor);
+VEK_API VekStatus veksFIR64f_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters,
+                                     VeksFIRState64f_32s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR64f_32s_ISfs(Vek32s* pSrcDst, int numIters, VeksFIRState64f_32s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksFIROne64f_32s_Sfs(Vek32s src, Vek32s* pDstVal, VeksFIRState64f_32s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksFIROne64f_32s_ISfs(Vek32s* pSrcDstVal, VeksFIRState64f_32s* pState,
+                                         int scaleFactor);
+VEK_API VekStatus veksFIR64fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                       VeksFIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR64fc_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                        VeksFIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksFIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState64fc_16sc* pState,
+                                           int scaleFactor);
+VEK_API VekStatus veksFIR64fc_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters,
+                                       VeksFIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR64fc_32sc_ISfs(Vek32sc* pSrcDst, int numIters,
+                                        VeksFIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal,
+                                          VeksFIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_32sc_ISfs(Vek32sc* pSrcDstVal, VeksFIRState64fc_32sc* pState,
+                                           int scaleFactor);
+VEK_API VekStatus veksFIR32f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                     VeksFIRState32f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32f_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksFIROne32f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksFIROne32f_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32f_16s* pState,
+                                         int scaleFactor);
+VEK_API VekStatus veksFIR32fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                       VeksFIRState32fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32fc_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                        VeksFIRState32fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksFIRState32fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32fc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32fc_16sc* pState,
+                                           int scaleFactor);
+VEK_API VekStatus veksFIR_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                     const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine,
+                                     int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek32f* pTaps,
+                                       int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_32f(Vek32f src, Vek32f* pDstVal, const Vek32f* pTaps,
+                                        int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_32f_I(Vek32f* pSrcDstVal, const Vek32f* pTaps, int tapsLen,
+                                          Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                      const Vek32fc* pTaps, int tapsLen, Vek32fc* pDlyLine,
+                                      int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek32fc* pTaps,
+                                        int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_32fc(Vek32fc src, Vek32fc* pDstVal, const Vek32fc* pTaps,
+                                         int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_32fc_I(Vek32fc* pSrcDstVal, const Vek32fc* pTaps, int tapsLen,
+                                           Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters,
+                                     const Vek64f* pTaps, int tapsLen, Vek64f* pDlyLine,
+                                     int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_64f_I(Vek64f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                       int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_64f(Vek64f src, Vek64f* pDstVal, const Vek64f* pTaps,
+                                        int tapsLen, Vek64f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_64f_I(Vek64f* pSrcDstVal, const Vek64f* pTaps, int tapsLen,
+                                          Vek64f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters,
+                                      const Vek64fc* pTaps, int tapsLen, Vek64fc* pDlyLine,
+                                      int* pDlyLineIndex);
+VEK_API VekStatus veksFIR_Direct_64fc_I(Vek64fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                        int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_64fc(Vek64fc src, Vek64fc* pDstVal, const Vek64fc* pTaps,
+                                         int tapsLen, Vek64fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne_Direct_64fc_I(Vek64fc* pSrcDstVal, const Vek64fc* pTaps, int tapsLen,
+                                           Vek64fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR64f_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                        const Vek64f* pTaps, int tapsLen, Vek32f* pDlyLine,
+                                        int* pDlyLineIndex);
+VEK_API VekStatus veksFIR64f_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                          int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne64f_Direct_32f(Vek32f src, Vek32f* pDstVal, const Vek64f* pTaps,
+                                           int tapsLen, Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne64f_Direct_32f_I(Vek32f* pSrcDstVal, const Vek64f* pTaps, int tapsLen,
+                                             Vek32f* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR64fc_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                          const Vek64fc* pTaps, int tapsLen, Vek32fc* pDlyLine,
+                                          int* pDlyLineIndex);
+VEK_API VekStatus veksFIR64fc_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                            int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne64fc_Direct_32fc(Vek32fc src, Vek32fc* pDstVal, const Vek64fc* pTaps,
+                                             int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIROne64fc_Direct_32fc_I(Vek32fc* pSrcDstVal, const Vek64fc* pTaps,
+                                               int tapsLen, Vek32fc* pDlyLine, int* pDlyLineIndex);
+VEK_API VekStatus veksFIR64f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                            const Vek64f* pTaps, int tapsLen, Vek16s* pDlyLine,
+                                            int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                             int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                             int scaleFactor);
+VEK_API VekStatus veksFIROne64f_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek64f* pTaps,
+                                               int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne64f_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek64f* pTaps,
+                                                int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                                int scaleFactor);
+VEK_API VekStatus veksFIR64f_Direct_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters,
+                                            const Vek64f* pTaps, int tapsLen, Vek32s* pDlyLine,
+                                            int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64f_Direct_32s_ISfs(Vek32s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                             int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex,
+                                             int scaleFactor);
+VEK_API VekStatus veksFIROne64f_Direct_32s_Sfs(Vek32s src, Vek32s* pDstVal, const Vek64f* pTaps,
+                                               int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne64f_Direct_32s_ISfs(Vek32s* pSrcDstVal, const Vek64f* pTaps,
+                                                int tapsLen, Vek32s* pDlyLine, int* pDlyLineIndex,
+                                                int scaleFactor);
+VEK_API VekStatus veksFIR64fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                              const Vek64fc* pTaps, int tapsLen, Vek16sc* pDlyLine,
+                                              int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                               int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                                 const Vek64fc* pTaps, int tapsLen,
+                                                 Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                                 int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek64fc* pTaps,
+                                                  int tapsLen, Vek16sc* pDlyLine,
+                                                  int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64fc_Direct_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters,
+                                              const Vek64fc* pTaps, int tapsLen, Vek32sc* pDlyLine,
+                                              int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR64fc_Direct_32sc_ISfs(Vek32sc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                               int tapsLen, Vek32sc* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_Direct_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal,
+                                                 const Vek64fc* pTaps, int tapsLen,
+                                                 Vek32sc* pDlyLine, int* pDlyLineIndex,
+                                                 int scaleFactor);
+VEK_API VekStatus veksFIROne64fc_Direct_32sc_ISfs(Vek32sc* pSrcDstVal, const Vek64fc* pTaps,
+                                                  int tapsLen, Vek32sc* pDlyLine,
+                                                  int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                            const Vek32f* pTaps, int tapsLen, Vek16s* pDlyLine,
+                                            int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32f* pTaps,
+                                             int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                             int scaleFactor);
+VEK_API VekStatus veksFIROne32f_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32f* pTaps,
+                                               int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne32f_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32f* pTaps,
+                                                int tapsLen, Vek16s* pDlyLine, int* pDlyLineIndex,
+                                                int scaleFactor);
+VEK_API VekStatus veksFIR32fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                              const Vek32fc* pTaps, int tapsLen, Vek16sc* pDlyLine,
+                                              int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek32fc* pTaps,
+                                               int tapsLen, Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIROne32fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                                 const Vek32fc* pTaps, int tapsLen,
+                                                 Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                                 int scaleFactor);
+VEK_API VekStatus veksFIROne32fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32fc* pTaps,
+                                                  int tapsLen, Vek16sc* pDlyLine,
+                                                  int* pDlyLineIndex, int scaleFactor);
 
 /* Integer taps (32s/32sc) on 16-bit data. InitAlloc normalises the taps: the largest magnitude
    (for complex taps: of any real or imaginary part) is halved until it is at most 32766, every
@@ -216,36 +347,72 @@ VEK_API VekStatus veksFIROne32fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 typedef struct VeksFIRState32s_16s VeksFIRState32s_16s;
 typedef struct VeksFIRState32sc_16sc VeksFIRState32sc_16sc;
 
-VEK_API VekStatus veksFIRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps, int tapsLen, int tapsFactor, const Vek16s* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState, const Vek32f* pTaps32f, int tapsLen, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps,
+                                          int tapsLen, int tapsFactor, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState, const Vek32f* pTaps32f,
+                                             int tapsLen, const Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRFree32s_16s(VeksFIRState32s_16s* pState);
-VEK_API VekStatus veksFIRGetTaps32s_16s(const VeksFIRState32s_16s* pState, Vek32s* pTaps, int* pTapsFactor);
+VEK_API VekStatus veksFIRGetTaps32s_16s(const VeksFIRState32s_16s* pState, Vek32s* pTaps,
+                                        int* pTapsFactor);
 VEK_API VekStatus veksFIRGetTaps32s_16s32f(const VeksFIRState32s_16s* pState, Vek32f* pTaps32f);
 VEK_API VekStatus veksFIRGetDlyLine32s_16s(const VeksFIRState32s_16s* pState, Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine32s_16s(VeksFIRState32s_16s* pState, const Vek16s* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState, const Vek32sc* pTaps, int tapsLen, int tapsFactor, const Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState, const Vek32fc* pTaps32fc, int tapsLen, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState, const Vek32sc* pTaps,
+                                            int tapsLen, int tapsFactor, const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState,
+                                                const Vek32fc* pTaps32fc, int tapsLen,
+                                                const Vek16sc* pDlyLine);
 VEK_API VekStatus veksFIRFree32sc_16sc(VeksFIRState32sc_16sc* pState);
-VEK_API VekStatus veksFIRGetTaps32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek32sc* pTaps, int* pTapsFactor);
-VEK_API VekStatus veksFIRGetTaps32sc_16sc32fc(const VeksFIRState32sc_16sc* pState, Vek32fc* pTaps32fc);
-VEK_API VekStatus veksFIRGetDlyLine32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIRSetDlyLine32sc_16sc(VeksFIRState32sc_16sc* pState, const Vek16sc* pDlyLine);
-VEK_API VekStatus veksFIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, VeksFIRState32s_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32s_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32s_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32s_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32s_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32s_16s* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, VeksFIRState32sc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int numIters, VeksFIRState32sc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, VeksFIRState32sc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIROne32sc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32sc_16sc* pState, int scaleFactor);
-VEK_API VekStatus veksFIR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32s_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32s_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32s* pTaps, int tapsLen, int tapsFactor, Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32sc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
-VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32sc* pTaps, int tapsLen, int tapsFactor, Vek16sc* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIRGetTaps32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek32sc* pTaps,
+                                          int* pTapsFactor);
+VEK_API VekStatus veksFIRGetTaps32sc_16sc32fc(const VeksFIRState32sc_16sc* pState,
+                                              Vek32fc* pTaps32fc);
+VEK_API VekStatus veksFIRGetDlyLine32sc_16sc(const VeksFIRState32sc_16sc* pState,
+                                             Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRSetDlyLine32sc_16sc(VeksFIRState32sc_16sc* pState,
+                                             const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                     VeksFIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32s_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32s_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksFIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32s_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksFIROne32s_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32s_16s* pState,
+                                         int scaleFactor);
+VEK_API VekStatus veksFIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                       VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                        VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksFIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32sc_16sc* pState,
+                                           int scaleFactor);
+VEK_API VekStatus veksFIR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                            const Vek32s* pTaps, int tapsLen, int tapsFactor,
+                                            Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps,
+                                             int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                             int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32s* pTaps,
+                                               int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                               int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32s_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32s* pTaps,
+                                                int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                                int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                              const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                              Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                              int scaleFactor);
+VEK_API VekStatus veksFIR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters, const Vek32sc* pTaps,
+                                               int tapsLen, int tapsFactor, Vek16sc* pDlyLine,
+                                               int* pDlyLineIndex, int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                                 const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                 Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                                 int scaleFactor);
+VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32sc* pTaps,
+                                                  int tapsLen, int tapsFactor, Vek16sc* pDlyLine,
+                                                  int* pDlyLineIndex, int scaleFactor);
 
 /* ==== end of FIR single-rate */
 

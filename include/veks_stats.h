@@ -37,8 +37,7 @@ VEK_API VekStatus veksMean_32fc(const Vek32fc* pSrc, int len, Vek32fc* pMean,
                                 VekHintAlgorithm hint);
 VEK_API VekStatus veksMean_64f(const Vek64f* pSrc, int len, Vek64f* pMean);
 VEK_API VekStatus veksMean_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pMean, int scaleFactor);
-VEK_API VekStatus veksMean_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pMean,
-                                    int scaleFactor);
+VEK_API VekStatus veksMean_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pMean, int scaleFactor);
 
 /* Sample standard deviation (divisor len - 1); len must be at least 2. The 16-bit forms
  * round half to even after scaling; _16s32s saturates at 2147483647, _16s at 32767. */
@@ -47,8 +46,7 @@ VEK_API VekStatus veksStdDev_32f(const Vek32f* pSrc, int len, Vek32f* pStdDev,
 VEK_API VekStatus veksStdDev_64f(const Vek64f* pSrc, int len, Vek64f* pStdDev);
 VEK_API VekStatus veksStdDev_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pStdDev,
                                         int scaleFactor);
-VEK_API VekStatus veksStdDev_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pStdDev,
-                                     int scaleFactor);
+VEK_API VekStatus veksStdDev_16s_Sfs(const Vek16s* pSrc, int len, Vek16s* pStdDev, int scaleFactor);
 
 VEK_API VekStatus veksMax_16s(const Vek16s* pSrc, int len, Vek16s* pMax);
 VEK_API VekStatus veksMax_32f(const Vek32f* pSrc, int len, Vek32f* pMax);

@@ -28,12 +28,14 @@ typedef float Vek32f;
 typedef double Vek64f;
 
 /* Complex elements: real part first, no padding. A complex vector of length n holds 2n values. */
+/* clang-format off */
 typedef struct { Vek8s re, im; } Vek8sc;
 typedef struct { Vek16s re, im; } Vek16sc;
 typedef struct { Vek32s re, im; } Vek32sc;
 typedef struct { Vek64s re, im; } Vek64sc;
 typedef struct { Vek32f re, im; } Vek32fc;
 typedef struct { Vek64f re, im; } Vek64fc;
+/* clang-format on */
 
 /* Algorithm hint taken by the transforms and several float and generator functions. */
 typedef enum { vekAlgHintNone = 0, vekAlgHintFast = 1, vekAlgHintAccurate = 2 } VekHintAlgorithm;

@@ -62,18 +62,10 @@ std::vector<F> awkward_floats(vt::Rng& rng, int n) {
     std::vector<F> v(static_cast<size_t>(n));
     for (auto& x : v) {
         switch (rng.next() % 4) {
-        case 0:
-            x = static_cast<F>(special[rng.next() % std::size(special)]);
-            break;
-        case 1:
-            x = static_cast<F>(static_cast<double>(rng.range(-70000, 70000)) + 0.5);
-            break;
-        case 2:
-            x = static_cast<F>(rng.uniform(-300.0, 300.0));
-            break;
-        default:
-            x = static_cast<F>(rng.uniform(-3e9, 3e9));
-            break;
+        case 0: x = static_cast<F>(special[rng.next() % std::size(special)]); break;
+        case 1: x = static_cast<F>(static_cast<double>(rng.range(-70000, 70000)) + 0.5); break;
+        case 2: x = static_cast<F>(rng.uniform(-300.0, 300.0)); break;
+        default: x = static_cast<F>(rng.uniform(-3e9, 3e9)); break;
         }
     }
     return v;

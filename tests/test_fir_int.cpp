@@ -130,14 +130,10 @@ std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
 
 int32_t tap_part(vt::Rng& rng) {
     switch (rng.next() % 6) {
-    case 0:
-        return static_cast<int32_t>(rng.range(-32767, 32767));
-    case 1:
-        return static_cast<int32_t>(rng.range(-(1 << 20), 1 << 20));
-    case 2:
-        return static_cast<int32_t>(rng.range(-100, 100));
-    default:
-        return static_cast<int32_t>(rng.range(-3000, 3000));
+    case 0: return static_cast<int32_t>(rng.range(-32767, 32767));
+    case 1: return static_cast<int32_t>(rng.range(-(1 << 20), 1 << 20));
+    case 2: return static_cast<int32_t>(rng.range(-100, 100));
+    default: return static_cast<int32_t>(rng.range(-3000, 3000));
     }
 }
 

@@ -117,8 +117,8 @@ long double x87_round(long double x) {
 
 TEST(Platform, X87ControlWordIsRestoredAfterForcedNearest) {
     const uint16_t saved = x87_control();
-    for (uint16_t rc : {1, 2, 3}) {       // down, up, toward zero
-        for (uint16_t pc : {0, 2, 3}) {   // single, double, extended precision
+    for (uint16_t rc : {1, 2, 3}) {     // down, up, toward zero
+        for (uint16_t pc : {0, 2, 3}) { // single, double, extended precision
             const uint16_t word =
                 static_cast<uint16_t>((saved & ~0x0F00u) | (rc << 10) | (pc << 8));
             set_x87_control(word);

@@ -47,15 +47,9 @@ std::vector<T> float_data(vt::Rng& rng, int n, int nan_mode) {
     }
     const T nan = std::numeric_limits<T>::quiet_NaN();
     switch (nan_mode) {
-    case 1:
-        v[0] = nan;
-        break;
-    case 2:
-        v[n - 1] = nan;
-        break;
-    case 3:
-        v[n / 2] = nan;
-        break;
+    case 1: v[0] = nan; break;
+    case 2: v[n - 1] = nan; break;
+    case 3: v[n / 2] = nan; break;
     case 4:
         for (auto& x : v)
             if (rng.next() % 7 == 0) x = -nan;
@@ -63,8 +57,7 @@ std::vector<T> float_data(vt::Rng& rng, int n, int nan_mode) {
     case 5:
         for (auto& x : v) x = nan;
         break;
-    default:
-        break;
+    default: break;
     }
     return v;
 }

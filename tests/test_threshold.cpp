@@ -128,14 +128,10 @@ C ref_complex(int op, C x, Base<C> level, C value) {
         return C{static_cast<B>(re), static_cast<B>(im)};
     };
     switch (op) {
-    case 0:
-        return l2 > m2 ? (m2 == 0 ? C{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
-    case 1:
-        return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
-    case 2:
-        return m2 < l2 ? value : x;
-    default:
-        return m2 > l2 ? value : x;
+    case 0: return l2 > m2 ? (m2 == 0 ? C{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
+    case 1: return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
+    case 2: return m2 < l2 ? value : x;
+    default: return m2 > l2 ? value : x;
     }
 }
 

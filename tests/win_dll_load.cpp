@@ -67,7 +67,8 @@ int main(int argc, char** argv) {
     }).join();
 
     if (!FreeLibrary(dll)) fail("FreeLibrary", "");
-    if (failures == 0) std::printf("%s: %zu exports resolved, entry point succeeded\n", file,
-                                   sizeof kNames / sizeof kNames[0]);
+    if (failures == 0)
+        std::printf("%s: %zu exports resolved, entry point succeeded\n", file,
+                    sizeof kNames / sizeof kNames[0]);
     return failures == 0 ? 0 : 1;
 }

@@ -41,9 +41,9 @@ bool available(Level level) noexcept {
 
 Level best() noexcept {
     static const Level level = available(avx512) ? avx512
-                              : available(avx2) ? avx2
-                              : available(sse2) ? sse2
-                                                : scalar;
+                               : available(avx2) ? avx2
+                               : available(sse2) ? sse2
+                                                 : scalar;
     return level;
 }
 

@@ -48,18 +48,10 @@ VekStatus threshold(Op op, const T* src, T* dst, int len, L level, T value = T{}
     (void)rounding;
     const auto& k = ops<T>(kern::threshold_kernels());
     switch (op) {
-    case Op::lt:
-        k.lt(src, dst, len, level);
-        break;
-    case Op::gt:
-        k.gt(src, dst, len, level);
-        break;
-    case Op::lt_val:
-        k.lt_val(src, dst, len, level, value);
-        break;
-    case Op::gt_val:
-        k.gt_val(src, dst, len, level, value);
-        break;
+    case Op::lt: k.lt(src, dst, len, level); break;
+    case Op::gt: k.gt(src, dst, len, level); break;
+    case Op::lt_val: k.lt_val(src, dst, len, level, value); break;
+    case Op::gt_val: k.gt_val(src, dst, len, level, value); break;
     }
     return vekStsOk;
 }
