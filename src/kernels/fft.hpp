@@ -23,7 +23,7 @@ namespace veks::kern {
 
 struct FftKernels {
     // Complex transform of 2^order points, order >= 0; src may equal dst (in place). `tw` is
-    // the stage table for this order (unused below order 5). No scaling.
+    // the plan's table for this order (fft_twiddle_values). No scaling.
     void (*cfft_32f)(const float* src, float* dst, int order, const float* tw, bool inverse);
     void (*cfft_64f)(const double* src, double* dst, int order, const double* tw, bool inverse);
     // The same transform for order >= 3 when x already holds the input in bit-reversed order.
@@ -56,14 +56,28 @@ struct FftKernels {
     void (*mul_pairs_16s)(const Vek16s* x, const Vek16s* y, Vek16s* d, size_t pairs, int sf);
 };
 
-// Number of values (T) in the stage table of a complex transform of 2^order points: 12m per
-// stage, 4 (N - S) in all (0 when the transform has no radix-4 stage). The stage with quarter
-// length m starts at value 4 (m - S).
-constexpr size_t fft_twiddle_values(int order) {
+// Number of values (T) in the radix-4 stage table of a complex transform of 2^order points:
+// 12m per stage, 4 (N - S) in all (0 when the transform has no radix-4 stage). The stage with
+// quarter length m starts at value 4 (m - S).
+constexpr size_t fft_stage_values(int order) {
     if (order < 5) return 0;
     const size_t n = size_t{1} << order;
     const size_t leaf = (order & 1) ? 8 : 16;
     return 4 * (n - leaf);
+}
+
+// Orders 4 to 6 also run as one register-resident pass over N = 4R points (R = N / 4 rows of
+// four complex values, kernels/fft_simd.cpp). Its table follows the stage table: for each row
+// k = 1 .. R - 1, the duplicated real parts (c, c) of W_N^(k l) for the four lanes l, then the
+// duplicated imaginary parts: 16 values per row.
+constexpr bool fft_has_short_pass(int order) { return order >= 4 && order <= 6; }
+constexpr size_t fft_short_values(int order) {
+    return fft_has_short_pass(order) ? 16 * ((size_t{1} << order) / 4 - 1) : 0;
+}
+
+// Values in a complex plan's whole table: the stage table, then the short-pass rows.
+constexpr size_t fft_twiddle_values(int order) {
+    return fft_stage_values(order) + fft_short_values(order);
 }
 
 } // namespace veks::kern

@@ -87,6 +87,21 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
     }
 }
 
+// Rows of the short register pass (see kernels/fft.hpp), after the stage table.
+template <class T>
+void fill_short_twiddles(T* out, int corder, const double* qs, size_t nf) {
+    const size_t n = size_t{1} << corder;
+    const size_t step = nf / n;
+    for (size_t k = 1; k < n / 4; ++k)
+        for (size_t l = 0; l < 4; ++l) {
+            double re, im;
+            root(qs, nf, k * l * step, re, im);
+            T* w = out + 16 * (k - 1) + 2 * l;
+            w[0] = w[1] = static_cast<T>(re);
+            w[8] = w[9] = static_cast<T>(im);
+        }
+}
+
 // Split-step factors for k < N/4 (see kernels/fft.hpp), duplicated for the vector kernels.
 template <class T>
 void fill_split_tables(T* fwd, T* inv, const double* qs, size_t nf) {
@@ -124,8 +139,12 @@ bool build_float_tables(Plan* s, bool real) {
         s->twiddles = table_alloc(ntw * sizeof(T));
         if (s->twiddles == nullptr)
             ok = false;
-        else
+        else {
             fill_stage_twiddles(static_cast<T*>(s->twiddles), corder, qs, nf);
+            if (kern::fft_has_short_pass(corder))
+                fill_short_twiddles(static_cast<T*>(s->twiddles) + kern::fft_stage_values(corder),
+                                    corder, qs, nf);
+        }
     }
     if (ok && needs_split) {
         const size_t pairs = nf / 4 < 1 ? 1 : nf / 4;
