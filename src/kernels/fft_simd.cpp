@@ -3,7 +3,6 @@
 // supplies that interface with its widest registers, and the scalar one-lane version is the
 // reference and serves the few blocks too short for a full vector.
 #include <cstdint>
-#include <type_traits>
 
 #include "kernels/fft.hpp"
 #include "kernels/numeric.hpp"
@@ -662,59 +661,62 @@ void cfft_tiny(const T* src, T* dst, int order) {
     }
 }
 
-// The short pass of orders 4 to 6 (N = 4R points, R = 4, 8 or 16), for vectors of four complex
-// values: with n = 4 n1 + n2 (row n1, lane n2), R-point transforms across the rows, the
-// twiddles W_N^(n2 k1), a 4 x 4 transpose of each group of four rows and 4-point transforms
-// across them leave X[k1 + R k2] in row 4 (k1 / 4) + k2, lane k1 % 4: natural order, so every
-// row stores whole. All N points stay in registers, which is why it may run in place.
+// The short pass of orders 4 to 7 (N = L R points in R rows of L = V::W complex values): with
+// n = L n1 + n2 (row n1, lane n2), R-point transforms across the rows, the twiddles
+// W_N^(n2 k1), an L x L transpose of each group of L rows and L-point transforms across them
+// leave X[k1 + R k2] in row L (k1 / L) + k2, lane k1 % L: natural order, so every row stores
+// whole. All N points stay in registers, which is why it may run in place.
 template <class V, class T, int R, bool INV>
 void cfft_short(const T* src, T* dst, const T* tw) {
-    static_assert(V::W == 4);
+    constexpr int L = V::W;
+    static_assert(L == 4 || L == 8);
     typename V::R x[R];
-    for (int p = 0; p < R; ++p) x[p] = V::load(src + 8 * p);
+    for (int p = 0; p < R; ++p) x[p] = V::load(src + 2 * L * p);
     if constexpr (R == 16)
         dft16<V, T, INV>(x);
     else if constexpr (R == 8)
         dft8<V, T, INV>(x);
     else
         dft4<V, INV>(x[0], x[1], x[2], x[3]);
-    for (int k = 1; k < R; ++k)
-        x[k] = twiddle_split<V, INV>(x[k], V::load(tw + 16 * (k - 1)), V::load(tw + 16 * k - 8));
-    for (int b = 0; b < R; b += 4) {
+    for (int k = 1; k < R; ++k) {
+        const T* w = tw + 4 * L * (k - 1);
+        x[k] = twiddle_split<V, INV>(x[k], V::load(w), V::load(w + 2 * L));
+    }
+    for (int b = 0; b < R; b += L) {
         V::transpose(x + b);
-        dft4<V, INV>(x[b], x[b + 1], x[b + 2], x[b + 3]);
-        for (int k2 = 0; k2 < 4; ++k2) V::store(dst + 2 * (R * k2 + b), x[b + k2]);
+        if constexpr (L == 8)
+            dft8<V, T, INV>(x + b);
+        else
+            dft4<V, INV>(x[b], x[b + 1], x[b + 2], x[b + 3]);
+        for (int k2 = 0; k2 < L; ++k2) V::store(dst + 2 * (R * k2 + b), x[b + k2]);
     }
 }
 
-// The vector type that runs the short pass at this level, if any.
-#if VEK_ISA_LEVEL >= 3
-template <class T>
-using ShortV = std::conditional_t<sizeof(T) == 4, F256, D512>;
-#elif VEK_ISA_LEVEL == 2
-template <class T>
-using ShortV = std::conditional_t<sizeof(T) == 4, F256, void>;
-#else
-template <class T>
-using ShortV = void;
-#endif
-
+// Runs the short pass when this level has the vector type for the order's lane count: four
+// complex values in 256-bit single or 512-bit double registers, eight in 512-bit single ones.
 template <class T, bool INV>
 bool try_short(const T* src, T* dst, int order, const T* tw) {
-    using V = ShortV<T>;
-    if constexpr (std::is_void_v<V>) {
-        return false;
-    } else {
-        if (!fft_has_short_pass(order)) return false;
-        tw += fft_stage_values(order);
-        if (order == 4)
-            cfft_short<V, T, 4, INV>(src, dst, tw);
-        else if (order == 5)
-            cfft_short<V, T, 8, INV>(src, dst, tw);
-        else
-            cfft_short<V, T, 16, INV>(src, dst, tw);
-        return true;
+    if (!fft_has_short_pass(order)) return false;
+    tw += fft_stage_values(order);
+#if VEK_ISA_LEVEL >= 2
+    if constexpr (sizeof(T) == 4) {
+        if (order == 4) return cfft_short<F256, T, 4, INV>(src, dst, tw), true;
+        if (order == 5) return cfft_short<F256, T, 8, INV>(src, dst, tw), true;
+        if (order == 6) return cfft_short<F256, T, 16, INV>(src, dst, tw), true;
+#if VEK_ISA_LEVEL >= 3
+        return cfft_short<F512, T, 16, INV>(src, dst, tw), true;
+#endif
     }
+#endif
+#if VEK_ISA_LEVEL >= 3
+    if constexpr (sizeof(T) == 8) {
+        if (order == 4) return cfft_short<D512, T, 4, INV>(src, dst, tw), true;
+        if (order == 5) return cfft_short<D512, T, 8, INV>(src, dst, tw), true;
+        if (order == 6) return cfft_short<D512, T, 16, INV>(src, dst, tw), true;
+    }
+#endif
+    (void)src, (void)dst;
+    return false;
 }
 
 template <class V, class T>

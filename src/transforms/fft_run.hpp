@@ -102,8 +102,9 @@ template <class T>
 void run_real_inv(const Plan* s, const T* src, T* dst, Layout layout) {
     const int order = s->order;
     const size_t n = size_t{1} << order;
-    if (src != dst && order >= 4) {
-        // Out of place: the split step reads the layout and writes bit-reversed order directly.
+    if (src != dst && order >= 4 && !kern::fft_has_short_pass(order - 1)) {
+        // Out of place: the split step reads the layout and writes bit-reversed order directly
+        // (the short orders' register pass takes natural order, so they go through dst in place).
         Engine<T>::scatter_inv(src, dst, n, s->split_inv, static_cast<int>(layout));
         Engine<T>::cfft_bitrev(dst, order - 1, s->twiddles, true);
         if (s->inv_norm) Engine<T>::mul(dst, n, Engine<T>::scale(s));

@@ -49,7 +49,7 @@ double* quarter_sine(size_t nf) {
     return t;
 }
 
-// exp(-2 pi i k / nf) for 0 <= k < 3 nf / 4, read from the quarter-wave table.
+// exp(-2 pi i k / nf) for 0 <= k < nf, read from the quarter-wave table.
 void root(const double* qs, size_t nf, size_t k, double& re, double& im) {
     const size_t q = nf / 4;
     double c, s;
@@ -59,9 +59,12 @@ void root(const double* qs, size_t nf, size_t k, double& re, double& im) {
     } else if (k <= 2 * q) {
         c = -qs[k - q];
         s = qs[q - (k - q)];
-    } else {
+    } else if (k <= 3 * q) {
         c = -qs[q - (k - 2 * q)];
         s = -qs[k - 2 * q];
+    } else {
+        c = qs[k - 3 * q];
+        s = -qs[q - (k - 3 * q)];
     }
     re = c;
     im = -s;
@@ -91,14 +94,14 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
 template <class T>
 void fill_short_twiddles(T* out, int corder, const double* qs, size_t nf) {
     const size_t n = size_t{1} << corder;
-    const size_t step = nf / n;
-    for (size_t k = 1; k < n / 4; ++k)
-        for (size_t l = 0; l < 4; ++l) {
+    const size_t lanes = static_cast<size_t>(kern::fft_short_lanes(corder));
+    for (size_t k = 1; k < n / lanes; ++k)
+        for (size_t l = 0; l < lanes; ++l) {
             double re, im;
-            root(qs, nf, k * l * step, re, im);
-            T* w = out + 16 * (k - 1) + 2 * l;
+            root(qs, nf, k * l * (nf / n), re, im);
+            T* w = out + 4 * lanes * (k - 1) + 2 * l;
             w[0] = w[1] = static_cast<T>(re);
-            w[8] = w[9] = static_cast<T>(im);
+            w[2 * lanes] = w[2 * lanes + 1] = static_cast<T>(im);
         }
 }
 
