@@ -456,19 +456,22 @@ void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
         if (nb < static_cast<size_t>(W))
             return leaf_out_of_place<typename V::Narrow, T, S, INV>(src, dst, nb, bbits);
     }
-    // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W.
-    size_t lane_offset[W];
-    for (int l = 0; l < W; ++l) lane_offset[l] = 2 * S * bit_reverse(static_cast<size_t>(l), bbits);
+    // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is
+    // l reversed over log2(W) bits, times nb / W.
+    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
+    const size_t in_step = 2 * nb, out_step = 2 * S * (nb / W);
     for (size_t r0 = 0; r0 < nb; r0 += W) {
         typename V::R x[S];
-        for (int p = 0; p < S; ++p) x[p] = V::load(src + 2 * (r0 + p * nb));
+        const T* in = src + 2 * r0;
+        for (int p = 0; p < S; ++p, in += in_step) x[p] = V::load(in);
         leaf_dft<V, T, S, INV>(x);
         T* out = dst + 2 * S * bit_reverse(r0, bbits);
         for (int c = 0; c < S / W; ++c) {
             typename V::R t[W];
             for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
             V::transpose(t);
-            for (int l = 0; l < W; ++l) V::store(out + lane_offset[l] + 2 * c * W, t[l]);
+            for (int l = 0; l < W; ++l)
+                V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
         }
     }
 }
