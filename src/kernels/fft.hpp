@@ -26,9 +26,6 @@ struct FftKernels {
     // the plan's table for this order (fft_twiddle_values). No scaling.
     void (*cfft_32f)(const float* src, float* dst, int order, const float* tw, bool inverse);
     void (*cfft_64f)(const double* src, double* dst, int order, const double* tw, bool inverse);
-    // The same transform for order >= 3 when x already holds the input in bit-reversed order.
-    void (*cfft_bitrev_32f)(float* x, int order, const float* tw, bool inverse);
-    void (*cfft_bitrev_64f)(double* x, int order, const double* tw, bool inverse);
     // x[i] *= s for n reals.
     void (*scale_32f)(float* x, size_t n, float s);
     void (*scale_64f)(double* x, size_t n, double s);
@@ -41,12 +38,6 @@ struct FftKernels {
     void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
     void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
-    // Inverse split step out of place, N >= 16: reads a packed spectrum (layout 0 Pack, 1 Perm,
-    // 2 CCS) and writes the half-length spectrum into dst in bit-reversed order, ready for
-    // cfft_bitrev.
-    void (*rinv_scatter_32f)(const float* src, float* dst, size_t n, const float* tab, int layout);
-    void (*rinv_scatter_64f)(const double* src, double* dst, size_t n, const double* tab,
-                             int layout);
     // Packed-spectrum pairs: d[k] = x[k] * y[k] (or x[k] * conj(y[k])) for `pairs` complex
     // values stored as re, im. Single precision forms each product in double and rounds once;
     // double precision uses extended precision. The 16-bit form takes the exact 64-bit result

@@ -797,88 +797,6 @@ void rsplit(T* z, size_t n, const T* tab) {
     }
 }
 
-// Inverse split from a packed spectrum into bit-reversed positions (see rsplit for the
-// factors). X_k sits at src[2k - off] (off 1 for Pack, 0 for Perm and CCS). The vector at k
-// (k = 1 + iW) covers k .. k + W - 1 = iW + 1 .. (i + 1) W; its mirror starts at the multiple of
-// W km = N/2 - (i + 1) W, so rev(km + l) = rev(km) | rev(l), and likewise for iW + l.
-template <class V, class T>
-inline void scatter_pair(const T* src, T* dst, size_t n, const T* fr, const T* fi, size_t k,
-                         size_t off, const size_t* rev_lane, size_t rev_base, size_t rev_next,
-                         size_t rev_mirror) {
-    const size_t km = n / 2 - k - (V::W - 1);
-    const auto p = V::load(src + 2 * k - off);
-    const auto q = V::conj(V::reverse(V::load(src + 2 * km - off)));
-    const auto sum = V::add(p, q);
-    const auto t = V::mulw(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
-    alignas(64) T lo[2 * V::W], hi[2 * V::W];
-    V::store(lo, V::add(sum, t));
-    V::store(hi, V::reverse(V::conj(V::sub(sum, t))));
-    for (int l = 0; l < V::W; ++l) {
-        const size_t r = l + 1 < V::W ? rev_base | rev_lane[l + 1] : rev_next;
-        dst[2 * r] = lo[2 * l];
-        dst[2 * r + 1] = lo[2 * l + 1];
-        const size_t rm = rev_mirror | rev_lane[l];
-        dst[2 * rm] = hi[2 * l];
-        dst[2 * rm + 1] = hi[2 * l + 1];
-    }
-}
-
-template <class V, class T>
-void rinv_scatter(const T* src, T* dst, size_t n, const T* tab, int layout) {
-    constexpr int W = V::W;
-    const size_t quarter_n = n / 4;
-    int bits = 0;
-    while ((size_t{1} << bits) < n / 2) ++bits;
-    const T* fr = tab;
-    const T* fi = tab + 2 * quarter_n;
-    const size_t off = layout == 0 ? 1 : 0;
-    const T r0 = src[0];
-    const T rh = layout == 0 ? src[n - 1] : layout == 1 ? src[1] : src[n];
-    dst[0] = r0 + rh;
-    dst[1] = r0 - rh;
-    const T a = src[2 * quarter_n - off], b = src[2 * quarter_n - off + 1];
-    T* mid = dst + 2 * bit_reverse(quarter_n, bits);
-    mid[0] = 2 * a;
-    mid[1] = -2 * b;
-    size_t rev_lane[W];
-    for (int l = 0; l < W; ++l) rev_lane[l] = bit_reverse(static_cast<size_t>(l), bits);
-    size_t k = 1, rev_base = 0;
-    for (; k + 2 * W <= n / 2 - k + 1 && k + W <= quarter_n; k += W) {
-        const size_t rev_next = bit_reverse(k + W - 1, bits);
-        scatter_pair<V, T>(src, dst, n, fr, fi, k, off, rev_lane, rev_base, rev_next,
-                           bit_reverse(n / 2 - k - (W - 1), bits));
-        rev_base = rev_next;
-    }
-    for (; k < quarter_n; ++k) {
-        const size_t one = 0;
-        scatter_pair<Scalar<T>, T>(src, dst, n, fr, fi, k, off, &one, 0, bit_reverse(k, bits),
-                                   bit_reverse(n / 2 - k, bits));
-    }
-}
-
-template <class V, class T>
-void cfft_bitrev(T* x, int order, const T* tw, bool inverse) {
-    const size_t n = size_t{1} << order;
-    const size_t leaf = (order & 1) ? 8 : 16;
-    if (order & 1) {
-        if (inverse)
-            leaf_in_place<V, T, 8, true>(x, n / 8);
-        else
-            leaf_in_place<V, T, 8, false>(x, n / 8);
-    } else {
-        if (inverse)
-            leaf_in_place<V, T, 16, true>(x, n / 16);
-        else
-            leaf_in_place<V, T, 16, false>(x, n / 16);
-    }
-    if (n > leaf) {
-        if (inverse)
-            stages<V, T, true>(x, n, leaf, tw);
-        else
-            stages<V, T, false>(x, n, leaf, tw);
-    }
-}
-
 void mul_pairs_32f(const float* x, const float* y, float* d, size_t pairs, bool conj_y) {
     const double sign = conj_y ? -1.0 : 1.0;
     for (size_t k = 0; k < pairs; ++k) {
@@ -919,16 +837,12 @@ void cfft_64f(const double* src, double* dst, int order, const double* tw, bool 
 extern const FftKernels fft = {
     .cfft_32f = cfft_32f,
     .cfft_64f = cfft_64f,
-    .cfft_bitrev_32f = cfft_bitrev<VF, float>,
-    .cfft_bitrev_64f = cfft_bitrev<VD, double>,
     .scale_32f = scale<float>,
     .scale_64f = scale<double>,
     .rsplit_fwd_32f = rsplit<VF, float, false>,
     .rsplit_fwd_64f = rsplit<VD, double, false>,
     .rsplit_inv_32f = rsplit<VF, float, true>,
     .rsplit_inv_64f = rsplit<VD, double, true>,
-    .rinv_scatter_32f = rinv_scatter<VF, float>,
-    .rinv_scatter_64f = rinv_scatter<VD, double>,
     .mul_pairs_32f = mul_pairs_32f,
     .mul_pairs_64f = mul_pairs_64f,
     .mul_pairs_16s = mul_pairs_16s,

@@ -25,12 +25,6 @@ struct Engine<float> {
     static void split_inv(float* z, size_t n, const void* t) {
         kern::fft_kernels().rsplit_inv_32f(z, n, static_cast<const float*>(t));
     }
-    static void scatter_inv(const float* src, float* dst, size_t n, const void* t, int layout) {
-        kern::fft_kernels().rinv_scatter_32f(src, dst, n, static_cast<const float*>(t), layout);
-    }
-    static void cfft_bitrev(float* x, int order, const void* tw, bool inv) {
-        kern::fft_kernels().cfft_bitrev_32f(x, order, static_cast<const float*>(tw), inv);
-    }
 };
 
 template <>
@@ -45,12 +39,6 @@ struct Engine<double> {
     }
     static void split_inv(double* z, size_t n, const void* t) {
         kern::fft_kernels().rsplit_inv_64f(z, n, static_cast<const double*>(t));
-    }
-    static void scatter_inv(const double* src, double* dst, size_t n, const void* t, int layout) {
-        kern::fft_kernels().rinv_scatter_64f(src, dst, n, static_cast<const double*>(t), layout);
-    }
-    static void cfft_bitrev(double* x, int order, const void* tw, bool inv) {
-        kern::fft_kernels().cfft_bitrev_64f(x, order, static_cast<const double*>(tw), inv);
     }
 };
 
@@ -102,15 +90,8 @@ template <class T>
 void run_real_inv(const Plan* s, const T* src, T* dst, Layout layout) {
     const int order = s->order;
     const size_t n = size_t{1} << order;
-    if (src != dst && order >= 4 && !kern::fft_has_short_pass(order - 1)) {
-        // Out of place: the split step reads the layout and writes bit-reversed order directly
-        // (the short orders' register pass takes natural order, so they go through dst in place).
-        Engine<T>::scatter_inv(src, dst, n, s->split_inv, static_cast<int>(layout));
-        Engine<T>::cfft_bitrev(dst, order - 1, s->twiddles, true);
-        if (s->inv_norm) Engine<T>::mul(dst, n, Engine<T>::scale(s));
-        return;
-    }
-    // Copy into dst in Perm order.
+    // Copy into dst in Perm order, then split and transform in place there: walking dst in order
+    // beats writing the split step's results straight to bit-reversed positions at every order.
     if (n == 1) {
         dst[0] = src[0];
     } else {
