@@ -307,6 +307,67 @@ void block_c32fc(const Vek32fc* rev, int T, const Vek32fc* w, Vek32fc* d, int n,
 }
 #endif
 
+#if VEK_ISA_LEVEL >= 2
+// Integer taps on 16-bit data with 16-bit multiply-add (vpmaddwd): the taps fit 16 bits once
+// normalised, so each pair of products and their sum is exact in 32 bits and only the running
+// sums wrap, as in the scalar kernel. A load at w + j + k holds, in 32-bit lane i, the samples
+// k and k + 1 of output j + 2i, so one register sums the even outputs of 16 and one loaded a
+// sample later the odd ones; taps go in pairs (rev[k], rev[k + 1]), an odd last tap with 0.
+
+// Lanes of wrapping sums scaled by 2^sh as shift_round_even_16s does (saturation left to the
+// packing): sh > 0 shifts left with wrap-around, sh < 0 shifts right rounding half to even.
+inline __m256i scale_lanes(__m256i a, int sh) {
+    if (sh > 0) return _mm256_sll_epi32(a, _mm_cvtsi32_si128(sh));
+    if (sh == 0) return a;
+    const int s = -sh;
+    const __m256i q = _mm256_sra_epi32(a, _mm_cvtsi32_si128(s));
+    const __m256i r = _mm256_and_si256(a, _mm256_set1_epi32(static_cast<int>((1u << s) - 1)));
+    const __m256i half = _mm256_set1_epi32(static_cast<int>(1u << (s - 1)));
+    const __m256i odd = _mm256_and_si256(q, _mm256_set1_epi32(1));
+    const __m256i up =
+        _mm256_or_si256(_mm256_cmpgt_epi32(r, half),
+                        _mm256_and_si256(_mm256_cmpeq_epi32(r, half),
+                                         _mm256_cmpeq_epi32(odd, _mm256_set1_epi32(1))));
+    return _mm256_sub_epi32(q, up); // up is -1 where the quotient rounds up
+}
+
+inline __m256i ld16(const Vek16s* p) {
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+}
+
+// Outputs j .. j + 15 from the even-output sums e and the odd-output sums o.
+inline void st16(Vek16s* d, __m256i e, __m256i o, int sh) {
+    e = scale_lanes(e, sh);
+    o = scale_lanes(o, sh);
+    const __m256i packed =
+        _mm256_packs_epi32(_mm256_unpacklo_epi32(e, o), _mm256_unpackhi_epi32(e, o));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(d), packed);
+}
+
+void block_r32s_16s(const Vek32s* rev, int T, const Vek16s* w, Vek16s* d, int n, int param) {
+    const int sh = param < -31 ? -31 : param > 31 ? 31 : param;
+    // The odd sums of an odd tap count load one sample beyond output j + 15's window.
+    const int reach = 32 + (T & 1);
+    int j = 0;
+    for (; j + reach <= n; j += 32) {
+        __m256i e0 = _mm256_setzero_si256(), o0 = e0, e1 = e0, o1 = e0;
+        const Vek16s* x = w + j;
+        for (int k = 0; k < T; k += 2) {
+            const uint32_t hi = k + 1 < T ? static_cast<uint32_t>(rev[k + 1]) : 0u;
+            const __m256i t = _mm256_set1_epi32(
+                static_cast<int>((static_cast<uint32_t>(rev[k]) & 0xFFFFu) | (hi << 16)));
+            e0 = _mm256_add_epi32(e0, _mm256_madd_epi16(ld16(x + k), t));
+            o0 = _mm256_add_epi32(o0, _mm256_madd_epi16(ld16(x + k + 1), t));
+            e1 = _mm256_add_epi32(e1, _mm256_madd_epi16(ld16(x + k + 16), t));
+            o1 = _mm256_add_epi32(o1, _mm256_madd_epi16(ld16(x + k + 17), t));
+        }
+        st16(d + j, e0, o0, sh);
+        st16(d + j + 16, e1, o1, sh);
+    }
+    if (j < n) block(rev, T, w + j, d + j, n - j, param);
+}
+#endif
+
 } // namespace
 
 extern const FirKernels fir = {
@@ -334,7 +395,11 @@ extern const FirKernels fir = {
     .c32fc_16sc = block<Vek32fc, Vek16sc, Vek16sc>,
     .c64fc_16sc = block<Vek64fc, Vek16sc, Vek16sc>,
     .c64fc_32sc = block<Vek64fc, Vek32sc, Vek32sc>,
+#if VEK_ISA_LEVEL >= 2
+    .r32s_16s = block_r32s_16s,
+#else
     .r32s_16s = block<Vek32s, Vek16s, Vek16s>,
+#endif
     .c32sc_16sc = block<Vek32sc, Vek16sc, Vek16sc>,
 };
 
