@@ -34,7 +34,7 @@ struct Plan {
     double scale64;   // the same, double kinds
     int32_t hint;
     int32_t buf_size; // work-buffer bytes reported to the caller
-    void* twiddles;   // radix-4 stage table of the complex plan (T pairs)
+    void* twiddles;   // complex plan table: radix-4 stages, then the short-pass rows
     void* split_fwd;  // real kinds: split factors for k < N/4 (see kernels/fft.hpp)
     void* split_inv;
     // 16-bit kinds. Both plans compute in single precision; they differ in where the tables
