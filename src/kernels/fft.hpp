@@ -57,12 +57,12 @@ constexpr size_t fft_stage_values(int order) {
     return 4 * (n - leaf);
 }
 
-// Orders 4 to 7 may also run as one register-resident pass over N = L R points: R rows of L
-// complex values (L = 4 up to order 6, 8 at order 7; kernels/fft_simd.cpp). Its table follows
-// the stage table: for each row k = 1 .. R - 1, the duplicated real parts (c, c) of W_N^(k l)
-// for the L lanes l, then the duplicated imaginary parts: 4 L values per row.
-constexpr bool fft_has_short_pass(int order) { return order >= 4 && order <= 7; }
-constexpr int fft_short_lanes(int order) { return order == 7 ? 8 : 4; }
+// Orders 3 to 7 may also run as one register-resident pass over N = L R points: R rows of L
+// complex values (L = 2 at order 3, 4 at orders 4 to 6, 8 at order 7; kernels/fft_simd.cpp).
+// Its table follows the stage table: for each row k = 1 .. R - 1, the duplicated real parts
+// (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary parts: 4 L values per row.
+constexpr bool fft_has_short_pass(int order) { return order >= 3 && order <= 7; }
+constexpr int fft_short_lanes(int order) { return order == 3 ? 2 : order == 7 ? 8 : 4; }
 constexpr size_t fft_short_values(int order) {
     if (!fft_has_short_pass(order)) return 0;
     const size_t lanes = static_cast<size_t>(fft_short_lanes(order));

@@ -664,7 +664,7 @@ void cfft_tiny(const T* src, T* dst, int order) {
     }
 }
 
-// The short pass of orders 4 to 7 (N = L R points in R rows of L = V::W complex values): with
+// The short pass of orders 3 to 7 (N = L R points in R rows of L = V::W complex values): with
 // n = L n1 + n2 (row n1, lane n2), R-point transforms across the rows, the twiddles
 // W_N^(n2 k1), an L x L transpose of each group of L rows and L-point transforms across them
 // leave X[k1 + R k2] in row L (k1 / L) + k2, lane k1 % L: natural order, so every row stores
@@ -672,7 +672,7 @@ void cfft_tiny(const T* src, T* dst, int order) {
 template <class V, class T, int R, bool INV>
 void cfft_short(const T* src, T* dst, const T* tw) {
     constexpr int L = V::W;
-    static_assert(L == 4 || L == 8);
+    static_assert(L == 2 || L == 4 || L == 8);
     typename V::R x[R];
     for (int p = 0; p < R; ++p) x[p] = V::load(src + 2 * L * p);
     if constexpr (R == 16)
@@ -687,20 +687,30 @@ void cfft_short(const T* src, T* dst, const T* tw) {
     }
     for (int b = 0; b < R; b += L) {
         V::transpose(x + b);
-        if constexpr (L == 8)
+        if constexpr (L == 8) {
             dft8<V, T, INV>(x + b);
-        else
+        } else if constexpr (L == 4) {
             dft4<V, INV>(x[b], x[b + 1], x[b + 2], x[b + 3]);
+        } else {
+            const auto a = x[b];
+            x[b] = V::add(a, x[b + 1]);
+            x[b + 1] = V::sub(a, x[b + 1]);
+        }
         for (int k2 = 0; k2 < L; ++k2) V::store(dst + 2 * (R * k2 + b), x[b + k2]);
     }
 }
 
-// Runs the short pass when this level has the vector type for the order's lane count: four
-// complex values in 256-bit single or 512-bit double registers, eight in 512-bit single ones.
+// Runs the short pass when this level has the vector type for the order's lane count: two
+// complex values in 128-bit single or 256-bit double registers, four in 256-bit single or 512-bit
+// double ones, eight in 512-bit single ones.
 template <class T, bool INV>
 bool try_short(const T* src, T* dst, int order, const T* tw) {
     if (!fft_has_short_pass(order)) return false;
     tw += fft_stage_values(order);
+#if VEK_ISA_LEVEL >= 1
+    if constexpr (sizeof(T) == 4)
+        if (order == 3) return cfft_short<F128, T, 4, INV>(src, dst, tw), true;
+#endif
 #if VEK_ISA_LEVEL >= 2
     if constexpr (sizeof(T) == 4) {
         if (order == 4) return cfft_short<F256, T, 4, INV>(src, dst, tw), true;
@@ -709,6 +719,8 @@ bool try_short(const T* src, T* dst, int order, const T* tw) {
 #if VEK_ISA_LEVEL >= 3
         return cfft_short<F512, T, 16, INV>(src, dst, tw), true;
 #endif
+    } else {
+        if (order == 3) return cfft_short<D256, T, 4, INV>(src, dst, tw), true;
     }
 #endif
 #if VEK_ISA_LEVEL >= 3
