@@ -672,7 +672,7 @@ void cfft_tiny(const T* src, T* dst, int order) {
 template <class V, class T, int R, bool INV>
 void cfft_short(const T* src, T* dst, const T* tw) {
     constexpr int L = V::W;
-    static_assert(L == 2 || L == 4 || L == 8);
+    static_assert((L == 2 || L == 4 || L == 8) && R >= L);
     typename V::R x[R];
     for (int p = 0; p < R; ++p) x[p] = V::load(src + 2 * L * p);
     if constexpr (R == 16)
@@ -700,37 +700,42 @@ void cfft_short(const T* src, T* dst, const T* tw) {
     }
 }
 
-// Runs the short pass when this level has the vector type for the order's lane count: two
-// complex values in 128-bit single or 256-bit double registers, four in 256-bit single or 512-bit
-// double ones, eight in 512-bit single ones.
+// The short pass in rows of V::W complex values, when that is the order's lane count.
+template <class V, class T, bool INV>
+bool short_in(const T* src, T* dst, int order, const T* tw) {
+    if (!fft_has_short_pass(order) || fft_short_lanes(order) != V::W) return false;
+    tw += fft_stage_values(order);
+    const int rows = (1 << order) / V::W; // at least V::W, by the lane counts
+    if constexpr (V::W <= 4)
+        if (rows == 4) return cfft_short<V, T, 4, INV>(src, dst, tw), true;
+    if (rows == 8) return cfft_short<V, T, 8, INV>(src, dst, tw), true;
+    if (rows == 16) return cfft_short<V, T, 16, INV>(src, dst, tw), true;
+    return false;
+}
+
+// Runs the short pass where this level has registers of the order's lane count (two, four or
+// eight complex values).
 template <class T, bool INV>
 bool try_short(const T* src, T* dst, int order, const T* tw) {
-    if (!fft_has_short_pass(order)) return false;
-    tw += fft_stage_values(order);
-#if VEK_ISA_LEVEL >= 1
-    if constexpr (sizeof(T) == 4)
-        if (order == 3) return cfft_short<F128, T, 4, INV>(src, dst, tw), true;
+    if constexpr (sizeof(T) == 4) {
+#if VEK_ISA_LEVEL >= 3
+        if (short_in<F512, T, INV>(src, dst, order, tw)) return true;
 #endif
 #if VEK_ISA_LEVEL >= 2
-    if constexpr (sizeof(T) == 4) {
-        if (order == 4) return cfft_short<F256, T, 4, INV>(src, dst, tw), true;
-        if (order == 5) return cfft_short<F256, T, 8, INV>(src, dst, tw), true;
-        if (order == 6) return cfft_short<F256, T, 16, INV>(src, dst, tw), true;
-#if VEK_ISA_LEVEL >= 3
-        return cfft_short<F512, T, 16, INV>(src, dst, tw), true;
+        if (short_in<F256, T, INV>(src, dst, order, tw)) return true;
+#endif
+#if VEK_ISA_LEVEL >= 1
+        if (short_in<F128, T, INV>(src, dst, order, tw)) return true;
 #endif
     } else {
-        if (order == 3) return cfft_short<D256, T, 4, INV>(src, dst, tw), true;
-    }
-#endif
 #if VEK_ISA_LEVEL >= 3
-    if constexpr (sizeof(T) == 8) {
-        if (order == 4) return cfft_short<D512, T, 4, INV>(src, dst, tw), true;
-        if (order == 5) return cfft_short<D512, T, 8, INV>(src, dst, tw), true;
-        if (order == 6) return cfft_short<D512, T, 16, INV>(src, dst, tw), true;
-    }
+        if (short_in<D512, T, INV>(src, dst, order, tw)) return true;
 #endif
-    (void)src, (void)dst;
+#if VEK_ISA_LEVEL >= 2
+        if (short_in<D256, T, INV>(src, dst, order, tw)) return true;
+#endif
+    }
+    (void)src, (void)dst, (void)order, (void)tw;
     return false;
 }
 
