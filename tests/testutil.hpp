@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -131,6 +132,30 @@ inline std::vector<int> test_lengths() {
     v.push_back(1000);
     v.push_back(4099);
     return v;
+}
+
+// An output filled with a marker pattern, to show that a failing call wrote nothing.
+template <class T, int N = 4>
+struct Marked {
+    T v[N];
+    Marked() { std::memset(static_cast<void*>(v), 0x5A, sizeof v); }
+    bool untouched() const {
+        const auto* p = reinterpret_cast<const unsigned char*>(v);
+        for (size_t i = 0; i < sizeof v; ++i)
+            if (p[i] != 0x5A) return false;
+        return true;
+    }
+};
+
+// Runs check(f) for every member f of a list, each under a trace of its place in the list.
+template <class Check, class... F>
+void each(Check&& check, F... f) {
+    int at = 0;
+    auto one = [&](auto fn) {
+        SCOPED_TRACE("member #" + std::to_string(at++) + " of the list");
+        check(fn);
+    };
+    (one(f), ...);
 }
 
 } // namespace vt
