@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <limits>
 #include <string>
 #include <type_traits>
@@ -122,6 +123,24 @@ template <class T>
     for (size_t i = 0; i < got.size(); ++i)
         if (!same_bits(got[i], want[i]))
             return ::testing::AssertionFailure() << "first difference at element " << i;
+    return ::testing::AssertionSuccess();
+}
+
+// got[0..want.size()) equals want element by element (== on numbers, on both parts of a complex
+// element), so that documented values are listed in one line.
+template <class T>
+::testing::AssertionResult starts_with(const T* got,
+                                       std::initializer_list<std::type_identity_t<T>> want) {
+    size_t i = 0;
+    for (const T& w : want) {
+        bool ok;
+        if constexpr (std::is_arithmetic_v<T>)
+            ok = got[i] == w;
+        else
+            ok = got[i].re == w.re && got[i].im == w.im;
+        if (!ok) return ::testing::AssertionFailure() << "element " << i << " differs";
+        ++i;
+    }
     return ::testing::AssertionSuccess();
 }
 
