@@ -207,7 +207,7 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
         std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
         ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
         for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-        ASSERT_TRUE(ft::bits_eq(got, last));
+        ASSERT_TRUE(vt::bits_equal(got, last));
         ASSERT_EQ(M::fre(st), vekStsOk);
     }
 }
@@ -229,7 +229,7 @@ TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
         std::vector<Dat> y(static_cast<size_t>(n));
         ASSERT_EQ(M::blk(x.data(), y.data(), n, a), vekStsOk);
         ASSERT_EQ(M::blk_i(x.data(), n, b), vekStsOk);
-        EXPECT_TRUE(ft::bits_eq(x, y)) << "numIters " << n;
+        EXPECT_TRUE(vt::bits_equal(x, y)) << "numIters " << n;
     }
     ASSERT_EQ(M::fre(a), vekStsOk);
     ASSERT_EQ(M::fre(b), vekStsOk);
@@ -419,13 +419,13 @@ TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
                               k, [&] { return run(st, out); }, &c, &held),
                           vekStsMemAllocErr);
                 EXPECT_EQ(held, 0);
-                EXPECT_TRUE(ft::bits_eq(out, in_place ? x : junk));
+                EXPECT_TRUE(vt::bits_equal(out, in_place ? x : junk));
                 std::vector<Dat> dly(static_cast<size_t>(T));
                 ASSERT_EQ(M::get_dly(st, dly.data()), vekStsOk);
-                EXPECT_TRUE(ft::bits_eq(dly, line));
+                EXPECT_TRUE(vt::bits_equal(dly, line));
                 out = junk;
                 ASSERT_EQ(run(st, out), vekStsOk);
-                EXPECT_TRUE(ft::bits_eq(out, want));
+                EXPECT_TRUE(vt::bits_equal(out, want));
                 ASSERT_EQ(M::fre(st), vekStsOk);
             }
         }

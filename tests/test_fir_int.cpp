@@ -165,12 +165,12 @@ void stream_and_forms() {
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
                 ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(dst.vec(), want)) << "block, numIters " << n;
+                ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "block, numIters " << n;
                 ASSERT_TRUE(dst.guards_intact());
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 auto io = x;
                 ASSERT_EQ(M::blk_i(io.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(io, want));
+                ASSERT_TRUE(vt::bits_equal(io, want));
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 std::vector<Dat> one(static_cast<size_t>(n));
                 for (int i = 0; i < n; ++i) {
@@ -180,20 +180,20 @@ void stream_and_forms() {
                     else
                         ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
                 }
-                ASSERT_TRUE(ft::bits_eq(one, want));
+                ASSERT_TRUE(vt::bits_equal(one, want));
                 // Direct forms.
                 auto dl = doubled_line(hist);
                 int idx = 0;
                 std::vector<Dat> d(static_cast<size_t>(n));
                 ASSERT_EQ(M::dir(x.data(), d.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
                           vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(d, want));
+                ASSERT_TRUE(vt::bits_equal(d, want));
                 dl = doubled_line(hist);
                 idx = 0;
                 io = x;
                 ASSERT_EQ(M::dir_i(io.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
                           vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(io, want));
+                ASSERT_TRUE(vt::bits_equal(io, want));
                 dl = doubled_line(hist);
                 idx = 0;
                 for (int i = 0; i < n; ++i) {
@@ -207,13 +207,14 @@ void stream_and_forms() {
                                              dl.data(), &idx, sf),
                                   vekStsOk);
                 }
-                ASSERT_TRUE(ft::bits_eq(d, want));
+                ASSERT_TRUE(vt::bits_equal(d, want));
             });
             std::vector<Dat> after(static_cast<size_t>(T));
             ASSERT_EQ(M::get_dly(st, after.data()), vekStsOk);
             for (int i = 0; i < T; ++i) {
                 const Dat e = i < n ? x[size_t(n - 1 - i)] : hist[size_t(i - n)];
-                ASSERT_TRUE(ft::bits_eq(std::vector<Dat>{after[size_t(i)]}, std::vector<Dat>{e}));
+                ASSERT_TRUE(
+                    vt::bits_equal(std::vector<Dat>{after[size_t(i)]}, std::vector<Dat>{e}));
             }
         }
         ASSERT_EQ(M::fre(st), vekStsOk);

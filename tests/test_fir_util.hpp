@@ -57,12 +57,6 @@ constexpr size_t off(int k) {
     return static_cast<size_t>(k) * alignof(T);
 }
 
-template <class T>
-bool bits_eq(const std::vector<T>& a, const std::vector<T>& b) {
-    return a.size() == b.size() &&
-           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
-}
-
 // Reference outputs of a stream: y[j] = sum h[k] x[j-k], with x[-i] = line[i-1] (the line newest
 // first), in long double. Also returns sum (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of
 // sum |h[k] x[j-k]|, for error bounds.
