@@ -177,4 +177,18 @@ void each(Check&& check, F... f) {
     (one(f), ...);
 }
 
+// A reduction (pSrc, len, pResult, trailing parameters given as zero): null pointers before the
+// length, lengths below min_len refused, and the result untouched on error.
+template <class A, class D, class... X>
+void reduction_frame(VekStatus (*fn)(const A*, int, D*, X...), int min_len = 1) {
+    const A a[2]{};
+    Marked<D, 1> d;
+    for (int len : {min_len - 1, -1, std::numeric_limits<int>::min()}) {
+        EXPECT_EQ(fn(nullptr, len, d.v, X{}...), vekStsNullPointerErr) << len;
+        EXPECT_EQ(fn(a, len, nullptr, X{}...), vekStsNullPointerErr) << len;
+        EXPECT_EQ(fn(a, len, d.v, X{}...), vekStsDataSizeErr) << len;
+    }
+    EXPECT_TRUE(d.untouched());
+}
+
 } // namespace vt
