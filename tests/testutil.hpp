@@ -191,4 +191,20 @@ void reduction_frame(VekStatus (*fn)(const A*, int, D*, X...), int min_len = 1) 
     EXPECT_TRUE(d.untouched());
 }
 
+// An element-wise map (pSrc, pDst, len, trailing parameters given as zero): null pointers before
+// the length, and the destination untouched on error.
+template <class S, class D, class... X>
+void map_frame(VekStatus (*fn)(const S*, D*, int, X...)) {
+    const S s[4]{};
+    Marked<D> d;
+    for (int len : {4, 0, -1, std::numeric_limits<int>::min()}) {
+        EXPECT_EQ(fn(nullptr, d.v, len, X{}...), vekStsNullPointerErr) << len;
+        EXPECT_EQ(fn(s, nullptr, len, X{}...), vekStsNullPointerErr) << len;
+        if (len <= 0) {
+            EXPECT_EQ(fn(s, d.v, len, X{}...), vekStsDataSizeErr) << len;
+        }
+    }
+    EXPECT_TRUE(d.untouched());
+}
+
 } // namespace vt
