@@ -112,15 +112,6 @@ int fft_length(int T) {
     return len;
 }
 
-// The direct form's doubled line holding a history given newest first.
-template <class Dat>
-std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
-    const size_t T = line.size();
-    std::vector<Dat> d(2 * T);
-    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
-    return d;
-}
-
 // A stream cut into blocks of every length 1 .. 70, through one state, against the
 // reference of the whole stream; then the stored line holds the last inputs, newest first.
 TEST(FirFloatTaps, StreamMatchesReference) {
@@ -224,19 +215,19 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                     ASSERT_TRUE(vt::bits_equal(after_one, after));
                     ASSERT_EQ(m.fre(st), vekStsOk);
                     // Direct forms on the caller's doubled line.
-                    auto dl = doubled_line(line);
+                    auto dl = ft::doubled_line(line);
                     int idx = 0;
                     vt::Buf<Dat> ddst(n, ft::off<Dat>(7));
                     ASSERT_EQ(m.dir(x.data(), ddst.data(), n, h.data(), T, dl.data(), &idx, sf),
                               vekStsOk);
                     ASSERT_TRUE(vt::bits_equal(ddst.vec(), ref));
                     ASSERT_EQ(idx, n % T);
-                    dl = doubled_line(line);
+                    dl = ft::doubled_line(line);
                     idx = 0;
                     auto dio = x;
                     ASSERT_EQ(m.dir_i(dio.data(), n, h.data(), T, dl.data(), &idx, sf), vekStsOk);
                     ASSERT_TRUE(vt::bits_equal(dio, ref));
-                    dl = doubled_line(line);
+                    dl = ft::doubled_line(line);
                     idx = 0;
                     std::vector<Dat> od(static_cast<size_t>(n));
                     for (int i = 0; i < n; ++i) {
@@ -367,7 +358,7 @@ TEST(FirFloatTaps, StatusesAndUntouchedOutputs) {
         EXPECT_TRUE(vt::bits_equal(dl, line)) << "a failed call changed the state";
 
         // Direct forms.
-        auto dline = doubled_line(line);
+        auto dline = ft::doubled_line(line);
         const auto dline0 = dline;
         int idx = 3;
         EXPECT_EQ(m.dir(nullptr, d.data(), 0, h.data(), T, dline.data(), &idx, 0),

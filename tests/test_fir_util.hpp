@@ -57,6 +57,15 @@ constexpr size_t off(int k) {
     return static_cast<size_t>(k) * alignof(T);
 }
 
+// The direct form's doubled line holding a history given newest first.
+template <class Dat>
+std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
+    const size_t T = line.size();
+    std::vector<Dat> d(2 * T);
+    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
+    return d;
+}
+
 // Reference outputs of a stream: y[j] = sum h[k] x[j-k], with x[-i] = line[i-1] (the line newest
 // first), in long double. Also returns sum (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of
 // sum |h[k] x[j-k]|, for error bounds.
