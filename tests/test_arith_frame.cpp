@@ -189,10 +189,7 @@ TEST(ArithFrame, DivCRev16u) {
     EXPECT_EQ(veksDivCRev_16u(s, 7, o.v, -2), vekStsDataSizeErr);
     EXPECT_TRUE(o.untouched());
     EXPECT_EQ(veksDivCRev_16u(s, 7, d, 4), vekStsDivZeroWrn);
-    EXPECT_EQ(d[0], 7);
-    EXPECT_EQ(d[1], 4); // 3.5 to even
-    EXPECT_EQ(d[2], 65535);
-    EXPECT_EQ(d[3], 2); // 1.75
+    EXPECT_TRUE(vt::starts_with(d, {7, 4, 65535, 2})); // 3.5 to even; 1.75
     EXPECT_EQ(veksDivCRev_16u_I(0, nullptr, 4), vekStsNullPointerErr);
     EXPECT_EQ(veksDivCRev_16u_I(0, o.v, 0), vekStsDataSizeErr);
     EXPECT_EQ(veksDivCRev_16u_I(7, o.v, 0), vekStsDataSizeErr);
@@ -210,8 +207,7 @@ TEST(ArithFrame, AddC8uIdentity) {
     EXPECT_EQ(veksAddC_8u_ISfs(0, sd, 3, 0), vekStsOk);
     EXPECT_EQ(sd[2], 5);
     EXPECT_EQ(veksAddC_8u_Sfs(s, 1, d, 3, -8), vekStsOk); // nonzero sums saturate
-    EXPECT_EQ(d[0], 255);
-    EXPECT_EQ(d[1], 255);
+    EXPECT_TRUE(vt::starts_with(d, {255, 255}));
 }
 
 } // namespace

@@ -126,15 +126,12 @@ TEST(ConvertToInteger, DocumentedValues) {
     const float y[] = {10.0f, 3.0f};
     int32_t e[2];
     ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, 2), vekStsOk);
-    EXPECT_EQ(e[0], 2); // 2.5 -> 2
-    EXPECT_EQ(e[1], 1); // 0.75 -> 1
+    EXPECT_TRUE(vt::starts_with(e, {2, 1})); // 2.5 -> 2; 0.75 -> 1
     ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, -30), vekStsOk);
-    EXPECT_EQ(e[0], INT32_MAX);
-    EXPECT_EQ(e[1], INT32_MAX);
+    EXPECT_TRUE(vt::starts_with(e, {INT32_MAX, INT32_MAX}));
     const double z[] = {-2147483648.5, 2147483647.5, -2147483647.5};
     ASSERT_EQ(veksConvert_64f32s_Sfs(z, e, 2, 1, 0), vekStsOk);
-    EXPECT_EQ(e[0], INT32_MIN);
-    EXPECT_EQ(e[1], INT32_MAX);
+    EXPECT_TRUE(vt::starts_with(e, {INT32_MIN, INT32_MAX}));
 }
 
 TEST(ConvertWidening, ExactOnEveryLevel) {
@@ -207,10 +204,7 @@ TEST(ConvertRounded, NearestUnderEveryCallerMode) {
     const int32_t big[] = {40000, -40000, 32767, -32768};
     int16_t d[4];
     ASSERT_EQ(veksConvert_32s16s(big, d, 4), vekStsOk);
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], -32768);
-    EXPECT_EQ(d[2], 32767);
-    EXPECT_EQ(d[3], -32768);
+    EXPECT_TRUE(vt::starts_with(d, {32767, -32768, 32767, -32768}));
 }
 
 template <class S, class D>
@@ -246,8 +240,7 @@ TEST(ConvertScaledToFloat, SingleRoundingOverTheScaleRange) {
     const int16_t s[] = {3, -32768};
     float d[2];
     ASSERT_EQ(veksConvert_16s32f_Sfs(s, d, 2, 15), vekStsOk);
-    EXPECT_EQ(d[0], 3.0f / 32768.0f);
-    EXPECT_EQ(d[1], -1.0f);
+    EXPECT_TRUE(vt::starts_with(d, {3.0f / 32768.0f, -1.0f}));
 }
 
 TEST(ConvertFrame, StatusesInOrderAndOutputsUntouched) {

@@ -237,8 +237,7 @@ TEST(FftPack, MulPack16sFollowsTheIntegerRule) {
     const int16_t mn[] = {-32768, -32768, -32768}, mx[] = {-32768, -32768, 32767};
     int16_t e[3];
     ASSERT_EQ(veksMulPack_16s_Sfs(mn, mx, e, 3, 0), vekStsOk);
-    EXPECT_EQ(e[0], 32767);
-    EXPECT_EQ(e[1], 32767); // 2^30 + 2^30 - 32768 saturates
+    EXPECT_TRUE(vt::starts_with(e, {32767, 32767})); // 2^30 + 2^30 - 32768 saturates
     EXPECT_EQ(veksMulPack_16s_Sfs(mn, mx, nullptr, 3, 0), vekStsNullPointerErr);
     EXPECT_EQ(veksMulPerm_16s_ISfs(mn, e, 0, 0), vekStsDataSizeErr);
 }

@@ -435,13 +435,10 @@ TEST(FirFloatTaps, IntegerOutputRule) {
     const Vek32s x32[3] = {2147483647, 2147483647, -2147483647 - 1};
     Vek32s y32[3];
     ASSERT_EQ(veksFIR64f_32s_Sfs(x32, y32, 3, s32, 0), vekStsOk);
-    EXPECT_EQ(y32[0], 2147483647);
-    EXPECT_EQ(y32[1], 2147483647);
-    EXPECT_EQ(y32[2], -1);
+    EXPECT_TRUE(vt::starts_with(y32, {2147483647, 2147483647, -1}));
     ASSERT_EQ(veksFIR64f_32s_Sfs(x32, y32, 3, s32, 1), vekStsOk);
-    EXPECT_EQ(y32[0], -1); // (2147483647 - 2147483648 from the history) / 2 = -0.5
-    EXPECT_EQ(y32[1], 2147483647);
-    EXPECT_EQ(y32[2], -1);
+    EXPECT_TRUE(vt::starts_with(
+        y32, {-1, 2147483647, -1})); // (2147483647 - 2147483648 from the history) / 2 = -0.5
     ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
 }
 

@@ -173,8 +173,7 @@ TEST(G711Transcode, EveryCodeMapsToABracketingLevelMonotonically) {
     EXPECT_EQ(ref_mulaw_decode(d[0]), 8);
     EXPECT_EQ(ref_mulaw_decode(d[1]), -8);
     ASSERT_EQ(veksMuLawToALaw_8u(c + 2, d, 2), vekStsOk);
-    EXPECT_EQ(d[0], 0xD5);
-    EXPECT_EQ(d[1], 0x55);
+    EXPECT_TRUE(vt::starts_with(d, {0xD5, 0x55}));
 }
 
 TEST(G711Transcode, LevelOrderIsKept) {
@@ -229,18 +228,12 @@ TEST(G711, RoundTripsAndDocumentedValues) {
     int16_t v[4];
     float f[4];
     ASSERT_EQ(veksALawToLin_8u16s(c, v, 4), vekStsOk);
-    EXPECT_EQ(v[0], 8);
-    EXPECT_EQ(v[1], -8);
-    EXPECT_EQ(v[2], 5504);
-    EXPECT_EQ(v[3], -5504);
+    EXPECT_TRUE(vt::starts_with(v, {8, -8, 5504, -5504}));
     ASSERT_EQ(veksALawToLin_8u32f(c, f, 4), vekStsOk);
     EXPECT_EQ(f[2], 0.16796875f);
     const uint8_t u[] = {0x00, 0x80, 0x7F, 0xFF};
     ASSERT_EQ(veksMuLawToLin_8u16s(u, v, 4), vekStsOk);
-    EXPECT_EQ(v[0], -32124);
-    EXPECT_EQ(v[1], 32124);
-    EXPECT_EQ(v[2], 0);
-    EXPECT_EQ(v[3], 0);
+    EXPECT_TRUE(vt::starts_with(v, {-32124, 32124, 0, 0}));
 }
 
 TEST(G711, FrameStatusesAndUntouchedOutputs) {

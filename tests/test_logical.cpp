@@ -105,8 +105,7 @@ TEST(Bitwise, DocumentedValues) {
     EXPECT_EQ(d[0], 0xF0);
     Vek16u w[] = {0x00FF, 0x1234};
     ASSERT_EQ(veksNot_16u_I(w, 2), vekStsOk);
-    EXPECT_EQ(w[0], 0xFF00);
-    EXPECT_EQ(w[1], 0xEDCB);
+    EXPECT_TRUE(vt::starts_with(w, {0xFF00, 0xEDCB}));
 }
 
 // ---- Shifts ------------------------------------------------------------------------------------
@@ -179,8 +178,7 @@ TEST(Shift, DocumentedValues) {
         std::vector<Vek16s> s(40, -5);
         s[1] = 7;
         ASSERT_EQ(veksRShiftC_16s_I(16, s.data(), 40), vekStsOk);
-        EXPECT_EQ(s[0], -1);
-        EXPECT_EQ(s[1], 0);
+        EXPECT_TRUE(vt::starts_with(s, {-1, 0}));
         EXPECT_EQ(s[39], -1);
         std::vector<Vek16u> u(40, 0xFFFF);
         ASSERT_EQ(veksRShiftC_16u_I(16, u.data(), 40), vekStsOk);

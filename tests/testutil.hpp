@@ -144,6 +144,13 @@ template <class T>
     return ::testing::AssertionSuccess();
 }
 
+template <class T>
+::testing::AssertionResult starts_with(const std::vector<T>& got,
+                                       std::initializer_list<std::type_identity_t<T>> want) {
+    if (got.size() < want.size()) return ::testing::AssertionFailure() << "too short";
+    return starts_with(got.data(), want);
+}
+
 // Lengths that cross every SIMD width and unrolling boundary, plus a large one.
 inline std::vector<int> test_lengths() {
     std::vector<int> v;
