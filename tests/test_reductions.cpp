@@ -295,6 +295,14 @@ TEST(Mean, IntegerDocumentedValues) {
     const int16_t e[] = {2, 3}; // 2.5 -> 2
     EXPECT_EQ(veksMean_16s_Sfs(e, 2, &m, 0), vekStsOk);
     EXPECT_EQ(m, 2);
+    // A small mean still scales at the largest upward shift, 14 places: 0.5 -> 8192.
+    const int16_t z[] = {0, 1};
+    EXPECT_EQ(veksMean_16s_Sfs(z, 2, &m, -14), vekStsOk);
+    EXPECT_EQ(m, 8192);
+    const Vek16sc zc[] = {{0, -1}, {1, 0}};
+    Vek16sc mc{};
+    EXPECT_EQ(veksMean_16sc_Sfs(zc, 2, &mc, -14), vekStsOk);
+    EXPECT_TRUE(mc.re == 8192 && mc.im == -8192);
 }
 
 // Long-double two-pass reference of the sample deviation.
