@@ -196,34 +196,12 @@ TEST(G711Transcode, LevelOrderIsKept) {
     }
 }
 
-TEST(G711, RoundTripsAndDocumentedValues) {
-    std::vector<uint8_t> codes(256);
-    for (int i = 0; i < 256; ++i) codes[i] = static_cast<uint8_t>(i);
-    vt::for_each_level([&](auto) {
-        std::vector<int16_t> lin(256);
-        std::vector<float> linf(256);
-        std::vector<uint8_t> back(256);
-        ASSERT_EQ(veksALawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToALaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, codes);
-        ASSERT_EQ(veksALawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToALaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, codes);
-        // mu-law has two zeros; the negative one (0x7F) comes back as the positive one.
-        auto mu = codes;
-        mu[0x7F] = 0xFF;
-        ASSERT_EQ(veksMuLawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToMuLaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, mu);
-        ASSERT_EQ(veksMuLawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToMuLaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, mu);
-    });
+// (Round trips follow from the exhaustive checks above against the references.)
+TEST(G711, DocumentedValues) {
     const int16_t x[] = {0, -1, -7, -8, 32767, -32768, -23, -24};
     uint8_t a[8];
     ASSERT_EQ(veksLinToALaw_16s8u(x, a, 8), vekStsOk);
-    const uint8_t want[] = {0xD5, 0x5A, 0x5A, 0x55, 0xAA, 0x2A, 0x55, 0x54};
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(a[i], want[i]) << x[i];
+    EXPECT_TRUE(vt::starts_with(a, {0xD5, 0x5A, 0x5A, 0x55, 0xAA, 0x2A, 0x55, 0x54}));
     const uint8_t c[] = {0xD5, 0x55, 0x80, 0x00};
     int16_t v[4];
     float f[4];
