@@ -39,10 +39,7 @@ TEST(Add, Add16sSfsDocumentedValues) {
     const int16_t a[] = {1, 3, -1, -3}, z[] = {0, 0, 0, 0};
     int16_t d[4];
     ASSERT_EQ(veksAdd_16s_Sfs(a, z, d, 4, 1), vekStsOk);
-    EXPECT_EQ(d[0], 0);
-    EXPECT_EQ(d[1], 2);
-    EXPECT_EQ(d[2], 0);
-    EXPECT_EQ(d[3], -2);
+    EXPECT_TRUE(vt::starts_with(d, {0, 2, 0, -2}));
     const int16_t m[] = {-32768};
     ASSERT_EQ(veksAdd_16s_Sfs(m, m, d, 1, 16), vekStsOk);
     EXPECT_EQ(d[0], -1);
@@ -70,8 +67,7 @@ TEST(Add, FrameOrderAndUntouchedOutputs) {
     EXPECT_EQ(veksAdd_32f(a, a, nullptr, 2), vekStsNullPointerErr);
     EXPECT_EQ(veksAdd_32f(a, a, d, 0), vekStsDataSizeErr);
     EXPECT_EQ(veksAdd_32f(a, a, d, -5), vekStsDataSizeErr);
-    EXPECT_EQ(d[0], 7);
-    EXPECT_EQ(d[1], 7);
+    EXPECT_TRUE(vt::starts_with(d, {7, 7}));
     int16_t s[2] = {1, 2}, sd[2] = {9, 9};
     EXPECT_EQ(veksAdd_16s_Sfs(s, s, sd, 0, 0), vekStsDataSizeErr);
     EXPECT_EQ(veksAdd_16s_Sfs(s, nullptr, sd, 2, 0), vekStsNullPointerErr);

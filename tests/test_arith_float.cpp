@@ -238,36 +238,32 @@ TEST(ArithFloat, Abs) {
 
 // Calls spanning tens of MiB take the streaming-store path; the bits stay those of the operation.
 template <class T>
-void check_large(int n) {
+using Fn2 = VekStatus (*)(const T*, const T*, T*, int);
+template <class T>
+void check_large(int n, const Fn2<T> (&add_sub_mul_div)[4], VekStatus (*add_i)(const T*, T*, int)) {
     vt::Rng rng(50);
     const auto a = fvec<T>(rng, n), b = fvec<T>(rng, n);
+    const auto op = [](int k, T x, T y) -> T {
+        return k == 0 ? x + y : k == 1 ? y - x : k == 2 ? x * y : y / x;
+    };
     vt::for_each_level([&](auto) {
         vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(2)), pd(n, off<T>(3)), sd(b, off<T>(5));
-        auto check = [&](auto f, auto op) {
-            ASSERT_EQ(f(pa.data(), pb.data(), pd.data(), n), vekStsOk);
-            for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(pd[i], op(a[i], b[i]))) << i;
+        for (int k = 0; k < 4; ++k) {
+            ASSERT_EQ(add_sub_mul_div[k](pa.data(), pb.data(), pd.data(), n), vekStsOk);
+            for (int i = 0; i < n; ++i)
+                ASSERT_TRUE(vt::same_bits(pd[i], op(k, a[i], b[i]))) << k << " " << i;
             ASSERT_TRUE(pd.guards_intact());
-        };
-        if constexpr (sizeof(T) == 4) {
-            check(veksAdd_32f, [](T x, T y) { return x + y; });
-            check(veksSub_32f, [](T x, T y) { return y - x; });
-            check(veksMul_32f, [](T x, T y) { return x * y; });
-            check(veksDiv_32f, [](T x, T y) { return y / x; });
-            ASSERT_EQ(veksAdd_32f_I(pa.data(), sd.data(), n), vekStsOk);
-        } else {
-            check(veksAdd_64f, [](T x, T y) { return x + y; });
-            check(veksSub_64f, [](T x, T y) { return y - x; });
-            check(veksMul_64f, [](T x, T y) { return x * y; });
-            check(veksDiv_64f, [](T x, T y) { return y / x; });
-            ASSERT_EQ(veksAdd_64f_I(pa.data(), sd.data(), n), vekStsOk);
         }
+        ASSERT_EQ(add_i(pa.data(), sd.data(), n), vekStsOk);
         for (int i = 0; i < n; ++i) ASSERT_TRUE(vt::same_bits(sd[i], T(a[i] + b[i]))) << i;
         ASSERT_TRUE(sd.guards_intact());
     });
 }
 TEST(ArithFloat, LargeVectors) {
-    check_large<float>((8 << 20) / 4 + 37);
-    check_large<double>((8 << 20) / 8 + 37);
+    check_large<float>((8 << 20) / 4 + 37, {veksAdd_32f, veksSub_32f, veksMul_32f, veksDiv_32f},
+                       veksAdd_32f_I);
+    check_large<double>((8 << 20) / 8 + 37, {veksAdd_64f, veksSub_64f, veksMul_64f, veksDiv_64f},
+                        veksAdd_64f_I);
 }
 
 // ---- division ------------------------------------------------------------------------------

@@ -247,23 +247,14 @@ TEST(ArithInt, DocumentedValues) {
     EXPECT_EQ(d[0], -2);
     const int16_t s[] = {-32768, 32767, -32767, 0};
     ASSERT_EQ(veksAbs_16s(s, d, 4), vekStsOk);
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], 32767);
-    EXPECT_EQ(d[2], 32767);
-    EXPECT_EQ(d[3], 0);
+    EXPECT_TRUE(vt::starts_with(d, {32767, 32767, 32767, 0}));
     const int16_t p[] = {20000, -20000, 1, 0}, z[] = {0, 0, 0, 0};
     ASSERT_EQ(veksAdd_16s_Sfs(p, z, d, 4, -16), vekStsOk);
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], -32768);
-    EXPECT_EQ(d[2], 32767);
-    EXPECT_EQ(d[3], 0);
+    EXPECT_TRUE(vt::starts_with(d, {32767, -32768, 32767, 0}));
     // with sf 2: 6 -> 2, 10 -> 2, 14 -> 4
     const int16_t q[] = {6, 10, 14, -6};
     ASSERT_EQ(veksAdd_16s_Sfs(q, z, d, 4, 2), vekStsOk);
-    EXPECT_EQ(d[0], 2);
-    EXPECT_EQ(d[1], 2);
-    EXPECT_EQ(d[2], 4);
-    EXPECT_EQ(d[3], -2);
+    EXPECT_TRUE(vt::starts_with(d, {2, 2, 4, -2}));
     // The 32sc product whose imaginary part is 2^63: exact, then scaled.
     const Vek32sc m[] = {{INT32_MIN, INT32_MIN}};
     Vek32sc r[1];
@@ -343,7 +334,7 @@ constexpr auto kDivReal = [](auto x, auto y, int sf) { // y / x
 };
 
 template <class T, class F>
-void check_div(uint64_t seed, F run, bool zeros_expected) {
+void check_div(uint64_t seed, F run) {
     vt::Rng rng(seed);
     vt::for_each_level([&](auto) {
         int k = 0;
@@ -363,7 +354,6 @@ void check_div(uint64_t seed, F run, bool zeros_expected) {
             ASSERT_TRUE(pd.guards_intact() && sd.guards_intact());
         }
     });
-    (void)zeros_expected;
 }
 
 template <class T>
@@ -388,9 +378,9 @@ struct ComplexDiv {
 };
 
 TEST(ArithDiv, IntegerVectors) {
-    check_div<Vek8u>(21, RealDiv<Vek8u>{veksDiv_8u_Sfs, veksDiv_8u_ISfs}, true);
-    check_div<Vek16s>(22, RealDiv<Vek16s>{veksDiv_16s_Sfs, veksDiv_16s_ISfs}, true);
-    check_div<Vek16sc>(23, ComplexDiv{veksDiv_16sc_Sfs, veksDiv_16sc_ISfs}, true);
+    check_div<Vek8u>(21, RealDiv<Vek8u>{veksDiv_8u_Sfs, veksDiv_8u_ISfs});
+    check_div<Vek16s>(22, RealDiv<Vek16s>{veksDiv_16s_Sfs, veksDiv_16s_ISfs});
+    check_div<Vek16sc>(23, ComplexDiv{veksDiv_16sc_Sfs, veksDiv_16sc_ISfs});
 }
 
 TEST(ArithDiv, IntegerConstants) {
@@ -466,8 +456,7 @@ TEST(ArithDiv, DocumentedValuesAndChoices) {
     const uint8_t z8[] = {0, 0}, y8[] = {9, 0};
     uint8_t d8[2];
     ASSERT_EQ(veksDiv_8u_Sfs(z8, y8, d8, 2, 0), vekStsDivZeroWrn);
-    EXPECT_EQ(d8[0], 255);
-    EXPECT_EQ(d8[1], 0);
+    EXPECT_TRUE(vt::starts_with(d8, {255, 0}));
 }
 
 // Integer division must not depend on the caller's rounding mode, and must give it back.

@@ -126,15 +126,12 @@ TEST(ConvertToInteger, DocumentedValues) {
     const float y[] = {10.0f, 3.0f};
     int32_t e[2];
     ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, 2), vekStsOk);
-    EXPECT_EQ(e[0], 2); // 2.5 -> 2
-    EXPECT_EQ(e[1], 1); // 0.75 -> 1
+    EXPECT_TRUE(vt::starts_with(e, {2, 1})); // 2.5 -> 2; 0.75 -> 1
     ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, -30), vekStsOk);
-    EXPECT_EQ(e[0], INT32_MAX);
-    EXPECT_EQ(e[1], INT32_MAX);
+    EXPECT_TRUE(vt::starts_with(e, {INT32_MAX, INT32_MAX}));
     const double z[] = {-2147483648.5, 2147483647.5, -2147483647.5};
     ASSERT_EQ(veksConvert_64f32s_Sfs(z, e, 2, 1, 0), vekStsOk);
-    EXPECT_EQ(e[0], INT32_MIN);
-    EXPECT_EQ(e[1], INT32_MAX);
+    EXPECT_TRUE(vt::starts_with(e, {INT32_MIN, INT32_MAX}));
 }
 
 TEST(ConvertWidening, ExactOnEveryLevel) {
@@ -207,10 +204,7 @@ TEST(ConvertRounded, NearestUnderEveryCallerMode) {
     const int32_t big[] = {40000, -40000, 32767, -32768};
     int16_t d[4];
     ASSERT_EQ(veksConvert_32s16s(big, d, 4), vekStsOk);
-    EXPECT_EQ(d[0], 32767);
-    EXPECT_EQ(d[1], -32768);
-    EXPECT_EQ(d[2], 32767);
-    EXPECT_EQ(d[3], -32768);
+    EXPECT_TRUE(vt::starts_with(d, {32767, -32768, 32767, -32768}));
 }
 
 template <class S, class D>
@@ -246,35 +240,19 @@ TEST(ConvertScaledToFloat, SingleRoundingOverTheScaleRange) {
     const int16_t s[] = {3, -32768};
     float d[2];
     ASSERT_EQ(veksConvert_16s32f_Sfs(s, d, 2, 15), vekStsOk);
-    EXPECT_EQ(d[0], 3.0f / 32768.0f);
-    EXPECT_EQ(d[1], -1.0f);
+    EXPECT_TRUE(vt::starts_with(d, {3.0f / 32768.0f, -1.0f}));
 }
 
 TEST(ConvertFrame, StatusesInOrderAndOutputsUntouched) {
-    int16_t s16[2] = {1, 2}, d16[2] = {7, 7};
-    float f[2] = {1, 2}, df[2] = {9, 9};
-    double g[2] = {1, 2};
-    int32_t d32[2] = {5, 5};
-    EXPECT_EQ(veksConvert_16s32f(nullptr, df, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_16s32f(s16, nullptr, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_16s32f(s16, df, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksConvert_16s32f(s16, df, -1), vekStsDataSizeErr);
-    EXPECT_EQ(veksConvert_32s32f(d32, nullptr, -1), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_32s32f(d32, df, INT_MIN), vekStsDataSizeErr);
-    EXPECT_EQ(veksConvert_16s32f_Sfs(nullptr, df, 2, 1), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_16s32f_Sfs(s16, df, 0, 1), vekStsDataSizeErr);
-    EXPECT_EQ(df[0], 9);
-    EXPECT_EQ(df[1], 9);
-    EXPECT_EQ(veksConvert_32f16s_Sfs(nullptr, d16, 0, 1, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_32f16s_Sfs(f, nullptr, 2, 1, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_32f16s_Sfs(f, d16, 0, 1, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksConvert_32f16s_Sfs(f, d16, -7, 0, 0), vekStsDataSizeErr);
-    EXPECT_EQ(d16[0], 7);
-    EXPECT_EQ(d16[1], 7);
-    EXPECT_EQ(veksConvert_64f32s_Sfs(g, nullptr, 2, 1, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksConvert_64f32s_Sfs(g, d32, 0, 1, 0), vekStsDataSizeErr);
-    EXPECT_EQ(d32[0], 5);
+    vt::each([](auto f) { vt::map_frame(f); }, veksConvert_16s32f, veksConvert_16s32f_Sfs,
+             veksConvert_16s32s, veksConvert_16s64f_Sfs, veksConvert_16u32f, veksConvert_32f16s_Sfs,
+             veksConvert_32f16u_Sfs, veksConvert_32f32s_Sfs, veksConvert_32f64f,
+             veksConvert_32f8s_Sfs, veksConvert_32f8u_Sfs, veksConvert_32s16s, veksConvert_32s32f,
+             veksConvert_32s32f_Sfs, veksConvert_32s64f, veksConvert_32s64f_Sfs, veksConvert_64f32f,
+             veksConvert_64f32s_Sfs, veksConvert_8s16s, veksConvert_8s32f, veksConvert_8u32f);
     // A failing call leaves the caller's rounding mode alone too.
+    const float f[2] = {1, 2};
+    int32_t d32[2] = {5, 5};
     ASSERT_EQ(std::fesetround(FE_UPWARD), 0);
     EXPECT_EQ(veksConvert_32f32s_Sfs(f, d32, 0, 1, 0), vekStsDataSizeErr);
     EXPECT_EQ(std::fegetround(), FE_UPWARD);

@@ -71,53 +71,35 @@ std::vector<cld> to_complex(const std::vector<T>& v) {
 template <class T>
 struct Api;
 
-template <>
-struct Api<float> {
-    using C = Vek32fc;
-    using SpecC = VeksFFTSpec_C_32fc;
-    using SpecR = VeksFFTSpec_R_32f;
-    static constexpr auto initC = veksFFTInitAlloc_C_32fc;
-    static constexpr auto freeC = veksFFTFree_C_32fc;
-    static constexpr auto fwdC = veksFFTFwd_CToC_32fc;
-    static constexpr auto invC = veksFFTInv_CToC_32fc;
-    static constexpr auto initS = veksFFTInitAlloc_C_32f;
-    static constexpr auto freeS = veksFFTFree_C_32f;
-    static constexpr auto bufS = veksFFTGetBufSize_C_32f;
-    static constexpr auto fwdS = veksFFTFwd_CToC_32f;
-    static constexpr auto invS = veksFFTInv_CToC_32f;
-    static constexpr auto initR = veksFFTInitAlloc_R_32f;
-    static constexpr auto freeR = veksFFTFree_R_32f;
-    static constexpr auto fwdPack = veksFFTFwd_RToPack_32f;
-    static constexpr auto fwdPerm = veksFFTFwd_RToPerm_32f;
-    static constexpr auto fwdCcs = veksFFTFwd_RToCCS_32f;
-    static constexpr auto invPack = veksFFTInv_PackToR_32f;
-    static constexpr auto invPerm = veksFFTInv_PermToR_32f;
-    static constexpr auto invCcs = veksFFTInv_CCSToR_32f;
-};
-
-template <>
-struct Api<double> {
-    using C = Vek64fc;
-    using SpecC = VeksFFTSpec_C_64fc;
-    using SpecR = VeksFFTSpec_R_64f;
-    static constexpr auto initC = veksFFTInitAlloc_C_64fc;
-    static constexpr auto freeC = veksFFTFree_C_64fc;
-    static constexpr auto fwdC = veksFFTFwd_CToC_64fc;
-    static constexpr auto invC = veksFFTInv_CToC_64fc;
-    static constexpr auto initS = veksFFTInitAlloc_C_64f;
-    static constexpr auto freeS = veksFFTFree_C_64f;
-    static constexpr auto bufS = veksFFTGetBufSize_C_64f;
-    static constexpr auto fwdS = veksFFTFwd_CToC_64f;
-    static constexpr auto invS = veksFFTInv_CToC_64f;
-    static constexpr auto initR = veksFFTInitAlloc_R_64f;
-    static constexpr auto freeR = veksFFTFree_R_64f;
-    static constexpr auto fwdPack = veksFFTFwd_RToPack_64f;
-    static constexpr auto fwdPerm = veksFFTFwd_RToPerm_64f;
-    static constexpr auto fwdCcs = veksFFTFwd_RToCCS_64f;
-    static constexpr auto invPack = veksFFTInv_PackToR_64f;
-    static constexpr auto invPerm = veksFFTInv_PermToR_64f;
-    static constexpr auto invCcs = veksFFTInv_CCSToR_64f;
-};
+#define VEK_FFT_API(T, Cx, Sx)                                                                     \
+    template <>                                                                                    \
+    struct Api<T> {                                                                                \
+        using C = Vek##Cx;                                                                         \
+        using SpecC = VeksFFTSpec_C_##Cx;                                                          \
+        using SpecS = VeksFFTSpec_C_##Sx;                                                          \
+        using SpecR = VeksFFTSpec_R_##Sx;                                                          \
+        static constexpr auto initC = veksFFTInitAlloc_C_##Cx;                                     \
+        static constexpr auto freeC = veksFFTFree_C_##Cx;                                          \
+        static constexpr auto bufC = veksFFTGetBufSize_C_##Cx;                                     \
+        static constexpr auto fwdC = veksFFTFwd_CToC_##Cx;                                         \
+        static constexpr auto invC = veksFFTInv_CToC_##Cx;                                         \
+        static constexpr auto initS = veksFFTInitAlloc_C_##Sx;                                     \
+        static constexpr auto freeS = veksFFTFree_C_##Sx;                                          \
+        static constexpr auto bufS = veksFFTGetBufSize_C_##Sx;                                     \
+        static constexpr auto fwdS = veksFFTFwd_CToC_##Sx;                                         \
+        static constexpr auto invS = veksFFTInv_CToC_##Sx;                                         \
+        static constexpr auto initR = veksFFTInitAlloc_R_##Sx;                                     \
+        static constexpr auto freeR = veksFFTFree_R_##Sx;                                          \
+        static constexpr auto bufR = veksFFTGetBufSize_R_##Sx;                                     \
+        static constexpr auto fwdPack = veksFFTFwd_RToPack_##Sx;                                   \
+        static constexpr auto fwdPerm = veksFFTFwd_RToPerm_##Sx;                                   \
+        static constexpr auto fwdCcs = veksFFTFwd_RToCCS_##Sx;                                     \
+        static constexpr auto invPack = veksFFTInv_PackToR_##Sx;                                   \
+        static constexpr auto invPerm = veksFFTInv_PermToR_##Sx;                                   \
+        static constexpr auto invCcs = veksFFTInv_CCSToR_##Sx;                                     \
+    };
+VEK_FFT_API(float, 32fc, 32f)
+VEK_FFT_API(double, 64fc, 64f)
 
 // Forward and inverse complex transforms (flag 8) against the reference, on every level, out of
 // place and in place, on data 4 bytes past an alignment boundary.
@@ -160,18 +142,17 @@ void complex_matches_reference(int max_order, int max_all_levels) {
 TEST(FftComplex, C32fcMatchesReference) { complex_matches_reference<float>(16, 13); }
 TEST(FftComplex, C64fcMatchesReference) { complex_matches_reference<double>(15, 12); }
 
-template <class T, class Plan>
-void split_case(VekStatus (*init)(Plan**, int, int, VekHintAlgorithm), VekStatus (*rel)(Plan*),
-                VekStatus (*bufsize)(const Plan*, int*),
-                VekStatus (*fwd)(const T*, const T*, T*, T*, const Plan*, Vek8u*),
-                VekStatus (*inv)(const T*, const T*, T*, T*, const Plan*, Vek8u*)) {
+template <class T>
+void split_case() {
+    using A = Api<T>;
+    const auto fwd = A::fwdS, inv = A::invS;
     vt::Rng rng(12);
     for (int order : {0, 1, 2, 3, 4, 5, 7, 10, 11, 13}) {
         const int n = 1 << order;
-        Plan* plan = nullptr;
-        ASSERT_EQ(init(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
+        typename A::SpecS* plan = nullptr;
+        ASSERT_EQ(A::initS(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
         int size = -1;
-        ASSERT_EQ(bufsize(plan, &size), vekStsOk);
+        ASSERT_EQ(A::bufS(plan, &size), vekStsOk);
         const auto re = random_data<T>(rng, n), im = random_data<T>(rng, n);
         std::vector<cld> in(n);
         for (int i = 0; i < n; ++i) in[i] = cld(re[i], im[i]);
@@ -195,15 +176,13 @@ void split_case(VekStatus (*init)(Plan**, int, int, VekHintAlgorithm), VekStatus
                 ASSERT_TRUE(dr.guards_intact() && di.guards_intact());
             }
         }
-        ASSERT_EQ(rel(plan), vekStsOk);
+        ASSERT_EQ(A::freeS(plan), vekStsOk);
     }
 }
 
 TEST(FftComplex, SplitArraysMatchReference) {
-    split_case<float>(veksFFTInitAlloc_C_32f, veksFFTFree_C_32f, veksFFTGetBufSize_C_32f,
-                      veksFFTFwd_CToC_32f, veksFFTInv_CToC_32f);
-    split_case<double>(veksFFTInitAlloc_C_64f, veksFFTFree_C_64f, veksFFTGetBufSize_C_64f,
-                       veksFFTFwd_CToC_64f, veksFFTInv_CToC_64f);
+    split_case<float>();
+    split_case<double>();
 }
 
 // Expands a Perm/Pack/CCS spectrum into X[0..N-1] for comparison.
@@ -442,30 +421,28 @@ TEST(FftObjects, InitAllocChecksInOrder) {
     EXPECT_EQ(rspec, reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234));
 }
 
+template <class A, class Spec>
+int buf_size(int order, int flag, VekHintAlgorithm hint,
+             VekStatus (*init)(Spec**, int, int, VekHintAlgorithm),
+             VekStatus (*get)(const Spec*, int*)) {
+    Spec* s = nullptr;
+    EXPECT_EQ(init(&s, order, flag, hint), vekStsOk);
+    int size = -1;
+    EXPECT_EQ(get(s, &size), vekStsOk);
+    if constexpr (std::is_same_v<Spec, typename A::SpecC>)
+        A::freeC(s);
+    else
+        A::freeR(s);
+    return size;
+}
+
 TEST(FftObjects, BufferSizes) {
-    auto csize = [](int order) {
-        VeksFFTSpec_C_32fc* s = nullptr;
-        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&s, order, 8, vekAlgHintFast), vekStsOk);
-        int size = -1;
-        EXPECT_EQ(veksFFTGetBufSize_C_32fc(s, &size), vekStsOk);
-        veksFFTFree_C_32fc(s);
-        return size;
-    };
-    auto rsize = [](int order) {
-        VeksFFTSpec_R_32f* s = nullptr;
-        EXPECT_EQ(veksFFTInitAlloc_R_32f(&s, order, 1, vekAlgHintNone), vekStsOk);
-        int size = -1;
-        EXPECT_EQ(veksFFTGetBufSize_R_32f(s, &size), vekStsOk);
-        veksFFTFree_R_32f(s);
-        return size;
-    };
+    using F = Api<float>;
+    auto csize = [](int order) { return buf_size<F>(order, 8, vekAlgHintFast, F::initC, F::bufC); };
+    auto rsize = [](int order) { return buf_size<F>(order, 1, vekAlgHintNone, F::initR, F::bufR); };
     auto zsize = [](int order) {
-        VeksFFTSpec_C_64fc* s = nullptr;
-        EXPECT_EQ(veksFFTInitAlloc_C_64fc(&s, order, 4, vekAlgHintNone), vekStsOk);
-        int size = -1;
-        EXPECT_EQ(veksFFTGetBufSize_C_64fc(s, &size), vekStsOk);
-        veksFFTFree_C_64fc(s);
-        return size;
+        return buf_size<Api<double>>(order, 4, vekAlgHintNone, Api<double>::initC,
+                                     Api<double>::bufC);
     };
     for (int order = 0; order <= 10; ++order) {
         EXPECT_EQ(csize(order), 0) << order;
@@ -486,77 +463,54 @@ TEST(FftObjects, BufferSizes) {
     EXPECT_EQ(rsize(24), (32 << 8) + 16);
 }
 
+// Every function of the complex, split and real objects of one precision (identifiers own,
+// own + 1, own + 2) refuses a fake object of another kind's identifier; the calls of the kind
+// the identifier belongs to are skipped.
+template <class T>
+void mismatch_case(void* fake, int id, int own) {
+    using A = Api<T>;
+    std::vector<T> a(64, T(1)), b(64, T(2));
+    const auto a0 = a, b0 = b;
+    int size = 12345;
+    auto refused = [&](VekStatus st) { EXPECT_EQ(st, vekStsContextMismatchErr) << "id " << id; };
+    auto* ac = reinterpret_cast<typename A::C*>(a.data());
+    if (id != own) {
+        auto* c = static_cast<typename A::SpecC*>(fake);
+        refused(A::fwdC(ac, reinterpret_cast<typename A::C*>(b.data()), c, nullptr));
+        refused(A::invC(ac, ac, c, nullptr));
+        refused(A::bufC(c, &size));
+        refused(A::freeC(c));
+    }
+    if (id != own + 1) {
+        auto* c = static_cast<typename A::SpecS*>(fake);
+        refused(A::fwdS(a.data(), a.data(), b.data(), b.data(), c, nullptr));
+        refused(A::invS(a.data(), a.data(), b.data(), b.data(), c, nullptr));
+        refused(A::bufS(c, &size));
+        refused(A::freeS(c));
+    }
+    if (id != own + 2) {
+        auto* c = static_cast<typename A::SpecR*>(fake);
+        for (auto f : {A::fwdPack, A::fwdPerm, A::fwdCcs, A::invPack, A::invPerm, A::invCcs})
+            refused(f(a.data(), b.data(), c, nullptr));
+        refused(A::bufR(c, &size));
+        refused(A::freeR(c));
+    }
+    EXPECT_EQ(size, 12345);
+    EXPECT_TRUE(vt::bits_equal(a, a0));
+    EXPECT_TRUE(vt::bits_equal(b, b0));
+}
+
 // Every kind's functions refuse the identifiers of the other kinds (1..9) and 0.
 TEST(FftObjects, ContextMismatch) {
     struct Fake {
         int32_t id;
         unsigned char rest[252];
     } fake{};
-    std::vector<float> a(64, 1.0f), b(64, 2.0f);
-    std::vector<double> da(64, 1.0), db(64, 2.0);
-    const auto a0 = a, b0 = b;
-    auto* fc = reinterpret_cast<Vek32fc*>(a.data());
-    auto* zc = reinterpret_cast<Vek64fc*>(da.data());
-    int size = 12345;
     for (int id = 0; id <= 10; ++id) {
         fake.id = id;
-        auto expect = [&](VekStatus st, int own) {
-            EXPECT_EQ(st, id == own ? vekStsOk : vekStsContextMismatchErr) << "id " << id;
-        };
-        if (id != 4) {
-            auto* s = reinterpret_cast<VeksFFTSpec_C_32fc*>(&fake);
-            expect(veksFFTFwd_CToC_32fc(fc, reinterpret_cast<Vek32fc*>(b.data()), s, nullptr), 4);
-            expect(veksFFTInv_CToC_32fc(fc, fc, s, nullptr), 4);
-            expect(veksFFTGetBufSize_C_32fc(s, &size), 4);
-            expect(veksFFTFree_C_32fc(s), 4);
-        }
-        if (id != 5) {
-            auto* s = reinterpret_cast<VeksFFTSpec_C_32f*>(&fake);
-            expect(veksFFTFwd_CToC_32f(a.data(), a.data(), b.data(), b.data(), s, nullptr), 5);
-            expect(veksFFTInv_CToC_32f(a.data(), a.data(), b.data(), b.data(), s, nullptr), 5);
-            expect(veksFFTGetBufSize_C_32f(s, &size), 5);
-            expect(veksFFTFree_C_32f(s), 5);
-        }
-        if (id != 6) {
-            auto* s = reinterpret_cast<VeksFFTSpec_R_32f*>(&fake);
-            expect(veksFFTFwd_RToPack_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTFwd_RToPerm_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTFwd_RToCCS_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTInv_PackToR_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTInv_PermToR_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTInv_CCSToR_32f(a.data(), b.data(), s, nullptr), 6);
-            expect(veksFFTGetBufSize_R_32f(s, &size), 6);
-            expect(veksFFTFree_R_32f(s), 6);
-        }
-        if (id != 7) {
-            auto* s = reinterpret_cast<VeksFFTSpec_C_64fc*>(&fake);
-            expect(veksFFTFwd_CToC_64fc(zc, reinterpret_cast<Vek64fc*>(db.data()), s, nullptr), 7);
-            expect(veksFFTInv_CToC_64fc(zc, zc, s, nullptr), 7);
-            expect(veksFFTGetBufSize_C_64fc(s, &size), 7);
-            expect(veksFFTFree_C_64fc(s), 7);
-        }
-        if (id != 8) {
-            auto* s = reinterpret_cast<VeksFFTSpec_C_64f*>(&fake);
-            expect(veksFFTFwd_CToC_64f(da.data(), da.data(), db.data(), db.data(), s, nullptr), 8);
-            expect(veksFFTInv_CToC_64f(da.data(), da.data(), db.data(), db.data(), s, nullptr), 8);
-            expect(veksFFTGetBufSize_C_64f(s, &size), 8);
-            expect(veksFFTFree_C_64f(s), 8);
-        }
-        if (id != 9) {
-            auto* s = reinterpret_cast<VeksFFTSpec_R_64f*>(&fake);
-            expect(veksFFTFwd_RToPack_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTFwd_RToPerm_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTFwd_RToCCS_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTInv_PackToR_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTInv_PermToR_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTInv_CCSToR_64f(da.data(), db.data(), s, nullptr), 9);
-            expect(veksFFTGetBufSize_R_64f(s, &size), 9);
-            expect(veksFFTFree_R_64f(s), 9);
-        }
+        mismatch_case<float>(&fake, id, 4);
+        mismatch_case<double>(&fake, id, 7);
     }
-    EXPECT_EQ(size, 12345);
-    EXPECT_TRUE(vt::bits_equal(a, a0));
-    EXPECT_TRUE(vt::bits_equal(b, b0));
 }
 
 TEST(FftObjects, NullPointersAndCheckOrder) {

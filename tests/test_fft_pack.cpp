@@ -68,13 +68,11 @@ void conj_case(VekStatus (*op)(const T*, C*, int), VekStatus (*op_i)(C*, int), i
         ASSERT_TRUE(inplace.guards_intact());
     }
     // Statuses: outputs untouched.
-    std::vector<T> s(8, T(1)), d(16, T(5));
-    EXPECT_EQ(op(nullptr, reinterpret_cast<C*>(d.data()), 4), vekStsNullPointerErr);
-    EXPECT_EQ(op(s.data(), nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(op(s.data(), reinterpret_cast<C*>(d.data()), 0), vekStsDataSizeErr);
+    vt::map_frame(op);
+    vt::Marked<C> d;
     EXPECT_EQ(op_i(nullptr, 4), vekStsNullPointerErr);
-    EXPECT_EQ(op_i(reinterpret_cast<C*>(d.data()), -1), vekStsDataSizeErr);
-    for (T v : d) EXPECT_EQ(v, T(5));
+    EXPECT_EQ(op_i(d.v, -1), vekStsDataSizeErr);
+    EXPECT_TRUE(d.untouched());
 }
 
 TEST(FftPack, ConjExpandsEveryLayout) {
@@ -87,15 +85,6 @@ TEST(FftPack, ConjExpandsEveryLayout) {
     conj_case<Vek16s, Vek16sc>(veksConjPack_16sc, veksConjPack_16sc_I, 0);
     conj_case<Vek16s, Vek16sc>(veksConjPerm_16sc, veksConjPerm_16sc_I, 1);
     conj_case<Vek16s, Vek16sc>(veksConjCcs_16sc, veksConjCcs_16sc_I, 2);
-}
-
-TEST(FftPack, ConjPackOfLengthOne) {
-    const float p[1] = {3.5f};
-    Vek32fc d[2] = {{9, 9}, {9, 9}};
-    ASSERT_EQ(veksConjPack_32fc(p, d, 1), vekStsOk);
-    EXPECT_EQ(d[0].re, 3.5f);
-    EXPECT_EQ(d[0].im, 0.0f);
-    EXPECT_EQ(d[1].re, 9.0f);
 }
 
 // Float products against an extended-precision reference: within one unit in the last place.
@@ -237,8 +226,7 @@ TEST(FftPack, MulPack16sFollowsTheIntegerRule) {
     const int16_t mn[] = {-32768, -32768, -32768}, mx[] = {-32768, -32768, 32767};
     int16_t e[3];
     ASSERT_EQ(veksMulPack_16s_Sfs(mn, mx, e, 3, 0), vekStsOk);
-    EXPECT_EQ(e[0], 32767);
-    EXPECT_EQ(e[1], 32767); // 2^30 + 2^30 - 32768 saturates
+    EXPECT_TRUE(vt::starts_with(e, {32767, 32767})); // 2^30 + 2^30 - 32768 saturates
     EXPECT_EQ(veksMulPack_16s_Sfs(mn, mx, nullptr, 3, 0), vekStsNullPointerErr);
     EXPECT_EQ(veksMulPerm_16s_ISfs(mn, e, 0, 0), vekStsDataSizeErr);
 }

@@ -96,50 +96,6 @@ SFS_MEMBER(C64fc_32sc, 64fc, 32sc, Vek64fc, Vek32sc, 1e8, 1e-13L)
 
 // ---- Reference -----------------------------------------------------------------------------
 
-template <class T>
-long double re_of(const T& v) {
-    if constexpr (ft::is_cplx<T>)
-        return static_cast<long double>(v.re);
-    else
-        return static_cast<long double>(v);
-}
-template <class T>
-long double im_of(const T& v) {
-    if constexpr (ft::is_cplx<T>)
-        return static_cast<long double>(v.im);
-    else
-        return 0.0L;
-}
-
-// y[j] = sum h[k] x[j-k] with x[-i] = line[i-1], in long double, and the sum of
-// (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of sum |h[k] x[j-k]|.
-template <class Tap, class Dat>
-void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const std::vector<Dat>& x,
-               std::vector<cld>& y, std::vector<long double>& mag) {
-    const int T = static_cast<int>(h.size()), n = static_cast<int>(x.size());
-    y.assign(size_t(n), cld{});
-    mag.assign(size_t(n), 0.0L);
-    for (int j = 0; j < n; ++j) {
-        long double sr = 0, si = 0, sm = 0;
-        for (int k = 0; k < T; ++k) {
-            const int i = j - k;
-            const Dat& v = i >= 0 ? x[size_t(i)] : line[size_t(-i - 1)];
-            const long double hr = re_of(h[size_t(k)]), vr = re_of(v);
-            if constexpr (ft::is_cplx<Tap>) {
-                const long double hi = im_of(h[size_t(k)]), vi = im_of(v);
-                sr += hr * vr - hi * vi;
-                si += hr * vi + hi * vr;
-                sm += (std::fabs(hr) + std::fabs(hi)) * (std::fabs(vr) + std::fabs(vi));
-            } else {
-                sr += hr * vr;
-                sm += std::fabs(hr * vr);
-            }
-        }
-        y[size_t(j)] = cld(sr, si);
-        mag[size_t(j)] = sm;
-    }
-}
-
 // One output component: floating-point data within rel * mag of the exact value; integer data
 // equal to the output rule (scaled by 2^-sf, rounded half away from zero, saturated) applied to
 // some value within that distance.
@@ -228,7 +184,7 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
         const auto x = ft::rvec<Dat>(rng, total, M::amp);
         std::vector<cld> want;
         std::vector<long double> mag;
-        reference(h, line, x, want, mag);
+        ft::reference(h, line, x, want, mag);
         typename M::St* st = nullptr;
         ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
         int at = 0;
@@ -251,7 +207,7 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
         std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
         ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
         for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-        ASSERT_TRUE(ft::bits_eq(got, last));
+        ASSERT_TRUE(vt::bits_equal(got, last));
         ASSERT_EQ(M::fre(st), vekStsOk);
     }
 }
@@ -273,7 +229,7 @@ TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
         std::vector<Dat> y(static_cast<size_t>(n));
         ASSERT_EQ(M::blk(x.data(), y.data(), n, a), vekStsOk);
         ASSERT_EQ(M::blk_i(x.data(), n, b), vekStsOk);
-        EXPECT_TRUE(ft::bits_eq(x, y)) << "numIters " << n;
+        EXPECT_TRUE(vt::bits_equal(x, y)) << "numIters " << n;
     }
     ASSERT_EQ(M::fre(a), vekStsOk);
     ASSERT_EQ(M::fre(b), vekStsOk);
@@ -333,11 +289,11 @@ class PathProbe {
         }
         std::vector<cld> want;
         std::vector<long double> mag;
-        reference(h_, line_, x, want, mag);
+        ft::reference(h_, line_, x, want, mag);
         bool off = false, exact = true;
         for (int j = 0; j < n; ++j) {
-            const long double err = std::fabs(re_of(y[size_t(j)]) - want[size_t(j)].real()) +
-                                    std::fabs(im_of(y[size_t(j)]) - want[size_t(j)].imag());
+            const cld d = ft::to_c(y[size_t(j)]) - want[size_t(j)];
+            const long double err = std::fabs(d.real()) + std::fabs(d.imag());
             if (err > 1e-3L * (mag[size_t(j)] + 1)) off = true;
             if (err > 1e-6L * (mag[size_t(j)] + 1e-30L)) exact = false;
         }
@@ -459,25 +415,17 @@ TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
                 ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
                 std::vector<Dat> out = junk;
                 int c = 0;
-                const VekStatus status = with_heap(
-                    k,
-                    [&] {
-                        if (in_place) {
-                            out = x;
-                            return M::blk_i(out.data(), n, st);
-                        }
-                        return M::blk(x.data(), out.data(), n, st);
-                    },
-                    &c, &held);
-                EXPECT_EQ(status, vekStsMemAllocErr);
+                EXPECT_EQ(with_heap(
+                              k, [&] { return run(st, out); }, &c, &held),
+                          vekStsMemAllocErr);
                 EXPECT_EQ(held, 0);
-                EXPECT_TRUE(ft::bits_eq(out, in_place ? x : junk));
+                EXPECT_TRUE(vt::bits_equal(out, in_place ? x : junk));
                 std::vector<Dat> dly(static_cast<size_t>(T));
                 ASSERT_EQ(M::get_dly(st, dly.data()), vekStsOk);
-                EXPECT_TRUE(ft::bits_eq(dly, line));
+                EXPECT_TRUE(vt::bits_equal(dly, line));
                 out = junk;
                 ASSERT_EQ(run(st, out), vekStsOk);
-                EXPECT_TRUE(ft::bits_eq(out, want));
+                EXPECT_TRUE(vt::bits_equal(out, want));
                 ASSERT_EQ(M::fre(st), vekStsOk);
             }
         }

@@ -71,46 +71,29 @@ std::vector<Dat> ref_filter(const std::vector<int32_t>& taps, bool cplx, int64_t
 
 // ---- the two members behind one interface ---------------------------------------------------
 
-struct Real {
-    using Tap = Vek32s;
-    using Dat = Vek16s;
-    using St = VeksFIRState32s_16s;
-    static constexpr bool cplx = false;
-    static Tap tap(const int32_t* p) { return p[0]; }
-    static constexpr auto init = veksFIRInitAlloc32s_16s;
-    static constexpr auto fre = veksFIRFree32s_16s;
-    static constexpr auto get_taps = veksFIRGetTaps32s_16s;
-    static constexpr auto get_dly = veksFIRGetDlyLine32s_16s;
-    static constexpr auto set_dly = veksFIRSetDlyLine32s_16s;
-    static constexpr auto blk = veksFIR32s_16s_Sfs;
-    static constexpr auto blk_i = veksFIR32s_16s_ISfs;
-    static constexpr auto one = veksFIROne32s_16s_Sfs;
-    static constexpr auto one_i = veksFIROne32s_16s_ISfs;
-    static constexpr auto dir = veksFIR32s_Direct_16s_Sfs;
-    static constexpr auto dir_i = veksFIR32s_Direct_16s_ISfs;
-    static constexpr auto one_dir = veksFIROne32s_Direct_16s_Sfs;
-    static constexpr auto one_dir_i = veksFIROne32s_Direct_16s_ISfs;
-};
-struct Cplx {
-    using Tap = Vek32sc;
-    using Dat = Vek16sc;
-    using St = VeksFIRState32sc_16sc;
-    static constexpr bool cplx = true;
-    static Tap tap(const int32_t* p) { return Tap{p[0], p[1]}; }
-    static constexpr auto init = veksFIRInitAlloc32sc_16sc;
-    static constexpr auto fre = veksFIRFree32sc_16sc;
-    static constexpr auto get_taps = veksFIRGetTaps32sc_16sc;
-    static constexpr auto get_dly = veksFIRGetDlyLine32sc_16sc;
-    static constexpr auto set_dly = veksFIRSetDlyLine32sc_16sc;
-    static constexpr auto blk = veksFIR32sc_16sc_Sfs;
-    static constexpr auto blk_i = veksFIR32sc_16sc_ISfs;
-    static constexpr auto one = veksFIROne32sc_16sc_Sfs;
-    static constexpr auto one_i = veksFIROne32sc_16sc_ISfs;
-    static constexpr auto dir = veksFIR32sc_Direct_16sc_Sfs;
-    static constexpr auto dir_i = veksFIR32sc_Direct_16sc_ISfs;
-    static constexpr auto one_dir = veksFIROne32sc_Direct_16sc_Sfs;
-    static constexpr auto one_dir_i = veksFIROne32sc_Direct_16sc_ISfs;
-};
+#define INT_MEMBER(NAME, TS, DS, TapT, DatT, CPLX, ...)                                            \
+    struct NAME {                                                                                  \
+        using Tap = TapT;                                                                          \
+        using Dat = DatT;                                                                          \
+        using St = VeksFIRState##TS##_##DS;                                                        \
+        static constexpr bool cplx = CPLX;                                                         \
+        static Tap tap(const int32_t* p) { return Tap{__VA_ARGS__}; }                              \
+        static constexpr auto init = veksFIRInitAlloc##TS##_##DS;                                  \
+        static constexpr auto fre = veksFIRFree##TS##_##DS;                                        \
+        static constexpr auto get_taps = veksFIRGetTaps##TS##_##DS;                                \
+        static constexpr auto get_dly = veksFIRGetDlyLine##TS##_##DS;                              \
+        static constexpr auto set_dly = veksFIRSetDlyLine##TS##_##DS;                              \
+        static constexpr auto blk = veksFIR##TS##_##DS##_Sfs;                                      \
+        static constexpr auto blk_i = veksFIR##TS##_##DS##_ISfs;                                   \
+        static constexpr auto one = veksFIROne##TS##_##DS##_Sfs;                                   \
+        static constexpr auto one_i = veksFIROne##TS##_##DS##_ISfs;                                \
+        static constexpr auto dir = veksFIR##TS##_Direct_##DS##_Sfs;                               \
+        static constexpr auto dir_i = veksFIR##TS##_Direct_##DS##_ISfs;                            \
+        static constexpr auto one_dir = veksFIROne##TS##_Direct_##DS##_Sfs;                        \
+        static constexpr auto one_dir_i = veksFIROne##TS##_Direct_##DS##_ISfs;                     \
+    };
+INT_MEMBER(Real, 32s, 16s, Vek32s, Vek16s, false, p[0])
+INT_MEMBER(Cplx, 32sc, 16sc, Vek32sc, Vek16sc, true, p[0], p[1])
 
 template <class M>
 std::vector<typename M::Tap> make_taps(const std::vector<int32_t>& parts) {
@@ -118,14 +101,6 @@ std::vector<typename M::Tap> make_taps(const std::vector<int32_t>& parts) {
     std::vector<typename M::Tap> h(T);
     for (size_t k = 0; k < T; ++k) h[k] = M::tap(&parts[M::cplx ? 2 * k : k]);
     return h;
-}
-
-template <class Dat>
-std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
-    const size_t T = line.size();
-    std::vector<Dat> d(2 * T);
-    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
-    return d;
 }
 
 int32_t tap_part(vt::Rng& rng) {
@@ -165,12 +140,12 @@ void stream_and_forms() {
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
                 ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(dst.vec(), want)) << "block, numIters " << n;
+                ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "block, numIters " << n;
                 ASSERT_TRUE(dst.guards_intact());
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 auto io = x;
                 ASSERT_EQ(M::blk_i(io.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(io, want));
+                ASSERT_TRUE(vt::bits_equal(io, want));
                 ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
                 std::vector<Dat> one(static_cast<size_t>(n));
                 for (int i = 0; i < n; ++i) {
@@ -180,21 +155,21 @@ void stream_and_forms() {
                     else
                         ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
                 }
-                ASSERT_TRUE(ft::bits_eq(one, want));
+                ASSERT_TRUE(vt::bits_equal(one, want));
                 // Direct forms.
-                auto dl = doubled_line(hist);
+                auto dl = ft::doubled_line(hist);
                 int idx = 0;
                 std::vector<Dat> d(static_cast<size_t>(n));
                 ASSERT_EQ(M::dir(x.data(), d.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
                           vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(d, want));
-                dl = doubled_line(hist);
+                ASSERT_TRUE(vt::bits_equal(d, want));
+                dl = ft::doubled_line(hist);
                 idx = 0;
                 io = x;
                 ASSERT_EQ(M::dir_i(io.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
                           vekStsOk);
-                ASSERT_TRUE(ft::bits_eq(io, want));
-                dl = doubled_line(hist);
+                ASSERT_TRUE(vt::bits_equal(io, want));
+                dl = ft::doubled_line(hist);
                 idx = 0;
                 for (int i = 0; i < n; ++i) {
                     d[size_t(i)] = x[size_t(i)];
@@ -207,13 +182,14 @@ void stream_and_forms() {
                                              dl.data(), &idx, sf),
                                   vekStsOk);
                 }
-                ASSERT_TRUE(ft::bits_eq(d, want));
+                ASSERT_TRUE(vt::bits_equal(d, want));
             });
             std::vector<Dat> after(static_cast<size_t>(T));
             ASSERT_EQ(M::get_dly(st, after.data()), vekStsOk);
             for (int i = 0; i < T; ++i) {
                 const Dat e = i < n ? x[size_t(n - 1 - i)] : hist[size_t(i - n)];
-                ASSERT_TRUE(ft::bits_eq(std::vector<Dat>{after[size_t(i)]}, std::vector<Dat>{e}));
+                ASSERT_TRUE(
+                    vt::bits_equal(std::vector<Dat>{after[size_t(i)]}, std::vector<Dat>{e}));
             }
         }
         ASSERT_EQ(M::fre(st), vekStsOk);

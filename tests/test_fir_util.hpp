@@ -57,28 +57,38 @@ constexpr size_t off(int k) {
     return static_cast<size_t>(k) * alignof(T);
 }
 
-template <class T>
-bool bits_eq(const std::vector<T>& a, const std::vector<T>& b) {
-    return a.size() == b.size() &&
-           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(T)) == 0);
+// The direct form's doubled line holding a history given newest first.
+template <class Dat>
+std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
+    const size_t T = line.size();
+    std::vector<Dat> d(2 * T);
+    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
+    return d;
 }
 
 // Reference outputs of a stream: y[j] = sum h[k] x[j-k], with x[-i] = line[i-1] (the line newest
-// first). Also returns the sum of |h[k] x[j-k]| for error bounds.
+// first), in long double. Also returns sum (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of
+// sum |h[k] x[j-k]|, for error bounds.
 template <class Tap, class Dat>
 void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const std::vector<Dat>& x,
                std::vector<cld>& y, std::vector<long double>& mag) {
     const int T = static_cast<int>(h.size()), n = static_cast<int>(x.size());
     y.assign(size_t(n), cld{});
     mag.assign(size_t(n), 0.0L);
-    for (int j = 0; j < n; ++j)
+    for (int j = 0; j < n; ++j) {
+        long double sr = 0, si = 0, sm = 0;
         for (int k = 0; k < T; ++k) {
             const int i = j - k;
-            cld s = i >= 0 ? to_c(x[size_t(i)]) : to_c(line[size_t(-i - 1)]);
-            const cld p = to_c(h[size_t(k)]) * s;
-            y[size_t(j)] += p;
-            mag[size_t(j)] += std::abs(p);
+            const cld hk = to_c(h[size_t(k)]),
+                      v = to_c(i >= 0 ? x[size_t(i)] : line[size_t(-i - 1)]);
+            sr += hk.real() * v.real() - hk.imag() * v.imag();
+            si += hk.real() * v.imag() + hk.imag() * v.real();
+            sm += (std::fabs(hk.real()) + std::fabs(hk.imag())) *
+                  (std::fabs(v.real()) + std::fabs(v.imag()));
         }
+        y[size_t(j)] = cld(sr, si);
+        mag[size_t(j)] = sm;
+    }
 }
 
 // The integer output rule of floating-point taps, applied to an exact value.

@@ -173,8 +173,7 @@ TEST(G711Transcode, EveryCodeMapsToABracketingLevelMonotonically) {
     EXPECT_EQ(ref_mulaw_decode(d[0]), 8);
     EXPECT_EQ(ref_mulaw_decode(d[1]), -8);
     ASSERT_EQ(veksMuLawToALaw_8u(c + 2, d, 2), vekStsOk);
-    EXPECT_EQ(d[0], 0xD5);
-    EXPECT_EQ(d[1], 0x55);
+    EXPECT_TRUE(vt::starts_with(d, {0xD5, 0x55}));
 }
 
 TEST(G711Transcode, LevelOrderIsKept) {
@@ -197,73 +196,28 @@ TEST(G711Transcode, LevelOrderIsKept) {
     }
 }
 
-TEST(G711, RoundTripsAndDocumentedValues) {
-    std::vector<uint8_t> codes(256);
-    for (int i = 0; i < 256; ++i) codes[i] = static_cast<uint8_t>(i);
-    vt::for_each_level([&](auto) {
-        std::vector<int16_t> lin(256);
-        std::vector<float> linf(256);
-        std::vector<uint8_t> back(256);
-        ASSERT_EQ(veksALawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToALaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, codes);
-        ASSERT_EQ(veksALawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToALaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, codes);
-        // mu-law has two zeros; the negative one (0x7F) comes back as the positive one.
-        auto mu = codes;
-        mu[0x7F] = 0xFF;
-        ASSERT_EQ(veksMuLawToLin_8u16s(codes.data(), lin.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToMuLaw_16s8u(lin.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, mu);
-        ASSERT_EQ(veksMuLawToLin_8u32f(codes.data(), linf.data(), 256), vekStsOk);
-        ASSERT_EQ(veksLinToMuLaw_32f8u(linf.data(), back.data(), 256), vekStsOk);
-        EXPECT_EQ(back, mu);
-    });
+// (Round trips follow from the exhaustive checks above against the references.)
+TEST(G711, DocumentedValues) {
     const int16_t x[] = {0, -1, -7, -8, 32767, -32768, -23, -24};
     uint8_t a[8];
     ASSERT_EQ(veksLinToALaw_16s8u(x, a, 8), vekStsOk);
-    const uint8_t want[] = {0xD5, 0x5A, 0x5A, 0x55, 0xAA, 0x2A, 0x55, 0x54};
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(a[i], want[i]) << x[i];
+    EXPECT_TRUE(vt::starts_with(a, {0xD5, 0x5A, 0x5A, 0x55, 0xAA, 0x2A, 0x55, 0x54}));
     const uint8_t c[] = {0xD5, 0x55, 0x80, 0x00};
     int16_t v[4];
     float f[4];
     ASSERT_EQ(veksALawToLin_8u16s(c, v, 4), vekStsOk);
-    EXPECT_EQ(v[0], 8);
-    EXPECT_EQ(v[1], -8);
-    EXPECT_EQ(v[2], 5504);
-    EXPECT_EQ(v[3], -5504);
+    EXPECT_TRUE(vt::starts_with(v, {8, -8, 5504, -5504}));
     ASSERT_EQ(veksALawToLin_8u32f(c, f, 4), vekStsOk);
     EXPECT_EQ(f[2], 0.16796875f);
     const uint8_t u[] = {0x00, 0x80, 0x7F, 0xFF};
     ASSERT_EQ(veksMuLawToLin_8u16s(u, v, 4), vekStsOk);
-    EXPECT_EQ(v[0], -32124);
-    EXPECT_EQ(v[1], 32124);
-    EXPECT_EQ(v[2], 0);
-    EXPECT_EQ(v[3], 0);
+    EXPECT_TRUE(vt::starts_with(v, {-32124, 32124, 0, 0}));
 }
 
 TEST(G711, FrameStatusesAndUntouchedOutputs) {
-    uint8_t c[2] = {1, 2}, d8[2] = {9, 9};
-    int16_t s[2] = {1, 2}, d16[2] = {7, 7};
-    float f[2] = {0.5f, 0.25f}, df[2] = {3, 3};
-    EXPECT_EQ(veksALawToLin_8u16s(nullptr, d16, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksALawToLin_8u16s(c, nullptr, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksALawToLin_8u16s(c, d16, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksMuLawToLin_8u16s(c, d16, -3), vekStsDataSizeErr);
-    EXPECT_EQ(veksALawToLin_8u32f(c, df, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksMuLawToLin_8u32f(nullptr, df, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksLinToALaw_16s8u(s, nullptr, -1), vekStsNullPointerErr);
-    EXPECT_EQ(veksLinToALaw_16s8u(s, d8, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksLinToMuLaw_16s8u(nullptr, d8, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksLinToALaw_32f8u(f, d8, -100), vekStsDataSizeErr);
-    EXPECT_EQ(veksLinToMuLaw_32f8u(f, nullptr, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksALawToMuLaw_8u(c, d8, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksMuLawToALaw_8u(nullptr, d8, 1), vekStsNullPointerErr);
-    EXPECT_EQ(d8[0], 9);
-    EXPECT_EQ(d8[1], 9);
-    EXPECT_EQ(d16[0], 7);
-    EXPECT_EQ(df[0], 3);
+    vt::each([](auto f) { vt::map_frame(f); }, veksALawToLin_8u16s, veksALawToLin_8u32f,
+             veksALawToMuLaw_8u, veksLinToALaw_16s8u, veksLinToALaw_32f8u, veksLinToMuLaw_16s8u,
+             veksLinToMuLaw_32f8u, veksMuLawToALaw_8u, veksMuLawToLin_8u16s, veksMuLawToLin_8u32f);
 }
 
 } // namespace

@@ -75,10 +75,17 @@ FloatNorms ref_norms(const std::vector<T>& a, const std::vector<T>* b) {
     return r;
 }
 
-// Runs every float norm of source type T with result type R, checks it against the reference
-// and returns the results so that levels can be compared bit for bit.
-template <class T, class R, class F1, class F2>
-std::vector<R> check_float_norms(const std::vector<T>& a, const std::vector<T>& b, F1 norm, F2 diff,
+template <class T, class R>
+using NormFn = VekStatus (*)(const T*, int, R*);
+template <class T, class R>
+using DiffFn = VekStatus (*)(const T*, const T*, int, R*);
+
+// Runs the Inf, L1 and L2 norms (and their difference forms) of source type T with result type
+// R, checks them against the reference and returns the results so that levels can be compared
+// bit for bit.
+template <class T, class R>
+std::vector<R> check_float_norms(const std::vector<T>& a, const std::vector<T>& b,
+                                 const NormFn<T, R> (&norm)[3], const DiffFn<T, R> (&diff)[3],
                                  LD eps) {
     const int n = static_cast<int>(a.size());
     vt::Buf<T> pa(a, alignof(T)), pb(b, 3 * alignof(T));
@@ -87,9 +94,9 @@ std::vector<R> check_float_norms(const std::vector<T>& a, const std::vector<T>& 
         const FloatNorms ref = ref_norms(a, d ? &b : nullptr);
         for (int kind = 0; kind < 3; ++kind) {
             R got = R(-7);
-            const VekStatus st =
-                d ? diff(kind, pa.data(), pb.data(), n, &got) : norm(kind, pa.data(), n, &got);
-            EXPECT_EQ(st, vekStsOk);
+            EXPECT_EQ(d ? diff[kind](pa.data(), pb.data(), n, &got)
+                        : norm[kind](pa.data(), n, &got),
+                      vekStsOk);
             const LD want = kind == 0 ? ref.inf : kind == 1 ? ref.l1 : std::sqrt(ref.l2sq);
             const LD mag = kind == 2 ? ref.l2sq : ref.l1;
             // The square root halves the relative error of the sum of squares.
@@ -112,43 +119,14 @@ TEST(Norm, FloatNormsMatchReferenceAndAgreeAcrossLevels) {
         std::vector<double> first64;
         vt::for_each_level([&](auto level) {
             const auto r32 = check_float_norms<float, float>(
-                a32, b32,
-                [](int k, const float* p, int m, float* o) {
-                    return k == 0   ? veksNorm_Inf_32f(p, m, o)
-                           : k == 1 ? veksNorm_L1_32f(p, m, o)
-                                    : veksNorm_L2_32f(p, m, o);
-                },
-                [](int k, const float* p, const float* q, int m, float* o) {
-                    return k == 0   ? veksNormDiff_Inf_32f(p, q, m, o)
-                           : k == 1 ? veksNormDiff_L1_32f(p, q, m, o)
-                                    : veksNormDiff_L2_32f(p, q, m, o);
-                },
-                0x1p-24L);
+                a32, b32, {veksNorm_Inf_32f, veksNorm_L1_32f, veksNorm_L2_32f},
+                {veksNormDiff_Inf_32f, veksNormDiff_L1_32f, veksNormDiff_L2_32f}, 0x1p-24L);
             const auto r64 = check_float_norms<double, double>(
-                a64, b64,
-                [](int k, const double* p, int m, double* o) {
-                    return k == 0   ? veksNorm_Inf_64f(p, m, o)
-                           : k == 1 ? veksNorm_L1_64f(p, m, o)
-                                    : veksNorm_L2_64f(p, m, o);
-                },
-                [](int k, const double* p, const double* q, int m, double* o) {
-                    return k == 0   ? veksNormDiff_Inf_64f(p, q, m, o)
-                           : k == 1 ? veksNormDiff_L1_64f(p, q, m, o)
-                                    : veksNormDiff_L2_64f(p, q, m, o);
-                },
-                0x1p-53L);
+                a64, b64, {veksNorm_Inf_64f, veksNorm_L1_64f, veksNorm_L2_64f},
+                {veksNormDiff_Inf_64f, veksNormDiff_L1_64f, veksNormDiff_L2_64f}, 0x1p-53L);
             const auto r16 = check_float_norms<int16_t, float>(
-                a16, b16,
-                [](int k, const int16_t* p, int m, float* o) {
-                    return k == 0   ? veksNorm_Inf_16s32f(p, m, o)
-                           : k == 1 ? veksNorm_L1_16s32f(p, m, o)
-                                    : veksNorm_L2_16s32f(p, m, o);
-                },
-                [](int k, const int16_t* p, const int16_t* q, int m, float* o) {
-                    return k == 0   ? veksNormDiff_Inf_16s32f(p, q, m, o)
-                           : k == 1 ? veksNormDiff_L1_16s32f(p, q, m, o)
-                                    : veksNormDiff_L2_16s32f(p, q, m, o);
-                },
+                a16, b16, {veksNorm_Inf_16s32f, veksNorm_L1_16s32f, veksNorm_L2_16s32f},
+                {veksNormDiff_Inf_16s32f, veksNormDiff_L1_16s32f, veksNormDiff_L2_16s32f},
                 0x1p-24L);
             if (level == veks::isa::scalar) {
                 first32 = r32, first64 = r64, first16 = r16;
@@ -492,86 +470,40 @@ TEST(DotProd, DocumentedValues) {
 
 // ---- call frame -------------------------------------------------------------------------------
 
-template <class A, class B, class D, class Fn>
-void frame2(Fn fn) {
-    A a[2]{};
-    B b[2]{};
-    D d[1];
-    std::memset(d, 0x5C, sizeof d);
-    D keep = d[0];
-    EXPECT_EQ(fn(nullptr, b, 0, d), vekStsNullPointerErr); // pointers before the length
-    EXPECT_EQ(fn(a, nullptr, 2, d), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, b, 2, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, b, 0, d), vekStsDataSizeErr);
-    EXPECT_EQ(fn(a, b, -3, d), vekStsDataSizeErr);
-    EXPECT_TRUE(vt::same_bits(d[0], keep));
+// Pointers before the length; an error leaves the result untouched. The scaled members get a
+// scale factor of 0.
+template <class A, class D, class... X>
+void frame(VekStatus (*fn)(const A*, int, D*, X...)) {
+    vt::reduction_frame(fn);
 }
-
-template <class A, class D, class Fn>
-void frame1(Fn fn) {
-    A a[2]{};
-    D d[1];
-    std::memset(d, 0x5C, sizeof d);
-    D keep = d[0];
-    EXPECT_EQ(fn(nullptr, 0, d), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, 2, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, 0, d), vekStsDataSizeErr);
-    EXPECT_EQ(fn(a, INT32_MIN, d), vekStsDataSizeErr);
-    EXPECT_TRUE(vt::same_bits(d[0], keep));
+template <class A, class B, class D, class... X>
+void frame(VekStatus (*fn)(const A*, const B*, int, D*, X...)) {
+    const A a[2]{};
+    const B b[2]{};
+    vt::Marked<D, 1> d;
+    EXPECT_EQ(fn(nullptr, b, 0, d.v, X{}...), vekStsNullPointerErr);
+    EXPECT_EQ(fn(a, nullptr, 2, d.v, X{}...), vekStsNullPointerErr);
+    EXPECT_EQ(fn(a, b, 2, nullptr, X{}...), vekStsNullPointerErr);
+    EXPECT_EQ(fn(a, b, 0, d.v, X{}...), vekStsDataSizeErr);
+    EXPECT_EQ(fn(a, b, -3, d.v, X{}...), vekStsDataSizeErr);
+    EXPECT_TRUE(d.untouched());
 }
-
-#define SF(f) [](auto... args) { return f(args..., 3); }
 
 TEST(NormDot, FrameOrderAndUntouchedResults) {
-    frame1<float, float>(veksNorm_Inf_32f);
-    frame1<float, float>(veksNorm_L1_32f);
-    frame1<float, float>(veksNorm_L2_32f);
-    frame1<double, double>(veksNorm_Inf_64f);
-    frame1<double, double>(veksNorm_L1_64f);
-    frame1<double, double>(veksNorm_L2_64f);
-    frame1<int16_t, float>(veksNorm_Inf_16s32f);
-    frame1<int16_t, float>(veksNorm_L1_16s32f);
-    frame1<int16_t, float>(veksNorm_L2_16s32f);
-    frame1<int16_t, int32_t>(SF(veksNorm_Inf_16s32s_Sfs));
-    frame1<int16_t, int32_t>(SF(veksNorm_L1_16s32s_Sfs));
-    frame1<int16_t, int32_t>(SF(veksNorm_L2_16s32s_Sfs));
-    frame2<float, float, float>(veksNormDiff_Inf_32f);
-    frame2<float, float, float>(veksNormDiff_L1_32f);
-    frame2<float, float, float>(veksNormDiff_L2_32f);
-    frame2<double, double, double>(veksNormDiff_Inf_64f);
-    frame2<double, double, double>(veksNormDiff_L1_64f);
-    frame2<double, double, double>(veksNormDiff_L2_64f);
-    frame2<int16_t, int16_t, float>(veksNormDiff_Inf_16s32f);
-    frame2<int16_t, int16_t, float>(veksNormDiff_L1_16s32f);
-    frame2<int16_t, int16_t, float>(veksNormDiff_L2_16s32f);
-    frame2<int16_t, int16_t, int32_t>(SF(veksNormDiff_Inf_16s32s_Sfs));
-    frame2<int16_t, int16_t, int32_t>(SF(veksNormDiff_L1_16s32s_Sfs));
-    frame2<int16_t, int16_t, int32_t>(SF(veksNormDiff_L2_16s32s_Sfs));
-    frame2<float, float, float>(veksDotProd_32f);
-    frame2<Vek32fc, Vek32fc, Vek32fc>(veksDotProd_32fc);
-    frame2<float, Vek32fc, Vek32fc>(veksDotProd_32f32fc);
-    frame2<double, double, double>(veksDotProd_64f);
-    frame2<Vek64fc, Vek64fc, Vek64fc>(veksDotProd_64fc);
-    frame2<double, Vek64fc, Vek64fc>(veksDotProd_64f64fc);
-    frame2<float, float, double>(veksDotProd_32f64f);
-    frame2<Vek32fc, Vek32fc, Vek64fc>(veksDotProd_32fc64fc);
-    frame2<float, Vek32fc, Vek64fc>(veksDotProd_32f32fc64fc);
-    frame2<int16_t, int16_t, float>(veksDotProd_16s32f);
-    frame2<Vek16sc, Vek16sc, Vek32fc>(veksDotProd_16sc32fc);
-    frame2<int16_t, Vek16sc, Vek32fc>(veksDotProd_16s16sc32fc);
-    frame2<int16_t, int16_t, int64_t>(veksDotProd_16s64s);
-    frame2<Vek16sc, Vek16sc, Vek64sc>(veksDotProd_16sc64sc);
-    frame2<int16_t, Vek16sc, Vek64sc>(veksDotProd_16s16sc64sc);
-    frame2<int16_t, int16_t, int16_t>(SF(veksDotProd_16s_Sfs));
-    frame2<Vek16sc, Vek16sc, Vek16sc>(SF(veksDotProd_16sc_Sfs));
-    frame2<int16_t, Vek16sc, Vek16sc>(SF(veksDotProd_16s16sc_Sfs));
-    frame2<int16_t, int16_t, int32_t>(SF(veksDotProd_16s32s_Sfs));
-    frame2<Vek16sc, Vek16sc, Vek32sc>(SF(veksDotProd_16sc32sc_Sfs));
-    frame2<int16_t, Vek16sc, Vek32sc>(SF(veksDotProd_16s16sc32sc_Sfs));
-    frame2<int32_t, int32_t, int32_t>(SF(veksDotProd_32s_Sfs));
-    frame2<Vek32sc, Vek32sc, Vek32sc>(SF(veksDotProd_32sc_Sfs));
-    frame2<int32_t, Vek32sc, Vek32sc>(SF(veksDotProd_32s32sc_Sfs));
-    frame2<int16_t, int32_t, int32_t>(SF(veksDotProd_16s32s32s_Sfs));
+    vt::each(
+        [](auto f) { frame(f); }, veksNorm_Inf_32f, veksNorm_L1_32f, veksNorm_L2_32f,
+        veksNorm_Inf_64f, veksNorm_L1_64f, veksNorm_L2_64f, veksNorm_Inf_16s32f, veksNorm_L1_16s32f,
+        veksNorm_L2_16s32f, veksNorm_Inf_16s32s_Sfs, veksNorm_L1_16s32s_Sfs, veksNorm_L2_16s32s_Sfs,
+        veksNormDiff_Inf_32f, veksNormDiff_L1_32f, veksNormDiff_L2_32f, veksNormDiff_Inf_64f,
+        veksNormDiff_L1_64f, veksNormDiff_L2_64f, veksNormDiff_Inf_16s32f, veksNormDiff_L1_16s32f,
+        veksNormDiff_L2_16s32f, veksNormDiff_Inf_16s32s_Sfs, veksNormDiff_L1_16s32s_Sfs,
+        veksNormDiff_L2_16s32s_Sfs, veksDotProd_32f, veksDotProd_32fc, veksDotProd_32f32fc,
+        veksDotProd_64f, veksDotProd_64fc, veksDotProd_64f64fc, veksDotProd_32f64f,
+        veksDotProd_32fc64fc, veksDotProd_32f32fc64fc, veksDotProd_16s32f, veksDotProd_16sc32fc,
+        veksDotProd_16s16sc32fc, veksDotProd_16s64s, veksDotProd_16sc64sc, veksDotProd_16s16sc64sc,
+        veksDotProd_16s_Sfs, veksDotProd_16sc_Sfs, veksDotProd_16s16sc_Sfs, veksDotProd_16s32s_Sfs,
+        veksDotProd_16sc32sc_Sfs, veksDotProd_16s16sc32sc_Sfs, veksDotProd_32s_Sfs,
+        veksDotProd_32sc_Sfs, veksDotProd_32s32sc_Sfs, veksDotProd_16s32s32s_Sfs);
 }
 
 } // namespace
