@@ -21,19 +21,30 @@ inline const std::vector<int64_t>& sizes() {
     return s;
 }
 
-// 64-byte aligned storage filled with deterministic, well-behaved values.
+// 64-byte aligned storage filled with deterministic, well-behaved values. Buffers that live at
+// the same time start at fixed, well separated offsets within a 4 KiB page (0, 1088, 2176 and
+// 3264 bytes), whatever the allocator returns: a load 4 KiB apart from a store still in flight
+// waits for it, so buffers whose page offsets happen to be close make a run several times slower
+// and a side-by-side comparison meaningless.
+inline int aligned_live = 0; // Aligned buffers alive now, of every element type
+
 template <class T>
 class Aligned {
   public:
     explicit Aligned(size_t n) : n_(n) {
-        p_ = static_cast<T*>(std::aligned_alloc(64, ((n * sizeof(T) + 63) / 64) * 64 + 64));
+        const size_t offset = 1088 * static_cast<size_t>(aligned_live++ % 4);
+        base_ = std::aligned_alloc(4096, ((n * sizeof(T) + offset + 4095) / 4096) * 4096 + 4096);
+        p_ = reinterpret_cast<T*>(static_cast<unsigned char*>(base_) + offset);
         uint32_t s = 12345;
         for (size_t i = 0; i < n; ++i) {
             s = s * 1664525u + 1013904223u;
             fill(p_[i], s);
         }
     }
-    ~Aligned() { std::free(p_); }
+    ~Aligned() {
+        std::free(base_);
+        --aligned_live;
+    }
     Aligned(const Aligned&) = delete;
     Aligned& operator=(const Aligned&) = delete;
     T* data() { return p_; }
@@ -52,6 +63,7 @@ class Aligned {
         }
     }
     size_t n_;
+    void* base_;
     T* p_;
 };
 
