@@ -221,45 +221,55 @@ void f32_to_int_body(const Vek32f* s, T* d, int n, int sf) {
     const float k = static_cast<float>(pow2(-sf));
 #endif
 #if VEK_ISA_LEVEL >= 3
-    const __m512 vk = _mm512_set1_ps(k), lo = _mm512_set1_ps(low_bound<T>()),
-                 hi = _mm512_set1_ps(high_bound<T>()), two31 = _mm512_set1_ps(kTwo31f);
+    // The conversion gives the pattern 0x80000000 for NaN and for every value outside the 32-bit
+    // range; only blocks that hold it need fixing (NaN to 0, 2^31 and above to INT32_MAX; the
+    // pattern is already right for -2^31 and below). Narrow results saturate in the narrowing.
+    const __m512 vk = _mm512_set1_ps(k), two31 = _mm512_set1_ps(kTwo31f);
+    const __m512i indefinite = _mm512_set1_epi32(INT32_MIN);
     for (; i + 16 <= n; i += 16) {
-        __m512 y = _mm512_mul_ps(_mm512_loadu_ps(s + i), vk);
-        y = _mm512_maskz_mov_ps(_mm512_cmp_ps_mask(y, y, _CMP_ORD_Q), y);
+        const __m512 y = _mm512_mul_ps(_mm512_loadu_ps(s + i), vk);
+        __m512i v = Nearest ? _mm512_cvtps_epi32(y) : _mm512_cvttps_epi32(y);
+        if (_mm512_cmpeq_epi32_mask(v, indefinite) != 0) {
+            v = _mm512_mask_mov_epi32(v, _mm512_cmp_ps_mask(y, y, _CMP_UNORD_Q),
+                                      _mm512_setzero_si512());
+            v = _mm512_mask_mov_epi32(v, _mm512_cmp_ps_mask(y, two31, _CMP_GE_OQ),
+                                      _mm512_set1_epi32(INT32_MAX));
+        }
         if constexpr (sizeof(T) == 4) {
-            const __mmask16 big = _mm512_cmp_ps_mask(y, two31, _CMP_GE_OQ);
-            __m512i v = Nearest ? _mm512_cvtps_epi32(y) : _mm512_cvttps_epi32(y);
-            v = _mm512_mask_mov_epi32(v, big, _mm512_set1_epi32(INT32_MAX));
             _mm512_storeu_si512(d + i, v);
-        } else {
-            y = _mm512_min_ps(_mm512_max_ps(y, lo), hi);
-            const __m512i v = Nearest ? _mm512_cvtps_epi32(y) : _mm512_cvttps_epi32(y);
+        } else if constexpr (std::is_signed_v<T>) {
             if constexpr (sizeof(T) == 2)
-                _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm512_cvtepi32_epi16(v));
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm512_cvtsepi32_epi16(v));
             else
-                _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), _mm512_cvtepi32_epi8(v));
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), _mm512_cvtsepi32_epi8(v));
+        } else {
+            v = _mm512_max_epi32(v, _mm512_setzero_si512()); // unsigned narrowing of v >= 0
+            if constexpr (sizeof(T) == 2)
+                _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm512_cvtusepi32_epi16(v));
+            else
+                _mm_storeu_si128(reinterpret_cast<__m128i*>(d + i), _mm512_cvtusepi32_epi8(v));
         }
     }
 #elif VEK_ISA_LEVEL >= 2
-    const __m256 vk = _mm256_set1_ps(k), lo = _mm256_set1_ps(low_bound<T>()),
-                 hi = _mm256_set1_ps(high_bound<T>()), two31 = _mm256_set1_ps(kTwo31f);
-    auto load = [&](int at) {
-        __m256 y = _mm256_mul_ps(_mm256_loadu_ps(s + at), vk);
-        return _mm256_and_ps(y, _mm256_cmp_ps(y, y, _CMP_ORD_Q));
-    };
-    auto cvt = [&](__m256 y) {
-        if constexpr (sizeof(T) < 4) y = _mm256_min_ps(_mm256_max_ps(y, lo), hi);
-        return Nearest ? _mm256_cvtps_epi32(y) : _mm256_cvttps_epi32(y);
+    // As above: fix only blocks with the conversion's out-of-range pattern; the packs saturate.
+    const __m256 vk = _mm256_set1_ps(k), two31 = _mm256_set1_ps(kTwo31f);
+    const __m256i indefinite = _mm256_set1_epi32(INT32_MIN);
+    auto cvt = [&](int at) {
+        const __m256 y = _mm256_mul_ps(_mm256_loadu_ps(s + at), vk);
+        __m256i v = Nearest ? _mm256_cvtps_epi32(y) : _mm256_cvttps_epi32(y);
+        const __m256i odd = _mm256_cmpeq_epi32(v, indefinite);
+        if (!_mm256_testz_si256(odd, odd)) {
+            v = _mm256_andnot_si256(_mm256_castps_si256(_mm256_cmp_ps(y, y, _CMP_UNORD_Q)), v);
+            // INT32_MIN xor all ones is INT32_MAX.
+            v = _mm256_xor_si256(v, _mm256_castps_si256(_mm256_cmp_ps(y, two31, _CMP_GE_OQ)));
+        }
+        return v;
     };
     if constexpr (sizeof(T) == 4) {
-        for (; i + 8 <= n; i += 8) {
-            const __m256 y = load(i);
-            const __m256i big = _mm256_castps_si256(_mm256_cmp_ps(y, two31, _CMP_GE_OQ));
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), _mm256_xor_si256(cvt(y), big));
-        }
+        for (; i + 8 <= n; i += 8) _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), cvt(i));
     } else {
         for (; i + 16 <= n; i += 16) {
-            const __m256i a = cvt(load(i)), b = cvt(load(i + 8));
+            const __m256i a = cvt(i), b = cvt(i + 8);
             if constexpr (std::is_same_v<T, Vek16u>) {
                 const __m256i p = _mm256_permute4x64_epi64(_mm256_packus_epi32(a, b), 0xD8);
                 _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i), p);
