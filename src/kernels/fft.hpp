@@ -2,7 +2,9 @@
 // (re, im pairs of T): a fused pass applies the bit-reversal permutation together with the
 // first two (even order) or one and a half (odd order: an 8-point leaf) radix-2 levels, then
 // radix-4 decimation-in-time stages finish the transform, depth first so that every stage of a
-// cache-sized block runs while the block is resident.
+// cache-sized block runs while the block is resident. Orders 3 to 7 instead run as a single
+// pass with every point in registers where the level has registers of the right width (see
+// fft_has_short_pass below).
 //
 // Twiddle layout (built with the transform object, shared by every level): for each
 // radix-4 stage, in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the
