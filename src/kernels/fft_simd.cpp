@@ -796,6 +796,15 @@ inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
     V::store(z + 2 * km, V::reverse(hi));
 }
 
+// Split pairs k, k + 1, ... below N/4 with vectors of V while the block [k, k + W) stays below
+// its mirrored block, then with narrower vectors down to one lane.
+template <class V, class T, bool INV>
+void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+    for (; k + 2 * V::W <= n / 2 - k + 1 && k + V::W <= n / 4; k += V::W)
+        split_pair<V, T, INV>(z, n, fr, fi, k);
+    if constexpr (V::W > 1) split_pairs<typename V::Narrow, T, INV>(z, n, fr, fi, k);
+}
+
 template <class V, class T, bool INV>
 void rsplit(T* z, size_t n, const T* tab) {
     const size_t quarter_n = n / 4;
@@ -804,11 +813,12 @@ void rsplit(T* z, size_t n, const T* tab) {
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
-    size_t k = 1;
-    // Vectors while the block [k, k+W) stays below its mirrored block.
-    for (; k + 2 * V::W <= n / 2 - k + 1 && k + V::W <= quarter_n; k += V::W)
-        split_pair<V, T, INV>(z, n, fr, fi, k);
-    for (; k < quarter_n; ++k) split_pair<Scalar<T>, T, INV>(z, n, fr, fi, k);
+    // Below 32 points one lane at a time: vector loads that straddle the transform's vector
+    // stores just before would wait for both of them.
+    if (n >= 32)
+        split_pairs<V, T, INV>(z, n, fr, fi, 1);
+    else
+        split_pairs<Scalar<T>, T, INV>(z, n, fr, fi, 1);
     if constexpr (INV) {
         z[n / 2] = 2 * z[n / 2];
         z[n / 2 + 1] = -2 * z[n / 2 + 1];
