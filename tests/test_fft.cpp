@@ -75,7 +75,7 @@ struct Api;
     template <>                                                                                    \
     struct Api<T> {                                                                                \
         using C = Vek##Cx;                                                                         \
-        using SpecC = VeksFFTSpec_C_##Cx;                                                          \
+        using ObjC = VeksFFTSpec_C_##Cx;                                                          \
         using SpecS = VeksFFTSpec_C_##Sx;                                                          \
         using SpecR = VeksFFTSpec_R_##Sx;                                                          \
         static constexpr auto initC = veksFFTInitAlloc_C_##Cx;                                     \
@@ -110,7 +110,7 @@ void complex_matches_reference(int max_order, int max_all_levels) {
     vt::Rng rng(11);
     for (int order = 0; order <= max_order; ++order) {
         const int n = 1 << order;
-        typename A::SpecC* plan = nullptr;
+        typename A::ObjC* plan = nullptr;
         ASSERT_EQ(A::initC(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         const auto x = random_data<T>(rng, 2 * size_t(n));
         for (bool inverse : {false, true}) {
@@ -421,15 +421,15 @@ TEST(FftObjects, InitAllocChecksInOrder) {
     EXPECT_EQ(rspec, reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234));
 }
 
-template <class A, class Spec>
+template <class A, class Obj>
 int buf_size(int order, int flag, VekHintAlgorithm hint,
-             VekStatus (*init)(Spec**, int, int, VekHintAlgorithm),
-             VekStatus (*get)(const Spec*, int*)) {
-    Spec* s = nullptr;
+             VekStatus (*init)(Obj**, int, int, VekHintAlgorithm),
+             VekStatus (*get)(const Obj*, int*)) {
+    Obj* s = nullptr;
     EXPECT_EQ(init(&s, order, flag, hint), vekStsOk);
     int size = -1;
     EXPECT_EQ(get(s, &size), vekStsOk);
-    if constexpr (std::is_same_v<Spec, typename A::SpecC>)
+    if constexpr (std::is_same_v<Obj, typename A::ObjC>)
         A::freeC(s);
     else
         A::freeR(s);
@@ -475,7 +475,7 @@ void mismatch_case(void* fake, int id, int own) {
     auto refused = [&](VekStatus st) { EXPECT_EQ(st, vekStsContextMismatchErr) << "id " << id; };
     auto* ac = reinterpret_cast<typename A::C*>(a.data());
     if (id != own) {
-        auto* c = static_cast<typename A::SpecC*>(fake);
+        auto* c = static_cast<typename A::ObjC*>(fake);
         refused(A::fwdC(ac, reinterpret_cast<typename A::C*>(b.data()), c, nullptr));
         refused(A::invC(ac, ac, c, nullptr));
         refused(A::bufC(c, &size));

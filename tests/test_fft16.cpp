@@ -190,11 +190,11 @@ TEST(Fft16, RealLayoutsAgainstReference) {
     }
 }
 
-template <class Spec>
-int buf_size(VekStatus (*init)(Spec**, int, int, VekHintAlgorithm),
-             VekStatus (*get)(const Spec*, int*), VekStatus (*release)(Spec*), int order,
+template <class Obj>
+int buf_size(VekStatus (*init)(Obj**, int, int, VekHintAlgorithm),
+             VekStatus (*get)(const Obj*, int*), VekStatus (*release)(Obj*), int order,
              VekHintAlgorithm hint) {
-    Spec* s = nullptr;
+    Obj* s = nullptr;
     EXPECT_EQ(init(&s, order, 2, hint), vekStsOk);
     int size = -1;
     EXPECT_EQ(get(s, &size), vekStsOk);
