@@ -344,8 +344,8 @@ inline void st16(Vek16s* d, __m256i e, __m256i o, int sh) {
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(d), packed);
 }
 
-void block_r32s_16s(const Vek32s* rev, int T, const Vek16s* w, Vek16s* d, int n, int param) {
-    const int sh = param < -31 ? -31 : param > 31 ? 31 : param;
+void block_r32s_16s(const Vek32s* rev, int T, const Vek16s* w, Vek16s* d, int n, int sh) {
+    // sh is the net shift, already clamped to -31 .. 31 by the caller.
     // The odd sums of an odd tap count load one sample beyond output j + 15's window.
     const int reach = 32 + (T & 1);
     int j = 0;
@@ -364,7 +364,7 @@ void block_r32s_16s(const Vek32s* rev, int T, const Vek16s* w, Vek16s* d, int n,
         st16(d + j, e0, o0, sh);
         st16(d + j + 16, e1, o1, sh);
     }
-    if (j < n) block(rev, T, w + j, d + j, n - j, param);
+    if (j < n) block(rev, T, w + j, d + j, n - j, sh);
 }
 #endif
 
