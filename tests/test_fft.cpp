@@ -5,37 +5,13 @@
 #include <complex>
 #include <thread>
 
+#include "fft_ref.hpp"
 #include "testutil.hpp"
 
 namespace {
 
-using cld = std::complex<long double>;
-
-// Reference DFT through a radix-2 FFT in long double with directly evaluated twiddles.
-std::vector<cld> ref_dft(std::vector<cld> x, bool inverse) {
-    const size_t n = x.size();
-    if (n == 1) return x;
-    for (size_t i = 1, j = 0; i < n; ++i) {
-        size_t bit = n >> 1;
-        for (; j & bit; bit >>= 1) j ^= bit;
-        j ^= bit;
-        if (i < j) std::swap(x[i], x[j]);
-    }
-    const long double pi = 3.141592653589793238462643383279502884L;
-    std::vector<cld> w(n / 2);
-    for (size_t k = 0; k < n / 2; ++k) {
-        const long double a = -2 * pi * static_cast<long double>(k) / static_cast<long double>(n);
-        w[k] = cld(std::cos(a), inverse ? -std::sin(a) : std::sin(a));
-    }
-    for (size_t len = 2; len <= n; len <<= 1)
-        for (size_t i = 0; i < n; i += len)
-            for (size_t j = 0; j < len / 2; ++j) {
-                const cld u = x[i + j], v = x[i + j + len / 2] * w[j * (n / len)];
-                x[i + j] = u + v;
-                x[i + j + len / 2] = u - v;
-            }
-    return x;
-}
+using vt::cld;
+using vt::ref_dft;
 
 template <class T>
 double rel_rms(const std::vector<T>& got, const std::vector<cld>& want) {
@@ -75,7 +51,7 @@ struct Api;
     template <>                                                                                    \
     struct Api<T> {                                                                                \
         using C = Vek##Cx;                                                                         \
-        using ObjC = VeksFFTSpec_C_##Cx;                                                          \
+        using ObjC = VeksFFTSpec_C_##Cx;                                                           \
         using SpecS = VeksFFTSpec_C_##Sx;                                                          \
         using SpecR = VeksFFTSpec_R_##Sx;                                                          \
         static constexpr auto initC = veksFFTInitAlloc_C_##Cx;                                     \
