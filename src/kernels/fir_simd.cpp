@@ -153,155 +153,103 @@ void block(const Tap* rev, int T, const Dat* w, Out* d, int n, int param) {
 
 // ---- hand-written paths for 32-bit float taps ----------------------------------------------
 
+#if VEK_ISA_LEVEL >= 2
+// W doubles per register: eight with AVX-512, four with AVX2.
 #if VEK_ISA_LEVEL >= 3
-inline __m512d ld8(const Vek32f* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
-inline __m512d ld8(const Vek16s* p) {
-    return _mm512_cvtepi32_pd(
-        _mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))));
-}
-inline void st8(Vek32f* d, __m512d v, const Ctx&) { _mm256_storeu_ps(d, _mm512_cvtpd_ps(v)); }
-inline void st8(Vek16s* d, __m512d v, const Ctx& c) {
-    alignas(64) double t[8];
-    _mm512_store_pd(t, v);
-    for (int i = 0; i < 8; ++i) put(d[i], t[i], c);
+struct Wide {
+    using R = __m512d;
+    static constexpr int W = 8;
+    static R zero() { return _mm512_setzero_pd(); }
+    static R set1(double v) { return _mm512_set1_pd(v); }
+    static R fmadd(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
+    static R ld(const Vek32f* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+    static R ld(const Vek16s* p) {
+        return _mm512_cvtepi32_pd(
+            _mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))));
+    }
+    static void st(float* d, R v) { _mm256_storeu_ps(d, _mm512_cvtpd_ps(v)); }
+    static void store(double* t, R v) { _mm512_storeu_pd(t, v); }
+    // Complex: p holds tr*x = (A, C) pairs, q holds ti*x = (D, B) pairs; gives (A - B, C + D).
+    static R cfinish(R p, R q) {
+        const R qs = _mm512_permute_pd(q, 0x55); // (B, D)
+        return _mm512_mask_add_pd(_mm512_sub_pd(p, qs), 0xAA, p, qs);
+    }
+};
+#else
+struct Wide {
+    using R = __m256d;
+    static constexpr int W = 4;
+    static R zero() { return _mm256_setzero_pd(); }
+    static R set1(double v) { return _mm256_set1_pd(v); }
+    static R fmadd(R a, R b, R c) { return _mm256_fmadd_pd(a, b, c); }
+    static R ld(const Vek32f* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+    static R ld(const Vek16s* p) {
+        return _mm256_cvtepi32_pd(
+            _mm_cvtepi16_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
+    }
+    static void st(float* d, R v) { _mm_storeu_ps(d, _mm256_cvtpd_ps(v)); }
+    static void store(double* t, R v) { _mm256_storeu_pd(t, v); }
+    static R cfinish(R p, R q) {
+        const R qs = _mm256_permute_pd(q, 0x5); // (B, D)
+        return _mm256_blend_pd(_mm256_sub_pd(p, qs), _mm256_add_pd(p, qs), 0xA);
+    }
+};
+#endif
+using V = Wide;
+constexpr int W = V::W;
+
+inline void st(Vek32f* d, V::R v, const Ctx&) { V::st(d, v); }
+inline void st(Vek16s* d, V::R v, const Ctx& c) {
+    double t[W];
+    V::store(t, v);
+    for (int i = 0; i < W; ++i) put(d[i], t[i], c);
 }
 
 template <class Dat, class Out>
 void block_r32f(const Vek32f* rev, int T, const Dat* w, Out* d, int n, int param) {
     const Ctx c(param);
     int j = 0;
-    for (; j + 32 <= n; j += 32) {
-        __m512d a0 = _mm512_setzero_pd(), a1 = a0, a2 = a0, a3 = a0;
+    for (; j + 4 * W <= n; j += 4 * W) {
+        V::R a0 = V::zero(), a1 = a0, a2 = a0, a3 = a0;
         const Dat* x = w + j;
         for (int k = 0; k < T; ++k) {
-            const __m512d t = _mm512_set1_pd(rev[k]);
-            a0 = _mm512_fmadd_pd(t, ld8(x + k), a0);
-            a1 = _mm512_fmadd_pd(t, ld8(x + k + 8), a1);
-            a2 = _mm512_fmadd_pd(t, ld8(x + k + 16), a2);
-            a3 = _mm512_fmadd_pd(t, ld8(x + k + 24), a3);
+            const V::R t = V::set1(rev[k]);
+            a0 = V::fmadd(t, V::ld(x + k), a0);
+            a1 = V::fmadd(t, V::ld(x + k + W), a1);
+            a2 = V::fmadd(t, V::ld(x + k + 2 * W), a2);
+            a3 = V::fmadd(t, V::ld(x + k + 3 * W), a3);
         }
-        st8(d + j, a0, c);
-        st8(d + j + 8, a1, c);
-        st8(d + j + 16, a2, c);
-        st8(d + j + 24, a3, c);
+        st(d + j, a0, c);
+        st(d + j + W, a1, c);
+        st(d + j + 2 * W, a2, c);
+        st(d + j + 3 * W, a3, c);
     }
-    for (; j + 8 <= n; j += 8) {
-        __m512d a0 = _mm512_setzero_pd();
+    for (; j + W <= n; j += W) {
+        V::R a0 = V::zero();
         const Dat* x = w + j;
-        for (int k = 0; k < T; ++k) a0 = _mm512_fmadd_pd(_mm512_set1_pd(rev[k]), ld8(x + k), a0);
-        st8(d + j, a0, c);
+        for (int k = 0; k < T; ++k) a0 = V::fmadd(V::set1(rev[k]), V::ld(x + k), a0);
+        st(d + j, a0, c);
     }
     if (j < n) block(rev, T, w + j, d + j, n - j, param);
-}
-
-// Complex: P accumulates tr*x = (A, C) pairs, Q accumulates ti*x = (D, B) pairs.
-inline __m512d cfinish(__m512d p, __m512d q) {
-    const __m512d qs = _mm512_permute_pd(q, 0x55); // (B, D)
-    return _mm512_mask_add_pd(_mm512_sub_pd(p, qs), 0xAA, p, qs);
 }
 
 void block_c32fc(const Vek32fc* rev, int T, const Vek32fc* w, Vek32fc* d, int n, int param) {
     int j = 0;
     const float* wf = reinterpret_cast<const float*>(w);
     float* df = reinterpret_cast<float*>(d);
-    for (; j + 16 <= n; j += 16) {
-        __m512d p0 = _mm512_setzero_pd(), p1 = p0, p2 = p0, p3 = p0, q0 = p0, q1 = p0, q2 = p0,
-                q3 = p0;
+    for (; j + 2 * W <= n; j += 2 * W) {
+        V::R p[4], q[4];
+        for (int r = 0; r < 4; ++r) p[r] = q[r] = V::zero();
         const float* x = wf + 2 * j;
         for (int k = 0; k < T; ++k) {
-            const __m512d tr = _mm512_set1_pd(rev[k].re), ti = _mm512_set1_pd(rev[k].im);
-            const __m512d x0 = ld8(x + 2 * k), x1 = ld8(x + 2 * k + 8), x2 = ld8(x + 2 * k + 16),
-                          x3 = ld8(x + 2 * k + 24);
-            p0 = _mm512_fmadd_pd(tr, x0, p0);
-            q0 = _mm512_fmadd_pd(ti, x0, q0);
-            p1 = _mm512_fmadd_pd(tr, x1, p1);
-            q1 = _mm512_fmadd_pd(ti, x1, q1);
-            p2 = _mm512_fmadd_pd(tr, x2, p2);
-            q2 = _mm512_fmadd_pd(ti, x2, q2);
-            p3 = _mm512_fmadd_pd(tr, x3, p3);
-            q3 = _mm512_fmadd_pd(ti, x3, q3);
+            const V::R tr = V::set1(rev[k].re), ti = V::set1(rev[k].im);
+            for (int r = 0; r < 4; ++r) {
+                const V::R xr = V::ld(x + 2 * k + r * W);
+                p[r] = V::fmadd(tr, xr, p[r]);
+                q[r] = V::fmadd(ti, xr, q[r]);
+            }
         }
-        float* o = df + 2 * j;
-        _mm256_storeu_ps(o, _mm512_cvtpd_ps(cfinish(p0, q0)));
-        _mm256_storeu_ps(o + 8, _mm512_cvtpd_ps(cfinish(p1, q1)));
-        _mm256_storeu_ps(o + 16, _mm512_cvtpd_ps(cfinish(p2, q2)));
-        _mm256_storeu_ps(o + 24, _mm512_cvtpd_ps(cfinish(p3, q3)));
-    }
-    if (j < n) block(rev, T, w + j, d + j, n - j, param);
-}
-
-#elif VEK_ISA_LEVEL == 2
-inline __m256d ld4(const Vek32f* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
-inline __m256d ld4(const Vek16s* p) {
-    return _mm256_cvtepi32_pd(
-        _mm_cvtepi16_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
-}
-inline void st4(Vek32f* d, __m256d v, const Ctx&) { _mm_storeu_ps(d, _mm256_cvtpd_ps(v)); }
-inline void st4(Vek16s* d, __m256d v, const Ctx& c) {
-    alignas(32) double t[4];
-    _mm256_store_pd(t, v);
-    for (int i = 0; i < 4; ++i) put(d[i], t[i], c);
-}
-
-template <class Dat, class Out>
-void block_r32f(const Vek32f* rev, int T, const Dat* w, Out* d, int n, int param) {
-    const Ctx c(param);
-    int j = 0;
-    for (; j + 16 <= n; j += 16) {
-        __m256d a0 = _mm256_setzero_pd(), a1 = a0, a2 = a0, a3 = a0;
-        const Dat* x = w + j;
-        for (int k = 0; k < T; ++k) {
-            const __m256d t = _mm256_set1_pd(rev[k]);
-            a0 = _mm256_fmadd_pd(t, ld4(x + k), a0);
-            a1 = _mm256_fmadd_pd(t, ld4(x + k + 4), a1);
-            a2 = _mm256_fmadd_pd(t, ld4(x + k + 8), a2);
-            a3 = _mm256_fmadd_pd(t, ld4(x + k + 12), a3);
-        }
-        st4(d + j, a0, c);
-        st4(d + j + 4, a1, c);
-        st4(d + j + 8, a2, c);
-        st4(d + j + 12, a3, c);
-    }
-    for (; j + 4 <= n; j += 4) {
-        __m256d a0 = _mm256_setzero_pd();
-        const Dat* x = w + j;
-        for (int k = 0; k < T; ++k) a0 = _mm256_fmadd_pd(_mm256_set1_pd(rev[k]), ld4(x + k), a0);
-        st4(d + j, a0, c);
-    }
-    if (j < n) block(rev, T, w + j, d + j, n - j, param);
-}
-
-inline __m256d cfinish(__m256d p, __m256d q) {
-    const __m256d qs = _mm256_permute_pd(q, 0x5); // (B, D)
-    return _mm256_blend_pd(_mm256_sub_pd(p, qs), _mm256_add_pd(p, qs), 0xA);
-}
-
-void block_c32fc(const Vek32fc* rev, int T, const Vek32fc* w, Vek32fc* d, int n, int param) {
-    int j = 0;
-    const float* wf = reinterpret_cast<const float*>(w);
-    float* df = reinterpret_cast<float*>(d);
-    for (; j + 8 <= n; j += 8) {
-        __m256d p0 = _mm256_setzero_pd(), p1 = p0, p2 = p0, p3 = p0, q0 = p0, q1 = p0, q2 = p0,
-                q3 = p0;
-        const float* x = wf + 2 * j;
-        for (int k = 0; k < T; ++k) {
-            const __m256d tr = _mm256_set1_pd(rev[k].re), ti = _mm256_set1_pd(rev[k].im);
-            const __m256d x0 = ld4(x + 2 * k), x1 = ld4(x + 2 * k + 4), x2 = ld4(x + 2 * k + 8),
-                          x3 = ld4(x + 2 * k + 12);
-            p0 = _mm256_fmadd_pd(tr, x0, p0);
-            q0 = _mm256_fmadd_pd(ti, x0, q0);
-            p1 = _mm256_fmadd_pd(tr, x1, p1);
-            q1 = _mm256_fmadd_pd(ti, x1, q1);
-            p2 = _mm256_fmadd_pd(tr, x2, p2);
-            q2 = _mm256_fmadd_pd(ti, x2, q2);
-            p3 = _mm256_fmadd_pd(tr, x3, p3);
-            q3 = _mm256_fmadd_pd(ti, x3, q3);
-        }
-        float* o = df + 2 * j;
-        _mm_storeu_ps(o, _mm256_cvtpd_ps(cfinish(p0, q0)));
-        _mm_storeu_ps(o + 4, _mm256_cvtpd_ps(cfinish(p1, q1)));
-        _mm_storeu_ps(o + 8, _mm256_cvtpd_ps(cfinish(p2, q2)));
-        _mm_storeu_ps(o + 12, _mm256_cvtpd_ps(cfinish(p3, q3)));
+        for (int r = 0; r < 4; ++r) V::st(df + 2 * j + r * W, V::cfinish(p[r], q[r]));
     }
     if (j < n) block(rev, T, w + j, d + j, n - j, param);
 }
