@@ -65,17 +65,18 @@ const std::vector<int> kScales = {0,   1,   2,  3,  -1, -2,  -7,  -8,   -15,    
                                   -31, -32, 8,  9,  10, 15,  16,  17,   29,      30,     31,
                                   32,  33,  62, 63, 64, 100, -64, -100, INT_MIN, INT_MAX};
 
-// Runs out-of-place and in-place forms of a two-vector member. `exact(a, b)` gives the exact
-// result parts; `run(a, b, d, n, sf)` and `run_i(a, sd, n, sf)` call the member (run_i may be
-// null for members without an in-place form). Scale factors cycle with the length, and one
-// length runs every scale factor.
+// Runs out-of-place and in-place forms of a member against `exact(a, b)`. For a constant
+// member (`cst`) b holds one value drawn afresh per call and the in-place form works on a.
+// `run(a, b, d, n, sf)` and `run_i(a, b, sd, n, sf)` call the member (either may be null).
+// Scale factors cycle with the length, and one length runs every scale factor.
 template <class A, class B, class D, class Run, class RunI, class ExactF>
-void check_binary(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true) {
+void check(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true, bool cst = false) {
     using P = typename Parts<D>::P;
     vt::Rng rng(seed);
     auto one = [&](int n, int sf) {
         const auto a = random_vec<A>(rng, n);
-        const auto b = random_vec<B>(rng, n);
+        auto b = random_vec<B>(rng, n);
+        if (cst) b.assign(b.size(), b[0]);
         std::vector<D> want(static_cast<size_t>(n));
         for (int i = 0; i < n; ++i) {
             const Exact e = exact(a[i], b[i]);
@@ -84,13 +85,15 @@ void check_binary(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled 
         }
         vt::Buf<A> pa(a, off<A>(1));
         vt::Buf<B> pb(b, off<B>(3));
-        vt::Buf<D> pd(n, off<D>(5));
-        ASSERT_EQ(run(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk) << "n " << n;
-        ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
-        ASSERT_TRUE(pd.guards_intact());
+        if constexpr (!std::is_same_v<Run, std::nullptr_t>) {
+            vt::Buf<D> pd(n, off<D>(5));
+            ASSERT_EQ(run(pa.data(), pb.data(), pd.data(), n, sf), vekStsOk) << "n " << n;
+            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
+            ASSERT_TRUE(pd.guards_intact());
+        }
         if constexpr (!std::is_same_v<RunI, std::nullptr_t>) {
-            vt::Buf<D> sd(b, off<D>(2));
-            ASSERT_EQ(run_i(pa.data(), sd.data(), n, sf), vekStsOk);
+            vt::Buf<D> sd(cst ? a : b, off<D>(2));
+            ASSERT_EQ(run_i(pa.data(), pb.data(), sd.data(), n, sf), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n << " sf " << sf;
             ASSERT_TRUE(sd.guards_intact());
         }
@@ -103,39 +106,8 @@ void check_binary(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled 
     });
 }
 
-// The same for a vector and a constant; the constant is drawn afresh for each call.
-template <class T, class Run, class RunI, class ExactF>
-void check_const(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true) {
-    using P = typename Parts<T>::P;
-    vt::Rng rng(seed);
-    auto one = [&](int n, int sf) {
-        const auto s = random_vec<T>(rng, n);
-        const T v = random_value<T>(rng);
-        std::vector<T> want(static_cast<size_t>(n));
-        for (int i = 0; i < n; ++i) {
-            const Exact e = exact(s[i], v);
-            for (int k = 0; k < Parts<T>::count; ++k)
-                Parts<T>::set(want[i], k, ref_scale<P>(e[k], sf));
-        }
-        vt::Buf<T> ps(s, off<T>(1)), pd(n, off<T>(5)), sd(s, off<T>(3));
-        if constexpr (!std::is_same_v<Run, std::nullptr_t>) {
-            ASSERT_EQ(run(ps.data(), v, pd.data(), n, sf), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(pd.vec(), want)) << "n " << n << " sf " << sf;
-            ASSERT_TRUE(pd.guards_intact());
-        }
-        ASSERT_EQ(run_i(v, sd.data(), n, sf), vekStsOk);
-        ASSERT_TRUE(vt::bits_equal(sd.vec(), want)) << "in place, n " << n << " sf " << sf;
-        ASSERT_TRUE(sd.guards_intact());
-    };
-    vt::for_each_level([&](auto) {
-        int k = 0;
-        for (int n : vt::test_lengths()) one(n, scaled ? kScales[k++ % kScales.size()] : 0);
-        if (scaled)
-            for (int sf : kScales) one(67, sf);
-    });
-}
-
-// Exact values of the operations (operands as the members take them: Sub is b - a).
+// Exact values of the operations (operands as the members take them: Sub is b - a; for
+// constant members a is the vector and b the constant).
 template <class T>
 long double re(const T& v) {
     return static_cast<long double>(Parts<T>::get(v, 0));
@@ -146,125 +118,78 @@ long double im(const T& v) {
 }
 constexpr auto kAdd = [](auto a, auto b) { return Exact{re(a) + re(b), 0}; };
 constexpr auto kSub = [](auto a, auto b) { return Exact{re(b) - re(a), 0}; };
+constexpr auto kSubRev = [](auto a, auto b) { return Exact{re(a) - re(b), 0}; };
 constexpr auto kMul = [](auto a, auto b) { return Exact{re(a) * re(b), 0}; };
-constexpr auto kAddC = [](auto s, auto v) { return Exact{re(s) + re(v), 0}; };
-constexpr auto kSubC = [](auto s, auto v) { return Exact{re(s) - re(v), 0}; };
-constexpr auto kSubCRev = [](auto s, auto v) { return Exact{re(v) - re(s), 0}; };
 constexpr auto kCAdd = [](auto a, auto b) { return Exact{re(a) + re(b), im(a) + im(b)}; };
 constexpr auto kCSub = [](auto a, auto b) { return Exact{re(b) - re(a), im(b) - im(a)}; };
-constexpr auto kCSubC = [](auto s, auto v) { return Exact{re(s) - re(v), im(s) - im(v)}; };
-constexpr auto kCSubCRev = [](auto s, auto v) { return Exact{re(v) - re(s), im(v) - im(s)}; };
+constexpr auto kCSubRev = [](auto a, auto b) { return Exact{re(a) - re(b), im(a) - im(b)}; };
 constexpr auto kCMul = [](auto a, auto b) {
     return Exact{re(a) * re(b) - im(a) * im(b), re(a) * im(b) + im(a) * re(b)};
 };
 
 #define VEK_RUN2(F) [](auto a, auto b, auto d, int n, int sf) { return F(a, b, d, n, sf); }
-#define VEK_RUN2I(F) [](auto a, auto sd, int n, int sf) { return F(a, sd, n, sf); }
+#define VEK_RUN2I(F) [](auto a, auto, auto sd, int n, int sf) { return F(a, sd, n, sf); }
 #define VEK_RUN2_0(F) [](auto a, auto b, auto d, int n, int) { return F(a, b, d, n); }
-#define VEK_RUN2I_0(F) [](auto a, auto sd, int n, int) { return F(a, sd, n); }
-#define VEK_RUNC(F) [](auto s, auto v, auto d, int n, int sf) { return F(s, v, d, n, sf); }
-#define VEK_RUNCI(F) [](auto v, auto sd, int n, int sf) { return F(v, sd, n, sf); }
-#define VEK_RUNCI_0(F) [](auto v, auto sd, int n, int) { return F(v, sd, n); }
+#define VEK_RUN2I_0(F) [](auto a, auto, auto sd, int n, int) { return F(a, sd, n); }
+#define VEK_RUNC(F) [](auto s, auto v, auto d, int n, int sf) { return F(s, *v, d, n, sf); }
+#define VEK_RUNCI(F) [](auto, auto v, auto sd, int n, int sf) { return F(*v, sd, n, sf); }
+#define VEK_RUNCI_0(F) [](auto, auto v, auto sd, int n, int) { return F(*v, sd, n); }
 
-// Two-vector members with _Sfs and _ISfs forms.
-#define VEK_TEST_SFS(Op, Ty, T, exact)                                                             \
-    TEST(ArithInt, Op##_##Ty##_Sfs) {                                                              \
-        check_binary<T, T, T>(__LINE__, VEK_RUN2(veks##Op##_##Ty##_Sfs),                           \
-                              VEK_RUN2I(veks##Op##_##Ty##_ISfs), exact);                           \
+// Two-vector (K = 2) or constant (K = C) members with _Sfs and _ISfs forms, every type.
+#define VEK_SFS_2(Op, Ty, T, exact)                                                                \
+    check<T, T, T>(__LINE__, VEK_RUN2(veks##Op##_##Ty##_Sfs), VEK_RUN2I(veks##Op##_##Ty##_ISfs),   \
+                   exact)
+#define VEK_SFS_C(Op, Ty, T, exact)                                                                \
+    check<T, T, T>(__LINE__, VEK_RUNC(veks##Op##_##Ty##_Sfs), VEK_RUNCI(veks##Op##_##Ty##_ISfs),   \
+                   exact, true, true)
+#define VEK_TEST_SFS(K, Op, real, cplx)                                                            \
+    TEST(ArithInt, Op##_Sfs) {                                                                     \
+        VEK_SFS_##K(Op, 8u, Vek8u, real);                                                          \
+        VEK_SFS_##K(Op, 16s, Vek16s, real);                                                        \
+        VEK_SFS_##K(Op, 32s, Vek32s, real);                                                        \
+        VEK_SFS_##K(Op, 16sc, Vek16sc, cplx);                                                      \
+        VEK_SFS_##K(Op, 32sc, Vek32sc, cplx);                                                      \
     }
-VEK_TEST_SFS(Add, 8u, Vek8u, kAdd)
-VEK_TEST_SFS(Add, 16s, Vek16s, kAdd)
-VEK_TEST_SFS(Add, 32s, Vek32s, kAdd)
-VEK_TEST_SFS(Add, 16sc, Vek16sc, kCAdd)
-VEK_TEST_SFS(Add, 32sc, Vek32sc, kCAdd)
-VEK_TEST_SFS(Sub, 8u, Vek8u, kSub)
-VEK_TEST_SFS(Sub, 16s, Vek16s, kSub)
-VEK_TEST_SFS(Sub, 32s, Vek32s, kSub)
-VEK_TEST_SFS(Sub, 16sc, Vek16sc, kCSub)
-VEK_TEST_SFS(Sub, 32sc, Vek32sc, kCSub)
-VEK_TEST_SFS(Mul, 8u, Vek8u, kMul)
-VEK_TEST_SFS(Mul, 16s, Vek16s, kMul)
-VEK_TEST_SFS(Mul, 32s, Vek32s, kMul)
-VEK_TEST_SFS(Mul, 16sc, Vek16sc, kCMul)
-VEK_TEST_SFS(Mul, 32sc, Vek32sc, kCMul)
+VEK_TEST_SFS(2, Add, kAdd, kCAdd)
+VEK_TEST_SFS(2, Sub, kSub, kCSub)
+VEK_TEST_SFS(2, Mul, kMul, kCMul)
+VEK_TEST_SFS(C, AddC, kAdd, kCAdd)
+VEK_TEST_SFS(C, SubC, kSubRev, kCSubRev)
+VEK_TEST_SFS(C, SubCRev, kSub, kCSub)
+VEK_TEST_SFS(C, MulC, kMul, kCMul)
 
 // Members without a scale factor: the rule with sf = 0.
-#define VEK_TEST_SF0(Op, exact)                                                                    \
-    TEST(ArithInt, Op##_16s) {                                                                     \
-        check_binary<Vek16s, Vek16s, Vek16s>(__LINE__, VEK_RUN2_0(veks##Op##_16s),                 \
-                                             VEK_RUN2I_0(veks##Op##_16s_I), exact, false);         \
-    }
-VEK_TEST_SF0(Add, kAdd)
-VEK_TEST_SF0(Sub, kSub)
-VEK_TEST_SF0(Mul, kMul)
+TEST(ArithInt, WithoutScale) {
+    using S = Vek16s;
+    check<S, S, S>(1, VEK_RUN2_0(veksAdd_16s), VEK_RUN2I_0(veksAdd_16s_I), kAdd, false);
+    check<S, S, S>(2, VEK_RUN2_0(veksSub_16s), VEK_RUN2I_0(veksSub_16s_I), kSub, false);
+    check<S, S, S>(3, VEK_RUN2_0(veksMul_16s), VEK_RUN2I_0(veksMul_16s_I), kMul, false);
+    check<S, S, S>(7, nullptr, VEK_RUNCI_0(veksAddC_16s_I), kAdd, false, true);
+    check<S, S, S>(8, nullptr, VEK_RUNCI_0(veksSubC_16s_I), kSubRev, false, true);
+    check<S, S, S>(9, nullptr, VEK_RUNCI_0(veksMulC_16s_I), kMul, false, true);
+}
 
 TEST(ArithInt, MixedTypes) {
-    check_binary<Vek16s, Vek16s, Vek32s>(1, VEK_RUN2(veksMul_16s32s_Sfs), nullptr, kMul);
-    check_binary<Vek16u, Vek16s, Vek16s>(2, VEK_RUN2(veksMul_16u16s_Sfs), nullptr, kMul);
-    check_binary<Vek8u, Vek8u, Vek16u>(3, VEK_RUN2_0(veksAdd_8u16u), nullptr, kAdd, false);
-    check_binary<Vek8u, Vek8u, Vek16u>(4, VEK_RUN2_0(veksMul_8u16u), nullptr, kMul, false);
-    check_binary<Vek16u, Vek16u, Vek16u>(5, VEK_RUN2_0(veksAdd_16u), nullptr, kAdd, false);
-    check_binary<Vek32u, Vek32u, Vek32u>(6, VEK_RUN2_0(veksAdd_32u), nullptr, kAdd, false);
+    check<Vek16s, Vek16s, Vek32s>(1, VEK_RUN2(veksMul_16s32s_Sfs), nullptr, kMul);
+    check<Vek16u, Vek16s, Vek16s>(2, VEK_RUN2(veksMul_16u16s_Sfs), nullptr, kMul);
+    check<Vek8u, Vek8u, Vek16u>(3, VEK_RUN2_0(veksAdd_8u16u), nullptr, kAdd, false);
+    check<Vek8u, Vek8u, Vek16u>(4, VEK_RUN2_0(veksMul_8u16u), nullptr, kMul, false);
+    check<Vek16u, Vek16u, Vek16u>(5, VEK_RUN2_0(veksAdd_16u), nullptr, kAdd, false);
+    check<Vek32u, Vek32u, Vek32u>(6, VEK_RUN2_0(veksAdd_32u), nullptr, kAdd, false);
 }
 
-// Constant members with _Sfs and _ISfs forms.
-#define VEK_TEST_C_SFS(Op, Ty, T, exact)                                                           \
-    TEST(ArithInt, Op##_##Ty##_Sfs) {                                                              \
-        check_const<T>(__LINE__, VEK_RUNC(veks##Op##_##Ty##_Sfs),                                  \
-                       VEK_RUNCI(veks##Op##_##Ty##_ISfs), exact);                                  \
-    }
-VEK_TEST_C_SFS(AddC, 8u, Vek8u, kAddC)
-VEK_TEST_C_SFS(AddC, 16s, Vek16s, kAddC)
-VEK_TEST_C_SFS(AddC, 32s, Vek32s, kAddC)
-VEK_TEST_C_SFS(AddC, 16sc, Vek16sc, kCAdd)
-VEK_TEST_C_SFS(AddC, 32sc, Vek32sc, kCAdd)
-VEK_TEST_C_SFS(SubC, 8u, Vek8u, kSubC)
-VEK_TEST_C_SFS(SubC, 16s, Vek16s, kSubC)
-VEK_TEST_C_SFS(SubC, 32s, Vek32s, kSubC)
-VEK_TEST_C_SFS(SubC, 16sc, Vek16sc, kCSubC)
-VEK_TEST_C_SFS(SubC, 32sc, Vek32sc, kCSubC)
-VEK_TEST_C_SFS(SubCRev, 8u, Vek8u, kSubCRev)
-VEK_TEST_C_SFS(SubCRev, 16s, Vek16s, kSubCRev)
-VEK_TEST_C_SFS(SubCRev, 32s, Vek32s, kSubCRev)
-VEK_TEST_C_SFS(SubCRev, 16sc, Vek16sc, kCSubCRev)
-VEK_TEST_C_SFS(SubCRev, 32sc, Vek32sc, kCSubCRev)
-VEK_TEST_C_SFS(MulC, 8u, Vek8u, kMul)
-VEK_TEST_C_SFS(MulC, 16s, Vek16s, kMul)
-VEK_TEST_C_SFS(MulC, 32s, Vek32s, kMul)
-VEK_TEST_C_SFS(MulC, 16sc, Vek16sc, kCMul)
-VEK_TEST_C_SFS(MulC, 32sc, Vek32sc, kCMul)
-
-TEST(ArithInt, ConstInPlaceWithoutScale) {
-    check_const<Vek16s>(7, nullptr, VEK_RUNCI_0(veksAddC_16s_I), kAddC, false);
-    check_const<Vek16s>(8, nullptr, VEK_RUNCI_0(veksSubC_16s_I), kSubC, false);
-    check_const<Vek16s>(9, nullptr, VEK_RUNCI_0(veksMulC_16s_I), kMul, false);
-}
-
+// One documented-value guard per rule (saturation, half to even, the 2^63 product part).
 TEST(ArithInt, DocumentedValues) {
     int16_t d[4];
-    const int16_t a[] = {5, 5, 5, 5}, b[] = {3, 3, 3, 3};
-    ASSERT_EQ(veksSub_16s(a, b, d, 1), vekStsOk);
-    EXPECT_EQ(d[0], -2);
-    const int16_t s[] = {-32768, 32767, -32767, 0};
+    const int16_t s[] = {-32768, 32767, -32767, 0}, z[] = {0, 0, 0, 0}, q[] = {6, 10, 14, -6};
     ASSERT_EQ(veksAbs_16s(s, d, 4), vekStsOk);
     EXPECT_TRUE(vt::starts_with(d, {32767, 32767, 32767, 0}));
-    const int16_t p[] = {20000, -20000, 1, 0}, z[] = {0, 0, 0, 0};
-    ASSERT_EQ(veksAdd_16s_Sfs(p, z, d, 4, -16), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {32767, -32768, 32767, 0}));
-    // with sf 2: 6 -> 2, 10 -> 2, 14 -> 4
-    const int16_t q[] = {6, 10, 14, -6};
-    ASSERT_EQ(veksAdd_16s_Sfs(q, z, d, 4, 2), vekStsOk);
+    ASSERT_EQ(veksAdd_16s_Sfs(q, z, d, 4, 2), vekStsOk); // 6 -> 2, 10 -> 2, 14 -> 4
     EXPECT_TRUE(vt::starts_with(d, {2, 2, 4, -2}));
-    // The 32sc product whose imaginary part is 2^63: exact, then scaled.
     const Vek32sc m[] = {{INT32_MIN, INT32_MIN}};
     Vek32sc r[1];
     ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 33), vekStsOk);
-    EXPECT_EQ(r[0].re, 0);
-    EXPECT_EQ(r[0].im, 1 << 30);
-    ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 63), vekStsOk);
-    EXPECT_EQ(r[0].im, 1);
-    ASSERT_EQ(veksMul_32sc_Sfs(m, m, r, 1, 64), vekStsOk);
-    EXPECT_EQ(r[0].im, 0);
+    EXPECT_TRUE(r[0].re == 0 && r[0].im == 1 << 30);
 }
 
 TEST(ArithInt, Abs16sEveryLevel) {
@@ -334,14 +259,18 @@ constexpr auto kDivReal = [](auto x, auto y, int sf) { // y / x
 };
 
 template <class T, class F>
-void check_div(uint64_t seed, F run) {
+void check_div(uint64_t seed, F run, bool cst = false) {
     vt::Rng rng(seed);
     vt::for_each_level([&](auto) {
         int k = 0;
         for (int n : vt::test_lengths()) {
             const int sf = kScales[k++ % kScales.size()] % 40; // also every residue of the list
-            const auto a = random_vec<T>(rng, n);
+            auto a = random_vec<T>(rng, n);
             const auto b = random_vec<T>(rng, n);
+            if (cst) {
+                if (Parts<T>::get(a[0], 0) == 0) Parts<T>::set(a[0], 0, 3);
+                a.assign(a.size(), a[0]);
+            }
             bool zero = false;
             std::vector<T> want(a.size());
             for (int i = 0; i < n; ++i) want[i] = run.ref(a[i], b[i], sf, zero);
@@ -383,45 +312,26 @@ TEST(ArithDiv, IntegerVectors) {
     check_div<Vek16sc>(23, ComplexDiv{veksDiv_16sc_Sfs, veksDiv_16sc_ISfs});
 }
 
+// A constant divisor: a[] is that one (nonzero) value, the vector is b[].
+template <class T, class Ref>
+struct ConstDiv {
+    VekStatus (*fc)(const T*, T, T*, int, int);
+    VekStatus (*fc_i)(T, T*, int, int);
+    Ref r;
+    VekStatus call(const T* a, const T* b, T* d, int n, int sf) const {
+        return fc(b, *a, d, n, sf);
+    }
+    VekStatus call_i(const T* a, T* sd, int n, int sf) const { return fc_i(*a, sd, n, sf); }
+    T ref(T x, T y, int sf, bool& zero) const { return r.ref(x, y, sf, zero); }
+};
+
 TEST(ArithDiv, IntegerConstants) {
-    vt::Rng rng(24);
-    vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
-            const int sf = static_cast<int>(rng.range(-20, 40));
-            auto s8 = random_vec<Vek8u>(rng, n);
-            auto s16 = random_vec<Vek16s>(rng, n);
-            auto sc = random_vec<Vek16sc>(rng, n);
-            Vek8u v8 = static_cast<Vek8u>(rng.range(1, 255));
-            Vek16s v16 = static_cast<Vek16s>(rng.range(-32768, 32767) | 1);
-            Vek16sc vc = random_value<Vek16sc>(rng);
-            if (vc.re == 0 && vc.im == 0) vc.re = 3;
-            bool zero = false;
-            std::vector<Vek8u> w8(s8.size());
-            std::vector<Vek16s> w16(s16.size());
-            std::vector<Vek16sc> wc(sc.size());
-            for (int i = 0; i < n; ++i) {
-                w8[i] = RealDiv<Vek8u>{}.ref(v8, s8[i], sf, zero);
-                w16[i] = RealDiv<Vek16s>{}.ref(v16, s16[i], sf, zero);
-                wc[i] = ComplexDiv{}.ref(vc, sc[i], sf, zero);
-            }
-            vt::Buf<Vek8u> p8(s8, 1), d8(n, 3);
-            vt::Buf<Vek16s> p16(s16, 2), d16(n, 6);
-            vt::Buf<Vek16sc> pc(sc, 4), dc(n, 8);
-            ASSERT_EQ(veksDivC_8u_Sfs(p8.data(), v8, d8.data(), n, sf), vekStsOk);
-            ASSERT_EQ(veksDivC_16s_Sfs(p16.data(), v16, d16.data(), n, sf), vekStsOk);
-            ASSERT_EQ(veksDivC_16sc_Sfs(pc.data(), vc, dc.data(), n, sf), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(d8.vec(), w8));
-            ASSERT_TRUE(vt::bits_equal(d16.vec(), w16));
-            ASSERT_TRUE(vt::bits_equal(dc.vec(), wc));
-            ASSERT_EQ(veksDivC_8u_ISfs(v8, p8.data(), n, sf), vekStsOk);
-            ASSERT_EQ(veksDivC_16s_ISfs(v16, p16.data(), n, sf), vekStsOk);
-            ASSERT_EQ(veksDivC_16sc_ISfs(vc, pc.data(), n, sf), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(p8.vec(), w8));
-            ASSERT_TRUE(vt::bits_equal(p16.vec(), w16));
-            ASSERT_TRUE(vt::bits_equal(pc.vec(), wc));
-            ASSERT_TRUE(d8.guards_intact() && d16.guards_intact() && dc.guards_intact());
-        }
-    });
+    check_div<Vek8u>(24, ConstDiv<Vek8u, RealDiv<Vek8u>>{veksDivC_8u_Sfs, veksDivC_8u_ISfs, {}},
+                     true);
+    check_div<Vek16s>(
+        25, ConstDiv<Vek16s, RealDiv<Vek16s>>{veksDivC_16s_Sfs, veksDivC_16s_ISfs, {}}, true);
+    check_div<Vek16sc>(26, ConstDiv<Vek16sc, ComplexDiv>{veksDivC_16sc_Sfs, veksDivC_16sc_ISfs, {}},
+                       true);
 }
 
 TEST(ArithDiv, DivCRev16u) {

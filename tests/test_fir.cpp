@@ -140,9 +140,8 @@ TEST(FirFloatTaps, StreamMatchesReference) {
                 vt::Buf<Dat> dst(n, ft::off<Dat>(3));
                 ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
                 ASSERT_TRUE(dst.guards_intact());
-                const std::vector<cld> w(want.begin() + at, want.begin() + at + n);
-                const std::vector<long double> g(mag.begin() + at, mag.begin() + at + n);
-                ASSERT_TRUE(ft::close_vec(dst.data(), w, g, sf)) << "block length " << n;
+                ASSERT_TRUE(ft::close_vec(dst.data(), &want[size_t(at)], &mag[size_t(at)], n, sf))
+                    << "block length " << n;
                 at += n;
             }
             std::vector<Dat> got(static_cast<size_t>(T));
@@ -198,9 +197,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                     ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
                     vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
                     ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                    if (!fft_block) {
-                        ASSERT_TRUE(vt::bits_equal(dst.vec(), ref));
-                    }
+                    ASSERT_TRUE(fft_block || vt::bits_equal(dst.vec(), ref));
                     std::vector<Dat> after(static_cast<size_t>(T));
                     ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
                     ASSERT_TRUE(vt::bits_equal(after_one, after));
@@ -208,9 +205,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                     ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
                     vt::Buf<Dat> io(x, ft::off<Dat>(5));
                     ASSERT_EQ(m.blk_i(io.data(), n, st, sf), vekStsOk);
-                    if (!fft_in_place) {
-                        ASSERT_TRUE(vt::bits_equal(io.vec(), ref));
-                    }
+                    ASSERT_TRUE(fft_in_place || vt::bits_equal(io.vec(), ref));
                     ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
                     ASSERT_TRUE(vt::bits_equal(after_one, after));
                     ASSERT_EQ(m.fre(st), vekStsOk);
@@ -440,18 +435,6 @@ TEST(FirFloatTaps, IntegerOutputRule) {
     EXPECT_TRUE(vt::starts_with(
         y32, {-1, 2147483647, -1})); // (2147483647 - 2147483648 from the history) / 2 = -0.5
     ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
-}
-
-// tapsLen 1: y = h[0] x, whatever the line holds.
-TEST(FirFloatTaps, SingleTap) {
-    VeksFIRState_32f* s = nullptr;
-    const float h = -2.5f, line = 1e30f;
-    ASSERT_EQ(veksFIRInitAlloc_32f(&s, &h, 1, &line), vekStsOk);
-    const float x[5] = {1, 2, -3, 0.5f, 8};
-    float y[5];
-    ASSERT_EQ(veksFIR_32f(x, y, 5, s), vekStsOk);
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(y[i], -2.5f * x[i]);
-    ASSERT_EQ(veksFIRFree_32f(s), vekStsOk);
 }
 
 // A state of one member is refused by another member's functions.

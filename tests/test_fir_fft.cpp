@@ -94,54 +94,20 @@ SFS_MEMBER(C32fc_16sc, 32fc, 16sc, Vek32fc, Vek16sc, 4000.0, 1e-5L)
 SFS_MEMBER(C64fc_16sc, 64fc, 16sc, Vek64fc, Vek16sc, 4000.0, 1e-13L)
 SFS_MEMBER(C64fc_32sc, 64fc, 32sc, Vek64fc, Vek32sc, 1e8, 1e-13L)
 
-// ---- Reference -----------------------------------------------------------------------------
-
-// One output component: floating-point data within rel * mag of the exact value; integer data
-// equal to the output rule (scaled by 2^-sf, rounded half away from zero, saturated) applied to
-// some value within that distance.
-template <class B>
-::testing::AssertionResult component(B got, long double want, long double mag, long double rel,
-                                     int sf) {
-    const long double w = std::ldexp(want, -sf), tol = rel * std::ldexp(mag, -sf) + 1e-30L;
-    if constexpr (std::is_floating_point_v<B>) {
-        if (std::fabs(static_cast<long double>(got) - w) <= tol)
-            return ::testing::AssertionSuccess();
-    } else {
-        if (got >= ft::round_away_sat<B>(w - tol) && got <= ft::round_away_sat<B>(w + tol))
-            return ::testing::AssertionSuccess();
-    }
-    return ::testing::AssertionFailure()
-           << got << " vs " << double(w) << " (tolerance " << double(tol) << ")";
-}
-
 template <class M>
 ::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
                                 int n) {
-    for (int j = 0; j < n; ++j) {
-        ::testing::AssertionResult r = ::testing::AssertionSuccess();
-        if constexpr (ft::is_cplx<typename M::Dat>) {
-            r = component(got[j].re, want[j].real(), mag[j], M::rel, M::sf);
-            if (r) r = component(got[j].im, want[j].imag(), mag[j], M::rel, M::sf);
-        } else {
-            r = component(got[j], want[j].real(), mag[j], M::rel, M::sf);
-        }
-        if (!r) return r << " at output " << j;
-    }
-    return ::testing::AssertionSuccess();
+    return ft::close_vec(got, want, mag, n, M::sf, M::rel);
 }
 
 // The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
 // of two above T.
 TEST(FirFftRule, TransformLength) {
     using veks::fir::fft_len_for;
-    for (int t : {1, 2, 31}) EXPECT_EQ(fft_len_for(t), -1);
-    for (int t : {32, 63}) EXPECT_EQ(fft_len_for(t), 128);
-    for (int t : {64, 127, 128, 255}) EXPECT_EQ(fft_len_for(t), 256);
-    for (int t : {256, 511}) EXPECT_EQ(fft_len_for(t), 512);
-    EXPECT_EQ(fft_len_for(512), 1024);
-    EXPECT_EQ(fft_len_for(1000), 1024);
-    EXPECT_EQ(fft_len_for(1024), 2048);
-    EXPECT_EQ(fft_len_for(1100), 2048);
+    const int cases[][2] = {{1, -1},     {31, -1},     {32, 128},    {63, 128},
+                            {64, 256},   {255, 256},   {256, 512},   {511, 512},
+                            {512, 1024}, {1000, 1024}, {1024, 2048}, {1100, 2048}};
+    for (const auto& c : cases) EXPECT_EQ(fft_len_for(c[0]), c[1]) << c[0];
 }
 
 // ---- Results across paths, blocks and calls ------------------------------------------------

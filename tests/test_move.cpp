@@ -63,19 +63,6 @@ TEST(Copy, EveryTypeMatchesSource) {
              veksCopy_32fc, veksCopy_64f, veksCopy_64fc);
 }
 
-TEST(Copy, OverlappingVectorsMoveLikeMemmove) {
-    vt::Rng rng(12);
-    for (int n : {1, 7, 64, 1000}) {
-        for (int shift : {-5, -1, 1, 3, 17}) {
-            std::vector<float> buf = rvec<float>(rng, n + 40), want = buf;
-            float* base = buf.data() + 20;
-            std::memmove(want.data() + 20 + shift, want.data() + 20, n * sizeof(float));
-            ASSERT_EQ(veksCopy_32f(base, base + shift, n), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(buf, want)) << n << " " << shift;
-        }
-    }
-}
-
 template <class T>
 void check_set(VekStatus (*fn)(T, T*, int), std::vector<T> values) {
     vt::for_each_level([&](auto) {
@@ -180,18 +167,6 @@ TEST(Flip, EveryTypeReversesOutOfPlaceAndInPlace) {
     check_flip(veksFlip_64f, veksFlip_64f_I);
 }
 
-TEST(Flip, PartiallyOverlappingVectors) {
-    vt::Rng rng(22);
-    for (int n : {2, 9, 100, 1001})
-        for (int shift : {-7, -1, 1, 5}) {
-            std::vector<float> buf = rvec<float>(rng, n + 20);
-            const std::vector<float> src(buf.begin() + 10, buf.begin() + 10 + n);
-            ASSERT_EQ(veksFlip_32f(buf.data() + 10, buf.data() + 10 + shift, n), vekStsOk);
-            const std::vector<float> got(buf.begin() + 10 + shift, buf.begin() + 10 + shift + n);
-            ASSERT_TRUE(vt::bits_equal(got, reversed(src))) << n << " " << shift;
-        }
-}
-
 template <class C>
 void check_conj(VekStatus (*fn)(const C*, C*, int), VekStatus (*fn_i)(C*, int),
                 VekStatus (*flip)(const C*, C*, int)) {
@@ -226,36 +201,40 @@ TEST(Conj, EveryTypeOutOfPlaceInPlaceAndFlipped) {
     check_conj(veksConj_64fc, veksConj_64fc_I, veksConjFlip_64fc);
 }
 
+// The saturating 16sc rule once by value; the sign bit of zero and NaN imaginary parts.
 TEST(Conj, DocumentedValuesAndSignBits) {
     vt::for_each_level([&](auto) {
-        Vek16sc s[] = {{5, -32768}, {5, 32767}, {0, 0}, {-32768, 1}};
-        ASSERT_EQ(veksConj_16sc_I(s, 4), vekStsOk);
-        EXPECT_EQ(s[0].im, 32767);
-        EXPECT_EQ(s[1].im, -32767);
-        EXPECT_EQ(s[2].im, 0);
-        EXPECT_EQ(s[3].re, -32768);
-        EXPECT_EQ(s[3].im, -1);
+        Vek16sc s[] = {{5, -32768}, {-32768, 1}};
+        ASSERT_EQ(veksConj_16sc_I(s, 2), vekStsOk);
+        EXPECT_TRUE(s[0].im == 32767 && s[1].re == -32768 && s[1].im == -1);
         std::vector<Vek32fc> f(40, Vek32fc{1.0f, 0.0f});
         f[3].im = std::nanf("");
         ASSERT_EQ(veksConj_32fc_I(f.data(), 40), vekStsOk);
         EXPECT_TRUE(std::signbit(f[0].im) && f[0].im == 0.0f);
         EXPECT_TRUE(std::isnan(f[3].im) && std::signbit(f[3].im));
-        const Vek32fc a[] = {{1, 2}, {3, 4}};
-        Vek32fc b[2];
-        ASSERT_EQ(veksConjFlip_32fc(a, b, 2), vekStsOk);
-        EXPECT_TRUE(b[0].re == 3 && b[0].im == -4 && b[1].re == 1 && b[1].im == -2);
     });
 }
 
-TEST(Conj, PartiallyOverlappingVectors) {
-    vt::Rng rng(32);
-    for (int n : {3, 40, 333})
-        for (int shift : {-3, 2}) {
-            std::vector<Vek16sc> buf = rvec<Vek16sc>(rng, n + 10);
-            const std::vector<Vek16sc> src(buf.begin() + 5, buf.begin() + 5 + n);
-            ASSERT_EQ(veksConj_16sc(buf.data() + 5, buf.data() + 5 + shift, n), vekStsOk);
+// Partially overlapping source and destination: Copy moves like memmove; Flip and Conj give
+// the reversed or conjugated source.
+TEST(Move, PartiallyOverlappingVectors) {
+    vt::Rng rng(12);
+    for (int n : {1, 2, 9, 64, 333, 1001})
+        for (int shift : {-7, -1, 1, 3, 17}) {
+            std::vector<float> buf = rvec<float>(rng, n + 40), want = buf;
+            std::memmove(want.data() + 20 + shift, want.data() + 20, n * sizeof(float));
+            ASSERT_EQ(veksCopy_32f(buf.data() + 20, buf.data() + 20 + shift, n), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(buf, want)) << n << " " << shift;
+            buf = rvec<float>(rng, n + 40);
+            const std::vector<float> src(buf.begin() + 20, buf.begin() + 20 + n);
+            ASSERT_EQ(veksFlip_32f(buf.data() + 20, buf.data() + 20 + shift, n), vekStsOk);
+            const std::vector<float> got(buf.begin() + 20 + shift, buf.begin() + 20 + shift + n);
+            ASSERT_TRUE(vt::bits_equal(got, reversed(src))) << n << " " << shift;
+            std::vector<Vek16sc> cb = rvec<Vek16sc>(rng, n + 40);
+            const std::vector<Vek16sc> cs(cb.begin() + 20, cb.begin() + 20 + n);
+            ASSERT_EQ(veksConj_16sc(cb.data() + 20, cb.data() + 20 + shift, n), vekStsOk);
             for (int i = 0; i < n; ++i)
-                ASSERT_TRUE(vt::same_bits(buf[5 + shift + i], conj_ref(src[i]))) << i;
+                ASSERT_TRUE(vt::same_bits(cb[20 + shift + i], conj_ref(cs[i]))) << i;
         }
 }
 
