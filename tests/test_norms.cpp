@@ -56,65 +56,56 @@ using NormFn = VekStatus (*)(const T*, int, R*);
 template <class T, class R>
 using DiffFn = VekStatus (*)(const T*, const T*, int, R*);
 
-// Runs the Inf, L1 and L2 norms (and their difference forms) against the long-double reference
-// and returns the results so that levels can be compared bit for bit.
+// Runs the Inf, L1 and L2 norms (and their difference forms) on every test length and level
+// against the long-double reference, and requires the same bits from every level.
 template <class T, class R>
-std::vector<R> check_float_norms(const std::vector<T>& a, const std::vector<T>& b,
-                                 const NormFn<T, R> (&norm)[3], const DiffFn<T, R> (&diff)[3],
-                                 LD eps) {
-    const int n = static_cast<int>(a.size());
-    vt::Buf<T> pa(a, alignof(T)), pb(b, 3 * alignof(T));
-    std::vector<R> out;
-    for (int d = 0; d < 2; ++d) {
-        LD inf = 0, l1 = 0, l2sq = 0;
-        for (int i = 0; i < n; ++i) {
-            const LD x = d ? val(a[i]) - val(b[i]) : val(a[i]);
-            inf = std::max(inf, std::fabs(x)), l1 += std::fabs(x), l2sq += x * x;
-        }
-        for (int kind = 0; kind < 3; ++kind) {
-            R got = R(-7);
-            EXPECT_EQ(d ? diff[kind](pa.data(), pb.data(), n, &got)
-                        : norm[kind](pa.data(), n, &got),
-                      vekStsOk);
-            const LD want = kind == 0 ? inf : kind == 1 ? l1 : std::sqrt(l2sq);
-            // The square root halves the relative error of the sum of squares.
-            const LD t = kind == 2 ? want * (eps + (n + 2) * 0x1p-53L) : tol(want, l1, n, eps);
-            EXPECT_LE(std::fabs(val(got) - want), t)
-                << "n " << n << " kind " << kind << " diff " << d;
-            out.push_back(got);
-        }
+void sweep_float_norms(uint64_t seed, const NormFn<T, R> (&norm)[3], const DiffFn<T, R> (&diff)[3],
+                       LD eps) {
+    vt::Rng rng(seed);
+    for (int n : vt::test_lengths()) {
+        const auto a = rng.vec<T>(n), b = rng.vec<T>(n);
+        vt::Buf<T> pa(a, alignof(T)), pb(b, 3 * alignof(T));
+        std::vector<R> first;
+        vt::for_each_level([&](auto level) {
+            std::vector<R> out;
+            for (int d = 0; d < 2; ++d) {
+                LD inf = 0, l1 = 0, l2sq = 0;
+                for (int i = 0; i < n; ++i) {
+                    const LD x = d ? val(a[i]) - val(b[i]) : val(a[i]);
+                    inf = std::max(inf, std::fabs(x)), l1 += std::fabs(x), l2sq += x * x;
+                }
+                for (int kind = 0; kind < 3; ++kind) {
+                    R got = R(-7);
+                    EXPECT_EQ(d ? diff[kind](pa.data(), pb.data(), n, &got)
+                                : norm[kind](pa.data(), n, &got),
+                              vekStsOk);
+                    const LD want = kind == 0 ? inf : kind == 1 ? l1 : std::sqrt(l2sq);
+                    // The square root halves the relative error of the sum of squares.
+                    const LD t =
+                        kind == 2 ? want * (eps + (n + 2) * 0x1p-53L) : tol(want, l1, n, eps);
+                    EXPECT_LE(std::fabs(val(got) - want), t)
+                        << "n " << n << " kind " << kind << " diff " << d;
+                    out.push_back(got);
+                }
+            }
+            if (level == veks::isa::scalar)
+                first = out;
+            else
+                EXPECT_TRUE(vt::bits_equal(out, first)) << "n " << n;
+        });
     }
-    return out;
 }
 
 TEST(Norm, FloatNormsMatchReferenceAndAgreeAcrossLevels) {
-    vt::Rng rng(11);
-    for (int n : vt::test_lengths()) {
-        const auto a32 = rng.vec<float>(n), b32 = rng.vec<float>(n);
-        const auto a64 = rng.vec<double>(n), b64 = rng.vec<double>(n);
-        const auto a16 = rng.vec<int16_t>(n), b16 = rng.vec<int16_t>(n);
-        std::vector<float> first32, first16;
-        std::vector<double> first64;
-        vt::for_each_level([&](auto level) {
-            const auto r32 = check_float_norms<float, float>(
-                a32, b32, {veksNorm_Inf_32f, veksNorm_L1_32f, veksNorm_L2_32f},
-                {veksNormDiff_Inf_32f, veksNormDiff_L1_32f, veksNormDiff_L2_32f}, 0x1p-24L);
-            const auto r64 = check_float_norms<double, double>(
-                a64, b64, {veksNorm_Inf_64f, veksNorm_L1_64f, veksNorm_L2_64f},
-                {veksNormDiff_Inf_64f, veksNormDiff_L1_64f, veksNormDiff_L2_64f}, 0x1p-53L);
-            const auto r16 = check_float_norms<int16_t, float>(
-                a16, b16, {veksNorm_Inf_16s32f, veksNorm_L1_16s32f, veksNorm_L2_16s32f},
-                {veksNormDiff_Inf_16s32f, veksNormDiff_L1_16s32f, veksNormDiff_L2_16s32f},
-                0x1p-24L);
-            if (level == veks::isa::scalar) {
-                first32 = r32, first64 = r64, first16 = r16;
-            } else {
-                EXPECT_TRUE(vt::bits_equal(r32, first32)) << "n " << n;
-                EXPECT_TRUE(vt::bits_equal(r64, first64)) << "n " << n;
-                EXPECT_TRUE(vt::bits_equal(r16, first16)) << "n " << n;
-            }
-        });
-    }
+    sweep_float_norms<float, float>(
+        11, {veksNorm_Inf_32f, veksNorm_L1_32f, veksNorm_L2_32f},
+        {veksNormDiff_Inf_32f, veksNormDiff_L1_32f, veksNormDiff_L2_32f}, 0x1p-24L);
+    sweep_float_norms<double, double>(
+        12, {veksNorm_Inf_64f, veksNorm_L1_64f, veksNorm_L2_64f},
+        {veksNormDiff_Inf_64f, veksNormDiff_L1_64f, veksNormDiff_L2_64f}, 0x1p-53L);
+    sweep_float_norms<int16_t, float>(
+        13, {veksNorm_Inf_16s32f, veksNorm_L1_16s32f, veksNorm_L2_16s32f},
+        {veksNormDiff_Inf_16s32f, veksNormDiff_L1_16s32f, veksNormDiff_L2_16s32f}, 0x1p-24L);
 }
 
 TEST(Norm, FloatInfinityNormSpecialValues) {
@@ -211,31 +202,34 @@ TEST(Norm, IntegerNormDocumentedValues) {
 
 // ---- dot products ------------------------------------------------------------------------------
 
+// Real and imaginary parts of a real or complex element.
 template <class T>
-struct Parts {
-    static LD re(T x) { return val(x); }
-    static LD im(T) { return 0; }
-};
-#define VT_COMPLEX_PARTS(C)                                                                        \
-    template <>                                                                                    \
-    struct Parts<C> {                                                                              \
-        static LD re(C x) { return val(x.re); }                                                    \
-        static LD im(C x) { return val(x.im); }                                                    \
-    };
-VT_COMPLEX_PARTS(Vek16sc)
-VT_COMPLEX_PARTS(Vek32sc)
-VT_COMPLEX_PARTS(Vek32fc)
-VT_COMPLEX_PARTS(Vek64fc)
-VT_COMPLEX_PARTS(Vek64sc)
+auto re_of(T x) {
+    if constexpr (std::is_arithmetic_v<T>)
+        return x;
+    else
+        return x.re;
+}
+template <class T>
+using Part = decltype(re_of(T{}));
+template <class T>
+LD real_of(T x) {
+    return val(re_of(x));
+}
+template <class T>
+LD imag_of(T x) {
+    if constexpr (std::is_arithmetic_v<T>)
+        return 0;
+    else
+        return val(x.im);
+}
 
 template <class T>
 T rand_elem(vt::Rng& rng) {
-    if constexpr (std::is_arithmetic_v<T>) {
+    if constexpr (std::is_arithmetic_v<T>)
         return rng.any<T>();
-    } else {
-        using B = decltype(T{}.re);
-        return T{rng.any<B>(), rng.any<B>()};
-    }
+    else
+        return T{rng.any<Part<T>>(), rng.any<Part<T>>()};
 }
 
 #ifdef __SIZEOF_INT128__
@@ -246,14 +240,6 @@ using Exact = long double;
 constexpr bool kExactWide = false;
 #endif
 
-template <class T>
-constexpr bool is_int() {
-    if constexpr (std::is_arithmetic_v<T>)
-        return std::is_integral_v<T>;
-    else
-        return std::is_integral_v<decltype(T{}.re)>;
-}
-
 // Reference: integer data summed exactly (128 bits where the compiler has them), float data in
 // long double; plus the sum of product magnitudes for the float tolerance.
 template <class A, class B>
@@ -261,9 +247,9 @@ void ref_dot(const std::vector<A>& a, const std::vector<B>& b, LD& re, LD& im, L
     Exact ere = 0, eim = 0;
     re = im = mag = 0;
     for (size_t i = 0; i < a.size(); ++i) {
-        const LD ar = Parts<A>::re(a[i]), ai = Parts<A>::im(a[i]);
-        const LD br = Parts<B>::re(b[i]), bi = Parts<B>::im(b[i]);
-        if constexpr (is_int<A>() && is_int<B>()) {
+        const LD ar = real_of(a[i]), ai = imag_of(a[i]);
+        const LD br = real_of(b[i]), bi = imag_of(b[i]);
+        if constexpr (std::is_integral_v<Part<A>> && std::is_integral_v<Part<B>>) {
             const auto e = [](LD x) { return static_cast<Exact>(static_cast<int64_t>(x)); };
             ere += e(ar) * e(br) - e(ai) * e(bi);
             eim += e(ar) * e(bi) + e(ai) * e(br);
@@ -273,7 +259,8 @@ void ref_dot(const std::vector<A>& a, const std::vector<B>& b, LD& re, LD& im, L
         }
         mag += std::fabs(ar * br) + std::fabs(ai * bi) + std::fabs(ar * bi) + std::fabs(ai * br);
     }
-    if constexpr (is_int<A>() && is_int<B>()) re = static_cast<LD>(ere), im = static_cast<LD>(eim);
+    if constexpr (std::is_integral_v<Part<A>> && std::is_integral_v<Part<B>>)
+        re = static_cast<LD>(ere), im = static_cast<LD>(eim);
 }
 
 // Calls fn on random vectors of every test length and level, comparing with the reference
@@ -307,8 +294,8 @@ void sweep_dot(uint64_t seed, Fn fn, Check check) {
 template <class D, class A = D, class B = D>
 void sweep(uint64_t seed, VekStatus (*fn)(const A*, const B*, int, D*), LD eps) {
     sweep_dot<A, B, D>(seed, fn, [eps](const D& got, LD re, LD im, LD mag, int n) {
-        EXPECT_LE(std::fabs(Parts<D>::re(got) - re), eps ? tol(re, mag, n, eps) : 0) << n;
-        EXPECT_LE(std::fabs(Parts<D>::im(got) - im), eps ? tol(im, mag, n, eps) : 0) << n;
+        EXPECT_LE(std::fabs(real_of(got) - re), eps ? tol(re, mag, n, eps) : 0) << n;
+        EXPECT_LE(std::fabs(imag_of(got) - im), eps ? tol(im, mag, n, eps) : 0) << n;
     });
 }
 
@@ -347,9 +334,9 @@ void sweep_scaled(uint64_t seed, VekStatus (*fn)(const A*, const B*, int, D*, in
             seed + static_cast<uint64_t>(sf + 1000),
             [fn, sf](const A* a, const B* b, int n, D* d) { return fn(a, b, n, d, sf); },
             [&](const D& got, LD re, LD im, LD, int n) {
-                EXPECT_EQ(Parts<D>::re(got), ref(re)) << n << " sf " << sf;
+                EXPECT_EQ(real_of(got), ref(re)) << n << " sf " << sf;
                 if constexpr (!std::is_arithmetic_v<D>) {
-                    EXPECT_EQ(Parts<D>::im(got), ref(im)) << n << " sf " << sf;
+                    EXPECT_EQ(imag_of(got), ref(im)) << n << " sf " << sf;
                 }
             });
     }

@@ -9,39 +9,6 @@ namespace {
 
 using LD = long double;
 
-template <class T>
-std::vector<T> with_specials(std::vector<T> v, T level) {
-    // Ties with the level, zeros and (for floats) NaNs and infinities at fixed places.
-    for (size_t i = 0; i < v.size(); i += 5) v[i] = level;
-    for (size_t i = 2; i < v.size(); i += 7) v[i] = T(0);
-    if constexpr (std::is_floating_point_v<T>) {
-        for (size_t i = 3; i < v.size(); i += 11) v[i] = std::numeric_limits<T>::quiet_NaN();
-        for (size_t i = 4; i < v.size(); i += 13) v[i] = -std::numeric_limits<T>::infinity();
-    }
-    return v;
-}
-
-// Runs out-of-place and in-place forms of one real member and compares with `rule`.
-template <class T, class Out, class In, class Rule>
-void check_real(vt::Rng& rng, Out out, In in, Rule rule) {
-    vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
-            const T level = rng.any<T>();
-            const auto src = with_specials(rng.vec<T>(n), level);
-            std::vector<T> want(n);
-            for (int i = 0; i < n; ++i) want[i] = rule(src[i], level);
-            vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
-            ASSERT_EQ(out(s.data(), d.data(), n, level), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << "n " << n;
-            ASSERT_TRUE(vt::bits_equal(s.vec(), src));
-            ASSERT_TRUE(d.guards_intact());
-            ASSERT_EQ(in(s.data(), n, level), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(s.vec(), want)) << "in place, n " << n;
-            ASSERT_TRUE(s.guards_intact());
-        }
-    });
-}
-
 // The ten members of one element type: general (relOp), LT, GT, LTVal, GTVal, each also in place.
 template <class T, class L>
 struct Family {
@@ -63,79 +30,21 @@ struct Family {
             veksThreshold_LTVal_##S##_I, veksThreshold_GTVal_##S, veksThreshold_GTVal_##S##_I      \
     }
 
-template <class T>
-void real_family(uint64_t seed, const Family<T, T>& f) {
-    vt::Rng rng(seed);
-    const auto lt_rule = [](T x, T l) { return x < l ? l : x; };
-    const auto gt_rule = [](T x, T l) { return x > l ? l : x; };
-    check_real<T>(rng, f.lt, f.lt_i, lt_rule);
-    check_real<T>(rng, f.gt, f.gt_i, gt_rule);
-    // relOp 4 selects the "greater than" rule; any other value the "less than" one.
-    for (VekCmpOp op : {0, 1, 2, 3, 4, 5, -1, 1 << 30}) {
-        SCOPED_TRACE(op);
-        check_real<T>(
-            rng, [&](const T* s, T* d, int n, T l) { return f.gen(s, d, n, l, op); },
-            [&](T* s, int n, T l) { return f.gen_i(s, n, l, op); },
-            [&](T x, T l) { return op == 4 ? gt_rule(x, l) : lt_rule(x, l); });
-    }
-    const T v = rng.any<T>();
-    check_real<T>(
-        rng, [&](const T* s, T* d, int n, T l) { return f.ltv(s, d, n, l, v); },
-        [&](T* s, int n, T l) { return f.ltv_i(s, n, l, v); },
-        [&](T x, T l) { return x < l ? v : x; });
-    check_real<T>(
-        rng, [&](const T* s, T* d, int n, T l) { return f.gtv(s, d, n, l, v); },
-        [&](T* s, int n, T l) { return f.gtv_i(s, n, l, v); },
-        [&](T x, T l) { return x > l ? v : x; });
-}
-
-TEST(Threshold, RealMembersFollowTheirRules) {
-    real_family<float>(1, FAMILY(32f));
-    real_family<double>(2, FAMILY(64f));
-    real_family<int16_t>(3, FAMILY(16s));
-}
-
-TEST(Threshold, RealDocumentedValues) {
-    const float x[] = {1.0f, 2.0f, 3.0f};
-    float d[3];
-    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {9.0f, 2.0f, 3.0f}));      // a tie keeps x
-    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
-    EXPECT_TRUE(vt::starts_with(d, {2.5f, 2.5f, 3.0f}));
-}
-
-// ---- complex members --------------------------------------------------------------------------
-
 template <class C>
 using Base = decltype(C{}.re);
 
-// Reference in long double; for 16-bit data the rescaled parts round to nearest.
-template <class C>
-C ref_complex(int op, C x, Base<C> level, C value) {
-    using B = Base<C>;
-    const LD m2 = LD(x.re) * x.re + LD(x.im) * x.im, l2 = LD(level) * level;
-    const auto scaled = [&](LD f) {
-        LD re = x.re * f, im = x.im * f;
-        if constexpr (std::is_integral_v<B>) {
-            re = std::nearbyint(re), im = std::nearbyint(im);
-        }
-        return C{static_cast<B>(re), static_cast<B>(im)};
-    };
-    switch (op) {
-    case 0: return l2 > m2 ? (m2 == 0 ? C{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
-    case 1: return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
-    case 2: return m2 < l2 ? value : x;
-    default: return m2 > l2 ? value : x;
-    }
-}
-
+// Any value for real elements; parts within [-4, 4] for float complex, any parts for 16-bit.
 template <class C>
 C rand_c(vt::Rng& rng) {
-    using B = Base<C>;
-    if constexpr (std::is_integral_v<B>)
-        return C{rng.any<B>(), rng.any<B>()};
-    else
-        return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
+    if constexpr (std::is_arithmetic_v<C>) {
+        return rng.any<C>();
+    } else {
+        using B = Base<C>;
+        if constexpr (std::is_integral_v<B>)
+            return C{rng.any<B>(), rng.any<B>()};
+        else
+            return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
+    }
 }
 
 // Float parts within a few ulps of the reference (the rescale factor goes through a square root
@@ -153,59 +62,120 @@ bool close(C got, C want) {
     return near(got.re, want.re) && near(got.im, want.im);
 }
 
-template <class C, class Fn, class FnI>
-void check_complex(uint64_t seed, int op, Fn out, FnI in) {
-    vt::Rng rng(seed);
-    using B = Base<C>;
+// The four rules, by kind: 0 LT (raise to the level), 1 GT (lower to the level), 2 LTVal and 3
+// GTVal (replace by the value). Complex elements compare magnitudes, rescale to the level keeping
+// the phase (a zero becomes (level, 0)); 16-bit parts round to nearest.
+template <class T, class L>
+T ref_rule(int kind, T x, L level, T value) {
+    if constexpr (std::is_arithmetic_v<T>) {
+        const bool below = x<level, above = x> level;
+        return kind == 0   ? (below ? level : x)
+               : kind == 1 ? (above ? level : x)
+               : kind == 2 ? (below ? value : x)
+                           : (above ? value : x);
+    } else {
+        const LD m2 = LD(x.re) * x.re + LD(x.im) * x.im, l2 = LD(level) * level;
+        const auto scaled = [&](LD f) {
+            LD re = x.re * f, im = x.im * f;
+            if constexpr (std::is_integral_v<L>) re = std::nearbyint(re), im = std::nearbyint(im);
+            return T{static_cast<L>(re), static_cast<L>(im)};
+        };
+        switch (kind) {
+        case 0: return l2 > m2 ? (m2 == 0 ? T{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
+        case 1: return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
+        case 2: return m2 < l2 ? value : x;
+        default: return m2 > l2 ? value : x;
+        }
+    }
+}
+
+// Random data with ties with the level and zeros at fixed places; real floats also get NaNs and
+// infinities. Real levels are any value; complex ones are magnitudes.
+template <class T, class L>
+std::vector<T> threshold_src(vt::Rng& rng, int n, L level) {
+    std::vector<T> v(n);
+    if constexpr (std::is_arithmetic_v<T>) {
+        v = rng.vec<T>(n);
+        for (int i = 0; i < n; i += 5) v[i] = level;
+        for (int i = 2; i < n; i += 7) v[i] = T(0);
+        if constexpr (std::is_floating_point_v<T>) {
+            for (int i = 3; i < n; i += 11) v[i] = std::numeric_limits<T>::quiet_NaN();
+            for (int i = 4; i < n; i += 13) v[i] = -std::numeric_limits<T>::infinity();
+        }
+    } else {
+        for (auto& x : v) x = rand_c<T>(rng);
+        for (int i = 1; i < n; i += 6) v[i] = T{0, 0};
+        for (int i = 4; i < n; i += 9) v[i] = T{level, 0};
+    }
+    return v;
+}
+
+// One member, out of place against the rule (bit for bit where the result is selected rather than
+// rescaled), then in place with the same bits; source and guards untouched.
+template <class T, class L, class Out, class In>
+void check_member(vt::Rng& rng, int kind, Out out, In in) {
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            const B level = std::is_integral_v<B> ? static_cast<B>(rng.range(0, 32767))
-                                                  : static_cast<B>(rng.uniform(0, 4));
-            const C value = rand_c<C>(rng);
-            std::vector<C> src(n);
-            for (auto& x : src) x = rand_c<C>(rng);
-            for (int i = 1; i < n; i += 6) src[i] = C{0, 0};
-            for (int i = 4; i < n; i += 9) src[i] = C{level, 0}; // tie
-            vt::Buf<C> s(src, alignof(C)), d(n, 3 * alignof(C));
+            L level = rng.any<L>();
+            if constexpr (!std::is_arithmetic_v<T>)
+                level = std::is_integral_v<L> ? L(rng.range(0, 32767)) : L(rng.uniform(0, 4));
+            const T value = rand_c<T>(rng);
+            const auto src = threshold_src<T>(rng, n, level);
+            vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
             ASSERT_EQ(out(s.data(), d.data(), n, level, value), vekStsOk);
             for (int i = 0; i < n; ++i) {
-                const C want = ref_complex(op, src[i], level, value);
-                ASSERT_TRUE(close(d[i], want)) << "op " << op << " n " << n << " i " << i;
-                if (op >= 2) { // selections are exact
-                    ASSERT_TRUE(vt::same_bits(d[i], want));
-                }
+                const T want = ref_rule(kind, src[i], level, value);
+                if constexpr (std::is_arithmetic_v<T>)
+                    ASSERT_TRUE(vt::same_bits(d[i], want)) << "kind " << kind << " n " << n;
+                else
+                    ASSERT_TRUE(kind >= 2 ? vt::same_bits(d[i], want) : close(d[i], want))
+                        << "kind " << kind << " n " << n << " i " << i;
             }
-            ASSERT_TRUE(d.guards_intact());
-            const auto first = d.vec();
+            ASSERT_TRUE(vt::bits_equal(s.vec(), src) && d.guards_intact());
             ASSERT_EQ(in(s.data(), n, level, value), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(s.vec(), first)) << "in place differs, n " << n;
+            ASSERT_TRUE(vt::bits_equal(s.vec(), d.vec())) << "in place, n " << n;
+            ASSERT_TRUE(s.guards_intact());
         }
     });
 }
 
-// The plain forms take no value and the general form takes relOp: adapted to (level, value).
-template <class C>
-void complex_family(uint64_t seed, const Family<C, Base<C>>& f) {
-    using L = Base<C>;
-    check_complex<C>(
-        seed, 0, [&](const C* s, C* d, int n, L l, C) { return f.lt(s, d, n, l); },
-        [&](C* s, int n, L l, C) { return f.lt_i(s, n, l); });
-    check_complex<C>(
-        seed + 1, 1, [&](const C* s, C* d, int n, L l, C) { return f.gt(s, d, n, l); },
-        [&](C* s, int n, L l, C) { return f.gt_i(s, n, l); });
-    for (VekCmpOp op : {4, 2, -3})
-        check_complex<C>(
-            seed + 2 + static_cast<uint64_t>(op + 3), op == 4 ? 1 : 0,
-            [&](const C* s, C* d, int n, L l, C) { return f.gen(s, d, n, l, op); },
-            [&](C* s, int n, L l, C) { return f.gen_i(s, n, l, op); });
-    check_complex<C>(seed + 4, 2, f.ltv, f.ltv_i);
-    check_complex<C>(seed + 5, 3, f.gtv, f.gtv_i);
+template <class T, class L>
+void check_family(uint64_t seed, const Family<T, L>& f) {
+    vt::Rng rng(seed);
+    check_member<T, L>(
+        rng, 0, [&](const T* s, T* d, int n, L l, T) { return f.lt(s, d, n, l); },
+        [&](T* s, int n, L l, T) { return f.lt_i(s, n, l); });
+    check_member<T, L>(
+        rng, 1, [&](const T* s, T* d, int n, L l, T) { return f.gt(s, d, n, l); },
+        [&](T* s, int n, L l, T) { return f.gt_i(s, n, l); });
+    // relOp 4 selects the "greater than" rule; any other value the "less than" one.
+    for (VekCmpOp op : {0, 1, 2, 3, 4, 5, -1, 1 << 30}) {
+        SCOPED_TRACE(op);
+        check_member<T, L>(
+            rng, op == 4 ? 1 : 0,
+            [&](const T* s, T* d, int n, L l, T) { return f.gen(s, d, n, l, op); },
+            [&](T* s, int n, L l, T) { return f.gen_i(s, n, l, op); });
+    }
+    check_member<T, L>(rng, 2, f.ltv, f.ltv_i);
+    check_member<T, L>(rng, 3, f.gtv, f.gtv_i);
 }
 
-TEST(Threshold, ComplexMembersFollowTheirRules) {
-    complex_family<Vek32fc>(10, FAMILY(32fc));
-    complex_family<Vek64fc>(20, FAMILY(64fc));
-    complex_family<Vek16sc>(30, FAMILY(16sc));
+TEST(Threshold, MembersFollowTheirRules) {
+    check_family<float, float>(1, FAMILY(32f));
+    check_family<double, double>(2, FAMILY(64f));
+    check_family<int16_t, int16_t>(3, FAMILY(16s));
+    check_family<Vek32fc, float>(10, FAMILY(32fc));
+    check_family<Vek64fc, double>(20, FAMILY(64fc));
+    check_family<Vek16sc, int16_t>(30, FAMILY(16sc));
+}
+
+TEST(Threshold, RealDocumentedValues) {
+    const float x[] = {1.0f, 2.0f, 3.0f};
+    float d[3];
+    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(d, {9.0f, 2.0f, 3.0f}));      // a tie keeps x
+    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
+    EXPECT_TRUE(vt::starts_with(d, {2.5f, 2.5f, 3.0f}));
 }
 
 TEST(Threshold, ComplexDocumentedValues) {
