@@ -62,57 +62,74 @@ std::vector<std::vector<int16_t>> sum_vectors(vt::Rng& rng) {
     return out;
 }
 
-TEST(Sum, Integer16sMatchesExactReference) {
+// The mean S / len * 2^-sf rounded half to even; 0 from sf 16 on, saturation below -14. `tie`
+// tells whether the exact quotient lies halfway between integers: the 16sc form multiplies by a
+// rounded reciprocal, so such a tie may fall to either neighbour.
+int16_t ref_mean16(int64_t s, int len, int sf, bool& tie) {
+    tie = false;
+    if (sf >= 16) return 0;
+    if (sf < -14) return s > 0 ? 32767 : s < 0 ? -32768 : 0;
+    const int64_t num = sf >= 0 ? s : s * (int64_t{1} << -sf);
+    const int64_t den = sf >= 0 ? int64_t{len} << sf : int64_t{len};
+    int64_t r = (2 * num) % (2 * den);
+    tie = (r < 0 ? r + 2 * den : r) == den;
+    return sat<int16_t>(LD(round_div_even(num, den)));
+}
+
+// Every vector is read as n 16-bit and as n / 2 complex elements: sums at every scale factor and
+// means (whose exact ties may fall either way in the complex form, which multiplies by a rounded
+// reciprocal).
+TEST(SumMean, Integer16sAnd16scMatchExactReference) {
     vt::Rng rng(1);
     const auto sfs = sfs_all();
     const auto vecs = sum_vectors(rng);
     vt::for_each_level([&](auto) {
         for (const auto& v : vecs) {
-            const int n = static_cast<int>(v.size());
+            const int n = static_cast<int>(v.size()), nc = n / 2;
             vt::Buf<int16_t> src(v, 2 + 4 * (n & 1));
-            const int64_t s = exact_sum(v);
+            vt::Buf<Vek16sc> csrc(nc, 4);
+            std::memcpy(csrc.data(), v.data(), nc * sizeof(Vek16sc));
+            const std::vector<int16_t> even(v.begin(), v.begin() + 2 * nc);
+            const int64_t s = exact_sum(v), re = exact_sum(even, 2, 0), im = exact_sum(even, 2, 1);
             for (int sf : sfs) {
+                SCOPED_TRACE(::testing::Message() << "n " << n << " sf " << sf << " S " << s);
                 int32_t r32 = 7;
-                int16_t r16 = 7;
+                int16_t r16 = 7, m = 7;
+                bool tie;
                 ASSERT_EQ(veksSum_16s32s_Sfs(src.data(), n, &r32, sf), vekStsOk);
-                ASSERT_EQ(r32, ref_sum32(s, sf)) << "n " << n << " sf " << sf << " S " << s;
                 ASSERT_EQ(veksSum_16s_Sfs(src.data(), n, &r16, sf), vekStsOk);
-                ASSERT_EQ(r16, sat<int16_t>(ref_sum32(s, sf))) << "n " << n << " sf " << sf;
-            }
-        }
-    });
-    const int16_t one[] = {1, 2};
-    int32_t r = -1;
-    EXPECT_EQ(veksSum_16s32s_Sfs(one, 1, &r, 1), vekStsOk); // 0.5 -> 0
-    EXPECT_EQ(r, 0);
-    EXPECT_EQ(veksSum_16s32s_Sfs(one, 2, &r, 1), vekStsOk); // 1.5 -> 2
-    EXPECT_EQ(r, 2);
-}
-
-TEST(Sum, Integer16scMatchesExactReference) {
-    vt::Rng rng(2);
-    const auto sfs = sfs_all();
-    std::vector<int> lengths = vt::test_lengths();
-    lengths.insert(lengths.end(), {65537, 100000});
-    vt::for_each_level([&](auto) {
-        for (int n : lengths) {
-            auto v = rng.vec<int16_t>(2 * n);
-            if (n >= 65537)
-                for (int i = 0; i < 2 * n; i += 2) v[i] = 32767; // real sums far beyond 2^31
-            vt::Buf<Vek16sc> src(n, 4);
-            std::memcpy(src.data(), v.data(), v.size() * sizeof(int16_t));
-            const int64_t re = exact_sum(v, 2, 0), im = exact_sum(v, 2, 1);
-            for (int sf : sfs) {
-                Vek32sc r32{7, 7};
-                Vek16sc r16{7, 7};
-                ASSERT_EQ(veksSum_16sc32sc_Sfs(src.data(), n, &r32, sf), vekStsOk);
-                ASSERT_EQ(veksSum_16sc_Sfs(src.data(), n, &r16, sf), vekStsOk);
+                ASSERT_EQ(veksMean_16s_Sfs(src.data(), n, &m, sf), vekStsOk);
+                ASSERT_EQ(r32, ref_sum32(s, sf));
+                ASSERT_EQ(r16, sat<int16_t>(ref_sum32(s, sf)));
+                ASSERT_EQ(m, ref_mean16(s, n, sf, tie));
+                if (nc == 0) continue;
+                Vek32sc c32{7, 7};
+                Vek16sc c16{7, 7}, mc{7, 7};
+                ASSERT_EQ(veksSum_16sc32sc_Sfs(csrc.data(), nc, &c32, sf), vekStsOk);
+                ASSERT_EQ(veksSum_16sc_Sfs(csrc.data(), nc, &c16, sf), vekStsOk);
+                ASSERT_EQ(veksMean_16sc_Sfs(csrc.data(), nc, &mc, sf), vekStsOk);
                 const int32_t wr = ref_sum32(re, sf), wi = ref_sum32(im, sf);
-                ASSERT_TRUE(r32.re == wr && r32.im == wi) << "n " << n << " sf " << sf;
-                ASSERT_TRUE(r16.re == sat<int16_t>(wr) && r16.im == sat<int16_t>(wi)) << sf;
+                ASSERT_TRUE(c32.re == wr && c32.im == wi);
+                ASSERT_TRUE(c16.re == sat<int16_t>(wr) && c16.im == sat<int16_t>(wi));
+                for (auto [got, sum] : {std::pair{mc.re, re}, std::pair{mc.im, im}}) {
+                    const int16_t want = ref_mean16(sum, nc, sf, tie);
+                    ASSERT_LE(std::abs(got - want), tie ? 1 : 0);
+                }
             }
         }
     });
+    // Ties to even, and a small mean still scaled by the largest upward shift: 0.5 -> 8192.
+    const int16_t v[] = {1, 2, 3, 0, 1};
+    int32_t r = -1;
+    int16_t m;
+    EXPECT_EQ(veksSum_16s32s_Sfs(v, 1, &r, 1), vekStsOk); // 0.5 -> 0
+    EXPECT_EQ(r, 0);
+    EXPECT_EQ(veksMean_16s_Sfs(v, 2, &m, 0), vekStsOk); // 1.5 -> 2
+    EXPECT_EQ(m, 2);
+    EXPECT_EQ(veksMean_16s_Sfs(v + 1, 2, &m, 0), vekStsOk); // 2.5 -> 2
+    EXPECT_EQ(m, 2);
+    EXPECT_EQ(veksMean_16s_Sfs(v + 3, 2, &m, -14), vekStsOk);
+    EXPECT_EQ(m, 8192);
 }
 
 template <class T>
@@ -175,58 +192,6 @@ TEST(Sum, FloatAgainstLongDouble) {
             EXPECT_EQ(s, 16777216.0f + static_cast<float>(n - 1));
         }
     });
-}
-
-// The mean S / len * 2^-sf rounded half to even; 0 from sf 16 on, saturation below -14. `tie`
-// tells whether the exact quotient lies halfway between integers: the 16sc form multiplies by a
-// rounded reciprocal, so such a tie may fall to either neighbour.
-int16_t ref_mean16(int64_t s, int len, int sf, bool& tie) {
-    tie = false;
-    if (sf >= 16) return 0;
-    if (sf < -14) return s > 0 ? 32767 : s < 0 ? -32768 : 0;
-    const int64_t num = sf >= 0 ? s : s * (int64_t{1} << -sf);
-    const int64_t den = sf >= 0 ? int64_t{len} << sf : int64_t{len};
-    int64_t r = (2 * num) % (2 * den);
-    tie = (r < 0 ? r + 2 * den : r) == den;
-    return sat<int16_t>(LD(round_div_even(num, den)));
-}
-
-TEST(Mean, Integer16sAnd16scExact) {
-    vt::Rng rng(4);
-    std::vector<int> lengths = vt::test_lengths();
-    lengths.insert(lengths.end(), {65536, 70001});
-    vt::for_each_level([&](auto) {
-        for (int n : lengths) {
-            auto v = rng.vec<int16_t>(2 * n);
-            if (n == 65536) std::fill(v.begin(), v.end(), int16_t{32767});
-            const std::vector<int16_t> real(v.begin(), v.begin() + n);
-            vt::Buf<int16_t> src(real, 2);
-            vt::Buf<Vek16sc> csrc(n, 4);
-            std::memcpy(csrc.data(), v.data(), v.size() * sizeof(int16_t));
-            const int64_t s = exact_sum(real), re = exact_sum(v, 2, 0), im = exact_sum(v, 2, 1);
-            for (int sf = -20; sf <= 20; ++sf) {
-                int16_t m = 7;
-                Vek16sc mc{7, 7};
-                bool tie;
-                ASSERT_EQ(veksMean_16s_Sfs(src.data(), n, &m, sf), vekStsOk);
-                ASSERT_EQ(m, ref_mean16(s, n, sf, tie)) << "n " << n << " sf " << sf;
-                ASSERT_EQ(veksMean_16sc_Sfs(csrc.data(), n, &mc, sf), vekStsOk);
-                for (auto [got, sum] : {std::pair{mc.re, re}, std::pair{mc.im, im}}) {
-                    const int16_t want = ref_mean16(sum, n, sf, tie);
-                    ASSERT_LE(std::abs(got - want), tie ? 1 : 0) << "n " << n << " sf " << sf;
-                }
-            }
-        }
-    });
-    // Ties to even, and a small mean still scaled by the largest upward shift: 0.5 -> 8192.
-    const int16_t v[] = {1, 2, 3, 0, 1};
-    int16_t m;
-    EXPECT_EQ(veksMean_16s_Sfs(v, 2, &m, 0), vekStsOk); // 1.5 -> 2
-    EXPECT_EQ(m, 2);
-    EXPECT_EQ(veksMean_16s_Sfs(v + 1, 2, &m, 0), vekStsOk); // 2.5 -> 2
-    EXPECT_EQ(m, 2);
-    EXPECT_EQ(veksMean_16s_Sfs(v + 3, 2, &m, -14), vekStsOk);
-    EXPECT_EQ(m, 8192);
 }
 
 // Long-double two-pass reference of the sample deviation.
