@@ -193,15 +193,17 @@ TEST(MaxOrder, IntegerOrders) {
     EXPECT_EQ(o, 32);
 }
 
+template <class T>
+struct OrderCase {
+    std::vector<T> v;
+    int order;
+    VekStatus st;
+};
+
 // The binary exponent of the largest magnitude; subnormals, NaN and infinities warn.
 TEST(MaxOrder, FloatOrdersAndWarnings) {
     const float inf = std::numeric_limits<float>::infinity();
-    struct Case {
-        std::vector<float> v;
-        int order;
-        VekStatus st;
-    };
-    const Case cases[] = {
+    const OrderCase<float> cases[] = {
         {{1.0f}, 1, vekStsOk},
         {{0.75f}, 0, vekStsOk},
         {{1e-40f}, -126, vekStsNanArgWrn},
@@ -213,13 +215,9 @@ TEST(MaxOrder, FloatOrdersAndWarnings) {
         {{1.1754944e-38f}, -125, vekStsOk},
         {{3.4028235e38f, inf}, 128, vekStsNanArgWrn},
     };
-    const struct {
-        std::vector<double> v;
-        int order;
-        VekStatus st;
-    } dcases[] = {{{1e-310, 0.0}, -1022, vekStsNanArgWrn},
-                  {{-0.75, kNanD, 1e300}, 997, vekStsNanArgWrn},
-                  {{-0.75}, 0, vekStsOk}};
+    const OrderCase<double> dcases[] = {{{1e-310, 0.0}, -1022, vekStsNanArgWrn},
+                                        {{-0.75, kNanD, 1e300}, 997, vekStsNanArgWrn},
+                                        {{-0.75}, 0, vekStsOk}};
     vt::Rng rng(32);
     vt::for_each_level([&](auto) {
         int o = 99;
