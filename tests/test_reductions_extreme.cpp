@@ -67,7 +67,7 @@ void check_extremes(uint64_t seed, VekStatus (*max_fn)(const T*, int, T*),
             for (int mode = 0; mode <= (kFloat ? 6 : 1); ++mode) {
                 // Mode 6: wide-range random data, the extreme unique and anywhere.
                 const auto v = mode == 6 ? rng.vec<T>(n) : extreme_data<T>(rng, n, mode);
-                vt::Buf<T> src(v, sizeof(T) == 8 ? 8 : 2);
+                vt::Buf<T> src(v, sizeof(T));
                 for (bool is_max : {true, false}) {
                     SCOPED_TRACE(::testing::Message()
                                  << "n " << n << " mode " << mode << (is_max ? " max" : " min"));
