@@ -13,194 +13,120 @@ const double kNanD = std::numeric_limits<double>::quiet_NaN();
 // The extreme-with-position scan as the contract states it: MaxIndx replaces on strictly
 // greater; MinIndx on strictly smaller or unordered.
 template <class T>
-std::pair<T, int> ref_maxindx(const std::vector<T>& v) {
-    T c = v[0];
-    int at = 0;
+std::pair<T, int> ref_indx(const std::vector<T>& v, bool is_max) {
+    std::pair<T, int> c{v[0], 0};
     for (int i = 1; i < static_cast<int>(v.size()); ++i)
-        if (v[i] > c) c = v[i], at = i;
-    return {c, at};
+        if (is_max ? v[i] > c.first : !(v[i] >= c.first)) c = {v[i], i};
+    return c;
 }
-template <class T>
-std::pair<T, int> ref_minindx(const std::vector<T>& v) {
-    T c = v[0];
-    int at = 0;
-    for (int i = 1; i < static_cast<int>(v.size()); ++i)
-        if (!(v[i] >= c)) c = v[i], at = i;
-    return {c, at};
-}
-// Plain Max/Min of floats: the first NaN if any, otherwise the first extreme element.
+// Plain Max/Min: the first NaN if any, otherwise the first extreme element.
 template <class T>
 T ref_plain(const std::vector<T>& v, bool is_max) {
     for (T x : v)
         if (x != x) return x;
-    return is_max ? ref_maxindx(v).first : ref_minindx(v).first;
+    return ref_indx(v, is_max).first;
 }
 
-// Small integers (many ties, signed zeros) with NaNs placed by `nan_mode`: 0 none, 1 first,
-// 2 last, 3 middle, 4 random sprinkle, 5 all.
+// Floats: small values (many ties, signed zeros) with NaNs placed by `mode`: 0 none, 1 first,
+// 2 last, 3 middle, 4 random sprinkle, 5 all. Integers: random (mode 0) or many ties.
 template <class T>
-std::vector<T> float_data(vt::Rng& rng, int n, int nan_mode) {
-    std::vector<T> v(n);
-    for (auto& x : v) {
-        const int64_t k = rng.range(-6, 6);
-        x = k == 0 ? (rng.next() & 1 ? T(-0.0) : T(0.0)) : static_cast<T>(k) * T(0.5);
-    }
-    const T nan = std::numeric_limits<T>::quiet_NaN();
-    switch (nan_mode) {
-    case 1: v[0] = nan; break;
-    case 2: v[n - 1] = nan; break;
-    case 3: v[n / 2] = nan; break;
-    case 4:
-        for (auto& x : v)
-            if (rng.next() % 7 == 0) x = -nan;
-        break;
-    case 5:
-        for (auto& x : v) x = nan;
-        break;
-    default: break;
-    }
-    return v;
-}
-
-std::vector<int> extreme_lengths() {
-    auto v = vt::test_lengths();
-    v.push_back(65537);
-    return v;
-}
-
-template <class T, class F1, class F2, class F3, class F4>
-void check_float_extremes(uint64_t seed, F1 max_fn, F2 min_fn, F3 maxi_fn, F4 mini_fn) {
-    vt::Rng rng(seed);
-    vt::for_each_level([&](auto) {
-        for (int n : extreme_lengths())
-            for (int mode = 0; mode <= 5; ++mode) {
-                const auto v = float_data<T>(rng, n, mode);
-                vt::Buf<T> src(v, sizeof(T) == 4 ? 4 : 8);
-                T got = 7;
-                int at = -5;
-                const auto mx = ref_maxindx(v), mn = ref_minindx(v);
-                ASSERT_EQ(maxi_fn(src.data(), n, &got, &at), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, mx.first)) << "max n " << n << " mode " << mode;
-                ASSERT_EQ(at, mx.second) << "max n " << n << " mode " << mode;
-                ASSERT_EQ(mini_fn(src.data(), n, &got, &at), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, mn.first)) << "min n " << n << " mode " << mode;
-                ASSERT_EQ(at, mn.second) << "min n " << n << " mode " << mode;
-                ASSERT_EQ(max_fn(src.data(), n, &got), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, ref_plain(v, true))) << n << " mode " << mode;
-                ASSERT_EQ(min_fn(src.data(), n, &got), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, ref_plain(v, false))) << n << " mode " << mode;
-                // Without a position pointer the call is the plain form.
-                ASSERT_EQ(maxi_fn(src.data(), n, &got, nullptr), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, ref_plain(v, true)));
-                ASSERT_EQ(mini_fn(src.data(), n, &got, nullptr), vekStsOk);
-                ASSERT_TRUE(vt::same_bits(got, ref_plain(v, false)));
-            }
-        // Wide-range random data: the extreme is unique, anywhere.
-        for (int n : {100, 4097, 70001}) {
-            auto v = vt::Rng(seed + n).vec<T>(n);
-            vt::Buf<T> src(v, sizeof(T));
-            T got;
-            int at;
-            ASSERT_EQ(maxi_fn(src.data(), n, &got, &at), vekStsOk);
-            ASSERT_EQ(at, ref_maxindx(v).second);
-            ASSERT_EQ(mini_fn(src.data(), n, &got, &at), vekStsOk);
-            ASSERT_EQ(at, ref_minindx(v).second);
+std::vector<T> extreme_data(vt::Rng& rng, int n, int mode) {
+    if constexpr (std::is_integral_v<T>) {
+        auto v = rng.vec<T>(n);
+        if (mode)
+            for (auto& x : v) x = static_cast<T>(rng.range(-2, 2));
+        return v;
+    } else {
+        std::vector<T> v(n);
+        for (auto& x : v) {
+            const int64_t k = rng.range(-6, 6);
+            x = k == 0 ? (rng.next() & 1 ? T(-0.0) : T(0.0)) : static_cast<T>(k) * T(0.5);
         }
+        const T nan = std::numeric_limits<T>::quiet_NaN();
+        if (mode == 1) v[0] = nan;
+        if (mode == 2) v[n - 1] = nan;
+        if (mode == 3) v[n / 2] = nan;
+        for (auto& x : v)
+            if (mode == 5 || (mode == 4 && rng.next() % 7 == 0)) x = -nan;
+        return v;
+    }
+}
+
+template <class T>
+void check_extremes(uint64_t seed, VekStatus (*max_fn)(const T*, int, T*),
+                    VekStatus (*min_fn)(const T*, int, T*),
+                    VekStatus (*maxi_fn)(const T*, int, T*, int*),
+                    VekStatus (*mini_fn)(const T*, int, T*, int*)) {
+    constexpr bool kFloat = std::is_floating_point_v<T>;
+    vt::Rng rng(seed);
+    auto lengths = vt::test_lengths();
+    lengths.push_back(65537);
+    if constexpr (kFloat) lengths.insert(lengths.end(), {100, 4097, 70001});
+    vt::for_each_level([&](auto) {
+        for (int n : lengths)
+            for (int mode = 0; mode <= (kFloat ? 6 : 1); ++mode) {
+                // Mode 6: wide-range random data, the extreme unique and anywhere.
+                const auto v = mode == 6 ? rng.vec<T>(n) : extreme_data<T>(rng, n, mode);
+                vt::Buf<T> src(v, sizeof(T));
+                for (bool is_max : {true, false}) {
+                    SCOPED_TRACE(::testing::Message()
+                                 << "n " << n << " mode " << mode << (is_max ? " max" : " min"));
+                    const auto want = ref_indx(v, is_max);
+                    T got = 7;
+                    int at = -5;
+                    ASSERT_EQ((is_max ? maxi_fn : mini_fn)(src.data(), n, &got, &at), vekStsOk);
+                    ASSERT_TRUE(vt::same_bits(got, want.first));
+                    ASSERT_EQ(at, want.second);
+                    ASSERT_EQ((is_max ? max_fn : min_fn)(src.data(), n, &got), vekStsOk);
+                    ASSERT_TRUE(vt::same_bits(got, ref_plain(v, is_max)));
+                    if constexpr (kFloat) { // without a position pointer: the plain form
+                        ASSERT_EQ((is_max ? maxi_fn : mini_fn)(src.data(), n, &got, nullptr),
+                                  vekStsOk);
+                        ASSERT_TRUE(vt::same_bits(got, ref_plain(v, is_max)));
+                    }
+                }
+            }
     });
 }
 
-TEST(MaxMinIndx, Float32MatchesContractScan) {
-    check_float_extremes<float>(11, veksMax_32f, veksMin_32f, veksMaxIndx_32f, veksMinIndx_32f);
+TEST(MaxMinIndx, MatchContractScan) {
+    check_extremes<float>(11, veksMax_32f, veksMin_32f, veksMaxIndx_32f, veksMinIndx_32f);
+    check_extremes<double>(12, veksMax_64f, veksMin_64f, veksMaxIndx_64f, veksMinIndx_64f);
+    check_extremes<int16_t>(13, veksMax_16s, veksMin_16s, veksMaxIndx_16s, veksMinIndx_16s);
 }
 
-TEST(MaxMinIndx, Float64MatchesContractScan) {
-    check_float_extremes<double>(12, veksMax_64f, veksMin_64f, veksMaxIndx_64f, veksMinIndx_64f);
-}
-
-TEST(MaxMinIndx, DocumentedNanPlacements) {
-    const float a[] = {3, 5, 5};
+TEST(MaxMinIndx, DocumentedNanPlacementsAndBlocks) {
+    const float first[] = {kNanF, 9, 1}, mid[] = {1, kNanF, 4, 2};
     float v;
     int at;
-    ASSERT_EQ(veksMaxIndx_32f(a, 3, &v, &at), vekStsOk);
-    EXPECT_EQ(v, 5);
-    EXPECT_EQ(at, 1);
-    const float first[] = {kNanF, 9, 1};
     ASSERT_EQ(veksMaxIndx_32f(first, 3, &v, &at), vekStsOk);
-    EXPECT_TRUE(std::isnan(v));
-    EXPECT_EQ(at, 0);
-    ASSERT_EQ(veksMinIndx_32f(first, 3, &v, &at), vekStsOk); // 9 replaces the NaN, 1 beats 9
-    EXPECT_EQ(v, 1);
-    EXPECT_EQ(at, 2);
-    const float mid[] = {1, kNanF, 4, 2};
-    ASSERT_EQ(veksMaxIndx_32f(mid, 4, &v, &at), vekStsOk);
-    EXPECT_EQ(v, 4);
-    EXPECT_EQ(at, 2);
+    EXPECT_TRUE(std::isnan(v) && at == 0);
     ASSERT_EQ(veksMinIndx_32f(mid, 4, &v, &at), vekStsOk); // the 1 before the NaN is forgotten
-    EXPECT_EQ(v, 2);
-    EXPECT_EQ(at, 3);
-    const double last[] = {1, 0, kNanD};
-    double d;
-    ASSERT_EQ(veksMinIndx_64f(last, 3, &d, &at), vekStsOk);
-    EXPECT_TRUE(std::isnan(d));
-    EXPECT_EQ(at, 2);
-    ASSERT_EQ(veksMaxIndx_64f(last, 3, &d, &at), vekStsOk);
-    EXPECT_EQ(d, 1);
-    EXPECT_EQ(at, 0);
-    ASSERT_EQ(veksMax_64f(last, 3, &d), vekStsOk);
-    EXPECT_TRUE(std::isnan(d));
-    ASSERT_EQ(veksMaxIndx_64f(last, 1, &d, &at), vekStsOk);
-    EXPECT_EQ(at, 0);
-}
-
-TEST(MaxMinIndx, Integer16sFirstPositionAcrossBlocks) {
-    vt::Rng rng(13);
+    EXPECT_TRUE(v == 2 && at == 3);
+    // Equal extremes in two different 65,536-element blocks: the earlier one wins.
+    std::vector<int16_t> w(200000, 0);
+    w[70000] = w[140000] = 500;
+    w[65535] = w[65536] = -500;
+    int16_t got;
     vt::for_each_level([&](auto) {
-        for (int n : extreme_lengths()) {
-            auto v = rng.vec<int16_t>(n);
-            if (n % 3 == 0)
-                for (auto& x : v) x = static_cast<int16_t>(rng.range(-2, 2)); // many ties
-            vt::Buf<int16_t> src(v, 2);
-            const auto mx = ref_maxindx(v), mn = ref_minindx(v);
-            int16_t got = 7;
-            int at = -1;
-            ASSERT_EQ(veksMaxIndx_16s(src.data(), n, &got, &at), vekStsOk);
-            ASSERT_EQ(got, mx.first);
-            ASSERT_EQ(at, mx.second) << n;
-            ASSERT_EQ(veksMinIndx_16s(src.data(), n, &got, &at), vekStsOk);
-            ASSERT_EQ(got, mn.first);
-            ASSERT_EQ(at, mn.second) << n;
-            ASSERT_EQ(veksMax_16s(src.data(), n, &got), vekStsOk);
-            ASSERT_EQ(got, mx.first);
-            ASSERT_EQ(veksMin_16s(src.data(), n, &got), vekStsOk);
-            ASSERT_EQ(got, mn.first);
-        }
-        // Equal extremes in two different 65,536-element blocks: the earlier one wins.
-        std::vector<int16_t> v(200000, 0);
-        v[70000] = v[140000] = 500;
-        v[65535] = v[65536] = -500;
-        int16_t got;
-        int at;
-        ASSERT_EQ(veksMaxIndx_16s(v.data(), 200000, &got, &at), vekStsOk);
+        ASSERT_EQ(veksMaxIndx_16s(w.data(), 200000, &got, &at), vekStsOk);
         EXPECT_EQ(at, 70000);
-        ASSERT_EQ(veksMinIndx_16s(v.data(), 200000, &got, &at), vekStsOk);
+        ASSERT_EQ(veksMinIndx_16s(w.data(), 200000, &got, &at), vekStsOk);
         EXPECT_EQ(at, 65535);
     });
 }
 
+// MaxEvery keeps the destination where it is not below the source; MinEvery takes the source
+// where the destination is above it: unordered pairs take the source for Max, keep the
+// destination for Min.
 template <class T>
 void check_every(uint64_t seed, VekStatus (*max_fn)(const T*, T*, int),
                  VekStatus (*min_fn)(const T*, T*, int)) {
     vt::Rng rng(seed);
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            std::vector<T> s, d;
-            if constexpr (std::is_floating_point_v<T>) {
-                s = float_data<T>(rng, n, 4);
-                d = float_data<T>(rng, n, 4);
-            } else {
-                s = rng.vec<T>(n);
-                d = rng.vec<T>(n);
-            }
+            const auto s = extreme_data<T>(rng, n, std::is_integral_v<T> ? 0 : 4);
+            const auto d = extreme_data<T>(rng, n, std::is_integral_v<T> ? 0 : 4);
             for (int op = 0; op < 2; ++op) {
                 vt::Buf<T> ps(s, 4), pd(d, 8);
                 ASSERT_EQ((op ? min_fn : max_fn)(ps.data(), pd.data(), n), vekStsOk);
@@ -215,20 +141,16 @@ void check_every(uint64_t seed, VekStatus (*max_fn)(const T*, T*, int),
     });
 }
 
-TEST(Every, Integer16s) { check_every<int16_t>(21, veksMaxEvery_16s_I, veksMinEvery_16s_I); }
-TEST(Every, Integer32s) { check_every<int32_t>(22, veksMaxEvery_32s_I, veksMinEvery_32s_I); }
-TEST(Every, Float32NanAsymmetry) {
+TEST(Every, MatchesRuleWithNanAsymmetry) {
+    check_every<int16_t>(21, veksMaxEvery_16s_I, veksMinEvery_16s_I);
+    check_every<int32_t>(22, veksMaxEvery_32s_I, veksMinEvery_32s_I);
     check_every<float>(23, veksMaxEvery_32f_I, veksMinEvery_32f_I);
     const float s[] = {kNanF, 1, kNanF};
-    float d[] = {2, kNanF, kNanF};
-    ASSERT_EQ(veksMaxEvery_32f_I(s, d, 3), vekStsOk); // unordered pairs take the source
-    EXPECT_TRUE(std::isnan(d[0]));
-    EXPECT_EQ(d[1], 1);
-    float e[] = {2, kNanF, 5};
-    ASSERT_EQ(veksMinEvery_32f_I(s, e, 3), vekStsOk); // unordered pairs keep the destination
-    EXPECT_EQ(e[0], 2);
-    EXPECT_TRUE(std::isnan(e[1]));
-    EXPECT_EQ(e[2], 5);
+    float d[] = {2, kNanF, kNanF}, e[] = {2, kNanF, 5};
+    ASSERT_EQ(veksMaxEvery_32f_I(s, d, 3), vekStsOk);
+    EXPECT_TRUE(std::isnan(d[0]) && d[1] == 1);
+    ASSERT_EQ(veksMinEvery_32f_I(s, e, 3), vekStsOk);
+    EXPECT_TRUE(e[0] == 2 && std::isnan(e[1]) && e[2] == 5);
 }
 
 int bits_of(uint64_t v) {
@@ -237,6 +159,7 @@ int bits_of(uint64_t v) {
     return b;
 }
 
+// The order is the bit length of the OR of all magnitudes (16 for -32768, 32 for INT32_MIN).
 TEST(MaxOrder, IntegerOrders) {
     vt::Rng rng(31);
     vt::for_each_level([&](auto) {
@@ -261,46 +184,50 @@ TEST(MaxOrder, IntegerOrders) {
             }
         }
     });
-    const int16_t m16[] = {3, -32768};
-    const int32_t m32[] = {-2147483647 - 1};
-    const int16_t z[] = {0, 0, 0};
-    const int16_t orx[] = {5, -2}; // 0b101 | 0b010 -> 3 bits
+    const int16_t m16[] = {-32768};
+    const int32_t m32[] = {INT32_MIN};
     int o;
-    EXPECT_EQ(veksMaxOrder_16s(m16 + 1, 1, &o), vekStsOk);
-    EXPECT_EQ(o, 16);
-    EXPECT_EQ(veksMaxOrder_16s(m16, 2, &o), vekStsOk);
+    EXPECT_EQ(veksMaxOrder_16s(m16, 1, &o), vekStsOk);
     EXPECT_EQ(o, 16);
     EXPECT_EQ(veksMaxOrder_32s(m32, 1, &o), vekStsOk);
     EXPECT_EQ(o, 32);
-    EXPECT_EQ(veksMaxOrder_16s(z, 3, &o), vekStsOk);
-    EXPECT_EQ(o, 0);
-    EXPECT_EQ(veksMaxOrder_16s(orx, 2, &o), vekStsOk);
-    EXPECT_EQ(o, 3);
 }
 
+template <class T>
+struct OrderCase {
+    std::vector<T> v;
+    int order;
+    VekStatus st;
+};
+
+// The binary exponent of the largest magnitude; subnormals, NaN and infinities warn.
 TEST(MaxOrder, FloatOrdersAndWarnings) {
+    const float inf = std::numeric_limits<float>::infinity();
+    const OrderCase<float> cases[] = {
+        {{1.0f}, 1, vekStsOk},
+        {{0.75f}, 0, vekStsOk},
+        {{1e-40f}, -126, vekStsNanArgWrn},
+        {{0.0f, -0.0f}, 0, vekStsOk},
+        {{kNanF}, 0, vekStsNanArgWrn},
+        {{-inf, 0.0f}, 0, vekStsNanArgWrn},
+        {{2.0f, kNanF, -3.5f}, 2, vekStsNanArgWrn},
+        {{-1024.0f, 3.0f, 1023.0f}, 11, vekStsOk},
+        {{1.1754944e-38f}, -125, vekStsOk},
+        {{3.4028235e38f, inf}, 128, vekStsNanArgWrn},
+    };
+    const OrderCase<double> dcases[] = {{{1e-310, 0.0}, -1022, vekStsNanArgWrn},
+                                        {{-0.75, kNanD, 1e300}, 997, vekStsNanArgWrn},
+                                        {{-0.75}, 0, vekStsOk}};
+    vt::Rng rng(32);
     vt::for_each_level([&](auto) {
-        struct Case {
-            std::vector<float> v;
-            int order;
-            VekStatus st;
-        };
-        const float inf = std::numeric_limits<float>::infinity();
-        const std::vector<Case> cases = {
-            {{1.0f}, 1, vekStsOk},
-            {{0.75f}, 0, vekStsOk},
-            {{1e-40f}, -126, vekStsNanArgWrn},
-            {{0.0f, -0.0f}, 0, vekStsOk},
-            {{kNanF}, 0, vekStsNanArgWrn},
-            {{-inf, 0.0f}, 0, vekStsNanArgWrn},
-            {{2.0f, kNanF, -3.5f}, 2, vekStsNanArgWrn},
-            {{-1024.0f, 3.0f, 1023.0f}, 11, vekStsOk},
-            {{1.1754944e-38f}, -125, vekStsOk},
-            {{3.4028235e38f, inf}, 128, vekStsNanArgWrn},
-        };
+        int o = 99;
         for (const auto& c : cases) {
-            int o = 99;
             EXPECT_EQ(veksMaxOrder_32f(c.v.data(), static_cast<int>(c.v.size()), &o), c.st)
+                << c.v[0];
+            EXPECT_EQ(o, c.order) << c.v[0];
+        }
+        for (const auto& c : dcases) {
+            EXPECT_EQ(veksMaxOrder_64f(c.v.data(), static_cast<int>(c.v.size()), &o), c.st)
                 << c.v[0];
             EXPECT_EQ(o, c.order) << c.v[0];
         }
@@ -308,22 +235,11 @@ TEST(MaxOrder, FloatOrdersAndWarnings) {
         for (float last : {kNanF, inf, 1e-40f, 5.0f}) {
             std::vector<float> v(67, -0.25f);
             v.back() = last;
-            int o = 99;
-            const VekStatus st = veksMaxOrder_32f(v.data(), 67, &o);
+            EXPECT_EQ(veksMaxOrder_32f(v.data(), 67, &o),
+                      std::isfinite(last) ? vekStsOk : vekStsNanArgWrn);
             EXPECT_EQ(o, last == 5.0f ? 3 : -1);
-            EXPECT_EQ(st, std::isfinite(last) ? vekStsOk : vekStsNanArgWrn);
         }
-        const double dd[] = {1e-310, 0.0};
-        const double dn[] = {-0.75, kNanD, 1e300};
-        int o = 99;
-        EXPECT_EQ(veksMaxOrder_64f(dd, 2, &o), vekStsNanArgWrn);
-        EXPECT_EQ(o, -1022);
-        EXPECT_EQ(veksMaxOrder_64f(dn, 3, &o), vekStsNanArgWrn);
-        EXPECT_EQ(o, 997);
-        EXPECT_EQ(veksMaxOrder_64f(dn, 1, &o), vekStsOk);
-        EXPECT_EQ(o, 0);
         // Random vectors against frexp of the largest magnitude.
-        vt::Rng rng(32);
         for (int n : vt::test_lengths()) {
             auto v = rng.vec<double>(n);
             double m = 0;
@@ -352,7 +268,7 @@ TEST(MaxOrder, LengthCheckedBeforePointers) {
 }
 
 // MaxIndx/MinIndx: the source and value pointers first; a null position pointer is not an
-// error, the call then answers as the plain form.
+// error. MaxEvery/MinEvery: both pointers before the length.
 TEST(Extremes, StatusesInOrderAndOutputsUntouched) {
     vt::each([](auto f) { vt::reduction_frame(f); }, veksMax_16s, veksMax_32f, veksMax_64f,
              veksMin_16s, veksMin_32f, veksMin_64f, veksMaxIndx_16s, veksMaxIndx_32f,
@@ -366,24 +282,8 @@ TEST(Extremes, StatusesInOrderAndOutputsUntouched) {
         EXPECT_EQ(veksMaxIndx_32f(f, len, &of, &at), vekStsDataSizeErr);
     }
     EXPECT_TRUE(of == 9 && at == 9);
-    const int16_t s[2] = {1, 2};
-    int16_t e16[2] = {5, 5};
-    int32_t e32[2] = {5, 5};
-    float ef[2] = {5, 5};
-    const int32_t s32[2] = {1, 9};
-    EXPECT_EQ(veksMaxEvery_16s_I(nullptr, e16, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksMinEvery_16s_I(s, nullptr, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxEvery_32s_I(s32, e32, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksMinEvery_32s_I(nullptr, e32, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxEvery_32f_I(f, ef, -2), vekStsDataSizeErr);
-    EXPECT_EQ(veksMinEvery_32f_I(f, nullptr, 2), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxEvery_16s_I(s, e16, 0), vekStsDataSizeErr);
-    EXPECT_TRUE(e16[0] == 5 && e32[1] == 5 && ef[0] == 5);
-    // Length 1: the element at position 0.
-    const double d[2] = {1, 2};
-    double od = 9;
-    ASSERT_EQ(veksMinIndx_64f(d + 1, 1, &od, &at), vekStsOk);
-    EXPECT_TRUE(od == 2 && at == 0);
+    vt::each([](auto fn) { vt::map_frame(fn); }, veksMaxEvery_16s_I, veksMinEvery_16s_I,
+             veksMaxEvery_32s_I, veksMinEvery_32s_I, veksMaxEvery_32f_I, veksMinEvery_32f_I);
 }
 
 } // namespace

@@ -9,129 +9,42 @@ namespace {
 
 using LD = long double;
 
-template <class T>
-std::vector<T> with_specials(std::vector<T> v, T level) {
-    // Ties with the level, zeros and (for floats) NaNs and infinities at fixed places.
-    for (size_t i = 0; i < v.size(); i += 5) v[i] = level;
-    for (size_t i = 2; i < v.size(); i += 7) v[i] = T(0);
-    if constexpr (std::is_floating_point_v<T>) {
-        for (size_t i = 3; i < v.size(); i += 11) v[i] = std::numeric_limits<T>::quiet_NaN();
-        for (size_t i = 4; i < v.size(); i += 13) v[i] = -std::numeric_limits<T>::infinity();
+// The ten members of one element type: general (relOp), LT, GT, LTVal, GTVal, each also in place.
+template <class T, class L>
+struct Family {
+    VekStatus (*gen)(const T*, T*, int, L, VekCmpOp);
+    VekStatus (*gen_i)(T*, int, L, VekCmpOp);
+    VekStatus (*lt)(const T*, T*, int, L);
+    VekStatus (*lt_i)(T*, int, L);
+    VekStatus (*gt)(const T*, T*, int, L);
+    VekStatus (*gt_i)(T*, int, L);
+    VekStatus (*ltv)(const T*, T*, int, L, T);
+    VekStatus (*ltv_i)(T*, int, L, T);
+    VekStatus (*gtv)(const T*, T*, int, L, T);
+    VekStatus (*gtv_i)(T*, int, L, T);
+};
+#define FAMILY(S)                                                                                  \
+    {                                                                                              \
+        veksThreshold_##S, veksThreshold_##S##_I, veksThreshold_LT_##S, veksThreshold_LT_##S##_I,  \
+            veksThreshold_GT_##S, veksThreshold_GT_##S##_I, veksThreshold_LTVal_##S,               \
+            veksThreshold_LTVal_##S##_I, veksThreshold_GTVal_##S, veksThreshold_GTVal_##S##_I      \
     }
-    return v;
-}
-
-// Runs out-of-place and in-place forms of one real member and compares with `rule`.
-template <class T, class Out, class In, class Rule>
-void check_real(vt::Rng& rng, Out out, In in, Rule rule) {
-    vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
-            const T level = rng.any<T>();
-            const auto src = with_specials(rng.vec<T>(n), level);
-            std::vector<T> want(n);
-            for (int i = 0; i < n; ++i) want[i] = rule(src[i], level);
-            vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
-            ASSERT_EQ(out(s.data(), d.data(), n, level), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << "n " << n;
-            ASSERT_TRUE(vt::bits_equal(s.vec(), src));
-            ASSERT_TRUE(d.guards_intact());
-            ASSERT_EQ(in(s.data(), n, level), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(s.vec(), want)) << "in place, n " << n;
-            ASSERT_TRUE(s.guards_intact());
-        }
-    });
-}
-
-template <class T>
-void real_family(uint64_t seed, VekStatus (*gen)(const T*, T*, int, T, VekCmpOp),
-                 VekStatus (*gen_i)(T*, int, T, VekCmpOp), VekStatus (*lt)(const T*, T*, int, T),
-                 VekStatus (*lt_i)(T*, int, T), VekStatus (*gt)(const T*, T*, int, T),
-                 VekStatus (*gt_i)(T*, int, T), VekStatus (*ltv)(const T*, T*, int, T, T),
-                 VekStatus (*ltv_i)(T*, int, T, T), VekStatus (*gtv)(const T*, T*, int, T, T),
-                 VekStatus (*gtv_i)(T*, int, T, T)) {
-    vt::Rng rng(seed);
-    const auto lt_rule = [](T x, T l) { return x < l ? l : x; };
-    const auto gt_rule = [](T x, T l) { return x > l ? l : x; };
-    check_real<T>(rng, lt, lt_i, lt_rule);
-    check_real<T>(rng, gt, gt_i, gt_rule);
-    for (VekCmpOp op : {0, 1, 2, 3, 4, 5, -1, 1 << 30}) {
-        SCOPED_TRACE(op);
-        auto o = [&](const T* s, T* d, int n, T l) { return gen(s, d, n, l, op); };
-        auto i = [&](T* s, int n, T l) { return gen_i(s, n, l, op); };
-        if (op == 4)
-            check_real<T>(rng, o, i, gt_rule);
-        else
-            check_real<T>(rng, o, i, lt_rule);
-    }
-    const T value = rng.any<T>();
-    check_real<T>(
-        rng, [&](const T* s, T* d, int n, T l) { return ltv(s, d, n, l, value); },
-        [&](T* s, int n, T l) { return ltv_i(s, n, l, value); },
-        [&](T x, T l) { return x < l ? value : x; });
-    check_real<T>(
-        rng, [&](const T* s, T* d, int n, T l) { return gtv(s, d, n, l, value); },
-        [&](T* s, int n, T l) { return gtv_i(s, n, l, value); },
-        [&](T x, T l) { return x > l ? value : x; });
-}
-
-#define REAL_FAMILY(S)                                                                             \
-    veksThreshold_##S, veksThreshold_##S##_I, veksThreshold_LT_##S, veksThreshold_LT_##S##_I,      \
-        veksThreshold_GT_##S, veksThreshold_GT_##S##_I, veksThreshold_LTVal_##S,                   \
-        veksThreshold_LTVal_##S##_I, veksThreshold_GTVal_##S, veksThreshold_GTVal_##S##_I
-
-TEST(Threshold, RealMembersFollowTheirRules) {
-    real_family<float>(1, REAL_FAMILY(32f));
-    real_family<double>(2, REAL_FAMILY(64f));
-    real_family<int16_t>(3, REAL_FAMILY(16s));
-}
-
-TEST(Threshold, RealDocumentedValues) {
-    const float x[] = {1.0f, 2.0f, 3.0f};
-    float d[3];
-    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {9.0f, 2.0f, 3.0f}));      // a tie keeps x
-    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
-    EXPECT_TRUE(vt::starts_with(d, {2.5f, 2.5f, 3.0f}));
-    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 4), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {1.0f, 2.0f, 2.5f}));
-    const int16_t s[] = {-32768, 0, 32767};
-    int16_t r[3];
-    ASSERT_EQ(veksThreshold_GTVal_16s(s, r, 3, 0, -7), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(r, {-32768, 0, -7}));
-}
-
-// ---- complex members --------------------------------------------------------------------------
 
 template <class C>
 using Base = decltype(C{}.re);
 
-// Reference in long double; for 16-bit data the rescaled parts round to nearest.
-template <class C>
-C ref_complex(int op, C x, Base<C> level, C value) {
-    using B = Base<C>;
-    const LD m2 = LD(x.re) * x.re + LD(x.im) * x.im, l2 = LD(level) * level;
-    const auto scaled = [&](LD f) {
-        LD re = x.re * f, im = x.im * f;
-        if constexpr (std::is_integral_v<B>) {
-            re = std::nearbyint(re), im = std::nearbyint(im);
-        }
-        return C{static_cast<B>(re), static_cast<B>(im)};
-    };
-    switch (op) {
-    case 0: return l2 > m2 ? (m2 == 0 ? C{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
-    case 1: return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
-    case 2: return m2 < l2 ? value : x;
-    default: return m2 > l2 ? value : x;
-    }
-}
-
+// Any value for real elements; parts within [-4, 4] for float complex, any parts for 16-bit.
 template <class C>
 C rand_c(vt::Rng& rng) {
-    using B = Base<C>;
-    if constexpr (std::is_integral_v<B>)
-        return C{rng.any<B>(), rng.any<B>()};
-    else
-        return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
+    if constexpr (std::is_arithmetic_v<C>) {
+        return rng.any<C>();
+    } else {
+        using B = Base<C>;
+        if constexpr (std::is_integral_v<B>)
+            return C{rng.any<B>(), rng.any<B>()};
+        else
+            return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
+    }
 }
 
 // Float parts within a few ulps of the reference (the rescale factor goes through a square root
@@ -149,120 +62,189 @@ bool close(C got, C want) {
     return near(got.re, want.re) && near(got.im, want.im);
 }
 
-template <class C, class Fn, class FnI>
-void check_complex(uint64_t seed, int op, Fn out, FnI in) {
-    vt::Rng rng(seed);
-    using B = Base<C>;
+// The four rules, by kind: 0 LT (raise to the level), 1 GT (lower to the level), 2 LTVal and 3
+// GTVal (replace by the value). Complex elements compare magnitudes, rescale to the level keeping
+// the phase (a zero becomes (level, 0)); 16-bit parts round to nearest.
+template <class T, class L>
+T ref_rule(int kind, T x, L level, T value) {
+    if constexpr (std::is_arithmetic_v<T>) {
+        const bool below = x<level, above = x> level;
+        return kind == 0   ? (below ? level : x)
+               : kind == 1 ? (above ? level : x)
+               : kind == 2 ? (below ? value : x)
+                           : (above ? value : x);
+    } else {
+        const LD m2 = LD(x.re) * x.re + LD(x.im) * x.im, l2 = LD(level) * level;
+        const auto scaled = [&](LD f) {
+            LD re = x.re * f, im = x.im * f;
+            if constexpr (std::is_integral_v<L>) re = std::nearbyint(re), im = std::nearbyint(im);
+            return T{static_cast<L>(re), static_cast<L>(im)};
+        };
+        switch (kind) {
+        case 0: return l2 > m2 ? (m2 == 0 ? T{level, 0} : scaled(std::sqrt(l2 / m2))) : x;
+        case 1: return m2 > l2 ? scaled(std::sqrt(l2 / m2)) : x;
+        case 2: return m2 < l2 ? value : x;
+        default: return m2 > l2 ? value : x;
+        }
+    }
+}
+
+// Random data with ties with the level and zeros at fixed places; real floats also get NaNs and
+// infinities. Real levels are any value; complex ones are magnitudes.
+template <class T, class L>
+std::vector<T> threshold_src(vt::Rng& rng, int n, L level) {
+    std::vector<T> v(n);
+    if constexpr (std::is_arithmetic_v<T>) {
+        v = rng.vec<T>(n);
+        for (int i = 0; i < n; i += 5) v[i] = level;
+        for (int i = 2; i < n; i += 7) v[i] = T(0);
+        if constexpr (std::is_floating_point_v<T>) {
+            for (int i = 3; i < n; i += 11) v[i] = std::numeric_limits<T>::quiet_NaN();
+            for (int i = 4; i < n; i += 13) v[i] = -std::numeric_limits<T>::infinity();
+        }
+    } else {
+        for (auto& x : v) x = rand_c<T>(rng);
+        for (int i = 1; i < n; i += 6) v[i] = T{0, 0};
+        for (int i = 4; i < n; i += 9) v[i] = T{level, 0};
+    }
+    return v;
+}
+
+// One member, out of place against the rule (bit for bit where the result is selected rather than
+// rescaled), then in place with the same bits; source and guards untouched.
+template <class T, class L, class Out, class In>
+void check_member(vt::Rng& rng, int kind, Out out, In in) {
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            const B level = std::is_integral_v<B> ? static_cast<B>(rng.range(0, 32767))
-                                                  : static_cast<B>(rng.uniform(0, 4));
-            const C value = rand_c<C>(rng);
-            std::vector<C> src(n);
-            for (auto& x : src) x = rand_c<C>(rng);
-            for (int i = 1; i < n; i += 6) src[i] = C{0, 0};
-            for (int i = 4; i < n; i += 9) src[i] = C{level, 0}; // tie
-            vt::Buf<C> s(src, alignof(C)), d(n, 3 * alignof(C));
+            L level = rng.any<L>();
+            if constexpr (!std::is_arithmetic_v<T>)
+                level = std::is_integral_v<L> ? L(rng.range(0, 32767)) : L(rng.uniform(0, 4));
+            const T value = rand_c<T>(rng);
+            const auto src = threshold_src<T>(rng, n, level);
+            vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
             ASSERT_EQ(out(s.data(), d.data(), n, level, value), vekStsOk);
             for (int i = 0; i < n; ++i) {
-                const C want = ref_complex(op, src[i], level, value);
-                ASSERT_TRUE(close(d[i], want)) << "op " << op << " n " << n << " i " << i;
-                if (op >= 2) { // selections are exact
-                    ASSERT_TRUE(vt::same_bits(d[i], want));
-                }
+                const T want = ref_rule(kind, src[i], level, value);
+                if constexpr (std::is_arithmetic_v<T>)
+                    ASSERT_TRUE(vt::same_bits(d[i], want)) << "kind " << kind << " n " << n;
+                else
+                    ASSERT_TRUE(kind >= 2 ? vt::same_bits(d[i], want) : close(d[i], want))
+                        << "kind " << kind << " n " << n << " i " << i;
             }
-            ASSERT_TRUE(d.guards_intact());
-            const auto first = d.vec();
+            ASSERT_TRUE(vt::bits_equal(s.vec(), src) && d.guards_intact());
             ASSERT_EQ(in(s.data(), n, level, value), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(s.vec(), first)) << "in place differs, n " << n;
+            ASSERT_TRUE(vt::bits_equal(s.vec(), d.vec())) << "in place, n " << n;
+            ASSERT_TRUE(s.guards_intact());
         }
     });
 }
 
-template <class C>
-void complex_family(
-    uint64_t seed, VekStatus (*gen)(const C*, C*, int, Base<C>, VekCmpOp),
-    VekStatus (*gen_i)(C*, int, Base<C>, VekCmpOp), VekStatus (*lt)(const C*, C*, int, Base<C>),
-    VekStatus (*lt_i)(C*, int, Base<C>), VekStatus (*gt)(const C*, C*, int, Base<C>),
-    VekStatus (*gt_i)(C*, int, Base<C>), VekStatus (*ltv)(const C*, C*, int, Base<C>, C),
-    VekStatus (*ltv_i)(C*, int, Base<C>, C), VekStatus (*gtv)(const C*, C*, int, Base<C>, C),
-    VekStatus (*gtv_i)(C*, int, Base<C>, C)) {
-    using L = Base<C>;
-    check_complex<C>(
-        seed, 0, [&](const C* s, C* d, int n, L l, C) { return lt(s, d, n, l); },
-        [&](C* s, int n, L l, C) { return lt_i(s, n, l); });
-    check_complex<C>(
-        seed + 1, 1, [&](const C* s, C* d, int n, L l, C) { return gt(s, d, n, l); },
-        [&](C* s, int n, L l, C) { return gt_i(s, n, l); });
-    check_complex<C>(
-        seed + 2, 1, [&](const C* s, C* d, int n, L l, C) { return gen(s, d, n, l, 4); },
-        [&](C* s, int n, L l, C) { return gen_i(s, n, l, 4); });
-    check_complex<C>(
-        seed + 3, 0, [&](const C* s, C* d, int n, L l, C) { return gen(s, d, n, l, 2); },
-        [&](C* s, int n, L l, C) { return gen_i(s, n, l, -3); });
-    check_complex<C>(seed + 4, 2, ltv, ltv_i);
-    check_complex<C>(seed + 5, 3, gtv, gtv_i);
+template <class T, class L>
+void check_family(uint64_t seed, const Family<T, L>& f) {
+    vt::Rng rng(seed);
+    check_member<T, L>(
+        rng, 0, [&](const T* s, T* d, int n, L l, T) { return f.lt(s, d, n, l); },
+        [&](T* s, int n, L l, T) { return f.lt_i(s, n, l); });
+    check_member<T, L>(
+        rng, 1, [&](const T* s, T* d, int n, L l, T) { return f.gt(s, d, n, l); },
+        [&](T* s, int n, L l, T) { return f.gt_i(s, n, l); });
+    // relOp 4 selects the "greater than" rule; any other value the "less than" one.
+    for (VekCmpOp op : {0, 1, 2, 3, 4, 5, -1, 1 << 30}) {
+        SCOPED_TRACE(op);
+        check_member<T, L>(
+            rng, op == 4 ? 1 : 0,
+            [&](const T* s, T* d, int n, L l, T) { return f.gen(s, d, n, l, op); },
+            [&](T* s, int n, L l, T) { return f.gen_i(s, n, l, op); });
+    }
+    check_member<T, L>(rng, 2, f.ltv, f.ltv_i);
+    check_member<T, L>(rng, 3, f.gtv, f.gtv_i);
 }
 
-TEST(Threshold, ComplexMembersFollowTheirRules) {
-    complex_family<Vek32fc>(10, REAL_FAMILY(32fc));
-    complex_family<Vek64fc>(20, REAL_FAMILY(64fc));
-    complex_family<Vek16sc>(30, REAL_FAMILY(16sc));
+TEST(Threshold, MembersFollowTheirRules) {
+    check_family<float, float>(1, FAMILY(32f));
+    check_family<double, double>(2, FAMILY(64f));
+    check_family<int16_t, int16_t>(3, FAMILY(16s));
+    check_family<Vek32fc, float>(10, FAMILY(32fc));
+    check_family<Vek64fc, double>(20, FAMILY(64fc));
+    check_family<Vek16sc, int16_t>(30, FAMILY(16sc));
 }
 
-TEST(Threshold, ComplexDocumentedValues) {
-    const Vek32fc x[] = {{0, 0}, {1, 0}, {0, -1}, {3, 4}};
-    Vek32fc d[4];
-    ASSERT_EQ(veksThreshold_LT_32fc(x, d, 4, 2.0f), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {{2, 0}, {2, 0}, {0, -2}, {3, 4}}));
-    ASSERT_EQ(veksThreshold_GT_32fc(x, d, 4, 2.5f), vekStsOk); // (3, 4) down to magnitude 2.5
-    EXPECT_FLOAT_EQ(d[3].re, 1.5f);
-    EXPECT_FLOAT_EQ(d[3].im, 2.0f);
+TEST(Threshold, DocumentedValues) {
+    const float x[] = {1.0f, 2.0f, 3.0f};
+    float d[3];
+    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(d, {9.0f, 2.0f, 3.0f}));      // a tie keeps x
+    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
+    EXPECT_TRUE(vt::starts_with(d, {2.5f, 2.5f, 3.0f}));
+    const Vek32fc c[] = {{0, 0}, {1, 0}, {0, -1}, {3, 4}};
+    Vek32fc e[4];
+    ASSERT_EQ(veksThreshold_LT_32fc(c, e, 4, 2.0f), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(e, {{2, 0}, {2, 0}, {0, -2}, {3, 4}}));
     const Vek16sc s[] = {{0, 0}, {3, 4}, {-1, 1}};
     Vek16sc r[3];
     ASSERT_EQ(veksThreshold_LT_16sc(s, r, 3, 10), vekStsOk); // 10 / sqrt(2) = 7.07
     EXPECT_TRUE(vt::starts_with(r, {{10, 0}, {6, 8}, {-7, 7}}));
-    ASSERT_EQ(veksThreshold_LTVal_16sc(s, r, 3, 5, Vek16sc{9, -9}), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(r, {{9, -9}, {3, 4}, {9, -9}})); // |x| = level: kept
 }
 
 // ---- reciprocal threshold ---------------------------------------------------------------------
 
+// Zeros (of both signs for real data) at every eleventh place, small values at every third.
 template <class T>
-T ref_inv(T x, T level) {
-    if (x == 0) return level == 0 ? std::numeric_limits<T>::infinity() : T(1) / level;
-    if (std::fabs(x) < level) return std::copysign(T(1) / level, x);
-    return T(1) / x;
+T inv_src(vt::Rng& rng, int i) {
+    if constexpr (std::is_floating_point_v<T>) {
+        if (i % 11 == 2) return i % 2 ? T(-0.0) : T(0.0);
+        return i % 3 ? rng.any<T>() : static_cast<T>(rng.uniform(-1, 1));
+    } else {
+        return i % 11 == 2 ? T{0, 0} : rand_c<T>(rng);
+    }
 }
 
-template <class T>
-void check_lt_inv(uint64_t seed, VekStatus (*out)(const T*, T*, int, T),
-                  VekStatus (*in)(T*, int, T)) {
+// Real: 1/x, or +-1/level where |x| < level, bit for bit. Complex: the conjugate over the squared
+// magnitude, or over magnitude times level where the magnitude is below the level. A zero gives
+// 1/level (+inf for level 0, with the warning).
+template <class T, class B>
+bool inv_ok(T x, B level, T got) {
+    if constexpr (std::is_floating_point_v<T>) {
+        const T want = x == 0 ? (level == 0 ? std::numeric_limits<T>::infinity() : T(1) / level)
+                       : std::fabs(x) < level ? std::copysign(T(1) / level, x)
+                                              : T(1) / x;
+        return vt::same_bits(got, want);
+    } else {
+        const LD re = x.re, im = x.im, m2 = re * re + im * im, l = level;
+        if (m2 == 0)
+            return vt::same_bits(got,
+                                 T{level == 0 ? std::numeric_limits<B>::infinity() : B(1 / l), 0});
+        const LD den = m2 >= l * l ? m2 : std::sqrt(m2) * l;
+        return close(got, T{B(re / den), B(-im / den)});
+    }
+}
+
+template <class T, class B>
+void check_lt_inv(uint64_t seed, VekStatus (*out)(const T*, T*, int, B),
+                  VekStatus (*in)(T*, int, B)) {
     vt::Rng rng(seed);
     vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
-            for (T level : {T(0), T(0.75), T(100)}) {
-                auto src = rng.vec<T>(n);
-                for (int i = 0; i < n; i += 3) src[i] = static_cast<T>(rng.uniform(-1, 1));
-                bool zero = false;
-                for (int i = 5; i < n; i += 17) src[i] = (zero = true, T(i % 2 ? -0.0 : 0.0));
-                std::vector<T> want(n);
-                for (int i = 0; i < n; ++i) want[i] = ref_inv(src[i], level);
-                const VekStatus st = zero && level == 0 ? vekStsInvThreshZeroWrn : vekStsOk;
+        for (int n : vt::test_lengths())
+            for (B level : {B(0), B(0.75), B(3), B(100)}) {
+                std::vector<T> src(n);
+                for (int i = 0; i < n; ++i) src[i] = inv_src<T>(rng, i);
+                const VekStatus st = n > 2 && level == 0 ? vekStsInvThreshZeroWrn : vekStsOk;
                 vt::Buf<T> s(src, alignof(T)), d(n, 3 * alignof(T));
                 ASSERT_EQ(out(s.data(), d.data(), n, level), st);
-                ASSERT_TRUE(vt::bits_equal(d.vec(), want)) << "n " << n << " level " << level;
+                for (int i = 0; i < n; ++i)
+                    ASSERT_TRUE(inv_ok(src[i], level, d[i])) << "i " << i << " level " << level;
                 ASSERT_EQ(in(s.data(), n, level), st);
-                ASSERT_TRUE(vt::bits_equal(s.vec(), want));
+                ASSERT_TRUE(vt::bits_equal(s.vec(), d.vec()));
                 ASSERT_TRUE(s.guards_intact() && d.guards_intact());
             }
-        }
     });
 }
 
-TEST(ThresholdLTInv, RealRule) {
-    check_lt_inv<float>(40, veksThreshold_LTInv_32f, veksThreshold_LTInv_32f_I);
-    check_lt_inv<double>(41, veksThreshold_LTInv_64f, veksThreshold_LTInv_64f_I);
+TEST(ThresholdLTInv, RealAndComplexRules) {
+    check_lt_inv(40, veksThreshold_LTInv_32f, veksThreshold_LTInv_32f_I);
+    check_lt_inv(41, veksThreshold_LTInv_64f, veksThreshold_LTInv_64f_I);
+    check_lt_inv(50, veksThreshold_LTInv_32fc, veksThreshold_LTInv_32fc_I);
+    check_lt_inv(51, veksThreshold_LTInv_64fc, veksThreshold_LTInv_64fc_I);
     const float z[] = {1.0f, 0.0f, 4.0f};
     float d[3];
     ASSERT_EQ(veksThreshold_LTInv_32f(z, d, 3, 0.0f), vekStsInvThreshZeroWrn);
@@ -272,79 +254,37 @@ TEST(ThresholdLTInv, RealRule) {
     EXPECT_EQ(d[2], 0.25f); // the vector is finished
 }
 
-template <class C>
-void check_lt_inv_c(uint64_t seed, VekStatus (*out)(const C*, C*, int, Base<C>),
-                    VekStatus (*in)(C*, int, Base<C>)) {
-    using B = Base<C>;
-    vt::Rng rng(seed);
-    vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
-            for (B level : {B(0), B(0.75), B(3)}) {
-                std::vector<C> src(n);
-                for (auto& x : src) x = rand_c<C>(rng);
-                for (int i = 2; i < n; i += 11) src[i] = C{0, 0};
-                const bool zero = n > 2;
-                vt::Buf<C> s(src, alignof(C)), d(n, 3 * alignof(C));
-                const VekStatus st = zero && level == 0 ? vekStsInvThreshZeroWrn : vekStsOk;
-                ASSERT_EQ(out(s.data(), d.data(), n, level), st);
-                for (int i = 0; i < n; ++i) {
-                    const LD re = src[i].re, im = src[i].im, m2 = re * re + im * im, l = level;
-                    C want;
-                    if (m2 == 0)
-                        want = C{level == 0 ? std::numeric_limits<B>::infinity() : B(1 / l), 0};
-                    else if (m2 >= l * l)
-                        want = C{B(re / m2), B(-im / m2)};
-                    else
-                        want = C{B(re / (std::sqrt(m2) * l)), B(-im / (std::sqrt(m2) * l))};
-                    ASSERT_TRUE(std::isinf(want.re) ? vt::same_bits(d[i], want) : close(d[i], want))
-                        << "i " << i << " level " << level;
-                }
-                const auto first = d.vec();
-                ASSERT_EQ(in(s.data(), n, level), st);
-                ASSERT_TRUE(vt::bits_equal(s.vec(), first));
-            }
-        }
-    });
-}
-
-TEST(ThresholdLTInv, ComplexRule) {
-    check_lt_inv_c<Vek32fc>(50, veksThreshold_LTInv_32fc, veksThreshold_LTInv_32fc_I);
-    check_lt_inv_c<Vek64fc>(51, veksThreshold_LTInv_64fc, veksThreshold_LTInv_64fc_I);
-}
-
 // ---- normalisation ----------------------------------------------------------------------------
 
+// Real members against a long-double quotient within a couple of ulps; complex members multiply
+// by the reciprocal of the divisor, exact for a power of two, in place.
 TEST(Normalize, FloatMembers) {
     vt::Rng rng(60);
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
             const auto a = rng.vec<float>(n);
-            const float sub = 3.25f, div = -7.5f;
-            vt::Buf<float> s(a, 4), d(n, 8);
-            ASSERT_EQ(veksNormalize_32f(s.data(), d.data(), n, sub, div), vekStsOk);
-            for (int i = 0; i < n; ++i)
-                ASSERT_NEAR(d[i], (LD(a[i]) - sub) / div,
-                            std::fabs((LD(a[i]) - sub) / div) * 0x1p-23L);
             const auto b = rng.vec<double>(n);
+            vt::Buf<float> s(a, 4), d(n, 8);
             vt::Buf<double> sb(b, 8), db(n, 0);
+            ASSERT_EQ(veksNormalize_32f(s.data(), d.data(), n, 3.25f, -7.5f), vekStsOk);
             ASSERT_EQ(veksNormalize_64f(sb.data(), db.data(), n, -1.5, 3.0), vekStsOk);
-            for (int i = 0; i < n; ++i)
-                ASSERT_NEAR(db[i], (LD(b[i]) + 1.5) / 3,
-                            std::fabs((LD(b[i]) + 1.5) / 3) * 0x1p-51L);
-            std::vector<Vek32fc> c(n);
-            for (auto& x : c) x = rand_c<Vek32fc>(rng);
-            vt::Buf<Vek32fc> sc(c, 4), dc(n, 4);
-            ASSERT_EQ(veksNormalize_32fc(sc.data(), dc.data(), n, Vek32fc{1, -2}, 0.5f), vekStsOk);
             for (int i = 0; i < n; ++i) {
-                EXPECT_EQ(dc[i].re, static_cast<float>((double(c[i].re) - 1) * 2));
-                EXPECT_EQ(dc[i].im, static_cast<float>((double(c[i].im) + 2) * 2));
+                const LD w = (LD(a[i]) - 3.25L) / -7.5L, wb = (LD(b[i]) + 1.5L) / 3;
+                ASSERT_NEAR(d[i], w, std::fabs(w) * 0x1p-23L);
+                ASSERT_NEAR(db[i], wb, std::fabs(wb) * 0x1p-51L);
             }
+            std::vector<Vek32fc> c(n);
             std::vector<Vek64fc> e(n);
+            for (auto& x : c) x = rand_c<Vek32fc>(rng);
             for (auto& x : e) x = rand_c<Vek64fc>(rng);
+            vt::Buf<Vek32fc> sc(c, 4), dc(n, 4);
             vt::Buf<Vek64fc> se(e, 8);
+            ASSERT_EQ(veksNormalize_32fc(sc.data(), dc.data(), n, Vek32fc{1, -2}, 0.5f), vekStsOk);
             ASSERT_EQ(veksNormalize_64fc(se.data(), se.data(), n, Vek64fc{0.5, 0.25}, 4.0),
                       vekStsOk);
             for (int i = 0; i < n; ++i) {
+                EXPECT_EQ(dc[i].re, static_cast<float>((double(c[i].re) - 1) * 2));
+                EXPECT_EQ(dc[i].im, static_cast<float>((double(c[i].im) + 2) * 2));
                 EXPECT_EQ(se[i].re, (e[i].re - 0.5) * 0.25);
                 EXPECT_EQ(se[i].im, (e[i].im - 0.25) * 0.25);
             }
@@ -392,11 +332,12 @@ TEST(Normalize, SixteenBitMembersRoundHalfToEven) {
 
 // ---- call frame -------------------------------------------------------------------------------
 
-// Out-of-place member: null pointers (-8) before the length (-6) before the level check (-19,
-// when `level_checked`), with the destination untouched; a negative level works otherwise.
+// Null pointers before the length before the level check (when `level_checked`), with the
+// destination untouched; a negative level works otherwise. An in-place member is given the same
+// calls, its one pointer null whenever either of the two is.
 template <class T, class L, class Fn>
-void frame_out(Fn fn, bool level_checked) {
-    T s[3]{};
+void frame(Fn fn, bool level_checked) {
+    const T s[3]{};
     vt::Marked<T, 3> d;
     const L neg = std::is_integral_v<L> ? L(-1) : static_cast<L>(-0.5);
     EXPECT_EQ(fn(nullptr, d.v, 0, neg), vekStsNullPointerErr);
@@ -409,64 +350,52 @@ void frame_out(Fn fn, bool level_checked) {
     EXPECT_TRUE(d.untouched());
     EXPECT_GE(fn(s, d.v, 3, level_checked ? L(0) : neg), vekStsOk);
 }
-
 template <class T, class L, class Fn>
-void frame_in(Fn fn, bool level_checked) {
-    vt::Marked<T, 3> s;
-    const L neg = std::is_integral_v<L> ? L(-1) : static_cast<L>(-0.5);
-    EXPECT_EQ(fn(nullptr, 0, neg), vekStsNullPointerErr);
-    EXPECT_EQ(fn(s.v, 0, neg), vekStsDataSizeErr);
-    if (level_checked) {
-        EXPECT_EQ(fn(s.v, 3, neg), vekStsThresholdLevelErr);
-    }
-    EXPECT_TRUE(s.untouched());
+auto in_place(Fn fn) {
+    return [fn](const T* s, T* d, int n, L l) { return fn(s && d ? d : nullptr, n, l); };
 }
 
-#define FRAME_MEMBERS(S, T, L, checked)                                                            \
-    frame_out<T, L>([](auto s, auto d, int n, L l) { return veksThreshold_##S(s, d, n, l, 0); },   \
-                    checked);                                                                      \
-    frame_out<T, L>([](auto s, auto d, int n, L l) { return veksThreshold_##S(s, d, n, l, 4); },   \
-                    checked);                                                                      \
-    frame_out<T, L>(veksThreshold_LT_##S, checked);                                                \
-    frame_out<T, L>(veksThreshold_GT_##S, checked);                                                \
-    frame_out<T, L>(                                                                               \
-        [](auto s, auto d, int n, L l) { return veksThreshold_LTVal_##S(s, d, n, l, T{}); },       \
-        checked);                                                                                  \
-    frame_out<T, L>(                                                                               \
-        [](auto s, auto d, int n, L l) { return veksThreshold_GTVal_##S(s, d, n, l, T{}); },       \
-        checked);                                                                                  \
-    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_##S##_I(s, n, l, 4); }, checked); \
-    frame_in<T, L>(veksThreshold_LT_##S##_I, checked);                                             \
-    frame_in<T, L>(veksThreshold_GT_##S##_I, checked);                                             \
-    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_LTVal_##S##_I(s, n, l, T{}); },   \
-                   checked);                                                                       \
-    frame_in<T, L>([](auto s, int n, L l) { return veksThreshold_GTVal_##S##_I(s, n, l, T{}); },   \
-                   checked);
+template <class T, class L>
+void frame_family(const Family<T, L>& f, bool checked) {
+    for (VekCmpOp op : {0, 4}) {
+        frame<T, L>([&](const T* s, T* d, int n, L l) { return f.gen(s, d, n, l, op); }, checked);
+        frame<T, L>(in_place<T, L>([&](T* p, int n, L l) { return f.gen_i(p, n, l, op); }),
+                    checked);
+    }
+    frame<T, L>(f.lt, checked);
+    frame<T, L>(f.gt, checked);
+    frame<T, L>(in_place<T, L>(f.lt_i), checked);
+    frame<T, L>(in_place<T, L>(f.gt_i), checked);
+    frame<T, L>([&](const T* s, T* d, int n, L l) { return f.ltv(s, d, n, l, T{}); }, checked);
+    frame<T, L>([&](const T* s, T* d, int n, L l) { return f.gtv(s, d, n, l, T{}); }, checked);
+    frame<T, L>(in_place<T, L>([&](T* p, int n, L l) { return f.ltv_i(p, n, l, T{}); }), checked);
+    frame<T, L>(in_place<T, L>([&](T* p, int n, L l) { return f.gtv_i(p, n, l, T{}); }), checked);
+}
 
 TEST(ThresholdFrame, StatusesInOrderAndOutputsUntouched) {
-    FRAME_MEMBERS(32f, float, float, false)
-    FRAME_MEMBERS(64f, double, double, false)
-    FRAME_MEMBERS(16s, int16_t, int16_t, false)
-    FRAME_MEMBERS(32fc, Vek32fc, float, true)
-    FRAME_MEMBERS(64fc, Vek64fc, double, true)
-    FRAME_MEMBERS(16sc, Vek16sc, int16_t, true)
-    frame_out<float, float>(veksThreshold_LTInv_32f, true);
-    frame_out<double, double>(veksThreshold_LTInv_64f, true);
-    frame_out<Vek32fc, float>(veksThreshold_LTInv_32fc, true);
-    frame_out<Vek64fc, double>(veksThreshold_LTInv_64fc, true);
-    frame_in<float, float>(veksThreshold_LTInv_32f_I, true);
-    frame_in<double, double>(veksThreshold_LTInv_64f_I, true);
-    frame_in<Vek32fc, float>(veksThreshold_LTInv_32fc_I, true);
-    frame_in<Vek64fc, double>(veksThreshold_LTInv_64fc_I, true);
+    frame_family<float, float>(FAMILY(32f), false);
+    frame_family<double, double>(FAMILY(64f), false);
+    frame_family<int16_t, int16_t>(FAMILY(16s), false);
+    frame_family<Vek32fc, float>(FAMILY(32fc), true);
+    frame_family<Vek64fc, double>(FAMILY(64fc), true);
+    frame_family<Vek16sc, int16_t>(FAMILY(16sc), true);
+    frame<float, float>(veksThreshold_LTInv_32f, true);
+    frame<double, double>(veksThreshold_LTInv_64f, true);
+    frame<Vek32fc, float>(veksThreshold_LTInv_32fc, true);
+    frame<Vek64fc, double>(veksThreshold_LTInv_64fc, true);
+    frame<float, float>(in_place<float, float>(veksThreshold_LTInv_32f_I), true);
+    frame<double, double>(in_place<double, double>(veksThreshold_LTInv_64f_I), true);
+    frame<Vek32fc, float>(in_place<Vek32fc, float>(veksThreshold_LTInv_32fc_I), true);
+    frame<Vek64fc, double>(in_place<Vek64fc, double>(veksThreshold_LTInv_64fc_I), true);
 }
 
+// Pointers, then the length, then a zero or subnormal divisor; nothing written on error.
 TEST(NormalizeFrame, StatusesInOrderAndOutputsUntouched) {
     float s[2] = {1, 2}, d[2] = {7, 7};
     EXPECT_EQ(veksNormalize_32f(nullptr, d, 0, 0, 0), vekStsNullPointerErr);
     EXPECT_EQ(veksNormalize_32f(s, d, 0, 0, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 0), vekStsDivideByZeroErr);
-    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 1e-39f), vekStsDivideByZeroErr); // subnormal
-    EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, -1e-39f), vekStsDivideByZeroErr);
+    for (float div : {0.0f, 1e-39f, -1e-39f})
+        EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, div), vekStsDivideByZeroErr) << div;
     EXPECT_EQ(d[0], 7.0f);
     EXPECT_EQ(veksNormalize_32f(s, d, 2, 0, 1.1754943508222875e-38f), vekStsOk);
     double sd[1] = {1}, dd[1] = {5};
@@ -475,21 +404,19 @@ TEST(NormalizeFrame, StatusesInOrderAndOutputsUntouched) {
     EXPECT_EQ(dd[0], 5.0);
     EXPECT_EQ(veksNormalize_64f(sd, dd, 1, 0, 1e-300), vekStsOk);
     Vek32fc c[1] = {{1, 1}}, cd[1] = {{5, 5}};
+    Vek64fc e[1] = {{1, 1}}, ed[1] = {{5, 5}};
     EXPECT_EQ(veksNormalize_32fc(c, cd, -2, Vek32fc{0, 0}, 0), vekStsDataSizeErr);
     EXPECT_EQ(veksNormalize_32fc(c, cd, 1, Vek32fc{0, 0}, 0), vekStsDivideByZeroErr);
-    Vek64fc e[1] = {{1, 1}}, ed[1] = {{5, 5}};
     EXPECT_EQ(veksNormalize_64fc(e, ed, 1, Vek64fc{0, 0}, 2e-308), vekStsDivideByZeroErr);
-    EXPECT_EQ(cd[0].re, 5.0f);
-    EXPECT_EQ(ed[0].re, 5.0);
+    EXPECT_TRUE(cd[0].re == 5.0f && ed[0].re == 5.0);
     int16_t i16[1] = {4}, o16[1] = {9};
+    Vek16sc c16[1] = {{4, 4}}, oc16[1] = {{9, 9}};
     EXPECT_EQ(veksNormalize_16s_Sfs(i16, nullptr, 1, 0, 0, 0), vekStsNullPointerErr);
     EXPECT_EQ(veksNormalize_16s_Sfs(i16, o16, 0, 0, 0, 0), vekStsDataSizeErr);
     EXPECT_EQ(veksNormalize_16s_Sfs(i16, o16, 1, 0, 0, 0), vekStsDivideByZeroErr);
-    EXPECT_EQ(o16[0], 9);
-    Vek16sc c16[1] = {{4, 4}}, oc16[1] = {{9, 9}};
     EXPECT_EQ(veksNormalize_16sc_Sfs(nullptr, oc16, 1, Vek16sc{0, 0}, 1, 0), vekStsNullPointerErr);
     EXPECT_EQ(veksNormalize_16sc_Sfs(c16, oc16, 1, Vek16sc{0, 0}, 0, 0), vekStsDivideByZeroErr);
-    EXPECT_EQ(oc16[0].re, 9);
+    EXPECT_TRUE(o16[0] == 9 && oc16[0].re == 9);
 }
 
 } // namespace
