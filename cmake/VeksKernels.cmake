@@ -1,6 +1,7 @@
 # Multi-ISA kernel sources.
 #
-# A kernel source named src/kernels/<family>_simd.cpp is compiled once per instruction-set level
+# A kernel source named <family>_simd.cpp (anywhere under src/, beside its family's entry points)
+# is compiled once per instruction-set level
 # that the target has: as `scalar` (the reference: auto-vectorisation off), and on x86 as `sse2`,
 # `avx2` (AVX2 + FMA) and `avx512` (F, BW, DQ, VL). Each compilation sees VEK_ISA (the namespace
 # name) and VEK_ISA_LEVEL (0, 1, 2, 3), so the file writes its loops once and adds hand-written intrinsics under
@@ -45,10 +46,13 @@ function(veks_filter_kernel_sources out_var)
     set(result)
     foreach(src IN LISTS ${out_var})
         if(src MATCHES "_simd\\.cpp$")
-            get_filename_component(stem ${src} NAME_WE)
+            # The wrapper keeps the source's path below src/, so that equal file names in two
+            # family folders cannot collide.
+            file(RELATIVE_PATH rel ${PROJECT_SOURCE_DIR}/src ${src})
+            string(REGEX REPLACE "\\.cpp$" "" rel ${rel})
             foreach(isa IN LISTS VEKS_ISA_LEVELS)
-                set(wrapper ${PROJECT_BINARY_DIR}/kernels/${stem}_${isa}.cpp)
-                set(content "// Generated: ${stem} compiled for ${isa}.\n#define VEK_ISA ${isa}\n#define VEK_ISA_LEVEL ${VEKS_ISA_NUMBER_${isa}}\n#include \"${src}\"\n")
+                set(wrapper ${PROJECT_BINARY_DIR}/kernels/${rel}_${isa}.cpp)
+                set(content "// Generated: ${rel} compiled for ${isa}.\n#define VEK_ISA ${isa}\n#define VEK_ISA_LEVEL ${VEKS_ISA_NUMBER_${isa}}\n#include \"${src}\"\n")
                 if(EXISTS ${wrapper})
                     file(READ ${wrapper} old)
                 else()

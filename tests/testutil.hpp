@@ -11,7 +11,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "kernels/isa.hpp"
+#include "simd/isa.hpp"
 #include "veks.h"
 
 namespace vt {

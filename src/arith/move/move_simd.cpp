@@ -1,0 +1,320 @@
+// Data-movement and complex-layout kernels, compiled once per instruction-set level (VEK_ISA).
+//
+// The SIMD paths work on one register of VB bytes at a time (16, 32 or 64): element reversal
+// is a byte shuffle inside each 16-byte lane followed by a reversal of the lanes, conjugation
+// is a sign-bit flip (floats) or a ones' complement plus one with a saturating add (16-bit
+// integers), which is exactly what the scalar tails do element by element.
+#include <cstring>
+
+#include "arith/move/move.hpp"
+#include "simd/ns.hpp"
+
+#if VEK_ISA_LEVEL >= 1
+#include <immintrin.h>
+#endif
+
+namespace veks::kern::VEK_ISA {
+namespace {
+
+// ---- Scalar element operations ------------------------------------------------------------
+
+inline Vek16s negate_saturate(Vek16s x) {
+    const int32_t v = int32_t{static_cast<Vek16s>(~x)} + 1;
+    return static_cast<Vek16s>(v > 32767 ? 32767 : v);
+}
+
+inline Vek16sc conj_s(Vek16sc c) { return Vek16sc{c.re, negate_saturate(c.im)}; }
+inline Vek32fc conj_s(Vek32fc c) { return Vek32fc{c.re, -c.im}; }
+inline Vek64fc conj_s(Vek64fc c) { return Vek64fc{c.re, -c.im}; }
+
+template <class T>
+inline T identity_s(T x) {
+    return x;
+}
+
+#if VEK_ISA_LEVEL >= 1
+// ---- One register of VB bytes ---------------------------------------------------------------
+
+#if VEK_ISA_LEVEL >= 3
+using V = __m512i;
+constexpr size_t VB = 64;
+inline V ld(const void* p) { return _mm512_loadu_si512(p); }
+inline void st(void* p, V v) { _mm512_storeu_si512(p, v); }
+inline void stream(void* p, V v) { _mm512_stream_si512(static_cast<__m512i*>(p), v); }
+inline V vxor(V a, V b) { return _mm512_xor_si512(a, b); }
+inline V adds16(V a, V b) { return _mm512_adds_epi16(a, b); }
+#elif VEK_ISA_LEVEL >= 2
+using V = __m256i;
+constexpr size_t VB = 32;
+inline V ld(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i*>(p)); }
+inline void st(void* p, V v) { _mm256_storeu_si256(static_cast<__m256i*>(p), v); }
+inline void stream(void* p, V v) { _mm256_stream_si256(static_cast<__m256i*>(p), v); }
+inline V vxor(V a, V b) { return _mm256_xor_si256(a, b); }
+inline V adds16(V a, V b) { return _mm256_adds_epi16(a, b); }
+#else
+using V = __m128i;
+constexpr size_t VB = 16;
+inline V ld(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+inline void st(void* p, V v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
+inline void stream(void* p, V v) { _mm_stream_si128(static_cast<__m128i*>(p), v); }
+inline V vxor(V a, V b) { return _mm_xor_si128(a, b); }
+inline V adds16(V a, V b) { return _mm_adds_epi16(a, b); }
+#endif
+
+// A register filled with copies of the 16 bytes at p.
+inline V splat16(const void* p) {
+    alignas(64) unsigned char b[VB];
+    for (size_t k = 0; k < VB; k += 16) std::memcpy(b + k, p, 16);
+    return ld(b);
+}
+
+// Byte shuffle that reverses the S-byte elements of each 16-byte lane.
+template <size_t S>
+struct LaneReverse {
+    alignas(16) unsigned char b[16] = {};
+    constexpr LaneReverse() {
+        for (size_t k = 0; k < 16; ++k)
+            b[k] = static_cast<unsigned char>((16 / S - 1 - k / S) * S + k % S);
+    }
+};
+
+// Reverses the order of the S-byte elements of a register.
+template <size_t S>
+inline V rev(V x) {
+#if VEK_ISA_LEVEL >= 3
+    if constexpr (S < 16) {
+        static constexpr LaneReverse<S> mask{};
+        x = _mm512_shuffle_epi8(x, splat16(mask.b));
+    }
+    return _mm512_maskz_shuffle_i64x2(0xFF, x, x, 0x1B); // (maskz: avoids an undefined operand)
+#elif VEK_ISA_LEVEL >= 2
+    if constexpr (S < 16) {
+        static constexpr LaneReverse<S> mask{};
+        x = _mm256_shuffle_epi8(x, splat16(mask.b));
+    }
+    return _mm256_permute2x128_si256(x, x, 0x01);
+#else
+    if constexpr (S == 16) return x;
+    if constexpr (S == 8) return _mm_shuffle_epi32(x, 0x4E);
+    if constexpr (S == 4) return _mm_shuffle_epi32(x, 0x1B);
+    if constexpr (S == 1) x = _mm_or_si128(_mm_slli_epi16(x, 8), _mm_srli_epi16(x, 8));
+    x = _mm_shufflelo_epi16(x, 0x1B);
+    x = _mm_shufflehi_epi16(x, 0x1B);
+    return _mm_shuffle_epi32(x, 0x4E);
+#endif
+}
+
+// Register-wide conjugation of interleaved complex values; the 16-byte constants repeat.
+template <class C>
+struct Conj {
+    V flip, inc;
+    Conj() {
+        alignas(16) unsigned char f[16] = {}, a[16] = {};
+        if constexpr (sizeof(C) == 4) {
+            // ~im + 1 with signed saturation: xor the imaginary halves, then add 1 to them.
+            for (int k = 0; k < 16; k += 4) f[k + 2] = f[k + 3] = 0xFF, a[k + 2] = 1;
+        } else {
+            // Sign bit of each imaginary part.
+            constexpr size_t half = sizeof(C) / 2;
+            for (size_t k = 0; k < 16; k += sizeof(C)) f[k + 2 * half - 1] = 0x80;
+        }
+        flip = splat16(f);
+        inc = splat16(a);
+    }
+    V operator()(V x) const {
+        if constexpr (sizeof(C) == 4) return adds16(vxor(x, flip), inc);
+        return vxor(x, flip);
+    }
+};
+
+struct Identity {
+    V operator()(V x) const { return x; }
+};
+#endif
+
+// ---- Fill -----------------------------------------------------------------------------------
+
+// From this many bytes on (beyond a typical last-level cache), a fill streams past the caches:
+// the destination would not stay in them anyway, and non-temporal stores skip reading the lines
+// before writing them. Below it, ordinary stores leave the data in cache for its next reader.
+constexpr size_t kStreamBytes = size_t{32} << 20;
+
+template <class T>
+void fill(T value, T* dst, int n) {
+    unsigned char b[sizeof(T)];
+    std::memcpy(b, &value, sizeof(T));
+    bool uniform = true;
+    for (size_t k = 1; k < sizeof(T); ++k) uniform = uniform && b[k] == b[0];
+    const size_t bytes = static_cast<size_t>(n) * sizeof(T);
+    if (uniform) {
+        std::memset(dst, b[0], bytes);
+        return;
+    }
+#if VEK_ISA_LEVEL >= 1
+    if (bytes >= 2 * VB) {
+        alignas(16) unsigned char pat[16];
+        for (size_t k = 0; k < 16; ++k) pat[k] = b[k % sizeof(T)];
+        const V p = splat16(pat);
+        unsigned char* d = reinterpret_cast<unsigned char*>(dst);
+        unsigned char* const end = d + bytes;
+        if (bytes >= kStreamBytes) {
+            // Two unaligned registers cover the head; the aligned body takes its pattern (in
+            // the phase of the aligned addresses) from what was just written.
+            st(d, p);
+            st(d + VB, p);
+            const uintptr_t a = (reinterpret_cast<uintptr_t>(d) + VB - 1) & ~uintptr_t{VB - 1};
+            unsigned char* q = d + (a - reinterpret_cast<uintptr_t>(d));
+            const V phased = ld(q);
+            for (; q + VB <= end; q += VB) stream(q, phased);
+            _mm_sfence();
+        } else {
+            for (unsigned char* q = d; q + VB <= end; q += VB) st(q, p);
+        }
+        // The last register ends at `end`; its start lies a whole number of elements in.
+        st(end - VB, p);
+        return;
+    }
+#endif
+    for (int i = 0; i < n; ++i) dst[i] = value;
+}
+
+// ---- Flip and conjugation -------------------------------------------------------------------
+
+// dst[i] = op(src[n - 1 - i]) for disjoint vectors.
+template <class T, bool Conjugate>
+void flip(const T* src, T* dst, int n) {
+    const size_t N = static_cast<size_t>(n);
+    size_t i = 0;
+#if VEK_ISA_LEVEL >= 1
+    constexpr size_t E = VB / sizeof(T);
+    if constexpr (Conjugate) {
+        const Conj<T> op;
+        for (; i + E <= N; i += E) st(dst + i, op(rev<sizeof(T)>(ld(src + N - i - E))));
+    } else {
+        for (; i + E <= N; i += E) st(dst + i, rev<sizeof(T)>(ld(src + N - i - E)));
+    }
+#endif
+    for (; i < N; ++i) {
+        if constexpr (Conjugate)
+            dst[i] = conj_s(src[N - 1 - i]);
+        else
+            dst[i] = src[N - 1 - i];
+    }
+}
+
+// In place: reverses p[0..n) and applies op to every element (the middle one included).
+template <class T, bool Conjugate>
+void flip_i(T* p, int n) {
+    size_t lo = 0, hi = static_cast<size_t>(n);
+#if VEK_ISA_LEVEL >= 1
+    constexpr size_t E = VB / sizeof(T);
+    [[maybe_unused]] const auto op = [] {
+        if constexpr (Conjugate)
+            return Conj<T>{};
+        else
+            return Identity{};
+    }();
+    for (; hi - lo >= 2 * E; lo += E, hi -= E) {
+        const V a = ld(p + lo), b = ld(p + hi - E);
+        st(p + lo, op(rev<sizeof(T)>(b)));
+        st(p + hi - E, op(rev<sizeof(T)>(a)));
+    }
+#endif
+    for (; hi - lo >= 2; ++lo) {
+        --hi;
+        const T a = p[lo];
+        if constexpr (Conjugate) {
+            p[lo] = conj_s(p[hi]);
+            p[hi] = conj_s(a);
+        } else {
+            p[lo] = p[hi];
+            p[hi] = a;
+        }
+    }
+    if constexpr (Conjugate) {
+        if (hi - lo == 1) p[lo] = conj_s(p[lo]);
+    }
+}
+
+template <class T>
+void conj(const T* src, T* dst, int n) {
+    const size_t N = static_cast<size_t>(n);
+    size_t i = 0;
+#if VEK_ISA_LEVEL >= 1
+    constexpr size_t E = VB / sizeof(T);
+    const Conj<T> op;
+    for (; i + E <= N; i += E) st(dst + i, op(ld(src + i)));
+#endif
+    for (; i < N; ++i) dst[i] = conj_s(src[i]);
+}
+
+// ---- Split and join -------------------------------------------------------------------------
+
+template <class R, class C>
+void split(const C* src, R* re, R* im, int n) {
+    if (re && im) {
+        for (int i = 0; i < n; ++i) {
+            re[i] = src[i].re;
+            im[i] = src[i].im;
+        }
+    } else if (re) {
+        for (int i = 0; i < n; ++i) re[i] = src[i].re;
+    } else {
+        for (int i = 0; i < n; ++i) im[i] = src[i].im;
+    }
+}
+
+template <class R, class C>
+void join(const R* re, const R* im, C* dst, int n) {
+    if (re && im) {
+        for (int i = 0; i < n; ++i) dst[i] = C{re[i], im[i]};
+    } else if (re) {
+        for (int i = 0; i < n; ++i) dst[i] = C{re[i], R{0}};
+    } else {
+        for (int i = 0; i < n; ++i) dst[i] = C{R{0}, im[i]};
+    }
+}
+
+void copy(const void* src, void* dst, size_t bytes) { std::memmove(dst, src, bytes); }
+
+} // namespace
+
+extern const MoveKernels move = {
+    .copy = copy,
+    .fill_8u = fill<Vek8u>,
+    .fill_16s = fill<Vek16s>,
+    .fill_32s = fill<Vek32s>,
+    .fill_32f = fill<Vek32f>,
+    .fill_64s = fill<Vek64s>,
+    .fill_64f = fill<Vek64f>,
+    .fill_16sc = fill<Vek16sc>,
+    .fill_32sc = fill<Vek32sc>,
+    .fill_32fc = fill<Vek32fc>,
+    .fill_64sc = fill<Vek64sc>,
+    .fill_64fc = fill<Vek64fc>,
+    .flip_8u = flip<Vek8u, false>,
+    .flip_16u = flip<Vek16u, false>,
+    .flip_32f = flip<Vek32f, false>,
+    .flip_64f = flip<Vek64f, false>,
+    .flip_8u_i = flip_i<Vek8u, false>,
+    .flip_16u_i = flip_i<Vek16u, false>,
+    .flip_32f_i = flip_i<Vek32f, false>,
+    .flip_64f_i = flip_i<Vek64f, false>,
+    .conj_16sc = conj<Vek16sc>,
+    .conj_32fc = conj<Vek32fc>,
+    .conj_64fc = conj<Vek64fc>,
+    .conjflip_16sc = flip<Vek16sc, true>,
+    .conjflip_32fc = flip<Vek32fc, true>,
+    .conjflip_64fc = flip<Vek64fc, true>,
+    .conjflip_16sc_i = flip_i<Vek16sc, true>,
+    .conjflip_32fc_i = flip_i<Vek32fc, true>,
+    .conjflip_64fc_i = flip_i<Vek64fc, true>,
+    .split_16sc = split<Vek16s, Vek16sc>,
+    .split_32fc = split<Vek32f, Vek32fc>,
+    .split_64fc = split<Vek64f, Vek64fc>,
+    .join_16s = join<Vek16s, Vek16sc>,
+    .join_32f = join<Vek32f, Vek32fc>,
+    .join_64f = join<Vek64f, Vek64fc>,
+};
+
+} // namespace veks::kern::VEK_ISA

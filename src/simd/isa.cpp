@@ -1,0 +1,56 @@
+#include "simd/isa.hpp"
+
+namespace veks::isa {
+
+namespace detail {
+std::atomic<int> active_level{-1};
+
+int resolve() noexcept {
+    int level = best();
+    int expected = -1;
+    // A racing first call resolves to the same value; keep whichever landed first.
+    if (!active_level.compare_exchange_strong(expected, level, std::memory_order_relaxed))
+        level = expected;
+    return level;
+}
+} // namespace detail
+
+const char* name(Level level) noexcept {
+    switch (level) {
+    case avx512: return "avx512";
+    case avx2: return "avx2";
+    case sse2: return "sse2";
+    default: return "scalar";
+    }
+}
+
+bool available(Level level) noexcept {
+    switch (level) {
+    case scalar: return true;
+#if VEKS_HAVE_X86_KERNELS
+    case sse2: return __builtin_cpu_supports("sse2");
+    case avx2: return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+    case avx512:
+        return available(avx2) && __builtin_cpu_supports("avx512f") &&
+               __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
+               __builtin_cpu_supports("avx512vl");
+#endif
+    default: return false;
+    }
+}
+
+Level best() noexcept {
+    static const Level level = available(avx512) ? avx512
+                               : available(avx2) ? avx2
+                               : available(sse2) ? sse2
+                                                 : scalar;
+    return level;
+}
+
+bool set_level(Level level) noexcept {
+    if (!available(level)) return false;
+    detail::active_level.store(level, std::memory_order_relaxed);
+    return true;
+}
+
+} // namespace veks::isa

@@ -1,0 +1,221 @@
+// Threshold and normalisation kernels, compiled once per instruction-set level (VEK_ISA). The
+// real loops are plain compare-and-select loops that the compiler turns into packed compares and
+// blends at every SIMD level, with the same element results as the scalar level.
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "simd/numeric.hpp"
+#include "stats/threshold/threshold.hpp"
+
+namespace veks::kern::VEK_ISA {
+namespace {
+
+// ---- real members -----------------------------------------------------------------------------
+
+template <class T>
+void lt(const T* s, T* d, int n, T level) {
+    for (int i = 0; i < n; ++i) d[i] = s[i] < level ? level : s[i];
+}
+
+template <class T>
+void gt(const T* s, T* d, int n, T level) {
+    for (int i = 0; i < n; ++i) d[i] = s[i] > level ? level : s[i];
+}
+
+template <class T>
+void lt_val(const T* s, T* d, int n, T level, T value) {
+    for (int i = 0; i < n; ++i) d[i] = s[i] < level ? value : s[i];
+}
+
+template <class T>
+void gt_val(const T* s, T* d, int n, T level, T value) {
+    for (int i = 0; i < n; ++i) d[i] = s[i] > level ? value : s[i];
+}
+
+// ---- complex members --------------------------------------------------------------------------
+
+template <class C>
+using Base = decltype(C{}.re);
+
+template <class B>
+B to_part(double v) {
+    if constexpr (std::is_integral_v<B>)
+        return num::round_even_saturate<B>(v);
+    else
+        return static_cast<B>(v);
+}
+
+template <class C>
+double mag2(const C& x) {
+    const double re = x.re, im = x.im;
+    return re * re + im * im;
+}
+
+// Both parts times sqrt(level^2 / |x|^2): the element moved to magnitude `level`, same phase.
+template <class C>
+C rescale(const C& x, double m2, double l2) {
+    const double f = std::sqrt(l2 / m2);
+    return C{to_part<Base<C>>(x.re * f), to_part<Base<C>>(x.im * f)};
+}
+
+template <class C>
+void lt_c(const C* s, C* d, int n, Base<C> level) {
+    const double l2 = static_cast<double>(level) * level;
+    for (int i = 0; i < n; ++i) {
+        const C x = s[i];
+        const double m2 = mag2(x);
+        if (!(l2 > m2))
+            d[i] = x;
+        else if (m2 == 0)
+            d[i] = C{level, Base<C>{0}};
+        else
+            d[i] = rescale(x, m2, l2);
+    }
+}
+
+template <class C>
+void gt_c(const C* s, C* d, int n, Base<C> level) {
+    const double l2 = static_cast<double>(level) * level;
+    for (int i = 0; i < n; ++i) {
+        const C x = s[i];
+        const double m2 = mag2(x);
+        d[i] = m2 > l2 ? rescale(x, m2, l2) : x;
+    }
+}
+
+template <class C>
+void lt_val_c(const C* s, C* d, int n, Base<C> level, C value) {
+    const double l2 = static_cast<double>(level) * level;
+    for (int i = 0; i < n; ++i) d[i] = mag2(s[i]) < l2 ? value : s[i];
+}
+
+template <class C>
+void gt_val_c(const C* s, C* d, int n, Base<C> level, C value) {
+    const double l2 = static_cast<double>(level) * level;
+    for (int i = 0; i < n; ++i) d[i] = mag2(s[i]) > l2 ? value : s[i];
+}
+
+// ---- reciprocal threshold ---------------------------------------------------------------------
+
+// |x| >= level: 1/x. 0 < |x| < level: 1/level with the sign of x (the reciprocal of x lifted to
+// the level). x = 0: 1/level, or +infinity when the level is 0. A NaN gives a NaN.
+template <class T>
+bool lt_inv(const T* s, T* d, int n, T level) {
+    const T inv_level = T{1} / level;
+    bool zero_met = false;
+    for (int i = 0; i < n; ++i) {
+        const T x = s[i];
+        if (x == 0) {
+            zero_met |= level == 0;
+            d[i] = level == 0 ? std::numeric_limits<T>::infinity() : inv_level;
+        } else {
+            d[i] = std::fabs(x) < level ? std::copysign(inv_level, x) : T{1} / x;
+        }
+    }
+    return zero_met;
+}
+
+// |x|^2 >= level^2: conj(x) / |x|^2. Smaller magnitudes: conj(x) / (|x| level), the reciprocal's
+// direction at magnitude 1/level. x = 0: (1/level, 0), or (+infinity, 0) when the level is 0.
+template <class C>
+bool lt_inv_c(const C* s, C* d, int n, Base<C> level) {
+    using B = Base<C>;
+    const double lv = level, l2 = lv * lv;
+    bool zero_met = false;
+    for (int i = 0; i < n; ++i) {
+        const C x = s[i];
+        const double m2 = mag2(x);
+        if (m2 == 0) {
+            zero_met |= level == 0;
+            d[i] =
+                C{level == 0 ? std::numeric_limits<B>::infinity() : static_cast<B>(1.0 / lv), B{0}};
+        } else {
+            const double den = m2 >= l2 ? m2 : std::sqrt(m2) * lv;
+            d[i] = C{static_cast<B>(x.re / den), static_cast<B>(-x.im / den)};
+        }
+    }
+    return zero_met;
+}
+
+// ---- normalisation ----------------------------------------------------------------------------
+
+template <class T>
+void normalize(const T* s, T* d, int n, T sub, double recip) {
+    const double ds = sub;
+    for (int i = 0; i < n; ++i) d[i] = static_cast<T>((s[i] - ds) * recip);
+}
+
+template <class C>
+void normalize_c(const C* s, C* d, int n, C sub, double recip) {
+    using B = Base<C>;
+    const double sr = sub.re, si = sub.im;
+    for (int i = 0; i < n; ++i)
+        d[i] = C{static_cast<B>((s[i].re - sr) * recip), static_cast<B>((s[i].im - si) * recip)};
+}
+
+// Exact (x - sub) / div * 2^-sf, rounded half to even and saturated. |x - sub| < 2^16, so for
+// sf >= 17 every quotient is below one half (0), and from -sf >= 31 on every nonzero one
+// saturates (2^31 / 2^15 > 32767): clamping sf to [-31, 17] keeps every result and keeps the
+// numerator and denominator within 48 bits.
+struct Ratio16 {
+    int up, down;
+    explicit Ratio16(int sf)
+        : up(sf < 0 ? (sf < -31 ? 31 : -sf) : 0), down(sf > 17  ? 17
+                                                       : sf > 0 ? sf
+                                                                : 0) {}
+    Vek16s operator()(int32_t diff, int32_t div) const {
+        int64_t num = static_cast<int64_t>(diff) * (int64_t{1} << up);
+        int64_t den = static_cast<int64_t>(div) * (int64_t{1} << down);
+        if (den < 0) num = -num, den = -den;
+        int64_t q = num / den, r = num % den;
+        if (r < 0) q -= 1, r += den; // floor division
+        if (2 * r > den || (2 * r == den && (q & 1))) q += 1;
+        return num::saturate<Vek16s>(q);
+    }
+};
+
+void normalize_16s(const Vek16s* s, Vek16s* d, int n, Vek16s sub, Vek16s div, int sf) {
+    const Ratio16 ratio(sf);
+    for (int i = 0; i < n; ++i) d[i] = ratio(int32_t{s[i]} - sub, div);
+}
+
+void normalize_16sc(const Vek16sc* s, Vek16sc* d, int n, Vek16sc sub, Vek16s div, int sf) {
+    const Ratio16 ratio(sf);
+    for (int i = 0; i < n; ++i)
+        d[i] =
+            Vek16sc{ratio(int32_t{s[i].re} - sub.re, div), ratio(int32_t{s[i].im} - sub.im, div)};
+}
+
+template <class T, class L>
+constexpr ThresholdOps<T, L> real_ops() {
+    return {lt<T>, gt<T>, lt_val<T>, gt_val<T>};
+}
+
+template <class C>
+constexpr ThresholdOps<C, Base<C>> complex_ops() {
+    return {lt_c<C>, gt_c<C>, lt_val_c<C>, gt_val_c<C>};
+}
+
+} // namespace
+
+extern const ThresholdKernels threshold = {
+    .r32f = real_ops<Vek32f, Vek32f>(),
+    .r64f = real_ops<Vek64f, Vek64f>(),
+    .r16s = real_ops<Vek16s, Vek16s>(),
+    .c32fc = complex_ops<Vek32fc>(),
+    .c64fc = complex_ops<Vek64fc>(),
+    .c16sc = complex_ops<Vek16sc>(),
+    .lt_inv_32f = lt_inv<Vek32f>,
+    .lt_inv_64f = lt_inv<Vek64f>,
+    .lt_inv_32fc = lt_inv_c<Vek32fc>,
+    .lt_inv_64fc = lt_inv_c<Vek64fc>,
+    .normalize_32f = normalize<Vek32f>,
+    .normalize_64f = normalize<Vek64f>,
+    .normalize_32fc = normalize_c<Vek32fc>,
+    .normalize_64fc = normalize_c<Vek64fc>,
+    .normalize_16s = normalize_16s,
+    .normalize_16sc = normalize_16sc,
+};
+
+} // namespace veks::kern::VEK_ISA

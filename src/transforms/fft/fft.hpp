@@ -1,0 +1,81 @@
+// Power-of-two FFT kernels. The complex engine works in place on interleaved complex data
+// (re, im pairs of T): a fused pass applies the bit-reversal permutation together with the
+// first two (even order) or one and a half (odd order: an 8-point leaf) radix-2 levels, then
+// radix-4 decimation-in-time stages finish the transform, depth first so that every stage of a
+// cache-sized block runs while the block is resident. Orders 3 to 7 instead run as a single
+// pass with every point in registers where the level has registers of the right width (see
+// fft_has_short_pass below).
+//
+// Twiddle layout (built with the transform object, shared by every level): for each
+// radix-4 stage, in increasing order of its quarter length m (m = S, 4S, 16S, ... < N, S the
+// leaf size 8 or 16), 12m values: for each block of 8 indices j (W = exp(-2 pi i / 4m)), the
+// real parts of W^j, the imaginary parts of W^j, then the same for W^2j and W^3j, each value
+// duplicated (c, c) in runs of 16. A vector of interleaved data then multiplies without
+// shuffling the twiddles, and a stage reads its table as one stream.
+//
+// Kernels never check arguments; lengths and orders are those of a valid plan.
+#pragma once
+
+#include <cstddef>
+
+#include "simd/isa.hpp"
+#include "veks_types.h"
+
+namespace veks::kern {
+
+struct FftKernels {
+    // Complex transform of 2^order points, order >= 0; src may equal dst (in place). `tw` is
+    // the plan's table for this order (fft_twiddle_values). No scaling.
+    void (*cfft_32f)(const float* src, float* dst, int order, const float* tw, bool inverse);
+    void (*cfft_64f)(const double* src, double* dst, int order, const double* tw, bool inverse);
+    // x[i] *= s for n reals.
+    void (*scale_32f)(float* x, size_t n, float s);
+    void (*scale_64f)(double* x, size_t n, double s);
+    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4, in place.
+    // Forward: half-length spectrum -> Perm layout; inverse: Perm layout -> the half-length
+    // spectrum whose unnormalised inverse is N times the interleaved signal. `tab` holds the
+    // factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated imaginary
+    // parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
+    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
+    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
+    void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
+    void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
+    // Packed-spectrum pairs: d[k] = x[k] * y[k] (or x[k] * conj(y[k])) for `pairs` complex
+    // values stored as re, im. Single precision forms each product in double and rounds once;
+    // double precision uses extended precision. The 16-bit form takes the exact 64-bit result
+    // through num::scale_floor_saturate. d may equal x or y.
+    void (*mul_pairs_32f)(const float* x, const float* y, float* d, size_t pairs, bool conj_y);
+    void (*mul_pairs_64f)(const double* x, const double* y, double* d, size_t pairs, bool conj_y);
+    void (*mul_pairs_16s)(const Vek16s* x, const Vek16s* y, Vek16s* d, size_t pairs, int sf);
+};
+
+// Number of values (T) in the radix-4 stage table of a complex transform of 2^order points:
+// 12m per stage, 4 (N - S) in all (0 when the transform has no radix-4 stage). The stage with
+// quarter length m starts at value 4 (m - S).
+constexpr size_t fft_stage_values(int order) {
+    if (order < 5) return 0;
+    const size_t n = size_t{1} << order;
+    const size_t leaf = (order & 1) ? 8 : 16;
+    return 4 * (n - leaf);
+}
+
+// Orders 3 to 7 may also run as one register-resident pass over N = L R points: R rows of L
+// complex values (L = 2 at order 3, 4 at orders 4 to 6, 8 at order 7; fft_simd.cpp).
+// Its table follows the stage table: for each row k = 1 .. R - 1, the duplicated real parts
+// (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary parts: 4 L values per row.
+constexpr bool fft_has_short_pass(int order) { return order >= 3 && order <= 7; }
+constexpr int fft_short_lanes(int order) { return order == 3 ? 2 : order == 7 ? 8 : 4; }
+constexpr size_t fft_short_values(int order) {
+    if (!fft_has_short_pass(order)) return 0;
+    const size_t lanes = static_cast<size_t>(fft_short_lanes(order));
+    return 4 * lanes * ((size_t{1} << order) / lanes - 1);
+}
+
+// Values in a complex plan's whole table: the stage table, then the short-pass rows.
+constexpr size_t fft_twiddle_values(int order) {
+    return fft_stage_values(order) + fft_short_values(order);
+}
+
+} // namespace veks::kern
+
+VEK_KERNEL_TABLE(FftKernels, fft)

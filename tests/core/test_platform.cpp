@@ -1,0 +1,174 @@
+// Rules that depend on the target: the allocator's block layout for this pointer size, and the
+// x87 control word around the code that forces round-to-nearest.
+#include <cfenv>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "core/fpenv.hpp"
+#include "simd/numeric.hpp"
+#include "testutil.hpp"
+
+#if VEKS_TEST_WRAPPED_MALLOC
+// This program is linked with --wrap=malloc: the allocator's calls land here, so the byte count
+// it asks for can be checked exactly.
+namespace {
+bool g_record = false;
+size_t g_requested = 0;
+} // namespace
+extern "C" void* __real_malloc(size_t n);
+extern "C" void* __wrap_malloc(size_t n) {
+    if (g_record) g_requested = n;
+    return __real_malloc(n);
+}
+#endif
+
+namespace {
+
+// 32-bit targets: a 4-byte back pointer, 36 extra bytes, raw + 35 rounded down to 32.
+// 64-bit targets: an 8-byte back pointer, 40 extra bytes, raw + 39 rounded down to 32.
+constexpr uintptr_t kBackPointer = sizeof(void*);
+constexpr uintptr_t kExtra = sizeof(void*) == 4 ? 36 : 40;
+
+struct Requested {
+    void* ptr;
+    size_t bytes; // what the allocator asked the heap for (0 when not observable)
+};
+
+template <class F>
+Requested allocate(F&& f) {
+#if VEKS_TEST_WRAPPED_MALLOC
+    g_requested = 0;
+    g_record = true;
+    void* p = f();
+    g_record = false;
+    return {p, g_requested};
+#else
+    return {f(), 0};
+#endif
+}
+
+void* raw_of(void* p) {
+    void* raw;
+    std::memcpy(&raw, static_cast<char*>(p) - kBackPointer, sizeof raw);
+    return raw;
+}
+
+TEST(Platform, AllocatorLayoutForThisPointerSize) {
+    static_assert(sizeof(void*) == 4 || sizeof(void*) == 8);
+    for (int n : {1, 2, 3, 7, 31, 32, 33, 100, 1000, 4097}) {
+        for (int trial = 0; trial < 8; ++trial) {
+            // Different sizes give different heap alignments, so every gap gets exercised.
+            const Requested blocks[] = {
+                allocate([&] { return static_cast<void*>(veksMalloc_8u(n + trial)); }),
+                allocate([&] { return static_cast<void*>(veksMalloc_16sc(n)); }),
+                allocate([&] { return static_cast<void*>(veksMalloc_64fc(n)); }),
+            };
+            const size_t bytes[] = {static_cast<size_t>(n + trial), static_cast<size_t>(n) * 4,
+                                    static_cast<size_t>(n) * 16};
+            for (int k = 0; k < 3; ++k) {
+                void* p = blocks[k].ptr;
+                ASSERT_NE(p, nullptr);
+                const auto user = reinterpret_cast<uintptr_t>(p);
+                const auto raw = reinterpret_cast<uintptr_t>(raw_of(p));
+                EXPECT_EQ(user, (raw + kExtra - 1) & ~uintptr_t{31}) << "n " << n << " k " << k;
+                EXPECT_GE(user - raw, kBackPointer);
+                EXPECT_LE(user - raw, kExtra - 1);
+#if VEKS_TEST_WRAPPED_MALLOC
+                EXPECT_EQ(blocks[k].bytes, bytes[k] + kExtra) << "n " << n << " k " << k;
+#endif
+                std::memset(p, 0x3C, bytes[k]);
+            }
+            for (const Requested& b : blocks) veksFree(b.ptr);
+        }
+    }
+}
+
+#if VEKS_TEST_WRAPPED_MALLOC
+TEST(Platform, AllocatorByteCountWrapsIn32Bits) {
+    if (sizeof(void*) != 4) GTEST_SKIP() << "32-bit targets only";
+    // 2^28 elements of 16 bytes is 2^32 bytes: the count wraps and only the 36 extra bytes are
+    // requested. The block is then valid for those bytes.
+    const Requested r = allocate([] { return static_cast<void*>(veksMalloc_64fc(1 << 28)); });
+    EXPECT_EQ(r.bytes, 36u);
+    ASSERT_NE(r.ptr, nullptr);
+    const auto user = reinterpret_cast<uintptr_t>(r.ptr);
+    const auto raw = reinterpret_cast<uintptr_t>(raw_of(r.ptr));
+    EXPECT_EQ(user, (raw + 35) & ~uintptr_t{31});
+    std::memset(r.ptr, 0x3C, raw + 36 - user);
+    veksFree(r.ptr);
+}
+#endif
+
+#if defined(__i386__) || defined(__x86_64__)
+
+uint16_t x87_control() {
+    uint16_t word;
+    asm volatile("fnstcw %0" : "=m"(word));
+    return word;
+}
+
+void set_x87_control(uint16_t word) { asm volatile("fldcw %0" : : "m"(word)); }
+
+long double x87_round(long double x) {
+    asm volatile("frndint" : "+t"(x));
+    return x;
+}
+
+TEST(Platform, X87ControlWordIsRestoredAfterForcedNearest) {
+    const uint16_t saved = x87_control();
+    for (uint16_t rc : {1, 2, 3}) {     // down, up, toward zero
+        for (uint16_t pc : {0, 2, 3}) { // single, double, extended precision
+            const uint16_t word =
+                static_cast<uint16_t>((saved & ~0x0F00u) | (rc << 10) | (pc << 8));
+            set_x87_control(word);
+            ASSERT_EQ(x87_control(), word);
+            {
+                veks::RoundNearestScope scope;
+                // Only the rounding-control field changes, to nearest.
+                EXPECT_EQ(x87_control(), word & ~0x0C00u);
+                EXPECT_EQ(x87_round(2.5L), 2.0L);
+                EXPECT_EQ(x87_round(-3.5L), -4.0L);
+                EXPECT_EQ(x87_round(0.75L), 1.0L);
+                volatile double half = 2.5, neg_half = -2.5, neg_one_half = -1.5;
+                EXPECT_EQ(veks::num::round_even_saturate<int32_t>(half), 2);
+                EXPECT_EQ(veks::num::round_even_saturate<int32_t>(neg_half), -2);
+                EXPECT_EQ(veks::num::round_even_saturate<int16_t>(neg_one_half), -2);
+            }
+            EXPECT_EQ(x87_control(), word) << "rc " << rc << " pc " << pc;
+        }
+    }
+    set_x87_control(saved);
+}
+
+TEST(Platform, X87AndSseModesAreBothRestored) {
+    // fesetround sets the x87 and the SSE rounding fields together; both must come back.
+    for (int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+        ASSERT_EQ(std::fesetround(mode), 0);
+        const uint16_t word = x87_control();
+        {
+            veks::RoundNearestScope scope;
+            EXPECT_EQ(std::fegetround(), FE_TONEAREST);
+            EXPECT_EQ(x87_control() & 0x0C00u, 0u);
+        }
+        EXPECT_EQ(x87_control(), word);
+        EXPECT_EQ(std::fegetround(), mode);
+    }
+    std::fesetround(FE_TONEAREST);
+}
+
+TEST(Platform, NearestCallerIsLeftUntouched) {
+    const uint16_t saved = x87_control();
+    const uint16_t word = static_cast<uint16_t>((saved & ~0x0F00u) | (2u << 8)); // double, nearest
+    set_x87_control(word);
+    {
+        veks::RoundNearestScope scope;
+        EXPECT_EQ(x87_control(), word);
+    }
+    EXPECT_EQ(x87_control(), word);
+    set_x87_control(saved);
+}
+
+#endif
+
+} // namespace

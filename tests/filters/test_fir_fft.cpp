@@ -1,0 +1,402 @@
+// The overlap-save path of the FIR filters with floating-point taps (real taps through the real
+// FFT and the Pack multiply, complex taps through the complex FFT): the transform length rule,
+// which calls take the path, results against a long-double convolution across blocks and calls
+// for every member with floating-point taps, and allocation failures inside InitAlloc and inside
+// a filtering call.
+#include "filters/fir/fir_state.hpp"
+#include "test_fir_util.hpp"
+
+#if VEKS_TEST_WRAPPED_MALLOC
+// This program is linked with --wrap=malloc and --wrap=free: while `armed`, the allocator's
+// heap requests are counted, the `fail_at`-th one fails, and blocks still held are tracked.
+namespace {
+struct Heap {
+    bool armed = false;
+    int calls = 0, fail_at = 0, held = 0;
+} g_heap;
+} // namespace
+extern "C" void* __real_malloc(size_t n);
+extern "C" void __real_free(void* p);
+extern "C" void* __wrap_malloc(size_t n) {
+    if (!g_heap.armed) return __real_malloc(n);
+    if (++g_heap.calls == g_heap.fail_at) return nullptr;
+    void* p = __real_malloc(n);
+    if (p != nullptr) ++g_heap.held;
+    return p;
+}
+extern "C" void __wrap_free(void* p) {
+    if (g_heap.armed && p != nullptr) --g_heap.held;
+    __real_free(p);
+}
+#endif
+
+namespace {
+
+using ft::cld;
+
+// ---- Members -------------------------------------------------------------------------------
+
+#define FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
+    struct NAME {                                                                                  \
+        using Tap = TapT;                                                                          \
+        using Dat = DatT;                                                                          \
+        using St = VeksFIRState##TS##_##DS;                                                        \
+        static constexpr double amp = AMP;                                                         \
+        static constexpr long double rel = REL;                                                    \
+        static VekStatus init(St** p, const Tap* h, int T, const Dat* l) {                         \
+            return veksFIRInitAlloc##TS##_##DS(p, h, T, l);                                        \
+        }                                                                                          \
+        static VekStatus fre(St* s) { return veksFIRFree##TS##_##DS(s); }                          \
+        static VekStatus get_dly(const St* s, Dat* l) {                                            \
+            return veksFIRGetDlyLine##TS##_##DS(s, l);                                             \
+        }                                                                                          \
+        static VekStatus set_dly(St* s, const Dat* l) { return veksFIRSetDlyLine##TS##_##DS(s, l); }
+
+#define FLOAT_MEMBER(NAME, TS, DS, TapT, DatT, REL)                                                \
+    FIR_MEMBER(NAME, TS, DS, TapT, DatT, 1000.0, REL)                                              \
+    static constexpr int sf = 0;                                                                   \
+    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
+        return veksFIR##TS##_##DS(s, d, n, st);                                                    \
+    }                                                                                              \
+    static VekStatus blk_i(Dat* sd, int n, St* st) { return veksFIR##TS##_##DS##_I(sd, n, st); }   \
+    static VekStatus one(Dat x, Dat* d, St* st) { return veksFIROne##TS##_##DS(x, d, st); }        \
+    }                                                                                              \
+    ;
+
+// Integer data: the outputs are scaled by 2^-3.
+#define SFS_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
+    FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                                 \
+    static constexpr int sf = 3;                                                                   \
+    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
+        return veksFIR##TS##_##DS##_Sfs(s, d, n, st, sf);                                          \
+    }                                                                                              \
+    static VekStatus blk_i(Dat* sd, int n, St* st) {                                               \
+        return veksFIR##TS##_##DS##_ISfs(sd, n, st, sf);                                           \
+    }                                                                                              \
+    static VekStatus one(Dat x, Dat* d, St* st) {                                                  \
+        return veksFIROne##TS##_##DS##_Sfs(x, d, st, sf);                                          \
+    }                                                                                              \
+    }                                                                                              \
+    ;
+
+// Tolerances relative to the sum of |h[k] x[j-k]| of each output: the transform's rounding in
+// its own precision (output rounding of single-precision data included).
+FLOAT_MEMBER(R32f, , 32f, Vek32f, Vek32f, 1e-5L)
+FLOAT_MEMBER(R64f, , 64f, Vek64f, Vek64f, 1e-13L)
+FLOAT_MEMBER(C32fc, , 32fc, Vek32fc, Vek32fc, 1e-5L)
+FLOAT_MEMBER(C64fc, , 64fc, Vek64fc, Vek64fc, 1e-13L)
+FLOAT_MEMBER(R64f_32f, 64f, 32f, Vek64f, Vek32f, 1e-7L)
+FLOAT_MEMBER(C64fc_32fc, 64fc, 32fc, Vek64fc, Vek32fc, 1e-7L)
+SFS_MEMBER(R32f_16s, 32f, 16s, Vek32f, Vek16s, 4000.0, 1e-5L)
+SFS_MEMBER(R64f_16s, 64f, 16s, Vek64f, Vek16s, 4000.0, 1e-13L)
+SFS_MEMBER(R64f_32s, 64f, 32s, Vek64f, Vek32s, 1e8, 1e-13L)
+SFS_MEMBER(C32fc_16sc, 32fc, 16sc, Vek32fc, Vek16sc, 4000.0, 1e-5L)
+SFS_MEMBER(C64fc_16sc, 64fc, 16sc, Vek64fc, Vek16sc, 4000.0, 1e-13L)
+SFS_MEMBER(C64fc_32sc, 64fc, 32sc, Vek64fc, Vek32sc, 1e8, 1e-13L)
+
+template <class M>
+::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
+                                int n) {
+    return ft::close_vec(got, want, mag, n, M::sf, M::rel);
+}
+
+// The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
+// of two above T.
+TEST(FirFftRule, TransformLength) {
+    using veks::fir::fft_len_for;
+    const int cases[][2] = {{1, -1},     {31, -1},     {32, 128},    {63, 128},
+                            {64, 256},   {255, 256},   {256, 512},   {511, 512},
+                            {512, 1024}, {1000, 1024}, {1024, 2048}, {1100, 2048}};
+    for (const auto& c : cases) EXPECT_EQ(fft_len_for(c[0]), c[1]) << c[0];
+}
+
+// ---- Results across paths, blocks and calls ------------------------------------------------
+
+template <class M>
+class FirFftMember : public ::testing::Test {};
+using AllMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc, R32f_16s,
+                                    R64f_16s, R64f_32s, C32fc_16sc, C64fc_16sc, C64fc_32sc>;
+TYPED_TEST_SUITE(FirFftMember, AllMembers);
+
+// A stream through one state in calls of lengths around the transform length fftLen (fftLen:
+// direct; fftLen + 1 and 2 fftLen + 3: overlap-save; in place: overlap-save for every length,
+// a single block up to fftLen - tapsLen + 1 outputs) against the reference of the whole stream;
+// afterwards the delay line holds the last inputs. The members whose taps and data share one
+// type sweep 32 .. 1100 taps, the others a few counts.
+TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
+    using M = TypeParam;
+    using Tap = typename M::Tap;
+    using Dat = typename M::Dat;
+    constexpr bool same = std::is_same_v<Tap, Dat>;
+    const std::vector<int> taps = same ? std::vector<int>{32,  33,  63,  64,   100,  128,  255, 256,
+                                                          300, 511, 512, 1000, 1023, 1024, 1100}
+                                       : std::vector<int>{32, 200, 1100};
+    vt::Rng rng(31);
+    for (int T : taps) {
+        SCOPED_TRACE("tapsLen " + std::to_string(T));
+        const int len = veks::fir::fft_len_for(T);
+        const int L = len - (T - 1);
+        struct Call {
+            int n;
+            bool in_place;
+        };
+        const std::vector<Call> calls = {
+            {len, false}, {len + 1, false}, {3, true},   {2 * len + 3, false}, {1, false},
+            {L, true},    {L + 1, true},    {len, true}, {2 * len + 3, true},  {5, false}};
+        int total = 0;
+        for (const Call& c : calls) total += c.n;
+        const auto h = ft::rvec<Tap>(rng, T, 1.0);
+        const auto line = ft::rvec<Dat>(rng, T, M::amp);
+        const auto x = ft::rvec<Dat>(rng, total, M::amp);
+        std::vector<cld> want;
+        std::vector<long double> mag;
+        ft::reference(h, line, x, want, mag);
+        typename M::St* st = nullptr;
+        ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+        int at = 0;
+        for (const Call& c : calls) {
+            SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
+            vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n),
+                             ft::off<Dat>(1));
+            vt::Buf<Dat> dst(c.n, ft::off<Dat>(3));
+            if (c.in_place) {
+                ASSERT_EQ(M::blk_i(src.data(), c.n, st), vekStsOk);
+                ASSERT_TRUE(near<M>(src.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
+                ASSERT_TRUE(src.guards_intact());
+            } else {
+                ASSERT_EQ(M::blk(src.data(), dst.data(), c.n, st), vekStsOk);
+                ASSERT_TRUE(near<M>(dst.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
+                ASSERT_TRUE(dst.guards_intact());
+            }
+            at += c.n;
+        }
+        std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
+        ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
+        for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
+        ASSERT_TRUE(vt::bits_equal(got, last));
+        ASSERT_EQ(M::fre(st), vekStsOk);
+    }
+}
+
+// In-place filtering above the transform length gives the out-of-place bits: both run the same
+// blocks through the same transforms.
+TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
+    using M = TypeParam;
+    using Dat = typename M::Dat;
+    vt::Rng rng(8);
+    const int T = 70;
+    const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+    const auto line = ft::rvec<Dat>(rng, T, M::amp);
+    typename M::St *a = nullptr, *b = nullptr;
+    ASSERT_EQ(M::init(&a, h.data(), T, line.data()), vekStsOk);
+    ASSERT_EQ(M::init(&b, h.data(), T, line.data()), vekStsOk);
+    for (int n : {300, 257, 1000}) {
+        auto x = ft::rvec<Dat>(rng, n, M::amp);
+        std::vector<Dat> y(static_cast<size_t>(n));
+        ASSERT_EQ(M::blk(x.data(), y.data(), n, a), vekStsOk);
+        ASSERT_EQ(M::blk_i(x.data(), n, b), vekStsOk);
+        EXPECT_TRUE(vt::bits_equal(x, y)) << "numIters " << n;
+    }
+    ASSERT_EQ(M::fre(a), vekStsOk);
+    ASSERT_EQ(M::fre(b), vekStsOk);
+}
+
+// ---- Which calls take the path -------------------------------------------------------------
+
+template <class M>
+class FirFftSwitch : public ::testing::Test {};
+using FloatDataMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc>;
+TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
+
+// Tells the paths apart by their rounding. The delay line holds one huge sample at its element
+// tapsLen-2 and the last tap is 0, so the exact outputs never contain it. The direct kernel
+// forms each output from exact products and keeps it to its own rounding; the overlap-save
+// path transforms the huge sample with the first block, and its rounding, relative to that
+// sample, swamps the small outputs.
+template <class M>
+class PathProbe {
+  public:
+    using Tap = typename M::Tap;
+    using Dat = typename M::Dat;
+    explicit PathProbe(int T) : T_(T) {
+        vt::Rng rng(static_cast<uint64_t>(T) + 5);
+        h_ = ft::rvec<Tap>(rng, T, 1.0);
+        h_[size_t(T - 1)] = Tap{};
+        line_ = ft::rvec<Dat>(rng, T, 1.0);
+        constexpr double huge = is_single ? 0x1p30 : 0x1p60;
+        if constexpr (ft::is_cplx<Dat>) {
+            line_[size_t(T - 2)].re = static_cast<decltype(Dat{}.re)>(huge);
+            line_[size_t(T - 2)].im = static_cast<decltype(Dat{}.re)>(-huge);
+        } else {
+            line_[size_t(T - 2)] = static_cast<Dat>(huge);
+        }
+        EXPECT_EQ(M::init(&st_, h_.data(), T, line_.data()), vekStsOk);
+    }
+    ~PathProbe() { EXPECT_EQ(M::fre(st_), vekStsOk); }
+    PathProbe(const PathProbe&) = delete;
+    PathProbe& operator=(const PathProbe&) = delete;
+
+    enum class Form { block, in_place, one };
+    // Filters n small samples from the probe's line; true when the outputs show the
+    // transform's rounding, false when every output keeps to its own.
+    bool took_fft(int n, Form form) {
+        vt::Rng rng(static_cast<uint64_t>(n) * 7 + 1);
+        const auto x = ft::rvec<Dat>(rng, n, 1.0);
+        std::vector<Dat> y(static_cast<size_t>(n));
+        EXPECT_EQ(M::set_dly(st_, line_.data()), vekStsOk);
+        if (form == Form::block) {
+            EXPECT_EQ(M::blk(x.data(), y.data(), n, st_), vekStsOk);
+        } else if (form == Form::in_place) {
+            y = x;
+            EXPECT_EQ(M::blk_i(y.data(), n, st_), vekStsOk);
+        } else {
+            for (int i = 0; i < n; ++i)
+                EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st_), vekStsOk);
+        }
+        std::vector<cld> want;
+        std::vector<long double> mag;
+        ft::reference(h_, line_, x, want, mag);
+        bool off = false, exact = true;
+        for (int j = 0; j < n; ++j) {
+            const cld d = ft::to_c(y[size_t(j)]) - want[size_t(j)];
+            const long double err = std::fabs(d.real()) + std::fabs(d.imag());
+            if (err > 1e-3L * (mag[size_t(j)] + 1)) off = true;
+            if (err > 1e-6L * (mag[size_t(j)] + 1e-30L)) exact = false;
+        }
+        EXPECT_TRUE(off || exact) << "neither path's rounding";
+        return off;
+    }
+
+  private:
+    static constexpr bool is_single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
+    int T_;
+    std::vector<Tap> h_;
+    std::vector<Dat> line_;
+    typename M::St* st_ = nullptr;
+};
+
+// numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the in-place form
+// uses the transform for every numIters from 32 taps on; the single-sample form never does;
+// below 32 taps nothing does.
+TYPED_TEST(FirFftSwitch, SwitchConditions) {
+    using M = TypeParam;
+    using F = typename PathProbe<M>::Form;
+    const struct {
+        int T, len;
+    } cases[] = {{32, 128}, {63, 128}, {64, 256}, {255, 256}, {256, 512}, {600, 1024}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE("tapsLen " + std::to_string(c.T));
+        PathProbe<M> p(c.T);
+        EXPECT_FALSE(p.took_fft(c.len, F::block));
+        EXPECT_TRUE(p.took_fft(c.len + 1, F::block));
+        EXPECT_TRUE(p.took_fft(1, F::in_place));
+        EXPECT_TRUE(p.took_fft(c.len - c.T + 1, F::in_place));
+        EXPECT_TRUE(p.took_fft(c.len, F::in_place));
+        EXPECT_FALSE(p.took_fft(c.len + 1, F::one));
+    }
+    PathProbe<M> p(31);
+    EXPECT_FALSE(p.took_fft(2000, F::block));
+    EXPECT_FALSE(p.took_fft(2000, F::in_place));
+}
+
+// ---- Allocation failures -------------------------------------------------------------------
+
+#if VEKS_TEST_WRAPPED_MALLOC
+// Runs f with the fail_at-th heap request failing (0: none); reports the number of requests and
+// how many blocks f left allocated.
+template <class F>
+VekStatus with_heap(int fail_at, F&& f, int* calls, int* held) {
+    g_heap = Heap{true, 0, fail_at, 0};
+    const VekStatus st = f();
+    g_heap.armed = false;
+    *calls = g_heap.calls;
+    *held = g_heap.held;
+    return st;
+}
+
+// Every request of InitAlloc (the record, taps, delay buffer, spectrum, the transform and its
+// tables) failing in turn gives -9, stores nothing and leaves nothing allocated.
+TYPED_TEST(FirFftMember, InitAllocFailures) {
+    using M = TypeParam;
+    for (int T : {32, 300}) {
+        SCOPED_TRACE("tapsLen " + std::to_string(T));
+        vt::Rng rng(3);
+        const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+        typename M::St* st = nullptr;
+        int calls = 0, held = 0;
+        ASSERT_EQ(with_heap(
+                      0, [&] { return M::init(&st, h.data(), T, nullptr); }, &calls, &held),
+                  vekStsOk);
+        ASSERT_EQ(M::fre(st), vekStsOk);
+        EXPECT_GE(calls, 5);
+        for (int k = 1; k <= calls; ++k) {
+            SCOPED_TRACE("failing request " + std::to_string(k));
+            auto* const sentinel = reinterpret_cast<typename M::St*>(uintptr_t{0x40});
+            st = sentinel;
+            int n = 0;
+            EXPECT_EQ(with_heap(
+                          k, [&] { return M::init(&st, h.data(), T, nullptr); }, &n, &held),
+                      vekStsMemAllocErr);
+            EXPECT_EQ(st, sentinel);
+            EXPECT_EQ(held, 0);
+        }
+    }
+}
+
+// A filtering call whose work memory cannot be had returns -9 before writing anything: the
+// output (or, in place, the input) is untouched and the state is as before, so that the same
+// call then gives the results of an undisturbed state. 2100 taps need a transform work buffer.
+TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
+    using M = TypeParam;
+    using Dat = typename M::Dat;
+    for (int T : {50, 2100}) {
+        const int n = veks::fir::fft_len_for(T) + 7;
+        vt::Rng rng(9);
+        const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+        const auto line = ft::rvec<Dat>(rng, T, M::amp);
+        const auto x = ft::rvec<Dat>(rng, n, M::amp);
+        const auto junk = ft::rvec<Dat>(rng, n, M::amp);
+        for (bool in_place : {false, true}) {
+            SCOPED_TRACE("tapsLen " + std::to_string(T) + (in_place ? " in place" : ""));
+            auto run = [&](typename M::St* st, std::vector<Dat>& out) {
+                if (in_place) {
+                    out = x;
+                    return M::blk_i(out.data(), n, st);
+                }
+                return M::blk(x.data(), out.data(), n, st);
+            };
+            typename M::St* ref = nullptr;
+            ASSERT_EQ(M::init(&ref, h.data(), T, line.data()), vekStsOk);
+            std::vector<Dat> want = junk;
+            int calls = 0, held = 0;
+            ASSERT_EQ(with_heap(
+                          0, [&] { return run(ref, want); }, &calls, &held),
+                      vekStsOk);
+            ASSERT_EQ(M::fre(ref), vekStsOk);
+            EXPECT_EQ(held, 0);
+            EXPECT_EQ(calls, (in_place ? 2 : 1) + (T > 1024 ? 1 : 0));
+            for (int k = 1; k <= calls; ++k) {
+                SCOPED_TRACE("failing request " + std::to_string(k));
+                typename M::St* st = nullptr;
+                ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+                std::vector<Dat> out = junk;
+                int c = 0;
+                EXPECT_EQ(with_heap(
+                              k, [&] { return run(st, out); }, &c, &held),
+                          vekStsMemAllocErr);
+                EXPECT_EQ(held, 0);
+                EXPECT_TRUE(vt::bits_equal(out, in_place ? x : junk));
+                std::vector<Dat> dly(static_cast<size_t>(T));
+                ASSERT_EQ(M::get_dly(st, dly.data()), vekStsOk);
+                EXPECT_TRUE(vt::bits_equal(dly, line));
+                out = junk;
+                ASSERT_EQ(run(st, out), vekStsOk);
+                EXPECT_TRUE(vt::bits_equal(out, want));
+                ASSERT_EQ(M::fre(st), vekStsOk);
+            }
+        }
+    }
+}
+#endif
+
+} // namespace
