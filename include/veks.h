@@ -1,4 +1,6 @@
-/* veks: one-dimensional signal-processing primitives. Umbrella header. */
+/** @file veks.h
+ *  Umbrella header: includes every public header of veks, a library of one-dimensional
+ *  signal-processing primitives behind a plain C ABI. Compiles as C99 and as C++. */
 #ifndef VEKS_H
 #define VEKS_H
 
