@@ -4,6 +4,7 @@
 #ifndef VEKS_H
 #define VEKS_H
 
+#include "veks_version.h"
 #include "veks_types.h"
 #include "veks_core.h"
 #include "veks_arith.h"
