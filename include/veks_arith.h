@@ -693,6 +693,14 @@ VEK_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len)
 
 /* ==== end of Data movement and complex layout */
 
+/* ==== Elementary functions ==================================================================== */
+
+/* ==== end of Elementary functions */
+
+/* ==== Magnitude, phase and polar conversion =================================================== */
+
+/* ==== end of Magnitude, phase and polar conversion */
+
 #ifdef __cplusplus
 }
 #endif

@@ -13,6 +13,10 @@ extern "C" {
 
 /* ==== end of Running updates and nearest-value search */
 
+/* ==== Trellis-decoder support ================================================================= */
+
+/* ==== end of Trellis-decoder support */
+
 #ifdef __cplusplus
 }
 #endif

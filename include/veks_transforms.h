@@ -401,6 +401,10 @@ VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int
 
 /* ==== end of Goertzel */
 
+/* ==== Wavelets ================================================================================ */
+
+/* ==== end of Wavelets */
+
 #ifdef __cplusplus
 }
 #endif
