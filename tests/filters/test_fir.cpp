@@ -1,92 +1,17 @@
 // Single-rate FIR filters with floating-point taps: every member against a long-double
 // convolution with the delay line as history, block against sample-by-sample and direct forms,
 // every kernel level, the delay-line conventions and the documented statuses.
+#include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 namespace {
 
 using ft::cld;
 
-template <class Tap_, class Dat_, class St_>
-struct Member {
-    using Tap = Tap_;
-    using Dat = Dat_;
-    using St = St_;
-    const char* name;
-    bool sfs;
-    double amp; // sample amplitude
-    VekStatus (*init)(St**, const Tap*, int, const Dat*);
-    VekStatus (*fre)(St*);
-    VekStatus (*get_taps)(const St*, Tap*);
-    VekStatus (*get_dly)(const St*, Dat*);
-    VekStatus (*set_dly)(St*, const Dat*);
-    std::function<VekStatus(const Dat*, Dat*, int, St*, int)> blk;
-    std::function<VekStatus(Dat*, int, St*, int)> blk_i;
-    std::function<VekStatus(Dat, Dat*, St*, int)> one;
-    std::function<VekStatus(Dat*, St*, int)> one_i; // empty where the member has none
-    std::function<VekStatus(const Dat*, Dat*, int, const Tap*, int, Dat*, int*, int)> dir;
-    std::function<VekStatus(Dat*, int, const Tap*, int, Dat*, int*, int)> dir_i;
-    std::function<VekStatus(Dat, Dat*, const Tap*, int, Dat*, int*, int)> one_dir;
-    std::function<VekStatus(Dat*, const Tap*, int, Dat*, int*, int)> one_dir_i;
-};
-
-#define STATE_FNS(TS, DS)                                                                          \
-    veksFIRInitAlloc##TS##_##DS, veksFIRFree##TS##_##DS, veksFIRGetTaps##TS##_##DS,                \
-        veksFIRGetDlyLine##TS##_##DS, veksFIRSetDlyLine##TS##_##DS
-
-// A member with block suffix S (none or _Sfs), in-place suffix I (_I or _ISfs) and K 1 when it
-// takes a scale factor; ONE_I is its single-sample in-place form or nullptr.
-#define VEK_SF_0
-#define VEK_SF_1 , sf
-#define MEMBER(TS, DS, Tap, Dat, S, I, K, AMP, ONE_I)                                              \
-    Member<Tap, Dat, VeksFIRState##TS##_##DS> {                                                    \
-#TS "_" #DS, K == 1, AMP, STATE_FNS(TS, DS),                                               \
-            [](const Dat* s, Dat* d, int n, VeksFIRState##TS##_##DS* st, int sf) {                 \
-                return veksFIR##TS##_##DS##S(s, d, n, st VEK_SF_##K);                              \
-            },                                                                                     \
-            [](Dat* sd, int n, VeksFIRState##TS##_##DS* st, int sf) {                              \
-                return veksFIR##TS##_##DS##I(sd, n, st VEK_SF_##K);                                \
-            },                                                                                     \
-            [](Dat x, Dat* d, VeksFIRState##TS##_##DS* st, int sf) {                               \
-                return veksFIROne##TS##_##DS##S(x, d, st VEK_SF_##K);                              \
-            },                                                                                     \
-            ONE_I,                                                                                 \
-            [](const Dat* s, Dat* d, int n, const Tap* h, int T, Dat* l, int* i, int sf) {         \
-                return veksFIR##TS##_Direct_##DS##S(s, d, n, h, T, l, i VEK_SF_##K);               \
-            },                                                                                     \
-            [](Dat* sd, int n, const Tap* h, int T, Dat* l, int* i, int sf) {                      \
-                return veksFIR##TS##_Direct_##DS##I(sd, n, h, T, l, i VEK_SF_##K);                 \
-            },                                                                                     \
-            [](Dat x, Dat* d, const Tap* h, int T, Dat* l, int* i, int sf) {                       \
-                return veksFIROne##TS##_Direct_##DS##S(x, d, h, T, l, i VEK_SF_##K);               \
-            },                                                                                     \
-            [](Dat* sd, const Tap* h, int T, Dat* l, int* i, int sf) {                             \
-                return veksFIROne##TS##_Direct_##DS##I(sd, h, T, l, i VEK_SF_##K);                 \
-            }       \
-    }
-#define ONE_I_OF(TS, DS, Dat, I, K)                                                                \
-    [](Dat* sd, VeksFIRState##TS##_##DS* st, int sf) {                                             \
-        return veksFIROne##TS##_##DS##I(sd, st VEK_SF_##K);                                        \
-    }
-#define FLOAT_MEMBER(TS, DS, Tap, Dat, ONE_I) MEMBER(TS, DS, Tap, Dat, , _I, 0, 1000.0, ONE_I)
-#define SFS_MEMBER(TS, DS, Tap, Dat, AMP)                                                          \
-    MEMBER(TS, DS, Tap, Dat, _Sfs, _ISfs, 1, AMP, ONE_I_OF(TS, DS, Dat, _ISfs, 1))
-
-// Runs `body(member)` for every member with floating-point taps.
+// Runs `body(member)` for every member with floating-point taps (fir_members.hpp).
 template <class F>
 void for_each_member(F&& body) {
-    body(FLOAT_MEMBER(, 32f, Vek32f, Vek32f, nullptr));
-    body(FLOAT_MEMBER(, 32fc, Vek32fc, Vek32fc, nullptr));
-    body(FLOAT_MEMBER(, 64f, Vek64f, Vek64f, nullptr));
-    body(FLOAT_MEMBER(, 64fc, Vek64fc, Vek64fc, nullptr));
-    body(FLOAT_MEMBER(64f, 32f, Vek64f, Vek32f, ONE_I_OF(64f, 32f, Vek32f, _I, 0)));
-    body(FLOAT_MEMBER(64fc, 32fc, Vek64fc, Vek32fc, ONE_I_OF(64fc, 32fc, Vek32fc, _I, 0)));
-    body(SFS_MEMBER(64f, 16s, Vek64f, Vek16s, 20000));
-    body(SFS_MEMBER(64f, 32s, Vek64f, Vek32s, 1e9));
-    body(SFS_MEMBER(64fc, 16sc, Vek64fc, Vek16sc, 20000));
-    body(SFS_MEMBER(64fc, 32sc, Vek64fc, Vek32sc, 1e9));
-    body(SFS_MEMBER(32f, 16s, Vek32f, Vek16s, 20000));
-    body(SFS_MEMBER(32fc, 16sc, Vek32fc, Vek16sc, 20000));
+    ft::for_each_float_taps_member(body);
 }
 
 std::vector<int> tap_counts() {

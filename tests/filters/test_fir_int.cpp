@@ -1,6 +1,7 @@
 // Single-rate FIR filters with integer taps: exact results against an integer reference (taps
 // normalisation, wrapping 32-bit sums, output shift with rounding half to even, saturation),
 // every form and kernel level, the float-taps conversion and the documented statuses.
+#include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 namespace {
@@ -71,29 +72,15 @@ std::vector<Dat> ref_filter(const std::vector<int32_t>& taps, bool cplx, int64_t
 
 // ---- the two members behind one interface ---------------------------------------------------
 
-#define INT_MEMBER(NAME, TS, DS, TapT, DatT, CPLX, ...)                                            \
-    struct NAME {                                                                                  \
-        using Tap = TapT;                                                                          \
-        using Dat = DatT;                                                                          \
-        using St = VeksFIRState##TS##_##DS;                                                        \
-        static constexpr bool cplx = CPLX;                                                         \
-        static Tap tap(const int32_t* p) { return Tap{__VA_ARGS__}; }                              \
-        static constexpr auto init = veksFIRInitAlloc##TS##_##DS;                                  \
-        static constexpr auto fre = veksFIRFree##TS##_##DS;                                        \
-        static constexpr auto get_taps = veksFIRGetTaps##TS##_##DS;                                \
-        static constexpr auto get_dly = veksFIRGetDlyLine##TS##_##DS;                              \
-        static constexpr auto set_dly = veksFIRSetDlyLine##TS##_##DS;                              \
-        static constexpr auto blk = veksFIR##TS##_##DS##_Sfs;                                      \
-        static constexpr auto blk_i = veksFIR##TS##_##DS##_ISfs;                                   \
-        static constexpr auto one = veksFIROne##TS##_##DS##_Sfs;                                   \
-        static constexpr auto one_i = veksFIROne##TS##_##DS##_ISfs;                                \
-        static constexpr auto dir = veksFIR##TS##_Direct_##DS##_Sfs;                               \
-        static constexpr auto dir_i = veksFIR##TS##_Direct_##DS##_ISfs;                            \
-        static constexpr auto one_dir = veksFIROne##TS##_Direct_##DS##_Sfs;                        \
-        static constexpr auto one_dir_i = veksFIROne##TS##_Direct_##DS##_ISfs;                     \
-    };
-INT_MEMBER(Real, 32s, 16s, Vek32s, Vek16s, false, p[0])
-INT_MEMBER(Cplx, 32sc, 16sc, Vek32sc, Vek16sc, true, p[0], p[1])
+// The two members of fir_members.hpp, with the taps built from their parts.
+struct Real : ft::Fir32s_16s {
+    static constexpr bool cplx = false;
+    static Tap tap(const int32_t* p) { return Tap{p[0]}; }
+};
+struct Cplx : ft::Fir32sc_16sc {
+    static constexpr bool cplx = true;
+    static Tap tap(const int32_t* p) { return Tap{p[0], p[1]}; }
+};
 
 template <class M>
 std::vector<typename M::Tap> make_taps(const std::vector<int32_t>& parts) {
