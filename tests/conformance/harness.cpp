@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <cctype>
+#include <cfenv>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
@@ -624,7 +625,9 @@ const std::vector<Step>& Contract::steps() const {
 
 // ---- Call ---------------------------------------------------------------------------------------
 
-Call::Call(const Contract& con) : c(con), e(con.exp) { args.resize(e.types.size()); }
+Call::Call(const Contract& con) : c(con), e(con.exp), round_mode(FE_TONEAREST) {
+    args.resize(e.types.size());
+}
 
 Call::~Call() {
     for (Object& o : objects)
@@ -896,8 +899,9 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         call->use_kind(e.names[i], find_kind(kn));
     }
     // Buffers, exactly sized.
-    double offset_elems = 0;
+    double offset_elems = 0, upward = 0;
     override_of("$offset", &offset_elems);
+    if (override_of("$round-upward", &upward) && upward != 0) call->round_mode = FE_UPWARD;
     for (size_t i = 0; i < e.types.size(); ++i) {
         const ParamRule& r = c.rule(static_cast<int>(i));
         const TypeInfo& t = e.types[i];
@@ -999,9 +1003,13 @@ Outcome run(const Contract& c, Call& call, long fail_at) {
     }
     std::vector<std::pair<void*, size_t>> left;
     {
+        std::fesetround(call.round_mode);
         heap::Watch w;
         heap::fail_at(fail_at);
         out.result = e.call(e.fn, call.args.data());
+        const int mode_after = std::fegetround();
+        std::fesetround(FE_TONEAREST);
+        if (mode_after != call.round_mode) problem("the caller's rounding mode was not restored");
         const VekStatus st = static_cast<VekStatus>(out.result);
         // Objects handed out are released while the heap is still watched.
         if (expect == nullptr && st >= 0)
@@ -1049,6 +1057,10 @@ Outcome run(const Contract& c, Call& call, long fail_at) {
     } else if (st < 0) {
         problem("status " + std::to_string(st) + " for a valid call");
     } else {
+        for (const Call::Buffer& b : call.buffers)
+            if (e.types[b.param].is_const && b.bytes != 0 &&
+                std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+                problem(e.names[b.param] + " (const) written");
         for (size_t i = 0; i < e.types.size(); ++i)
             if (c.rule(static_cast<int>(i)).frees)
                 for (Call::Object& o : call.objects)
@@ -1103,6 +1115,7 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     for (size_t i = 0; i < e.types.size(); ++i)
         for (double v : c.rule(static_cast<int>(i)).suite) valid.push_back({{e.names[i], v}});
     valid.push_back({{"$offset", 1}});
+    valid.push_back({{"$round-upward", 1}});
     for (const auto& set : valid) once("valid call " + describe(set), set, {});
     for (size_t i = 0; i < e.types.size(); ++i)
         if (c.rule(static_cast<int>(i)).nullable) {

@@ -388,6 +388,7 @@ class Call {
     std::vector<Buffer> buffers;
     std::vector<Object> objects;
     std::vector<std::string> notes; // problems met while building (a factory that failed)
+    int round_mode;                 // the caller's rounding mode during the call
     void set_raw(int i, const void* bytes, size_t size);
     void set_pointer(int i, const void* p);
     const void* pointer(int i) const;
