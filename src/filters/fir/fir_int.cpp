@@ -99,6 +99,9 @@ VekStatus init_from_float(void** pp, const TapF* h, int T, const Dat* line,
                           const fir::FirIds& ids) {
     VEK_CHECK(non_null(pp, h));
     VEK_CHECK(require(T >= 1, vekStsFirIterationsErr));
+    // The converted taps' block first: taps beyond the heap are refused before they are read.
+    Tap* conv_taps = fir::alloc_elems<Tap>(T);
+    if (conv_taps == nullptr) return vekStsMemAllocErr;
     double m = 0.0;
     for (int i = 0; i < T; ++i)
         if (fmag(h[i]) > m) m = fmag(h[i]);
@@ -119,8 +122,6 @@ VekStatus init_from_float(void** pp, const TapF* h, int T, const Dat* line,
         scale = std::ldexp(1.0, -q);
         factor = q;
     }
-    Tap* conv_taps = fir::alloc_elems<Tap>(T);
-    if (conv_taps == nullptr) return vekStsMemAllocErr;
     for (int i = 0; i < T; ++i) conv_taps[i] = conv(h[i], scale);
     const VekStatus st = init_int<Tap, Dat>(pp, conv_taps, T, factor, line, ids);
     veksFree(conv_taps);
