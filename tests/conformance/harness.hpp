@@ -237,7 +237,7 @@ class Contract {
     explicit Contract(const Export& e);
 
     const Export& exp;
-    bool is(const char* regex) const; // the export name matches (std::regex_search)
+    bool is(const char* regex) const; // the export name matches (a regular-expression search)
     bool has(const std::string& param) const { return exp.index(param) >= 0; }
 
     // -- the valid call
@@ -326,6 +326,9 @@ const std::vector<Family>& families();
 
 // The contract of an export (families matching it are listed in `matched`).
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched);
+
+// A regular-expression search (ECMAScript syntax), each pattern compiled once.
+bool matches(const std::string& text, const std::string& pattern);
 
 // ---- A call ---------------------------------------------------------------------------------
 
