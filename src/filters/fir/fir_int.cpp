@@ -94,6 +94,9 @@ VekStatus init_from_float(Handle** ppState, const TapF* pTaps, int tapsLen,
     VEK_CHECK(non_null(ppState, pTaps));
     VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
     const int T = tapsLen;
+    // The converted taps' block first: taps beyond the heap are refused before they are read.
+    mem::Scratch<TapOf<Handle>> converted(T);
+    VEK_CHECK(require(static_cast<bool>(converted), vekStsMemAllocErr));
     double m = 0.0;
     for (int i = 0; i < T; ++i)
         if (fmag(pTaps[i]) > m) m = fmag(pTaps[i]);
@@ -114,8 +117,6 @@ VekStatus init_from_float(Handle** ppState, const TapF* pTaps, int tapsLen,
         scale = std::ldexp(1.0, -q);
         factor = q;
     }
-    mem::Scratch<TapOf<Handle>> converted(T);
-    VEK_CHECK(require(static_cast<bool>(converted), vekStsMemAllocErr));
     for (int i = 0; i < T; ++i) converted.get()[i] = conv(pTaps[i], scale);
     return create_int(ppState, static_cast<const TapOf<Handle>*>(converted.get()), T, factor,
                       pDlyLine);
