@@ -24,6 +24,15 @@ const char* name(Level level) noexcept {
     }
 }
 
+std::span<const Level> levels() noexcept {
+#if VEKS_HAVE_X86_KERNELS
+    static constexpr Level compiled[] = {scalar, sse2, avx2, avx512};
+#else
+    static constexpr Level compiled[] = {scalar};
+#endif
+    return compiled;
+}
+
 bool available(Level level) noexcept {
     switch (level) {
     case scalar: return true;

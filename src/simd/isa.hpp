@@ -4,11 +4,16 @@
 // The level in use is resolved once per process from the processor's features; entry points
 // fetch their family's table with one relaxed load and a switch, never per element.
 //
-// set_level() is internal and unexported: the tests use it to run every compiled variant against
-// the scalar one. The library itself reads no environment variable or file.
+// set_level() and levels() are internal and unexported: the tests use them to run every compiled
+// variant against the scalar one. The library itself reads no environment variable or file.
+//
+// Kernel tables: every kernel takes its lengths as size_t (counts of elements, at least 1 unless
+// the family says otherwise), so that 2 * len and similar products of a valid int length cannot
+// overflow. Entry points convert the caller's checked int length once.
 #pragma once
 
 #include <atomic>
+#include <span>
 
 #if defined(__x86_64__) || defined(__i386__)
 #define VEKS_HAVE_X86_KERNELS 1
@@ -24,6 +29,9 @@ const char* name(Level level) noexcept;
 
 // The highest level both compiled into this build and supported by this processor.
 Level best() noexcept;
+
+// The levels compiled into this build, lowest (scalar) first.
+std::span<const Level> levels() noexcept;
 
 // Whether `level` was compiled and can run here.
 bool available(Level level) noexcept;
