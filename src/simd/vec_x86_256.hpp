@@ -29,6 +29,7 @@ struct Vec<float, 8> {
     using M = __m256;
     using Half = Vec<float, 4>;
     static constexpr int lanes = 8;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm256_loadu_ps(p); }
@@ -147,6 +148,7 @@ struct Vec<double, 4> {
     using M = __m256d;
     using Half = Vec<double, 2>;
     static constexpr int lanes = 4;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const double* p) { return _mm256_loadu_pd(p); }

@@ -24,6 +24,7 @@ struct Vec<float, 16> {
     using M = __mmask16;
     using Half = Vec<float, 8>;
     static constexpr int lanes = 16;
+    static constexpr bool bit_masks = true; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm512_loadu_ps(p); }
@@ -140,6 +141,7 @@ struct Vec<double, 8> {
     using M = __mmask8;
     using Half = Vec<double, 4>;
     static constexpr int lanes = 8;
+    static constexpr bool bit_masks = true; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const double* p) { return _mm512_loadu_pd(p); }
