@@ -37,6 +37,20 @@ inline void store_via_buffer(T* p, R a, size_t n, void (*store)(T*, R)) {
 }
 } // namespace x86
 
+namespace x86 {
+// Byte indices that reverse the S-byte elements within each 16-byte block.
+template <size_t S>
+struct ReverseInBlocks {
+    alignas(64) uint8_t b[64];
+    constexpr ReverseInBlocks() : b{} {
+        for (size_t k = 0; k < 64; ++k)
+            b[k] = static_cast<uint8_t>((16 / S - 1 - (k % 16) / S) * S + k % S);
+    }
+};
+template <size_t S>
+inline constexpr ReverseInBlocks<S> kReverseInBlocks{};
+} // namespace x86
+
 // Orders earlier non-temporal stores before later stores (after a `stream` loop).
 inline void stream_fence() { _mm_sfence(); }
 
@@ -472,6 +486,20 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
     // truncated.
     static R from_double_nearest(__m128d a) { return _mm_cvtpd_epi32(a); }
     static R from_double_trunc(__m128d a) { return _mm_cvttpd_epi32(a); }
+
+    // Elements in reverse order; reverse_blocks reverses the order of the 16-byte blocks (one
+    // block here).
+    static R reverse(R a) {
+        if constexpr (bytes == 8) return _mm_shuffle_epi32(a, 0x4E);
+        if constexpr (bytes == 4) return _mm_shuffle_epi32(a, 0x1B);
+        if constexpr (bytes == 1) a = _mm_or_si128(_mm_slli_epi16(a, 8), _mm_srli_epi16(a, 8));
+        if constexpr (bytes <= 2) {
+            a = _mm_shufflelo_epi16(a, 0x1B);
+            a = _mm_shufflehi_epi16(a, 0x1B);
+            return _mm_shuffle_epi32(a, 0x4E);
+        }
+    }
+    static R reverse_blocks(R a) { return a; }
 
   private:
     static R interleave_lo(R a, R b) {

@@ -402,6 +402,18 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
         static_assert(bytes == 4);
         return _mm256_sllv_epi32(a, counts);
     }
+    // Each 32-bit lane shifted right by its own count (arithmetic for signed T).
+    static R shift_right_each(R a, R counts) {
+        static_assert(bytes == 4);
+        return is_signed ? _mm256_srav_epi32(a, counts) : _mm256_srlv_epi32(a, counts);
+    }
+    // |a| (the most negative value stays as it is).
+    static R abs(R a) {
+        static_assert(bytes <= 4 && is_signed);
+        if constexpr (bytes == 1) return _mm256_abs_epi8(a);
+        if constexpr (bytes == 2) return _mm256_abs_epi16(a);
+        if constexpr (bytes == 4) return _mm256_abs_epi32(a);
+    }
 
     static M eq(R a, R b) {
         if constexpr (bytes == 1) return _mm256_cmpeq_epi8(a, b);
@@ -463,11 +475,12 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     static __m128i from_double_nearest(__m256d a) { return _mm256_cvtpd_epi32(a); }
     static __m128i from_double_trunc(__m256d a) { return _mm256_cvttpd_epi32(a); }
 
-    // Elements in reverse order.
+    // Elements in reverse order; reverse_blocks reverses the order of the 16-byte blocks.
     static R reverse(R a) {
-        if constexpr (bytes < 16) a = _mm256_shuffle_epi8(a, reverse_in_halves());
-        return _mm256_permute2x128_si256(a, a, 0x01);
+        return reverse_blocks(_mm256_shuffle_epi8(
+            a, load(reinterpret_cast<const T*>(x86::kReverseInBlocks<bytes>.b))));
     }
+    static R reverse_blocks(R a) { return _mm256_permute2x128_si256(a, a, 0x01); }
     // Each 16-byte half rearranged by the byte indices in `table` (within the half).
     static R shuffle_bytes(R a, R table) { return _mm256_shuffle_epi8(a, table); }
 
@@ -476,12 +489,6 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
         int v;
         std::memcpy(&v, p, sizeof v);
         return v;
-    }
-    static R reverse_in_halves() {
-        alignas(32) uint8_t b[32];
-        for (int k = 0; k < 32; ++k)
-            b[k] = static_cast<uint8_t>((16 / bytes - 1 - (k % 16) / bytes) * bytes + k % bytes);
-        return _mm256_load_si256(reinterpret_cast<const __m256i*>(b));
     }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm256_unpacklo_epi8(a, b);

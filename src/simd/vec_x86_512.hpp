@@ -378,6 +378,17 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         static_assert(bytes == 4);
         return _mm512_sllv_epi32(a, counts);
     }
+    static R shift_right_each(R a, R counts) {
+        static_assert(bytes == 4);
+        return is_signed ? _mm512_srav_epi32(a, counts) : _mm512_srlv_epi32(a, counts);
+    }
+    static R abs(R a) {
+        static_assert(is_signed);
+        if constexpr (bytes == 1) return _mm512_abs_epi8(a);
+        if constexpr (bytes == 2) return _mm512_abs_epi16(a);
+        if constexpr (bytes == 4) return _mm512_abs_epi32(a);
+        if constexpr (bytes == 8) return _mm512_abs_epi64(a);
+    }
 
     static M eq(R a, R b) {
         if constexpr (bytes == 1) return _mm512_cmpeq_epi8_mask(a, b);
@@ -447,18 +458,14 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
     static __m256i from_double_trunc(__m512d a) { return _mm512_cvttpd_epi32(a); }
 
     static R reverse(R a) {
-        if constexpr (bytes < 16) a = _mm512_shuffle_epi8(a, reverse_in_quarters());
-        return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B);
+        return reverse_blocks(
+            _mm512_shuffle_epi8(a, _mm512_load_si512(x86::kReverseInBlocks<bytes>.b)));
     }
+    // (maskz: avoids an undefined operand)
+    static R reverse_blocks(R a) { return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B); }
     static R shuffle_bytes(R a, R table) { return _mm512_shuffle_epi8(a, table); }
 
   private:
-    static R reverse_in_quarters() {
-        alignas(64) uint8_t b[64];
-        for (int k = 0; k < 64; ++k)
-            b[k] = static_cast<uint8_t>((16 / bytes - 1 - (k % 16) / bytes) * bytes + k % bytes);
-        return _mm512_load_si512(b);
-    }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm512_unpacklo_epi8(a, b);
         if constexpr (bytes == 2) return _mm512_unpacklo_epi16(a, b);
