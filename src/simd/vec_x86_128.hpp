@@ -238,6 +238,11 @@ struct Vec<double, 2> {
     static bool all(M m) { return _mm_movemask_pd(m) == 0x3; }
 
     static double sum(R a) { return _mm_cvtsd_f64(_mm_add_sd(a, _mm_unpackhi_pd(a, a))); }
+    // Precision changes: lanes 0 and 1 of a float register widened; two doubles rounded (by the
+    // current mode) into float lanes 0 and 1; 32-bit integer lanes 0 and 1 converted (exactly).
+    static R from_float(__m128 a) { return _mm_cvtps_pd(a); }
+    static __m128 to_float(R a) { return _mm_cvtpd_ps(a); }
+    static R from_int32(__m128i a) { return _mm_cvtepi32_pd(a); }
     static double first(R a) { return _mm_cvtsd_f64(a); }
     static __m128i bits(R a) { return _mm_castpd_si128(a); }
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }

@@ -209,6 +209,7 @@ struct Vec<double, 4> {
     // current mode).
     static R from_float(__m128 a) { return _mm256_cvtps_pd(a); }
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
+    static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }

@@ -193,6 +193,7 @@ struct Vec<double, 8> {
 
     static R from_float(__m256 a) { return _mm512_cvtps_pd(a); }
     static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
+    static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }

@@ -23,9 +23,43 @@ using num::pow2;
 // ---------------------------------------------------------------------------------------------
 // Widening and precision changes: plain loops, vectorised by the compiler at the SIMD levels.
 
+// Vector bodies, then the plain loop for the last elements (fewer than one vector).
 template <class S, class D>
 void widen(const S* s, D* d, size_t n) {
-    for (size_t i = 0; i < n; ++i) d[i] = static_cast<D>(s[i]);
+    size_t i = 0;
+#if VEK_ISA_LEVEL >= 1
+    using VD = simd::Wide<double>;
+    if constexpr (std::is_same_v<D, Vek64f> && VD::lanes >= 4) {
+        // Float or 32-bit integer lanes into doubles, half a register at a time.
+        using VS =
+            simd::Vec<std::conditional_t<std::is_same_v<S, Vek32f>, float, int32_t>, VD::lanes>;
+        for (; i + VD::lanes <= n; i += VD::lanes) {
+            const auto x = VS::load(reinterpret_cast<const typename VS::value_type*>(s + i));
+            if constexpr (std::is_same_v<S, Vek32f>)
+                VD::store(d + i, VD::from_float(x));
+            else
+                VD::store(d + i, VD::from_int32(x));
+        }
+    } else if constexpr (std::is_same_v<S, Vek64f> && VD::lanes >= 4) {
+        // Doubles rounded to floats (the caller holds a RoundNearestScope).
+        using VF = simd::Vec<float, VD::lanes>;
+        for (; i + 2 * VD::lanes <= n; i += 2 * VD::lanes) {
+            VF::store(d + i, VD::to_float(VD::load(s + i)));
+            VF::store(d + i + VD::lanes, VD::to_float(VD::load(s + i + VD::lanes)));
+        }
+    } else if constexpr (std::is_same_v<D, Vek32f> && sizeof(S) < 4) {
+        // 8- and 16-bit integers, extended to 32 bits, converted exactly.
+        using VF = simd::Wide<float>;
+        using VI = simd::Vec<int32_t, VF::lanes>;
+        for (; i + VF::lanes <= n; i += VF::lanes)
+            VF::store(d + i, VI::to_float(VI::load_extend(s + i)));
+    } else if constexpr (std::is_integral_v<D>) {
+        // Integer widening.
+        using VI = simd::Wide<D>;
+        for (; i + VI::lanes <= n; i += VI::lanes) VI::store(d + i, VI::load_extend(s + i));
+    }
+#endif
+    for (; i < n; ++i) d[i] = static_cast<D>(s[i]);
 }
 
 void s32_s16(const Vek32s* s, Vek16s* d, size_t n) {
@@ -75,6 +109,7 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
         VF::store(d + i, a);
         VF::store(d + i + w, b);
     }
+    for (; i + w <= n; i += w) VF::store(d + i, cvt(i));
 #endif
     for (; i < n; ++i) {
         const float v = static_cast<float>(s[i]);

@@ -493,7 +493,7 @@ inline size_t stream_blocks(T* d, size_t n, X x_at, Y y_at, F f, Plain plain) {
 // Two vectors of T: d = f(a, b).
 template <class T, class F>
 inline void vv(const T* a, const T* b, T* d, size_t n, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     size_t i = 0;
     if (streams(d, 3 * n * sizeof(T))) {
         using W = Wide<T>;
@@ -516,7 +516,7 @@ inline void vv(const T* a, const T* b, T* d, size_t n, F f) {
 // A vector and a constant: d = f(s, c).
 template <class T, class F>
 inline void vc(const T* s, T c, T* d, size_t n, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     const auto cv = V::splat(c);
     map_blocks<V>(
         d, n, 0, [s](size_t k) { return V::load(s + k); },
@@ -528,7 +528,7 @@ inline void vc(const T* s, T c, T* d, size_t n, F f) {
 // as a vector constant.
 template <class T, class F>
 inline void vc_pair(const T* s, T re, T im, T* d, size_t n2, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     if constexpr (V::lanes == 1) {
         for (size_t k = 0; k < n2; k += 2) {
             d[k] = V::first(f(V{}, V::splat(s[k]), V::splat(re)));
@@ -608,7 +608,7 @@ void subcrev_cv(const C* s, C c, C* d, size_t n) {
 // applies the zero-divisor rule and reports it.
 template <class T>
 int div_v(const T* a, const T* b, T* d, size_t n) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     if constexpr (V::lanes == 1) {
         return div_f(a, b, d, n);
     } else {
