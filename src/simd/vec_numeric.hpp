@@ -55,14 +55,30 @@ auto int_mask_of(typename VF::M m) {
         return VF::bits(m); // lane masks held in a register: all ones or all zeros per lane
 }
 
-// num::round_even_saturate<int32_t> (Nearest, under a RoundNearestScope) and
-// num::trunc_saturate<int32_t> on float lanes: NaN gives 0, 2^31 and above INT32_MAX, -2^31 and
-// below INT32_MIN. The conversion instruction already gives INT32_MIN for every lane it cannot
-// represent; only vectors holding that value are looked at again.
+// Whether V rounds to the nearest integer by the instruction itself (round_nearest), so that
+// the conversions below do not read the caller's rounding mode.
+template <class V>
+inline constexpr bool rounds_explicitly = requires(typename V::R r) {
+    V::round_nearest(r);
+};
+
+// num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
+// NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
+// rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
+// instruction gives INT32_MIN for every lane it cannot represent; only vectors holding that
+// value are looked at again.
 template <bool Nearest, class VF>
 auto float_to_int32_saturate(typename VF::R y) {
     using VI = Vec<int32_t, VF::lanes>;
-    auto v = Nearest ? VI::from_float_nearest(y) : VI::from_float_trunc(y);
+    typename VI::R v;
+    if constexpr (!Nearest)
+        v = VI::from_float_trunc(y);
+    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
+        v = VI::from_float_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VF>)
+        v = VI::from_float_trunc(VF::round_nearest(y));
+    else
+        v = VI::from_float_nearest(y);
     if (VI::any(VI::eq(v, VI::splat(INT32_MIN)))) {
         v = VI::select(int_mask_of<VF>(VF::unordered(y, y)), VI::zero(), v);
         v = VI::select(int_mask_of<VF>(VF::ge(y, VF::splat(2147483648.0f))), VI::splat(INT32_MAX),
@@ -79,7 +95,14 @@ auto double_to_int32_saturate(typename VD::R y) {
     using VI = Vec<int32_t, 2 * VD::lanes>;
     y = VD::select(VD::unordered(y, y), VD::zero(), y);
     y = VD::min(VD::max(y, VD::splat(-2147483648.0)), VD::splat(2147483647.0));
-    return Nearest ? VI::from_double_nearest(y) : VI::from_double_trunc(y);
+    if constexpr (!Nearest)
+        return VI::from_double_trunc(y);
+    else if constexpr (requires { VI::from_double_nearest_explicit(y); })
+        return VI::from_double_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VD>)
+        return VI::from_double_trunc(VD::round_nearest(y));
+    else
+        return VI::from_double_nearest(y);
 }
 
 } // namespace VEK_PER_ISA

@@ -58,6 +58,10 @@ struct Vec<float, 8> {
     static R div(R a, R b) { return _mm256_div_ps(a, b); }
     static R mul_add(R a, R b, R c) { return _mm256_fmadd_ps(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm256_fmsub_ps(a, b, c); }
+    // The value rounded to the nearest integer (ties to even), whatever the caller's mode.
+    static R round_nearest(R a) {
+        return _mm256_round_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm256_min_ps(a, b); }
     static R max(R a, R b) { return _mm256_max_ps(a, b); }
     static R abs(R a) {
@@ -177,6 +181,9 @@ struct Vec<double, 4> {
     static R div(R a, R b) { return _mm256_div_pd(a, b); }
     static R mul_add(R a, R b, R c) { return _mm256_fmadd_pd(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm256_fmsub_pd(a, b, c); }
+    static R round_nearest(R a) {
+        return _mm256_round_pd(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm256_min_pd(a, b); }
     static R max(R a, R b) { return _mm256_max_pd(a, b); }
     static R abs(R a) {

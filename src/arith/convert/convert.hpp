@@ -2,10 +2,10 @@
 //
 // Rules shared by every level (the SIMD kernels give the scalar kernel's bits):
 // - Integer to float conversions are correctly rounded to the destination (round to nearest,
-//   ties to even); the scaled forms compute v * 2^-sf with a single rounding. Callers hold a
-//   RoundNearestScope when the result can be inexact.
+//   ties to even); the scaled forms compute v * 2^-sf with a single rounding. The kernels
+//   round explicitly or hold a RoundNearestScope themselves: callers need not.
 // - Float to integer: y = x * 2^-sf (exact, or harmlessly under/overflowed), rounded to the
-//   nearest integer with ties to even when `nearest` is set (under a RoundNearestScope), else
+//   nearest integer with ties to even when `nearest` is set, else
 //   truncated toward zero; then saturated to the destination range. NaN gives 0, +inf the
 //   maximum and -inf the minimum.
 #pragma once

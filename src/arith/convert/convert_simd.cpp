@@ -7,6 +7,7 @@
 // correctly rounded float result do not change. Scale factors outside the SIMD paths' range
 // take the scalar rule.
 #include "arith/convert/convert.hpp"
+#include "core/fpenv.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec_numeric.hpp"
 
@@ -27,6 +28,8 @@ using num::pow2;
 template <class S, class D>
 void widen(const S* s, D* d, size_t n) {
     size_t i = 0;
+    // Doubles to floats round: explicitly on the AVX-512 level, by the caller's mode elsewhere.
+    const RoundNearestScope nearest(std::is_same_v<S, Vek64f> && VEK_ISA_LEVEL < 3);
 #if VEK_ISA_LEVEL >= 1
     using VD = simd::Wide<double>;
     if constexpr (std::is_same_v<D, Vek64f> && VD::lanes >= 4) {
@@ -43,10 +46,21 @@ void widen(const S* s, D* d, size_t n) {
     } else if constexpr (std::is_same_v<S, Vek64f> && VD::lanes >= 4) {
         // Doubles rounded to floats (the caller holds a RoundNearestScope).
         using VF = simd::Vec<float, VD::lanes>;
+#if VEK_ISA_LEVEL >= 3
+        for (; i + 2 * VD::lanes <= n; i += 2 * VD::lanes) {
+            VF::store(d + i, VD::to_float_nearest(VD::load(s + i)));
+            VF::store(d + i + VD::lanes, VD::to_float_nearest(VD::load(s + i + VD::lanes)));
+        }
+        for (; i < n; i += VD::lanes) {
+            const size_t m = n - i < VD::lanes ? n - i : VD::lanes;
+            VF::store_n(d + i, VD::to_float_nearest(VD::load_n(s + i, m)), m);
+        }
+#else
         for (; i + 2 * VD::lanes <= n; i += 2 * VD::lanes) {
             VF::store(d + i, VD::to_float(VD::load(s + i)));
             VF::store(d + i + VD::lanes, VD::to_float(VD::load(s + i + VD::lanes)));
         }
+#endif
     } else if constexpr (std::is_same_v<D, Vek32f> && sizeof(S) < 4) {
         // 8- and 16-bit integers, extended to 32 bits, converted exactly.
         using VF = simd::Wide<float>;
@@ -74,6 +88,7 @@ void s32_s16(const Vek32s* s, Vek16s* d, size_t n) {
 
 template <class S, class D>
 void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
+    const RoundNearestScope nearest;
     if (sf >= -1023 && sf <= 1022) {
         // One multiplication by an exact power of two: exact in double for these sources
         // (or below 2^-1022, where a float result is 0 anyway and a double one rounds once).
@@ -86,10 +101,40 @@ void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
 }
 
 // 16s or 32s -> 32f, optionally times k (an exact power of two whose products are correctly
-// rounded; see the callers). Two vectors per step; the tail is the plain rule.
+// rounded; see the callers). On the AVX-512 level every conversion and product is rounded to
+// nearest by the instruction itself and the tail is one partial vector, so the caller's rounding
+// mode is never read; elsewhere the kernel holds a RoundNearestScope.
 template <bool Scaled, class S>
 void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
     size_t i = 0;
+#if VEK_ISA_LEVEL >= 3
+    using VF = simd::Vec<float, 16>;
+    using VI = simd::Vec<int32_t, 16>;
+    constexpr size_t w = 16;
+    const auto vk = VF::splat(k);
+    auto cvt = [&](typename VI::R x) {
+        const auto f = VI::to_float_nearest(x);
+        return Scaled ? VF::mul_nearest(f, vk) : f;
+    };
+    auto load = [&](const S* p) {
+        if constexpr (sizeof(S) == 4)
+            return VI::load(reinterpret_cast<const int32_t*>(p));
+        else
+            return VI::load_extend(p);
+    };
+    for (; i + 2 * w <= n; i += 2 * w) {
+        const auto a = cvt(load(s + i)), b = cvt(load(s + i + w));
+        VF::store(d + i, a);
+        VF::store(d + i + w, b);
+    }
+    for (; i + w <= n; i += w) VF::store(d + i, cvt(load(s + i)));
+    if (i < n) {
+        S tail[w] = {};
+        std::memcpy(tail, s + i, (n - i) * sizeof(S));
+        VF::store_n(d + i, cvt(load(tail)), n - i);
+    }
+#else
+    const RoundNearestScope nearest(sizeof(S) == 4 || Scaled);
 #if VEK_ISA_LEVEL >= 1
     using VF = simd::Wide<float>;
     using VI = simd::Vec<int32_t, VF::lanes>;
@@ -115,6 +160,7 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
         const float v = static_cast<float>(s[i]);
         d[i] = Scaled ? v * k : v;
     }
+#endif
 }
 
 void s16_f32(const Vek16s* s, Vek32f* d, size_t n) { int_to_f32_body<false>(s, d, n, 1.0f); }
@@ -170,18 +216,38 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     using VF = simd::Wide<float>;
     using VI = simd::Vec<int32_t, VF::lanes>;
     constexpr size_t w = VF::lanes;
+    // The vectors read the caller's rounding mode only where the level cannot round explicitly.
+    const RoundNearestScope vector_nearest(Nearest && !simd::rounds_explicitly<VF>);
     const auto vk = VF::splat(static_cast<float>(pow2(-sf)));
-    auto cvt = [&](size_t at) {
-        return simd::float_to_int32_saturate<Nearest, VF>(VF::mul(VF::load(s + at), vk));
+    auto convert = [&](typename VF::R x) {
+        return simd::float_to_int32_saturate<Nearest, VF>(VF::mul(x, vk));
     };
+    auto cvt = [&](size_t at) { return convert(VF::load(s + at)); };
     if constexpr (sizeof(T) == 4) {
         for (; i + w <= n; i += w) VI::store(reinterpret_cast<int32_t*>(d + i), cvt(i));
+#if VEK_ISA_LEVEL >= 3
+        if (i < n) {
+            VI::store_n(reinterpret_cast<int32_t*>(d + i), convert(VF::load_n(s + i, n - i)),
+                        n - i);
+            i = n;
+        }
+#endif
     } else {
 #if VEK_ISA_LEVEL >= 3
-        // One vector at a time, narrowed in order with saturation (negative lanes to 0 for
-        // unsigned T).
+        // Two vectors per step into one of 16-bit lanes, or one at a time (bytes, and the
+        // rest), narrowed in order with saturation (negative lanes to 0 for unsigned T).
+        if constexpr (sizeof(T) == 2) {
+            for (; i + 2 * w <= n; i += 2 * w)
+                simd::Vec<T, 32>::store(d + i,
+                                        VI::template narrow_sat_in_order<T>(cvt(i), cvt(i + w)));
+        }
         for (; i + w <= n; i += w)
             simd::Vec<T, 16>::store(d + i, VI::template narrow_sat_half<T>(cvt(i)));
+        if (i < n) {
+            simd::Vec<T, 16>::store_n(
+                d + i, VI::template narrow_sat_half<T>(convert(VF::load_n(s + i, n - i))), n - i);
+            i = n;
+        }
 #else
         // Two vectors of 32-bit lanes to one of 16-bit lanes, in order; bytes from its halves.
         using V16 = simd::Vec<std::conditional_t<sizeof(T) == 2, T, int16_t>, 2 * w>;
@@ -203,12 +269,16 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
 #endif
     }
 #endif
-    if (i < n) float_to_int_ref<Vek32f, T, Nearest>(s + i, d + i, n - i, sf);
+    if (i < n) {
+        const RoundNearestScope nearest(Nearest);
+        float_to_int_ref<Vek32f, T, Nearest>(s + i, d + i, n - i, sf);
+    }
 }
 
 template <class T>
 void f32_to_int(const Vek32f* s, T* d, size_t n, bool nearest, int sf) {
     const bool vector = simd::kHasVectors && sf >= -126 && sf <= 126;
+    const RoundNearestScope scope(nearest && !vector);
     if (nearest)
         vector ? f32_to_int_body<T, true>(s, d, n, sf)
                : float_to_int_ref<Vek32f, T, true>(s, d, n, sf);
@@ -225,20 +295,34 @@ void f64_to_s32_body(const Vek64f* s, Vek32s* d, size_t n, int sf) {
     using VD = simd::Wide<double>;
     using VI = simd::Vec<int32_t, VD::lanes>; // the conversion's result, half as wide
     constexpr size_t w = VD::lanes;
+    const RoundNearestScope vector_nearest(Nearest && !simd::rounds_explicitly<VD>);
     const auto vk = VD::splat(pow2(-sf));
+    auto convert = [&](typename VD::R x) {
+        return simd::double_to_int32_saturate<Nearest, VD>(VD::mul(x, vk));
+    };
     for (; i + w <= n; i += w) {
-        const auto v = simd::double_to_int32_saturate<Nearest, VD>(VD::mul(VD::load(s + i), vk));
+        const auto v = convert(VD::load(s + i));
         if constexpr (w == 2)
             simd::Vec<int32_t, 4>::store_half(d + i, v);
         else
             VI::store(d + i, v);
     }
+#if VEK_ISA_LEVEL >= 3
+    if (i < n) {
+        VI::store_n(d + i, convert(VD::load_n(s + i, n - i)), n - i);
+        i = n;
+    }
 #endif
-    if (i < n) float_to_int_ref<Vek64f, Vek32s, Nearest>(s + i, d + i, n - i, sf);
+#endif
+    if (i < n) {
+        const RoundNearestScope nearest(Nearest);
+        float_to_int_ref<Vek64f, Vek32s, Nearest>(s + i, d + i, n - i, sf);
+    }
 }
 
 void f64_s32_sfs(const Vek64f* s, Vek32s* d, size_t n, bool nearest, int sf) {
     const bool vector = simd::kHasVectors && sf >= -1023 && sf <= 1022;
+    const RoundNearestScope scope(nearest && !vector);
     if (nearest)
         vector ? f64_to_s32_body<true>(s, d, n, sf)
                : float_to_int_ref<Vek64f, Vek32s, true>(s, d, n, sf);
