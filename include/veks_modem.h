@@ -1,4 +1,5 @@
-/* veks: modem primitives: running updates and nearest-value search. */
+/** @file veks_modem.h
+ *  Modem primitives: running updates and nearest-value search. */
 #ifndef VEKS_MODEM_H
 #define VEKS_MODEM_H
 
@@ -11,6 +12,10 @@ extern "C" {
 /* ==== Running updates and nearest-value search ================================================ */
 
 /* ==== end of Running updates and nearest-value search */
+
+/* ==== Trellis-decoder support ================================================================= */
+
+/* ==== end of Trellis-decoder support */
 
 #ifdef __cplusplus
 }
