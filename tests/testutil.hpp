@@ -16,12 +16,11 @@
 
 namespace vt {
 
-// Runs `body` once per kernel level this build and processor support, the scalar one first;
-// the best level is selected again afterwards.
+// Runs `body` once per kernel level the library compiled and this processor supports, the scalar
+// one first; the best level is selected again afterwards.
 template <class F>
 void for_each_level(F&& body) {
-    for (int l = veks::isa::scalar; l <= veks::isa::avx512; ++l) {
-        const auto level = static_cast<veks::isa::Level>(l);
+    for (const veks::isa::Level level : veks::isa::levels()) {
         if (!veks::isa::set_level(level)) continue;
         SCOPED_TRACE(std::string("kernel level ") + veks::isa::name(level));
         body(level);
