@@ -403,6 +403,16 @@ namespace {
 // hi + lo rounded to nearest (a normalised double-double already is).
 double round_dd(DD y) { return y.hi + y.lo; }
 
+// v * r rounded once, subnormal and overflowing results included: the product is formed on
+// scaled operands and rounded by round_scaled.
+double scaled_product(DD v, double r) {
+    if (r == 0.0 || std::isinf(r) || v.hi == 0.0) return r * v.hi;
+    const int k = std::ilogb(r);
+    const DD p = mul(v, std::scalbn(r, -k));
+    const int ep = std::ilogb(p.hi);
+    return round_scaled({std::scalbn(p.hi, -ep), std::scalbn(p.lo, -ep)}, ep + k);
+}
+
 } // namespace
 
 double ln_64f(double x, unsigned& warn) noexcept {
@@ -461,12 +471,12 @@ double hypot_64f(double x, double y) noexcept {
     const int e = std::ilogb(ax);
     ax = std::scalbn(ax, -e);
     ay = std::scalbn(ay, -e);
-    if (ay < 0x1p-60) return std::scalbn(ax, e); // ay^2 below half an ulp of ax^2
+    if (ay < 0x1p-60) return round_scaled({ax, 0.5 * ay * ay}, e); // just above ax
     const DD s = add(two_prod(ax, ax), two_prod(ay, ay));
     // sqrt(s) = h + (s - h^2) / (2h): one Newton correction of the double square root.
     const double h = std::sqrt(s.hi);
     const DD r = sub(s, two_prod(h, h));
-    return std::scalbn(h + r.hi / (2.0 * h), e);
+    return round_scaled(fast_two_sum(h, r.hi / (2.0 * h)), e);
 }
 
 void polar_64f(double r, double theta, double& re, double& im) noexcept {
@@ -479,13 +489,8 @@ void polar_64f(double r, double theta, double& re, double& im) noexcept {
     sincos_dd(rho, s, c);
     const DD cv = q == 0 ? c : q == 1 ? neg(s) : q == 2 ? neg(c) : s;
     const DD sv = q == 0 ? s : q == 1 ? c : q == 2 ? neg(s) : neg(c);
-    if (!std::isfinite(r) || std::fabs(r) > 0x1p1000 || std::fabs(r) < 0x1p-900) {
-        re = r * round_dd(cv);
-        im = r * round_dd(sv);
-        return;
-    }
-    re = round_dd(mul(cv, r));
-    im = round_dd(mul(sv, r));
+    re = scaled_product(cv, r);
+    im = scaled_product(sv, r);
 }
 
 } // namespace veks::elem

@@ -89,7 +89,9 @@ inline DD atan_parts(double t) noexcept {
                            u2 * (0x1.c71c71c71c71cp-4 +
                                  u2 * (-0x1.745d1745d1746p-4 +
                                        u2 * (0x1.3b13b13b13b14p-4 - u2 * 0x1.1111111111111p-4))))));
-    return fast_two_sum(atan_i64[i].hi, u + (tail + atan_i64[i].lo));
+    const DD w = fast_two_sum(u, tail + atan_i64[i].lo);
+    const DD v = two_sum(atan_i64[i].hi, w.hi);
+    return fast_two_sum(v.hi, v.lo + w.lo);
 }
 
 // The angle of (a, b) for a, b > 0 finite, in [0, pi/2]; then pi minus it when `flip`.

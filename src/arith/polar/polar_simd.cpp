@@ -217,6 +217,8 @@ inline bool cart_in_range_64(double r, double theta) {
     return std::fabs(theta) < 0x1p17 && a < 0x1p1000 && (a > 0x1p-900 || a == 0.0);
 }
 
+inline bool tiny_nonzero(double x) { return std::fabs(x) < 0x1p-1000 && x != 0.0; }
+
 void to_cart_block_64(const double* r, const double* theta, double* re, double* im, size_t m) {
     int redo = 0;
     for (size_t j = 0; j < m; ++j) {
@@ -231,11 +233,14 @@ void to_cart_block_64(const double* r, const double* theta, double* re, double* 
         const DD pc = two_prod(rr, cs * cq.hi), ps = two_prod(rr, ss * sq.hi);
         re[j] = pc.hi + (pc.lo + rr * (cs * cq.lo));
         im[j] = ps.hi + (ps.lo + rr * (ss * sq.lo));
-        redo |= static_cast<int>(!ok);
+        // Results near the subnormal range take the scalar path, which rounds them once.
+        const bool tiny = tiny_nonzero(re[j]) || tiny_nonzero(im[j]);
+        redo |= static_cast<int>(!ok) | static_cast<int>(tiny);
     }
     if (redo)
         for (size_t j = 0; j < m; ++j)
-            if (!cart_in_range_64(r[j], theta[j])) polar_64f(r[j], theta[j], re[j], im[j]);
+            if (!cart_in_range_64(r[j], theta[j]) || tiny_nonzero(re[j]) || tiny_nonzero(im[j]))
+                polar_64f(r[j], theta[j], re[j], im[j]);
 }
 
 // ---- kernels ---------------------------------------------------------------------------------
