@@ -108,7 +108,8 @@ TEST(Polar64f, WithinOneUlpAndNoIntermediateOverflow) {
             worst[2] = std::fmax(worst[2], er::ulps(re[i], x * std::cos(t)));
             worst[3] = std::fmax(worst[3], er::ulps(im[i], x * std::sin(t)));
         }
-        for (double w : worst) EXPECT_LT(w, 0.75) << worst[0] << ' ' << worst[1] << ' ' << worst[2] << ' ' << worst[3];
+        for (double w : worst)
+            EXPECT_LT(w, 0.75) << worst[0] << ' ' << worst[1] << ' ' << worst[2] << ' ' << worst[3];
     });
     const Vek64fc e[] = {{1e308, 1e308}, {0x1p-1074, 0x1p-1074}, {3e-200, 4e-200}};
     double m[3];

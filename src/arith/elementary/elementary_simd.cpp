@@ -29,9 +29,12 @@ unsigned map_float(const float* s, float* d, size_t n) {
         std::memcpy(x, s + i0, m * sizeof(float));
         int redo = 0;
         for (size_t j = 0; j < m; ++j) {
-            const double z = F::fast(x[j]);
+            // Arguments outside the range are evaluated at +0 and revisited.
+            const float xj = x[j];
+            const bool ok = F::in_range(xj);
+            const double z = F::fast(pick(ok, xj, 0.0f));
             d[i0 + j] = static_cast<float>(z);
-            redo |= static_cast<int>(!F::in_range(x[j])) | static_cast<int>(near_float_boundary(z));
+            redo |= static_cast<int>(!ok) | static_cast<int>(near_float_boundary(z));
         }
         if (redo) {
             for (size_t j = 0; j < m; ++j)
@@ -43,15 +46,15 @@ unsigned map_float(const float* s, float* d, size_t n) {
 }
 
 struct Exp32 {
-    static bool in_range(float x) { return x > -103.5f && x < 88.5f; }
+    static bool in_range(float x) { return (x > -103.5f) & (x < 88.5f); }
     static double fast(float x) { return exp_fast(x); }
     static float exact(float x, unsigned&) { return exp_32f(x); }
 };
 
 struct Ln32 {
-    static bool in_range(float x) { return x >= 0x1p-126f && x <= 0x1.fffffep127f; }
+    static bool in_range(float x) { return (x >= 0x1p-126f) & (x <= 0x1.fffffep127f); }
     static double fast(float x) {
-        const DD l = log_parts(in_range(x) ? static_cast<double>(x) : 1.0);
+        const DD l = log_parts(x);
         return l.hi + l.lo;
     }
     static float exact(float x, unsigned& warn) { return ln_32f(x, warn); }
@@ -60,12 +63,9 @@ struct Ln32 {
 struct Cbrt32 {
     static bool in_range(float x) {
         const float a = std::fabs(x);
-        return a >= 0x1p-126f && a <= 0x1.fffffep127f;
+        return (a >= 0x1p-126f) & (a <= 0x1.fffffep127f);
     }
-    static double fast(float x) {
-        const double y = cbrt_fast(in_range(x) ? std::fabs(x) : 1.0f);
-        return x < 0 ? -y : y;
-    }
+    static double fast(float x) { return std::copysign(cbrt_fast(std::fabs(x)), x); }
     static float exact(float x, unsigned&) { return cbrt_32f(x); }
 };
 
@@ -74,10 +74,9 @@ struct Atan32 {
     static double fast(float x) {
         const double a = std::fabs(static_cast<double>(x));
         const bool big = a > 1.0;
-        const DD t = atan_parts(big ? 1.0 / a : a);
-        double v = t.hi + t.lo;
-        if (big) v = pi_2_dd.hi - t.hi + (pi_2_dd.lo - t.lo);
-        return x < 0 ? -v : v;
+        const DD t = atan_parts(pick(big, 1.0 / a, a));
+        const double v = pick(big, pi_2_dd.hi - t.hi + (pi_2_dd.lo - t.lo), t.hi + t.lo);
+        return std::copysign(v, static_cast<double>(x));
     }
     static float exact(float x, unsigned&) { return atan_32f(x); }
 };
@@ -157,7 +156,7 @@ inline double ln_fast_64(double x) {
     constexpr double ln2_hi = 0x1.62e42fefa3800p-1, ln2_lo = 0x1.ef35793c76730p-45;
     const uint64_t ix = std::bit_cast<uint64_t>(x);
     const uint64_t tmp = ix - 0x3fe6600000000000u;
-    const int i = static_cast<int>((tmp >> 45) & 127);
+    const uint64_t i = (tmp >> 45) & 127;
     const double k = static_cast<double>(static_cast<int64_t>(tmp) >> 52);
     const double z = std::bit_cast<double>(ix - (tmp & 0xfff0000000000000u));
     const DD p = two_prod(z, log_invc[i]);
@@ -167,7 +166,7 @@ inline double ln_fast_64(double x) {
     return t.hi + (t.lo + (log1p_tail(r) + (c.lo + (k * ln2_lo + log_logc[i].lo))));
 }
 
-inline bool ln_normal_64(double x) { return x >= 0x1p-1022 && x <= 0x1.fffffffffffffp1023; }
+inline bool ln_normal_64(double x) { return (x >= 0x1p-1022) & (x <= 0x1.fffffffffffffp1023); }
 
 unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
     unsigned warn = 0;
@@ -178,7 +177,7 @@ unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
         int redo = 0;
         for (size_t j = 0; j < m; ++j) {
             const bool ok = ln_normal_64(x[j]);
-            d[i0 + j] = ln_fast_64(ok ? x[j] : 1.0);
+            d[i0 + j] = ln_fast_64(pick(ok, x[j], 1.0));
             redo |= static_cast<int>(!ok);
         }
         if (redo)
@@ -194,18 +193,15 @@ void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {
         const double a = std::fabs(x);
         const bool big = a > 1.0;
         // t = 1/a for |x| > 1; the reciprocal's rounding error e goes in as e / (1 + t^2).
-        const double num = big ? 1.0 : a, den = big ? a : 1.0;
+        const double num = pick(big, 1.0, a), den = pick(big, a, 1.0);
         const double t = num / den;
         const DD p = two_prod(t, den);
         const double e = ((num - p.hi) - p.lo) / den / (1.0 + t * t);
         DD v = atan_parts(t);
         v = fast_two_sum(v.hi, v.lo + e);
-        double r = v.hi + v.lo;
-        if (big) {
-            const DD q = two_sum(pi_2_dd.hi, -v.hi);
-            r = q.hi + (q.lo + (pi_2_dd.lo - v.lo));
-        }
-        d[i] = x < 0 ? -r : r;
+        const DD q = two_sum(pi_2_dd.hi, -v.hi);
+        const double r = pick(big, q.hi + (q.lo + (pi_2_dd.lo - v.lo)), v.hi + v.lo);
+        d[i] = std::copysign(r, x);
     }
 }
 
@@ -222,7 +218,7 @@ unsigned sumln(const T* s, size_t n, double* sum) {
         for (size_t j = 0; j < m; ++j) {
             const double x = static_cast<double>(s[i0 + j]);
             const bool ok = ln_normal_64(x);
-            part += ok ? ln_fast_64(x) : 0.0;
+            part += pick(ok, ln_fast_64(pick(ok, x, 1.0)), 0.0);
             redo |= static_cast<int>(!ok);
         }
         if (redo)

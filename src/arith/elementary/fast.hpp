@@ -25,6 +25,19 @@ inline double round_shifted(double x, int64_t& bits) noexcept {
     return s - shifter;
 }
 
+// c ? a : b by bit masks: the compiler vectorises these where a floating-point select would
+// keep the loop scalar.
+inline double pick(bool c, double a, double b) noexcept {
+    const uint64_t m = 0 - static_cast<uint64_t>(c);
+    return std::bit_cast<double>((std::bit_cast<uint64_t>(a) & m) |
+                                 (std::bit_cast<uint64_t>(b) & ~m));
+}
+inline float pick(bool c, float a, float b) noexcept {
+    const uint32_t m = 0 - static_cast<uint32_t>(c);
+    return std::bit_cast<float>((std::bit_cast<uint32_t>(a) & m) |
+                                (std::bit_cast<uint32_t>(b) & ~m));
+}
+
 inline double from_exponent(int64_t e) noexcept { // 2^e, -1022 <= e <= 1023
     return std::bit_cast<double>(static_cast<uint64_t>(e + 1023) << 52);
 }
@@ -64,7 +77,7 @@ inline DD log_parts(double x) noexcept {
     constexpr double ln2_hi = 0x1.62e42fefa3800p-1, ln2_lo = 0x1.ef35793c76730p-45;
     const uint64_t ix = std::bit_cast<uint64_t>(x);
     const uint64_t tmp = ix - 0x3fe6600000000000u;
-    const int i = static_cast<int>((tmp >> 45) & 127);
+    const uint64_t i = (tmp >> 45) & 127; // a 64-bit index keeps the loop vectorisable
     const double k = static_cast<double>(static_cast<int64_t>(tmp) >> 52);
     const double z = std::bit_cast<double>(ix - (tmp & 0xfff0000000000000u));
     const double r = z * log_invc[i] - 1.0;
@@ -76,10 +89,9 @@ inline DD log_parts(double x) noexcept {
 // nearest t, or c = 0 below 1/16 (so that atan(c) never cancels more than an eighth of u).
 inline DD atan_parts(double t) noexcept {
     int64_t ib;
-    double c = round_shifted(t * 64.0, ib) * 0.015625;
     const bool small = t < 0.0625;
-    c = small ? 0.0 : c;
-    const int i = small ? 0 : static_cast<int>(ib & 127);
+    const double c = pick(small, 0.0, round_shifted(t * 64.0, ib) * 0.015625);
+    const int64_t i = (ib & 127) & -static_cast<int64_t>(!small);
     const double u = (t - c) / (1.0 + t * c);
     const double u2 = u * u;
     const double tail =
@@ -94,16 +106,13 @@ inline DD atan_parts(double t) noexcept {
     return fast_two_sum(v.hi, v.lo + w.lo);
 }
 
-// The angle of (a, b) for a, b > 0 finite, in [0, pi/2]; then pi minus it when `flip`.
+// The angle of (a, b) for a, b > 0 finite, in [0, pi/2].
 inline DD angle_parts(double a, double b) noexcept {
     const bool steep = b > a;
-    const DD t = atan_parts(steep ? a / b : b / a);
-    DD v = t;
-    if (steep) {
-        const DD d = two_sum(pi_2_dd.hi, -t.hi);
-        v = fast_two_sum(d.hi, d.lo + (pi_2_dd.lo - t.lo));
-    }
-    return v;
+    const DD t = atan_parts(pick(steep, a, b) / pick(steep, b, a));
+    const DD d = two_sum(pi_2_dd.hi, -t.hi);
+    const DD v = fast_two_sum(d.hi, d.lo + (pi_2_dd.lo - t.lo));
+    return {pick(steep, v.hi, t.hi), pick(steep, v.lo, t.lo)};
 }
 
 // Cube root of a positive normal float given as a double, by a first guess from the float

@@ -60,16 +60,15 @@ void magnitude_block(const float* x, const float* y, float* d, float*, size_t m)
 // Phase in double for finite, nonzero x and y.
 inline bool phase_in_range(float x, float y) {
     const float a = std::fabs(x), b = std::fabs(y);
-    return a > 0.0f && b > 0.0f && a <= 0x1.fffffep127f && b <= 0x1.fffffep127f;
+    return (a > 0.0f) & (b > 0.0f) & (a <= 0x1.fffffep127f) & (b <= 0x1.fffffep127f);
 }
 
 inline double phase_fast(float x, float y) {
     const bool ok = phase_in_range(x, y);
-    const DD t = angle_parts(ok ? std::fabs(static_cast<double>(x)) : 1.0,
-                             ok ? std::fabs(static_cast<double>(y)) : 1.0);
-    double v = t.hi + t.lo;
-    if (x < 0) v = (pi_dd.hi - t.hi) + (pi_dd.lo - t.lo);
-    return y < 0 ? -v : v;
+    const DD t = angle_parts(pick(ok, std::fabs(static_cast<double>(x)), 1.0),
+                             pick(ok, std::fabs(static_cast<double>(y)), 1.0));
+    const double v = pick(x < 0, (pi_dd.hi - t.hi) + (pi_dd.lo - t.lo), t.hi + t.lo);
+    return std::copysign(v, static_cast<double>(y));
 }
 
 void phase_block(const float* x, const float* y, float* d, float*, size_t m) {
@@ -99,7 +98,7 @@ void to_polar_block(const float* x, const float* y, float* mag, float* ph, size_
 }
 
 inline bool cart_in_range(float r, float theta) {
-    return std::fabs(theta) < 0x1p17f && std::fabs(r) <= 0x1.fffffep127f;
+    return (std::fabs(theta) < 0x1p17f) & (std::fabs(r) <= 0x1.fffffep127f);
 }
 
 // r cos(theta) and r sin(theta) in double for |theta| < 2^17.
@@ -138,8 +137,8 @@ void to_cart_block(const float* r, const float* theta, float* re, float* im, siz
 // |(x, y)| within an ulp when both are zero or between 2^-450 and 2^500 in magnitude.
 inline bool hypot_in_range(double x, double y) {
     const double a = std::fabs(x), b = std::fabs(y);
-    const double big = a > b ? a : b, small = a > b ? b : a;
-    return big < 0x1p500 && (small > 0x1p-450 || small == 0.0) && (big > 0x1p-450 || big == 0.0);
+    return (a < 0x1p500) & (b < 0x1p500) & ((a > 0x1p-450) | (a == 0.0)) &
+           ((b > 0x1p-450) | (b == 0.0));
 }
 
 inline double hypot_fast_64(double x, double y) {
@@ -147,14 +146,14 @@ inline double hypot_fast_64(double x, double y) {
     const double h = std::sqrt(s.hi);
     const DD p = two_prod(h, h);
     const double e = ((s.hi - p.hi) - p.lo) + s.lo;
-    return h == 0.0 ? 0.0 : h + e / (2.0 * h);
+    return pick(h == 0.0, 0.0, h + e / (2.0 * h));
 }
 
 void magnitude_block_64(const double* x, const double* y, double* d, double*, size_t m) {
     int redo = 0;
     for (size_t j = 0; j < m; ++j) {
         const bool ok = hypot_in_range(x[j], y[j]);
-        d[j] = hypot_fast_64(ok ? x[j] : 1.0, ok ? y[j] : 1.0);
+        d[j] = hypot_fast_64(pick(ok, x[j], 1.0), pick(ok, y[j], 1.0));
         redo |= static_cast<int>(!ok);
     }
     if (redo)
@@ -166,30 +165,26 @@ void magnitude_block_64(const double* x, const double* y, double* d, double*, si
 // the low part as e / (1 + t^2).
 inline bool phase_in_range_64(double x, double y) {
     const double a = std::fabs(x), b = std::fabs(y);
-    const double big = a > b ? a : b, small = a > b ? b : a;
-    return small > 0x1p-450 && big < 0x1p500;
+    return (a > 0x1p-450) & (b > 0x1p-450) & (a < 0x1p500) & (b < 0x1p500);
 }
 
 inline double phase_fast_64(double x, double y) {
     const bool ok = phase_in_range_64(x, y);
-    const double a = ok ? std::fabs(x) : 1.0, b = ok ? std::fabs(y) : 1.0;
+    const double a = pick(ok, std::fabs(x), 1.0), b = pick(ok, std::fabs(y), 1.0);
     const bool steep = b > a;
-    const double num = steep ? a : b, den = steep ? b : a;
+    const double num = pick(steep, a, b), den = pick(steep, b, a);
     const double t = num / den;
     const DD p = two_prod(t, den);
     const double e = ((num - p.hi) - p.lo) / den / (1.0 + t * t);
     DD v = atan_parts(t);
     v = fast_two_sum(v.hi, v.lo + e);
-    if (steep) {
-        const DD d = two_sum(pi_2_dd.hi, -v.hi);
-        v = fast_two_sum(d.hi, d.lo + (pi_2_dd.lo - v.lo));
-    }
-    if (x < 0) {
-        const DD d = two_sum(pi_dd.hi, -v.hi);
-        v = fast_two_sum(d.hi, d.lo + (pi_dd.lo - v.lo));
-    }
-    const double r = v.hi + v.lo;
-    return y < 0 ? -r : r;
+    const DD d1 = two_sum(pi_2_dd.hi, -v.hi);
+    const DD w1 = fast_two_sum(d1.hi, d1.lo + (pi_2_dd.lo - v.lo));
+    v = {pick(steep, w1.hi, v.hi), pick(steep, w1.lo, v.lo)};
+    const DD d2 = two_sum(pi_dd.hi, -v.hi);
+    const DD w2 = fast_two_sum(d2.hi, d2.lo + (pi_dd.lo - v.lo));
+    v = {pick(x < 0, w2.hi, v.hi), pick(x < 0, w2.lo, v.lo)};
+    return std::copysign(v.hi + v.lo, y);
 }
 
 void phase_block_64(const double* x, const double* y, double* d, double*, size_t m) {
@@ -214,7 +209,7 @@ void to_polar_block_64(const double* x, const double* y, double* mag, double* ph
 
 inline bool cart_in_range_64(double r, double theta) {
     const double a = std::fabs(r);
-    return std::fabs(theta) < 0x1p17 && a < 0x1p1000 && (a > 0x1p-900 || a == 0.0);
+    return (std::fabs(theta) < 0x1p17) & (a < 0x1p1000) & ((a > 0x1p-900) | (a == 0.0));
 }
 
 inline bool tiny_nonzero(double x) { return std::fabs(x) < 0x1p-1000 && x != 0.0; }
@@ -224,12 +219,14 @@ void to_cart_block_64(const double* r, const double* theta, double* re, double* 
     for (size_t j = 0; j < m; ++j) {
         const bool ok = cart_in_range_64(r[j], theta[j]);
         double rh, rl;
-        const int q = reduce_parts(ok ? theta[j] : 0.0, rh, rl);
+        const int q = reduce_parts(pick(ok, theta[j], 0.0), rh, rl);
         DD s, c;
         sincos_parts(rh, rl, s, c);
-        const DD cq = (q & 1) ? s : c, sq = (q & 1) ? c : s;
-        const double cs = (q == 1 || q == 2) ? -1.0 : 1.0, ss = (q & 2) ? -1.0 : 1.0;
-        const double rr = ok ? r[j] : 0.0;
+        const bool odd = q & 1;
+        const DD cq = {pick(odd, s.hi, c.hi), pick(odd, s.lo, c.lo)};
+        const DD sq = {pick(odd, c.hi, s.hi), pick(odd, c.lo, s.lo)};
+        const double cs = pick(((q + 1) & 2) != 0, -1.0, 1.0), ss = pick((q & 2) != 0, -1.0, 1.0);
+        const double rr = pick(ok, r[j], 0.0);
         const DD pc = two_prod(rr, cs * cq.hi), ps = two_prod(rr, ss * sq.hi);
         re[j] = pc.hi + (pc.lo + rr * (cs * cq.lo));
         im[j] = ps.hi + (ps.lo + rr * (ss * sq.lo));
