@@ -31,4 +31,12 @@ inline double ulps(double got, long double ref) {
 
 inline bool have_wide_long_double() { return LDBL_MANT_DIG >= 64; }
 
+// Some C runtimes reduce long double trig arguments with a 66-bit pi, which is fine near zero
+// and wrong by millions of ulps at 2^40; sin(1e22) exposes them. Where that holds, large-angle
+// sin/cos results cannot serve as a reference.
+inline bool have_accurate_long_double_trig() {
+    const long double s = std::sin(1e22L);
+    return have_wide_long_double() && std::fabs(s + 0.85220084976718880177L) < 1e-17L;
+}
+
 } // namespace er

@@ -36,6 +36,7 @@ TEST(Polar32f, CorrectlyRoundedOnSampledPairs) {
     const std::vector<Vek32fc> z = pairs(30000, 17);
     const std::vector<float> re = part(z, false), im = part(z, true);
     const int n = static_cast<int>(z.size());
+    const bool trig_ref = er::have_accurate_long_double_trig();
     vt::for_each_level([&](auto) {
         std::vector<float> mag(z.size()), ph(z.size()), mag2(z.size()), ph2(z.size());
         std::vector<float> cre(z.size()), cim(z.size());
@@ -53,7 +54,7 @@ TEST(Polar32f, CorrectlyRoundedOnSampledPairs) {
                 ASSERT_TRUE(er::float_rounds_like(ph[i], std::atan2(y, x)))
                     << std::hexfloat << x << ", " << y << " -> " << ph[i];
             }
-            if (std::isfinite(x) && std::isfinite(y)) {
+            if (trig_ref && std::isfinite(x) && std::isfinite(y)) {
                 ASSERT_TRUE(er::float_rounds_like(cre[i], x * std::cos(y)) &&
                             er::float_rounds_like(cim[i], x * std::sin(y)))
                     << std::hexfloat << x << ", " << y << " -> " << cre[i] << ", " << cim[i];
@@ -85,6 +86,7 @@ TEST(Polar64f, WithinOneUlpAndNoIntermediateOverflow) {
     if (!er::have_wide_long_double()) GTEST_SKIP() << "needs a long double wider than double";
     vt::Rng rng(23);
     const int n = 20000;
+    const bool trig_ref = er::have_accurate_long_double_trig();
     std::vector<Vek64fc> z(n);
     for (auto& v : z) {
         const double s = std::exp2(rng.uniform(-1000, 1000));
@@ -99,11 +101,12 @@ TEST(Polar64f, WithinOneUlpAndNoIntermediateOverflow) {
             th[i] = std::fmod(z[i].im, 0x1p40);
         }
         ASSERT_EQ(veksPolarToCart_64f(r.data(), th.data(), re.data(), im.data(), n), vekStsOk);
-        double worst[4] = {};
+        double worst[4] = {}; // magnitude, phase, and (where the runtime's trig is exact) x, y
         for (int i = 0; i < n; ++i) {
             const long double x = z[i].re, y = z[i].im;
             worst[0] = std::fmax(worst[0], er::ulps(mag[i], std::hypot(x, y)));
             worst[1] = std::fmax(worst[1], er::ulps(ph[i], std::atan2(y, x)));
+            if (!trig_ref) continue;
             const long double t = th[i];
             worst[2] = std::fmax(worst[2], er::ulps(re[i], x * std::cos(t)));
             worst[3] = std::fmax(worst[3], er::ulps(im[i], x * std::sin(t)));
