@@ -435,9 +435,15 @@ VEK_API VekStatus veksWTHaarInv_64f(const Vek64f* pSrcLow, const Vek64f* pSrcHig
                                     int len);
 /** @} */
 
+/** @name Wavelet analysis bank state types
+ *  @{ */
+/** Opaque states of the analysis bank: VeksWTFwdState_32f, _8s32f and _16s32f split float, 8-bit
+ *  or 16-bit samples into float bands. Created by veksWTFwdInitAlloc_*, released by
+ * veksWTFwdFree_*; one state per stream. */
 typedef struct VeksWTFwdState_32f VeksWTFwdState_32f;
 typedef struct VeksWTFwdState_8s32f VeksWTFwdState_8s32f;
 typedef struct VeksWTFwdState_16s32f VeksWTFwdState_16s32f;
+/** @} */
 
 /** @name Wavelet analysis filter bank
  *  @{ */
@@ -493,9 +499,15 @@ VEK_API VekStatus veksWTFwd_16s32f(const Vek16s* pSrc, Vek32f* pDstLow, Vek32f* 
                                    int dstLen, VeksWTFwdState_16s32f* pState);
 /** @} */
 
+/** @name Wavelet synthesis bank state types
+ *  @{ */
+/** Opaque states of the synthesis bank: VeksWTInvState_32f, _32f8s and _32f16s merge float bands
+ *  into float, 8-bit or 16-bit samples. Created by veksWTInvInitAlloc_*, released by
+ * veksWTInvFree_*; one state per stream. */
 typedef struct VeksWTInvState_32f VeksWTInvState_32f;
 typedef struct VeksWTInvState_32f8s VeksWTInvState_32f8s;
 typedef struct VeksWTInvState_32f16s VeksWTInvState_32f16s;
+/** @} */
 
 /** @name Wavelet synthesis filter bank
  *  @{ */
