@@ -37,9 +37,9 @@ TEST(TrellisDecoder, NoiselessRecoversEveryBit) {
     const tc::Code c;
     vt::Rng rng(17);
     const int T = 3000;
-    const auto bits = random_bits(rng, size_t(T + kDepth) * tc::kBitsPerSymbol);
+    const auto bits = random_bits(rng, size_t(T + kDepth) * tc::kBits);
     const auto rx = c.encode(bits);
-    const std::vector<int> sent(bits.begin(), bits.begin() + T * tc::kBitsPerSymbol);
+    const std::vector<int> sent(bits.begin(), bits.begin() + T * tc::kBits);
     vt::for_each_level([&](auto) {
         EXPECT_EQ(tc::decode<tc::Float32>(c, rx, T, kDepth), sent);
         EXPECT_EQ(tc::decode<tc::Int16>(c, rx, T, kDepth), sent);
@@ -51,7 +51,7 @@ TEST(TrellisDecoder, NoiselessRecoversEveryBit) {
 double coded_ber(double snr_db, int T, uint64_t seed) {
     const tc::Code c;
     vt::Rng rng(seed);
-    const auto bits = random_bits(rng, size_t(T + kDepth) * tc::kBitsPerSymbol);
+    const auto bits = random_bits(rng, size_t(T + kDepth) * tc::kBits);
     auto rx = c.encode(bits);
     add_noise(rx, 14.0 / (2 * std::pow(10.0, snr_db / 10)), rng);
     const auto got = tc::decode<tc::Float32>(c, rx, T, kDepth);
