@@ -10,6 +10,96 @@ extern "C" {
 
 /* ==== Tone and triangle ======================================================================= */
 
+/** @name Tone
+ *  @{ */
+/** Fills pDst[0..len) with a sampled sinusoid magn cos(phi + n w), w = 2 pi rFreq radians per
+ *  sample, phi = *pPhase, and hands back in *pPhase the phase of the sample that follows, so that
+ *  consecutive calls continue the wave without a seam. Complex members put magn sin(phi + n w) in
+ *  the imaginary part. rFreq is in cycles per sample; magn, rFreq and the phase are Vek32f for
+ *  the _32f, _32fc, _16s and _16sc members and Vek64f for _64f and _64fc; the 16-bit members take
+ *  a Vek16s magnitude.
+ *
+ *  Checks, in this order (the phase pointer and the parameters before the destination):
+ *  pPhase null: vekStsNullPointerErr; magn not above 0 (16-bit: below 1): vekStsToneMagErr;
+ *  rFreq outside [0, 0.5): vekStsToneFreqErr; *pPhase outside [0, 2 pi): vekStsTonePhaseErr;
+ *  pDst null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr. Every range is tested so that
+ *  NaN fails it. On an error neither pDst nor *pPhase is written.
+ *
+ *  Handed-back phase: p = len w + phi, reduced by 2 pi floor(p / (2 pi)) (2 pi =
+ *  6.283185307179586) and rounded to the phase type; a result outside [0, 2 pi), or one that
+ *  rounds to 2 pi in single precision, is handed back as 0.
+ *
+ *  Real float members: y[0] = magn cos(phi) and y[1] = magn cos(phi + w) are evaluated directly;
+ *  then, with c = 2 cos(w), y[2] = c y[1] - y[0], y[3] = c y[2] - y[1], and from n = 4 on
+ *  y[n] = K y[n-2] - y[n-4] with K = c c - 2, all in double precision, each sample rounded once
+ *  to the destination type. The error of sample n is below
+ *  2^-50 magn n min(n, 1 / |sin 2w|) + 2^-52 magn (it grows where 2w is near 0 or pi).
+ *  Complex float members rotate: magn e^(i phi) and e^(i w) are evaluated once, and 32 lanes,
+ *  lane j starting at magn e^(i (phi + j w)), advance by e^(i 32 w) in double precision; the
+ *  error of sample n is below 2^-51 magn (n + 64).
+ *
+ *  16-bit members: the hint selects the method. Every hint value but 1 (the fast method): the
+ *  real-member recurrence in double precision (and the same recurrence from magn sin(phi),
+ *  magn sin(phi + w) for the imaginary part), each sample truncated toward zero. Hint value 1
+ *  (the value named vekAlgHintFast) selects the block method: every 1,024 samples the wave
+ *  restarts from the exact phase phi + k w (k the index of the block's first sample), and within
+ *  a block it advances by a fixed-point rotation; each component is carried as a 32-bit word
+ *  holding 2^(16 + s) magn cos(.), s the smallest shift with 2^s magn >= 16384, the rotation
+ *  factor (cos w, sin w) is held in Q30 and each product pair is rounded to nearest back to the
+ *  word; samples are the words truncated toward zero to 16 bits. The float members ignore the
+ *  hint. */
+VEK_API VekStatus veksTone_Direct_16s(Vek16s* pDst, int len, Vek16s magn, Vek32f rFreq,
+                                      Vek32f* pPhase, VekHintAlgorithm hint);
+VEK_API VekStatus veksTone_Direct_16sc(Vek16sc* pDst, int len, Vek16s magn, Vek32f rFreq,
+                                       Vek32f* pPhase, VekHintAlgorithm hint);
+VEK_API VekStatus veksTone_Direct_32f(Vek32f* pDst, int len, Vek32f magn, Vek32f rFreq,
+                                      Vek32f* pPhase, VekHintAlgorithm hint);
+VEK_API VekStatus veksTone_Direct_32fc(Vek32fc* pDst, int len, Vek32f magn, Vek32f rFreq,
+                                       Vek32f* pPhase, VekHintAlgorithm hint);
+VEK_API VekStatus veksTone_Direct_64f(Vek64f* pDst, int len, Vek64f magn, Vek64f rFreq,
+                                      Vek64f* pPhase, VekHintAlgorithm hint);
+VEK_API VekStatus veksTone_Direct_64fc(Vek64fc* pDst, int len, Vek64f magn, Vek64f rFreq,
+                                       Vek64f* pPhase, VekHintAlgorithm hint);
+/** @} */
+
+/** @name Triangle
+ *  @{ */
+/** Fills pDst[0..len) with a sampled triangle wave of peak magn, relative frequency rFreq
+ *  (cycles per sample) and asymmetry h = asym, starting at phase phi = *pPhase, and hands back in
+ *  *pPhase the phase of the sample that follows (the rule of the Tone group). With A = pi + h
+ *  and B = pi - h, the wave is +magn at phase 0, falls linearly to -magn at phase A and rises
+ *  linearly back to +magn at 2 pi. Parameter types as in the Tone group.
+ *
+ *  Checks, in this order (the asymmetry before the phase): pPhase null: vekStsNullPointerErr;
+ *  magn not above 0 (16-bit: below 1): vekStsTriangleMagErr; rFreq outside [0, 0.5):
+ *  vekStsTriangleFreqErr; asym outside [-pi, pi): vekStsTriangleAsymErr; *pPhase outside
+ *  [0, 2 pi): vekStsTrianglePhaseErr; pDst null: vekStsNullPointerErr; len < 1:
+ *  vekStsDataSizeErr. NaN fails every range. On an error nothing is written.
+ *
+ *  Computation, in double precision: y[0] = magn (1 - 2 phi / A) on the falling flank (phi < A),
+ *  else magn (2 (phi - A) / B - 1) on the rising one. Each next value is the previous plus the
+ *  flank's slope (-4 pi rFreq magn / A falling, +4 pi rFreq magn / B rising), folded at the
+ *  peaks: rising above +magn, v becomes magn - (v - magn) B / A and the flank turns falling, or,
+ *  if that would pass -magn as well, v - 4 pi magn / B on the same flank; falling below -magn,
+ *  v becomes -magn + (-magn - v) A / B and the flank turns rising, or, if that would pass +magn,
+ *  v + 4 pi magn / A. With asym exactly -pi (A = 0) the wave is a rising ramp that wraps. Complex
+ *  members carry a second wave of the same shape for the imaginary part, started at phase
+ *  phi + (A + 2 pi) / 2 reduced once by 2 pi. Float members round each value to the destination
+ *  type; 16-bit members truncate toward zero. */
+VEK_API VekStatus veksTriangle_Direct_16s(Vek16s* pDst, int len, Vek16s magn, Vek32f rFreq,
+                                          Vek32f asym, Vek32f* pPhase);
+VEK_API VekStatus veksTriangle_Direct_16sc(Vek16sc* pDst, int len, Vek16s magn, Vek32f rFreq,
+                                           Vek32f asym, Vek32f* pPhase);
+VEK_API VekStatus veksTriangle_Direct_32f(Vek32f* pDst, int len, Vek32f magn, Vek32f rFreq,
+                                          Vek32f asym, Vek32f* pPhase);
+VEK_API VekStatus veksTriangle_Direct_32fc(Vek32fc* pDst, int len, Vek32f magn, Vek32f rFreq,
+                                           Vek32f asym, Vek32f* pPhase);
+VEK_API VekStatus veksTriangle_Direct_64f(Vek64f* pDst, int len, Vek64f magn, Vek64f rFreq,
+                                          Vek64f asym, Vek64f* pPhase);
+VEK_API VekStatus veksTriangle_Direct_64fc(Vek64fc* pDst, int len, Vek64f magn, Vek64f rFreq,
+                                           Vek64f asym, Vek64f* pPhase);
+/** @} */
+
 /* ==== end of Tone and triangle */
 
 /* ==== Random generators ======================================================================= */
