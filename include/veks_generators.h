@@ -104,6 +104,96 @@ VEK_API VekStatus veksTriangle_Direct_64fc(Vek64fc* pDst, int len, Vek64f magn, 
 
 /* ==== Random generators ======================================================================= */
 
+/** Random-generator states (opaque; created by the InitAlloc functions, released by Free). */
+typedef struct VeksRandUniformState_8u VeksRandUniformState_8u;
+typedef struct VeksRandUniformState_16s VeksRandUniformState_16s;
+typedef struct VeksRandUniformState_32f VeksRandUniformState_32f;
+typedef struct VeksRandGaussState_8u VeksRandGaussState_8u;
+typedef struct VeksRandGaussState_16s VeksRandGaussState_16s;
+typedef struct VeksRandGaussState_32f VeksRandGaussState_32f;
+
+/** @name Random generators, direct forms
+ *  @{ */
+/** Fill pDst[0..len) with pseudo-random samples, uniform over [low, high) (RandUniform) or
+ *  normal with the given mean and standard deviation (RandGauss), from the generator seeded by
+ *  *pSeed; *pSeed then receives the generator's newest subtract-with-borrow word, so that
+ *  consecutive calls continue a reproducible (though not seamless) sequence.
+ *
+ *  The integer generator (the same on every processor, to the bit): unsigned 32-bit wrapping
+ *  words; a congruential part L' = 69069 L + 1013904243 that always starts at 1131199209; a
+ *  subtract-with-borrow part x0 (newest), x1, x2 with borrow c (0 or 0xFFFFFFFF) stepped as
+ *  t = x1 - x2 + c, c' = 0xFFFFFFFF if bit 31 of t is set (else 0), new word t - 18 if that bit
+ *  is set (else t). Seeding from s: x0 = s, x1 = 69069 s + 1013904243, x2 = 69069 x1 +
+ *  1013904243, c = 0xFFFFFFFF. A draw steps both parts and reads their sum as a signed 32-bit r.
+ *
+ *  Uniform: u = r scale + mid, scale = (high - low) * 2.3283064365387e-10, mid = (high + low) *
+ *  0.5, in double precision; low = high gives the constant low. Gaussian (polar method): two
+ *  draws give a = r1 * 4.656612873077e-10 and b = r2 * 4.656612873077e-10, s = a a + b b; the
+ *  pair is rejected when s >= 1 or s = 0 (its draws are consumed), otherwise with
+ *  f = sqrt(-2 ln(s) / s) it gives mean + (f stdDev) b and then mean + (f stdDev) a. An odd len
+ *  ends with the b-based value of a last pair, whose partner is dropped. Float members round each
+ *  value to the destination type; _16s members truncate toward zero and saturate to
+ *  -32768..32767. The range and the deviation are not checked.
+ *
+ *  Checks: pDst or pSeed null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr. */
+VEK_API VekStatus veksRandUniform_Direct_16s(Vek16s* pDst, int len, Vek16s low, Vek16s high,
+                                             Vek32u* pSeed);
+VEK_API VekStatus veksRandUniform_Direct_32f(Vek32f* pDst, int len, Vek32f low, Vek32f high,
+                                             Vek32u* pSeed);
+VEK_API VekStatus veksRandUniform_Direct_64f(Vek64f* pDst, int len, Vek64f low, Vek64f high,
+                                             Vek32u* pSeed);
+VEK_API VekStatus veksRandGauss_Direct_16s(Vek16s* pDst, int len, Vek16s mean, Vek16s stdDev,
+                                           Vek32u* pSeed);
+VEK_API VekStatus veksRandGauss_Direct_32f(Vek32f* pDst, int len, Vek32f mean, Vek32f stdDev,
+                                           Vek32u* pSeed);
+VEK_API VekStatus veksRandGauss_Direct_64f(Vek64f* pDst, int len, Vek64f mean, Vek64f stdDev,
+                                           Vek32u* pSeed);
+/** @} */
+
+/** @name Random generators, state forms
+ *  @{ */
+/** The generators of the direct forms with their state in an object, so that consecutive calls
+ *  give one seamless sequence. InitAlloc stores the parameters and the seed, and starts the
+ *  generator from the seed exactly as a direct call does; each generation call continues from
+ *  the stored words and writes them back. The Gaussian state also keeps the a-based partner of a
+ *  pair that an odd-length call could not deliver, and the next call starts with it, so that
+ *  calls of lengths n and m give the same values as one call of length n + m.
+ *
+ *  Conversion: _32f rounds to single precision; _16s and _8u truncate toward zero and saturate
+ *  to the type's range (0..255 for _8u, so negative Gaussian values become 0).
+ *
+ *  Checks. InitAlloc: ppState null: vekStsNullPointerErr; the object cannot be allocated:
+ *  vekStsMemAllocErr (*ppState is not written); the range and the deviation are not checked.
+ *  Generation: pDst or pState null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr; a state of
+ *  another kind (a Gaussian state given to a uniform call, or another element type):
+ *  vekStsContextMismatchErr. Free: pState null: vekStsNullPointerErr; a state of another kind:
+ *  vekStsContextMismatchErr, and nothing is released. */
+VEK_API VekStatus veksRandUniformInitAlloc_8u(VeksRandUniformState_8u** ppState, Vek8u low,
+                                              Vek8u high, Vek32u seed);
+VEK_API VekStatus veksRandUniformInitAlloc_16s(VeksRandUniformState_16s** ppState, Vek16s low,
+                                               Vek16s high, Vek32u seed);
+VEK_API VekStatus veksRandUniformInitAlloc_32f(VeksRandUniformState_32f** ppState, Vek32f low,
+                                               Vek32f high, Vek32u seed);
+VEK_API VekStatus veksRandUniform_8u(Vek8u* pDst, int len, VeksRandUniformState_8u* pState);
+VEK_API VekStatus veksRandUniform_16s(Vek16s* pDst, int len, VeksRandUniformState_16s* pState);
+VEK_API VekStatus veksRandUniform_32f(Vek32f* pDst, int len, VeksRandUniformState_32f* pState);
+VEK_API VekStatus veksRandUniformFree_8u(VeksRandUniformState_8u* pState);
+VEK_API VekStatus veksRandUniformFree_16s(VeksRandUniformState_16s* pState);
+VEK_API VekStatus veksRandUniformFree_32f(VeksRandUniformState_32f* pState);
+VEK_API VekStatus veksRandGaussInitAlloc_8u(VeksRandGaussState_8u** ppState, Vek8u mean,
+                                            Vek8u stdDev, Vek32u seed);
+VEK_API VekStatus veksRandGaussInitAlloc_16s(VeksRandGaussState_16s** ppState, Vek16s mean,
+                                             Vek16s stdDev, Vek32u seed);
+VEK_API VekStatus veksRandGaussInitAlloc_32f(VeksRandGaussState_32f** ppState, Vek32f mean,
+                                             Vek32f stdDev, Vek32u seed);
+VEK_API VekStatus veksRandGauss_8u(Vek8u* pDst, int len, VeksRandGaussState_8u* pState);
+VEK_API VekStatus veksRandGauss_16s(Vek16s* pDst, int len, VeksRandGaussState_16s* pState);
+VEK_API VekStatus veksRandGauss_32f(Vek32f* pDst, int len, VeksRandGaussState_32f* pState);
+VEK_API VekStatus veksRandGaussFree_8u(VeksRandGaussState_8u* pState);
+VEK_API VekStatus veksRandGaussFree_16s(VeksRandGaussState_16s* pState);
+VEK_API VekStatus veksRandGaussFree_32f(VeksRandGaussState_32f* pState);
+/** @} */
+
 /* ==== end of Random generators */
 
 /* ==== Windows ================================================================================= */
