@@ -202,6 +202,48 @@ VEK_API VekStatus veksRandGaussFree_32f(VeksRandGaussState_32f* pState);
 
 /* ==== Ramps and test signals ================================================================== */
 
+/** @name Ramp
+ *  @{ */
+/** Fills pDst[0..len) with the ramp v = offset + slope n, each sample computed from its index
+ *  in double precision (not by accumulation). Float members round v to the destination type.
+ *  Integer members round half away from zero (v + 0.5 for v > 0, else v - 0.5, then truncated
+ *  toward zero) and saturate to the type's range (for _8u, _16u and _32u any v <= 0 gives 0; for
+ *  _32s and _32u the rounding and the limits are applied in double precision); a NaN sample
+ *  gives 0.
+ *
+ *  Checks: pDst null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr. */
+VEK_API VekStatus veksVectorRamp_8u(Vek8u* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_8s(Vek8s* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_16u(Vek16u* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_16s(Vek16s* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_32u(Vek32u* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_32s(Vek32s* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_32f(Vek32f* pDst, int len, Vek32f offset, Vek32f slope);
+VEK_API VekStatus veksVectorRamp_64f(Vek64f* pDst, int len, Vek32f offset, Vek32f slope);
+/** @} */
+
+/** @name Jaehne signal
+ *  @{ */
+/** Fills pDst[0..len) with the Jaehne chirp y[n] = magn sin((pi / 2) n^2 / len), a sine whose
+ *  frequency rises linearly from 0 to half the sampling rate over the vector; len = 1 gives the
+ *  single sample 0. The phase is reduced exactly (n^2 modulo 4 len, in integers) before the sine
+ *  is evaluated in double precision, so every sample is within 2^-51 magn of the exact chirp,
+ *  however long the vector. Float members round y to the destination type; integer members round
+ *  half away from zero (|y| <= magn, so no signed result saturates; unsigned members give 0 for
+ *  the negative half-waves).
+ *
+ *  Checks: pDst null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr; magn < 0 (NaN too):
+ *  vekStsNegMagnitudeErr. */
+VEK_API VekStatus veksVectorJaehne_8u(Vek8u* pDst, int len, Vek8u magn);
+VEK_API VekStatus veksVectorJaehne_8s(Vek8s* pDst, int len, Vek8s magn);
+VEK_API VekStatus veksVectorJaehne_16u(Vek16u* pDst, int len, Vek16u magn);
+VEK_API VekStatus veksVectorJaehne_16s(Vek16s* pDst, int len, Vek16s magn);
+VEK_API VekStatus veksVectorJaehne_32u(Vek32u* pDst, int len, Vek32u magn);
+VEK_API VekStatus veksVectorJaehne_32s(Vek32s* pDst, int len, Vek32s magn);
+VEK_API VekStatus veksVectorJaehne_32f(Vek32f* pDst, int len, Vek32f magn);
+VEK_API VekStatus veksVectorJaehne_64f(Vek64f* pDst, int len, Vek64f magn);
+/** @} */
+
 /* ==== end of Ramps and test signals */
 
 #ifdef __cplusplus
