@@ -200,6 +200,196 @@ VEK_API VekStatus veksRandGaussFree_32f(VeksRandGaussState_32f* pState);
 
 /* ==== Windows ================================================================================= */
 
+/** @name Bartlett window
+ *  @{ */
+/** Multiplies pSrc[0..len) by the triangular (Bartlett) window w[n] = 2 n / (N - 1), writing
+ *  pDst (or pSrcDst). The window is the symmetric one of period N - 1 (N = len): coefficient n, for
+ * n < N / 2, is computed once in double precision and multiplies both x[n] and x[N - 1 - n], so the
+ * window is symmetric to the last bit; for odd N the middle element is copied unchanged. Complex
+ * members multiply both parts by the same coefficient. Float members store x w rounded to single
+ *  precision (x w formed in double precision); _I members work in place (out-of-place members
+ *  expect pSrc and pDst identical or disjoint).
+ *
+ *  The coefficients are those of repeated addition: w[0] = 0 and w[n + 1] = w[n] + 2 / (N - 1),
+ *  each sum rounded to double precision, reproduced exactly (not evaluated as n 2 / (N - 1)).
+ *  N = 3 writes {0, x[1], 0}. 16-bit members truncate x w toward zero.
+ *
+ *  Checks: pSrc or pDst (pSrcDst) null: vekStsNullPointerErr; len < 3: vekStsDataSizeErr. */
+VEK_API VekStatus veksWinBartlett_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksWinBartlett_16s_I(Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksWinBartlett_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksWinBartlett_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksWinBartlett_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksWinBartlett_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksWinBartlett_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksWinBartlett_32fc_I(Vek32fc* pSrcDst, int len);
+/** @} */
+
+/** @name Hann window
+ *  @{ */
+/** Multiplies pSrc[0..len) by the Hann window w[n] = 0.5 (1 - cos(2 pi n / (N - 1))), writing
+ *  pDst (or pSrcDst). The window is the symmetric one of period N - 1 (N = len): coefficient n, for
+ * n < N / 2, is computed once in double precision and multiplies both x[n] and x[N - 1 - n], so the
+ * window is symmetric to the last bit; for odd N the middle element is copied unchanged. Complex
+ * members multiply both parts by the same coefficient. Float members store x w rounded to single
+ *  precision (x w formed in double precision); _I members work in place (out-of-place members
+ *  expect pSrc and pDst identical or disjoint).
+ *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
+ *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
+ *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
+ *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
+ *  the formula.
+ *
+ *  N = 3 writes {0, x[1], 0}. 16-bit members round x w half away from zero (x w + 0.5 for a
+ *  positive product, x w - 0.5 otherwise, truncated toward zero); |w| <= 1, so nothing
+ *  saturates.
+ *
+ *  Checks: pSrc or pDst (pSrcDst) null: vekStsNullPointerErr; len < 3: vekStsDataSizeErr. */
+VEK_API VekStatus veksWinHann_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksWinHann_16s_I(Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksWinHann_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksWinHann_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksWinHann_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksWinHann_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksWinHann_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksWinHann_32fc_I(Vek32fc* pSrcDst, int len);
+/** @} */
+
+/** @name Hamming window
+ *  @{ */
+/** Multiplies pSrc[0..len) by the Hamming window w[n] = 0.54 - 0.46 cos(2 pi n / (N - 1)),
+ *  writing pDst (or pSrcDst); both end coefficients are 0.54 - 0.46 (0.08), also for N = 3.
+ *  The window is the symmetric one of period N - 1 (N = len): coefficient n, for n < N / 2, is
+ *  computed once in double precision and multiplies both x[n] and x[N - 1 - n], so the window is
+ *  symmetric to the last bit; for odd N the middle element is copied unchanged. Complex members
+ *  multiply both parts by the same coefficient. Float members store x w rounded to single
+ *  precision (x w formed in double precision); _I members work in place (out-of-place members
+ *  expect pSrc and pDst identical or disjoint).
+ *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
+ *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
+ *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
+ *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
+ *  the formula.
+ *
+ *  16-bit members round x w half away from zero, as the Hann members.
+ *
+ *  Checks: pSrc or pDst (pSrcDst) null: vekStsNullPointerErr; len < 3: vekStsDataSizeErr. */
+VEK_API VekStatus veksWinHamming_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksWinHamming_16s_I(Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksWinHamming_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksWinHamming_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksWinHamming_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksWinHamming_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksWinHamming_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksWinHamming_32fc_I(Vek32fc* pSrcDst, int len);
+/** @} */
+
+/** @name Blackman window
+ *  @{ */
+/** Multiplies pSrc[0..len) by the Blackman window with parameter alpha,
+ *  w[n] = (alpha + 1) / 2 - 0.5 cos(x) - (alpha / 2) cos(2 x), x = 2 pi n / (N - 1), writing pDst
+ *  (or pSrcDst). Blackman takes alpha as given; BlackmanQ15 takes it in Q15 (alphaQ15 / 32768);
+ *  BlackmanStd is Blackman with alpha = -0.16 (the single-precision value, as a Blackman call
+ *  would receive it); BlackmanOpt uses alpha = -(0.5 / cos(pi / (N - 1)))^2, computed in double
+ *  precision. The window is the symmetric one of period N - 1 (N = len): coefficient n, for n < N /
+ * 2, is computed once in double precision and multiplies both x[n] and x[N - 1 - n], so the window
+ * is symmetric to the last bit; for odd N the middle element is copied unchanged. Complex members
+ *  multiply both parts by the same coefficient. Float members store x w rounded to single
+ *  precision (x w formed in double precision); _I members work in place (out-of-place members
+ *  expect pSrc and pDst identical or disjoint).
+ *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
+ *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
+ *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
+ *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
+ *  the formula.
+ *  The coefficient is evaluated as (1 - cos x) (0.5 + alpha (1 + cos x)), the same polynomial
+ *  written so that it is exactly 0 where cos x is 1 (the ends) and keeps its relative accuracy
+ *  near them.
+ *
+ *  N = 3 writes {0, x[1], 0}. 16-bit members (BlackmanQ15 included) clamp x w to
+ *  -32768..32767 and otherwise truncate toward zero.
+ *
+ *  Checks: Blackman, BlackmanQ15, BlackmanStd: pSrc or pDst (pSrcDst) null:
+ *  vekStsNullPointerErr; len < 3: vekStsDataSizeErr. BlackmanOpt tests len < 4
+ *  (vekStsDataSizeErr) first, before any pointer, then the pointers. alpha is not checked. */
+VEK_API VekStatus veksWinBlackmanOpt_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_16s_I(Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksWinBlackmanOpt_32fc_I(Vek32fc* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanQ15_16s(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                         Vek16s alphaQ15);
+VEK_API VekStatus veksWinBlackmanQ15_16s_I(Vek16s* pSrcDst, int len, Vek16s alphaQ15);
+VEK_API VekStatus veksWinBlackmanQ15_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                          Vek16s alphaQ15);
+VEK_API VekStatus veksWinBlackmanQ15_16sc_I(Vek16sc* pSrcDst, int len, Vek16s alphaQ15);
+VEK_API VekStatus veksWinBlackmanStd_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_16s_I(Vek16s* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_16sc_I(Vek16sc* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksWinBlackmanStd_32fc_I(Vek32fc* pSrcDst, int len);
+VEK_API VekStatus veksWinBlackman_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_16s_I(Vek16s* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_16sc_I(Vek16sc* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_32f_I(Vek32f* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinBlackman_32fc_I(Vek32fc* pSrcDst, int len, Vek32f alpha);
+/** @} */
+
+/** @name Kaiser window
+ *  @{ */
+/** Multiplies pSrc[0..len) by the Kaiser window with parameter alpha (KaiserQ15: alphaQ15 /
+ *  32768), w[n] = I0(alpha sqrt(n (N - 1 - n))) / I0(beta), beta = 0.5 (N - 1) alpha, writing
+ *  pDst (or pSrcDst); n (N - 1 - n) is formed in integers. N = 1 copies the element, and
+ *  alpha = 0 gives coefficients of exactly 1. The window is the symmetric one of period N - 1 (N =
+ * len): coefficient n, for n < N / 2, is computed once in double precision and multiplies both x[n]
+ * and x[N - 1 - n], so the window is symmetric to the last bit; for odd N the middle element is
+ * copied unchanged. Complex members multiply both parts by the same coefficient. Float members
+ * store x w rounded to single precision (x w formed in double precision); _I members work in place
+ * (out-of-place members expect pSrc and pDst identical or disjoint). The _64f members store x w in
+ * double precision.
+ *
+ *  I0 is evaluated on |x| by the polynomial approximations of Abramowitz and Stegun: for
+ *  |x| < 3.75, with t = |x| * 0.26666666666666666 and u = t^2, 1 + u (3.5156229 + u (3.0899424 +
+ *  u (1.2067492 + u (0.2659732 + u (0.0360768 + u 0.0045813))))); otherwise, with
+ *  v = 3.75 / |x|, exp(|x|) P(v) / sqrt(|x|), P(v) = 0.39894228 + v (0.01328592 + v (0.00225319 +
+ *  v (-0.00157565 + v (0.00916281 + v (-0.02057706 + v (0.02635537 + v (-0.01647633 +
+ *  v 0.00392377))))))), the exponential and the square roots being the library's own
+ *  (the results of veksExp_64f and veksSqrt_64f).
+ *
+ *  16-bit members clamp x w to -32768..32767 and otherwise truncate toward zero.
+ *
+ *  Checks: pSrc or pDst (pSrcDst) null: vekStsNullPointerErr; len < 1: vekStsDataSizeErr;
+ *  0.5 |alpha| (N - 1) above 38.0 (_32f, _32fc) or above 308.0 (_64f, _16s, _16sc and the Q15
+ *  members), or NaN: vekStsKaiserTooHugeErr. */
+VEK_API VekStatus veksWinKaiserQ15_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek16s alphaQ15);
+VEK_API VekStatus veksWinKaiserQ15_16s_I(Vek16s* pSrcDst, int len, Vek16s alphaQ15);
+VEK_API VekStatus veksWinKaiserQ15_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                        Vek16s alphaQ15);
+VEK_API VekStatus veksWinKaiserQ15_16sc_I(Vek16sc* pSrcDst, int len, Vek16s alphaQ15);
+VEK_API VekStatus veksWinKaiser_16s(const Vek16s* pSrc, Vek16s* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_16s_I(Vek16s* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_16sc_I(Vek16sc* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_32f(const Vek32f* pSrc, Vek32f* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_32f_I(Vek32f* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_32fc_I(Vek32fc* pSrcDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_64f(const Vek64f* pSrc, Vek64f* pDst, int len, Vek32f alpha);
+VEK_API VekStatus veksWinKaiser_64f_I(Vek64f* pSrcDst, int len, Vek32f alpha);
+/** @} */
+
 /* ==== end of Windows */
 
 /* ==== Ramps and test signals ================================================================== */

@@ -1,0 +1,275 @@
+// Window kernels, compiled once per instruction-set level (VEK_ISA). Coefficients are made in
+// blocks of kBlock in double precision and applied to both ends of the vector; every level runs
+// the same arithmetic in the same order (lanes are independent), so every level gives the same
+// bits.
+//
+// - Cosine windows: cos(2 pi n / (N - 1)) by rotation in kLanes lanes, lane j starting at
+//   e^(i j theta) (built from e^(i theta) by doubling) and advanced by e^(i kLanes theta); the
+//   error grows by a few units of 2^-53 per step, about N 2^-52 at the middle of the window.
+// - Bartlett: the coefficients n 2 / (N - 1) are accumulated by repeated addition of d = 2/(N-1)
+//   from 0, and reproduced exactly without the serial chain: between binade boundaries (and
+//   after at most one step with a tie) every addition adds the same rounded increment, so a run
+//   of coefficients is base + k delta, exact; each run is planned from one real addition.
+// - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2), the exponential by the
+//   library's own (elem::exp_64f, the bits of veksExp_64f); the square roots are IEEE ones, the
+//   bits of veksSqrt_64f.
+#include <cmath>
+#include <cstdint>
+
+#include "arith/elementary/elementary.hpp"
+#include "generators/window/window.hpp"
+#include "simd/numeric.hpp"
+
+namespace veks::kern::VEK_ISA {
+namespace {
+
+constexpr int kLanes = 16;
+constexpr size_t kBlock = 256; // coefficients per block, a multiple of kLanes
+
+// ---- Cosine windows --------------------------------------------------------------------------
+
+struct Rotation {
+    alignas(64) double re[kLanes];
+    alignas(64) double im[kLanes];
+    double step_re, step_im;
+
+    Rotation(double c, double s) {
+        re[0] = 1.0;
+        im[0] = 0.0;
+        double mr = c, mi = s; // e^(i m theta)
+        for (int m = 1; m < kLanes; m *= 2) {
+            for (int j = 0; j < m; ++j) {
+                re[m + j] = re[j] * mr - im[j] * mi;
+                im[m + j] = re[j] * mi + im[j] * mr;
+            }
+            const double r = mr * mr - mi * mi, i = mr * mi + mi * mr;
+            mr = r;
+            mi = i;
+        }
+        const double modulus = std::sqrt(mr * mr + mi * mi);
+        step_re = mr / modulus;
+        step_im = mi / modulus;
+    }
+
+    // w[k] = f(cos) for the next `count` coefficients (rounded up to whole steps).
+    template <class F>
+    void fill(double* w, size_t count, F f) {
+        const double qr = step_re, qi = step_im;
+        for (size_t k = 0; k < count; k += kLanes) {
+            for (int j = 0; j < kLanes; ++j) w[k + j] = f(re[j]);
+            for (int j = 0; j < kLanes; ++j) {
+                const double r = re[j] * qr - im[j] * qi;
+                const double i = re[j] * qi + im[j] * qr;
+                re[j] = r;
+                im[j] = i;
+            }
+        }
+    }
+};
+
+// ---- Bartlett --------------------------------------------------------------------------------
+
+// w_0 = 0, w_(k+1) = w_k + d rounded: runs [start, end) with w_k = base + (k - start) delta.
+class Accumulation {
+  public:
+    explicit Accumulation(double d) : d_(d) {}
+
+    void fill(double* w, int64_t n0, size_t count) {
+        const int64_t stop = n0 + static_cast<int64_t>(count);
+        int64_t k = n0;
+        while (k < stop) {
+            if (k >= end_) plan();
+            const int64_t e = end_ < stop ? end_ : stop;
+            const int32_t off = static_cast<int32_t>(k - start_), m = static_cast<int32_t>(e - k);
+            double* out = w + (k - n0);
+            for (int32_t i = 0; i < m; ++i) out[i] = base_ + static_cast<double>(off + i) * delta_;
+            k = e;
+        }
+    }
+
+  private:
+    // The run that starts at end_ with the value next_.
+    void plan() {
+        const double w = next_, d = d_;
+        start_ = end_;
+        base_ = w;
+        int64_t m = 0; // additions reproduced as base + k delta
+        if (w == 0.0) {
+            delta_ = d;
+            m = 1;
+        } else {
+            int e;
+            std::frexp(w, &e);
+            const double top = std::ldexp(1.0, e); // the binade of w ends here
+            const double t = w + d;
+            if (t < top) {
+                delta_ = t - w; // exact (w >= d)
+                const double t2 = t + d;
+                if (t2 < top && t2 - t != delta_) {
+                    m = 1; // a tie: the increment settles after this step
+                } else {
+                    // The largest i with w + i delta + d still below the binade's end.
+                    int64_t i = static_cast<int64_t>((top - d - w) / delta_);
+                    while (i > 0 && !(w + static_cast<double>(i) * delta_ + d < top)) --i;
+                    while (w + static_cast<double>(i + 1) * delta_ + d < top) ++i;
+                    m = i + 1;
+                }
+            }
+        }
+        if (m == 0) { // the addition that crosses into the next binade, done as it is
+            delta_ = 0.0;
+            end_ = start_ + 1;
+            next_ = w + d;
+        } else {
+            end_ = start_ + m;
+            next_ = w + static_cast<double>(m) * delta_;
+        }
+    }
+
+    double d_;
+    int64_t start_ = 0, end_ = 0;
+    double base_ = 0.0, delta_ = 0.0, next_ = 0.0;
+};
+
+// ---- Kaiser ----------------------------------------------------------------------------------
+
+// I0(x) for 0 <= x < 3.75, and for x >= 3.75 given e = exp(x).
+inline double i0_small(double x) {
+    const double t = x * 0.26666666666666666, u = t * t;
+    return 1.0 + u * (3.5156229 +
+                      u * (3.0899424 +
+                           u * (1.2067492 + u * (0.2659732 + u * (0.0360768 + u * 0.0045813)))));
+}
+inline double i0_large(double x, double e) {
+    const double v = 3.75 / x;
+    const double p =
+        0.39894228 +
+        v * (0.01328592 +
+             v * (0.00225319 +
+                  v * (-0.00157565 +
+                       v * (0.00916281 +
+                            v * (-0.02057706 +
+                                 v * (0.02635537 + v * (-0.01647633 + v * 0.00392377)))))));
+    return e * p / std::sqrt(x);
+}
+
+// I0 of any x >= 0.
+double i0(double x) { return x < 3.75 ? i0_small(x) : i0_large(x, elem::exp_64f(x)); }
+
+// w[n] = I0(alpha sqrt(n (N - 1 - n))) / I0(beta), the square-root argument in integers.
+void kaiser_fill(const WindowPlan& p, double i0_beta, double* w, int64_t n0, size_t count) {
+    alignas(64) double ax[kBlock], ex[kBlock];
+    const double a = std::fabs(p.alpha);
+    const int64_t last = p.len - 1;
+    for (size_t i = 0; i < count; ++i) {
+        const int64_t n = n0 + static_cast<int64_t>(i);
+        ax[i] = a * std::sqrt(static_cast<double>(n * (last - n)));
+    }
+    for (size_t i = 0; i < count; ++i) ex[i] = ax[i] < 3.75 ? 0.0 : elem::exp_64f(ax[i]);
+    for (size_t i = 0; i < count; ++i) {
+        const double x = ax[i];
+        const double big = i0_large(x < 3.75 ? 3.75 : x, ex[i]);
+        w[i] = (x < 3.75 ? i0_small(x) : big) / i0_beta;
+    }
+}
+
+// ---- Applying the coefficients ---------------------------------------------------------------
+
+class Coefficients {
+  public:
+    explicit Coefficients(const WindowPlan& p)
+        : p_(p), rot_(p.cos_step, p.sin_step), acc_(p.step),
+          i0_beta_(p.shape == WindowShape::kaiser
+                       ? i0(std::fabs(0.5 * static_cast<double>(p.len - 1) * p.alpha))
+                       : 1.0) {}
+
+    void fill(double* w, int64_t n0, size_t count) {
+        const double a = p_.alpha;
+        switch (p_.shape) {
+        case WindowShape::bartlett: acc_.fill(w, n0, count); break;
+        case WindowShape::hann:
+            rot_.fill(w, count, [](double c) { return 0.5 * (1.0 - c); });
+            break;
+        case WindowShape::hamming:
+            rot_.fill(w, count, [](double c) { return 0.54 - 0.46 * c; });
+            break;
+        case WindowShape::blackman:
+            // (a + 1) / 2 - cos / 2 - (a / 2) (2 cos^2 - 1), factored so that it is exactly 0
+            // where cos is 1.
+            rot_.fill(w, count, [a](double c) { return (1.0 - c) * (0.5 + a * (1.0 + c)); });
+            break;
+        case WindowShape::kaiser: kaiser_fill(p_, i0_beta_, w, n0, count); break;
+        }
+    }
+
+  private:
+    const WindowPlan& p_;
+    Rotation rot_;
+    Accumulation acc_;
+    double i0_beta_;
+};
+
+template <class T, class Conv>
+void apply(const WindowPlan& p, const T* src, T* dst, Conv conv) {
+    const int64_t n = p.len, half = n / 2;
+    Coefficients gen(p);
+    alignas(64) double w[kBlock];
+    for (int64_t n0 = 0; n0 < half; n0 += static_cast<int64_t>(kBlock)) {
+        const size_t count = static_cast<size_t>(
+            half - n0 < static_cast<int64_t>(kBlock) ? half - n0 : static_cast<int64_t>(kBlock));
+        gen.fill(w, n0, count);
+        const T* s = src + n0;
+        T* d = dst + n0;
+        for (size_t i = 0; i < count; ++i) d[i] = conv(s[i], w[i]);
+        const T* sb = src + (n - 1 - n0);
+        T* db = dst + (n - 1 - n0);
+        for (size_t i = 0; i < count; ++i) {
+            const ptrdiff_t at = -static_cast<ptrdiff_t>(i);
+            db[at] = conv(sb[at], w[i]);
+        }
+    }
+    if (n & 1) dst[half] = src[half];
+}
+
+void apply_32f(const WindowPlan& p, const Vek32f* src, Vek32f* dst) {
+    apply(p, src, dst, [](Vek32f x, double w) { return static_cast<float>(x * w); });
+}
+void apply_32fc(const WindowPlan& p, const Vek32fc* src, Vek32fc* dst) {
+    apply(p, src, dst, [](Vek32fc x, double w) {
+        return Vek32fc{static_cast<float>(x.re * w), static_cast<float>(x.im * w)};
+    });
+}
+void apply_64f(const WindowPlan& p, const Vek64f* src, Vek64f* dst) {
+    apply(p, src, dst, [](Vek64f x, double w) { return x * w; });
+}
+void apply_16s(const WindowPlan& p, const Vek16s* src, Vek16s* dst, WindowRound r) {
+    if (r == WindowRound::half_away)
+        apply(p, src, dst,
+              [](Vek16s x, double w) { return num::round_away_clamp<int16_t>(x * w); });
+    else
+        apply(p, src, dst, [](Vek16s x, double w) { return num::trunc_clamp<int16_t>(x * w); });
+}
+void apply_16sc(const WindowPlan& p, const Vek16sc* src, Vek16sc* dst, WindowRound r) {
+    if (r == WindowRound::half_away)
+        apply(p, src, dst, [](Vek16sc x, double w) {
+            return Vek16sc{num::round_away_clamp<int16_t>(x.re * w),
+                           num::round_away_clamp<int16_t>(x.im * w)};
+        });
+    else
+        apply(p, src, dst, [](Vek16sc x, double w) {
+            return Vek16sc{num::trunc_clamp<int16_t>(x.re * w),
+                           num::trunc_clamp<int16_t>(x.im * w)};
+        });
+}
+
+} // namespace
+
+extern const WindowKernels window = {
+    .apply_32f = apply_32f,
+    .apply_32fc = apply_32fc,
+    .apply_64f = apply_64f,
+    .apply_16s = apply_16s,
+    .apply_16sc = apply_16sc,
+};
+
+} // namespace veks::kern::VEK_ISA
