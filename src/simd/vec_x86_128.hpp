@@ -173,6 +173,13 @@ struct Vec<double, 2> {
     static void store_n(double* p, R a, size_t n) {
         if (n) _mm_store_sd(p, a);
     }
+    // 2 floats widened, and 2 lanes stored as floats (rounded by the current mode).
+    static R load_float(const float* p) {
+        return _mm_cvtps_pd(_mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p))));
+    }
+    static void store_float(float* p, R a) {
+        _mm_store_sd(reinterpret_cast<double*>(p), _mm_castps_pd(_mm_cvtpd_ps(a)));
+    }
     static R splat(double x) { return _mm_set1_pd(x); }
     static R zero() { return _mm_setzero_pd(); }
 
