@@ -43,10 +43,17 @@ WindowPlan plan(WindowShape shape, int len, double alpha) {
     p.shape = shape;
     p.len = len;
     p.alpha = alpha;
-    const double theta = kTwoPi / static_cast<double>(len - 1);
-    p.cos_step = std::cos(theta);
-    p.sin_step = std::sin(theta);
     p.step = 2.0 / static_cast<double>(len - 1);
+    if (shape == WindowShape::hann || shape == WindowShape::hamming ||
+        shape == WindowShape::blackman) {
+        const double theta = kTwoPi / static_cast<double>(len - 1);
+        p.cos_step = std::cos(theta);
+        p.sin_step = std::sin(theta);
+        p.cos_lanes = std::cos(kern::kWindowLanes * theta);
+        p.sin_lanes = std::sin(kern::kWindowLanes * theta);
+        p.cos_block = std::cos(kern::kWindowBlock * theta);
+        p.sin_block = std::sin(kern::kWindowBlock * theta);
+    }
     return p;
 }
 

@@ -14,6 +14,11 @@
 
 namespace veks::kern {
 
+// Coefficients are made kWindowLanes at a time (lane j holds coefficient n0 + j + kWindowLanes k)
+// in blocks of kWindowBlock.
+inline constexpr int kWindowLanes = 32;
+inline constexpr int kWindowBlock = 512;
+
 enum class WindowShape : int32_t { bartlett, hann, hamming, blackman, kaiser };
 
 // How an integer member converts x w: truncation toward zero (Bartlett), rounding half away
@@ -25,8 +30,11 @@ struct WindowPlan {
     WindowShape shape;
     int64_t len;  // N >= 2
     double alpha; // Blackman and Kaiser parameter
-    // Cosine windows: cos and sin of 2 pi / (N - 1).
+    // Cosine windows: cos and sin of theta = 2 pi / (N - 1), of kWindowLanes theta and of
+    // kWindowBlock theta.
     double cos_step, sin_step;
+    double cos_lanes, sin_lanes;
+    double cos_block, sin_block;
     // Bartlett: the increment 2 / (N - 1).
     double step;
 };

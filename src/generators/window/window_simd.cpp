@@ -3,9 +3,10 @@
 // the same arithmetic in the same order (lanes are independent), so every level gives the same
 // bits.
 //
-// - Cosine windows: cos(2 pi n / (N - 1)) by rotation in kLanes lanes, lane j starting at
-//   e^(i j theta) (built from e^(i theta) by doubling) and advanced by e^(i kLanes theta); the
-//   error grows by a few units of 2^-53 per step, about N 2^-52 at the middle of the window.
+// - Cosine windows: cos(2 pi n / (N - 1)) in kLanes lanes, lane j of a block starting at
+//   e^(i (n0 + j) theta) (a rotation advanced by e^(i kBlock theta) per block; its starts built
+//   from e^(i theta) by doubling) and running the cosine recurrence of step kLanes inside the
+//   block. Errors stay near 2^-45 whatever N.
 // - Bartlett: the coefficients n 2 / (N - 1) are accumulated by repeated addition of d = 2/(N-1)
 //   from 0, and reproduced exactly without the serial chain: between binade boundaries (and
 //   after at most one step with a tie) every addition adds the same rounded increment, so a run
@@ -13,30 +14,44 @@
 // - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2), the exponential by the
 //   library's own (elem::exp_64f, the bits of veksExp_64f); the square roots are IEEE ones, the
 //   bits of veksSqrt_64f.
+#include <bit>
 #include <cmath>
 #include <cstdint>
 
 #include "arith/elementary/elementary.hpp"
 #include "generators/window/window.hpp"
 #include "simd/numeric.hpp"
+#include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
 
-constexpr int kLanes = 16;
-constexpr size_t kBlock = 256; // coefficients per block, a multiple of kLanes
+constexpr int kLanes = kWindowLanes;
+constexpr size_t kBlock = kWindowBlock;
+static_assert(kBlock % kLanes == 0 && kBlock / kLanes <= 16);
 
 // ---- Cosine windows --------------------------------------------------------------------------
 
-struct Rotation {
+using VD = simd::Wide<double>;
+constexpr int kVecs = kLanes / VD::lanes;
+static_assert(kLanes % VD::lanes == 0);
+
+// cos(n theta) for the coefficients of one block: the block starts from a rotation that is
+// advanced by e^(i kBlock theta) from block to block (lane j holds e^(i (n0 + j) theta)), and
+// inside the block each lane runs the cosine recurrence c' = 2 cos(kLanes theta) c - c_prev, 16
+// steps at most, so that its error stays bounded however long the window.
+struct Cosines {
     alignas(64) double re[kLanes];
     alignas(64) double im[kLanes];
-    double step_re, step_im;
+    double lane_c, lane_s, block_c, block_s;
 
-    Rotation(double c, double s) {
+    explicit Cosines(const WindowPlan& p)
+        : lane_c(p.cos_lanes), lane_s(p.sin_lanes), block_c(p.cos_block), block_s(p.sin_block) {
+        // e^(i j theta) from e^(i theta) by doubling: the block [m, 2m) is [0, m) times
+        // e^(i m theta).
         re[0] = 1.0;
         im[0] = 0.0;
-        double mr = c, mi = s; // e^(i m theta)
+        double mr = p.cos_step, mi = p.sin_step;
         for (int m = 1; m < kLanes; m *= 2) {
             for (int j = 0; j < m; ++j) {
                 re[m + j] = re[j] * mr - im[j] * mi;
@@ -46,23 +61,32 @@ struct Rotation {
             mr = r;
             mi = i;
         }
-        const double modulus = std::sqrt(mr * mr + mi * mi);
-        step_re = mr / modulus;
-        step_im = mi / modulus;
     }
 
-    // w[k] = f(cos) for the next `count` coefficients (rounded up to whole steps).
+    // w[k] = f(cos) for the block's `count` coefficients (rounded up to whole steps); f maps a
+    // vector of cosines to a vector of coefficients.
     template <class F>
     void fill(double* w, size_t count, F f) {
-        const double qr = step_re, qi = step_im;
-        for (size_t k = 0; k < count; k += kLanes) {
-            for (int j = 0; j < kLanes; ++j) w[k + j] = f(re[j]);
-            for (int j = 0; j < kLanes; ++j) {
-                const double r = re[j] * qr - im[j] * qi;
-                const double i = re[j] * qi + im[j] * qr;
-                re[j] = r;
-                im[j] = i;
+        typename VD::R c[kVecs], prev[kVecs];
+        const auto lc = VD::splat(lane_c), ls = VD::splat(lane_s);
+        for (int v = 0; v < kVecs; ++v) {
+            const auto zr = VD::load(re + v * VD::lanes), zi = VD::load(im + v * VD::lanes);
+            c[v] = zr;
+            prev[v] = VD::add(VD::mul(zr, lc), VD::mul(zi, ls)); // cos((n - kLanes) theta)
+        }
+        const auto k2 = VD::splat(2.0 * lane_c);
+        for (size_t k = 0; k < count; k += kLanes)
+            for (int v = 0; v < kVecs; ++v) {
+                VD::store(w + k + static_cast<size_t>(v * VD::lanes), f(c[v]));
+                const auto next = VD::sub(VD::mul(k2, c[v]), prev[v]);
+                prev[v] = c[v];
+                c[v] = next;
             }
+        const auto bc = VD::splat(block_c), bs = VD::splat(block_s);
+        for (int v = 0; v < kVecs; ++v) {
+            const auto zr = VD::load(re + v * VD::lanes), zi = VD::load(im + v * VD::lanes);
+            VD::store(re + v * VD::lanes, VD::sub(VD::mul(zr, bc), VD::mul(zi, bs)));
+            VD::store(im + v * VD::lanes, VD::add(VD::mul(zr, bs), VD::mul(zi, bc)));
         }
     }
 };
@@ -98,9 +122,9 @@ class Accumulation {
             delta_ = d;
             m = 1;
         } else {
-            int e;
-            std::frexp(w, &e);
-            const double top = std::ldexp(1.0, e); // the binade of w ends here
+            // The binade of w ends at twice the power of two at or below w (w is normal).
+            const uint64_t power = std::bit_cast<uint64_t>(w) & 0x7FF0000000000000u;
+            const double top = std::bit_cast<double>(power + (uint64_t{1} << 52));
             const double t = w + d;
             if (t < top) {
                 delta_ = t - w; // exact (w >= d)
@@ -178,25 +202,29 @@ void kaiser_fill(const WindowPlan& p, double i0_beta, double* w, int64_t n0, siz
 class Coefficients {
   public:
     explicit Coefficients(const WindowPlan& p)
-        : p_(p), rot_(p.cos_step, p.sin_step), acc_(p.step),
+        : p_(p), rot_(p), acc_(p.step),
           i0_beta_(p.shape == WindowShape::kaiser
                        ? i0(std::fabs(0.5 * static_cast<double>(p.len - 1) * p.alpha))
                        : 1.0) {}
 
     void fill(double* w, int64_t n0, size_t count) {
         const double a = p_.alpha;
+        const auto one = VD::splat(1.0), half = VD::splat(0.5);
         switch (p_.shape) {
         case WindowShape::bartlett: acc_.fill(w, n0, count); break;
         case WindowShape::hann:
-            rot_.fill(w, count, [](double c) { return 0.5 * (1.0 - c); });
+            rot_.fill(w, count, [one, half](auto c) { return VD::mul(half, VD::sub(one, c)); });
             break;
         case WindowShape::hamming:
-            rot_.fill(w, count, [](double c) { return 0.54 - 0.46 * c; });
+            rot_.fill(w, count,
+                      [](auto c) { return VD::sub(VD::splat(0.54), VD::mul(VD::splat(0.46), c)); });
             break;
         case WindowShape::blackman:
             // (a + 1) / 2 - cos / 2 - (a / 2) (2 cos^2 - 1), factored so that it is exactly 0
-            // where cos is 1.
-            rot_.fill(w, count, [a](double c) { return (1.0 - c) * (0.5 + a * (1.0 + c)); });
+            // where cos is 1: (1 - cos) (0.5 + a (1 + cos)).
+            rot_.fill(w, count, [one, half, av = VD::splat(a)](auto c) {
+                return VD::mul(VD::sub(one, c), VD::add(half, VD::mul(av, VD::add(one, c))));
+            });
             break;
         case WindowShape::kaiser: kaiser_fill(p_, i0_beta_, w, n0, count); break;
         }
@@ -204,13 +232,23 @@ class Coefficients {
 
   private:
     const WindowPlan& p_;
-    Rotation rot_;
+    Cosines rot_;
     Accumulation acc_;
     double i0_beta_;
 };
 
-template <class T, class Conv>
-void apply(const WindowPlan& p, const T* src, T* dst, Conv conv) {
+// d[i] = s[i] w[i] rounded to single precision, the product in double precision.
+void mul_float(const float* s, float* d, const double* w, size_t m) {
+    size_t i = 0;
+    for (; i + VD::lanes <= m; i += VD::lanes)
+        VD::store_float(d + i, VD::mul(VD::load_float(s + i), VD::load(w + i)));
+    for (; i < m; ++i) d[i] = static_cast<float>(s[i] * w[i]);
+}
+
+// Runs the window over blocks: block(w, n0, count) applies coefficients n0 .. n0 + count - 1 to
+// both ends. For odd N the middle element is copied.
+template <class T, class Block>
+void apply(const WindowPlan& p, const T* src, T* dst, Block block) {
     const int64_t n = p.len, half = n / 2;
     Coefficients gen(p);
     alignas(64) double w[kBlock];
@@ -218,6 +256,16 @@ void apply(const WindowPlan& p, const T* src, T* dst, Conv conv) {
         const size_t count = static_cast<size_t>(
             half - n0 < static_cast<int64_t>(kBlock) ? half - n0 : static_cast<int64_t>(kBlock));
         gen.fill(w, n0, count);
+        block(w, n0, count);
+    }
+    if (n & 1) dst[half] = src[half];
+}
+
+// The element-wise form for the other types: conv(x, w) for both ends.
+template <class T, class Conv>
+void apply_each(const WindowPlan& p, const T* src, T* dst, Conv conv) {
+    const int64_t n = p.len;
+    apply(p, src, dst, [&](const double* w, int64_t n0, size_t count) {
         const T* s = src + n0;
         T* d = dst + n0;
         for (size_t i = 0; i < count; ++i) d[i] = conv(s[i], w[i]);
@@ -227,36 +275,57 @@ void apply(const WindowPlan& p, const T* src, T* dst, Conv conv) {
             const ptrdiff_t at = -static_cast<ptrdiff_t>(i);
             db[at] = conv(sb[at], w[i]);
         }
-    }
-    if (n & 1) dst[half] = src[half];
-}
-
-void apply_32f(const WindowPlan& p, const Vek32f* src, Vek32f* dst) {
-    apply(p, src, dst, [](Vek32f x, double w) { return static_cast<float>(x * w); });
-}
-void apply_32fc(const WindowPlan& p, const Vek32fc* src, Vek32fc* dst) {
-    apply(p, src, dst, [](Vek32fc x, double w) {
-        return Vek32fc{static_cast<float>(x.re * w), static_cast<float>(x.im * w)};
     });
 }
+
+// Single-precision members: the coefficients, and their mirror image for the far end (for the
+// complex members each coefficient twice), multiply the floats in vectors.
+template <class T>
+void apply_float(const WindowPlan& p, const T* src, T* dst) {
+    constexpr size_t parts = sizeof(T) / sizeof(float);
+    const int64_t n = p.len;
+    const float* s = reinterpret_cast<const float*>(src);
+    float* d = reinterpret_cast<float*>(dst);
+    alignas(64) double front[kBlock * parts], back[kBlock * parts];
+    apply(p, src, dst, [&](const double* w, int64_t n0, size_t count) {
+        const double* f = w;
+        if constexpr (parts == 1) {
+            for (size_t i = 0; i < count; ++i) back[i] = w[count - 1 - i];
+        } else {
+            for (size_t i = 0; i < count; ++i) {
+                front[2 * i] = front[2 * i + 1] = w[i];
+                back[2 * i] = back[2 * i + 1] = w[count - 1 - i];
+            }
+            f = front;
+        }
+        const size_t far = static_cast<size_t>(n - n0) - count;
+        mul_float(s + static_cast<size_t>(n0) * parts, d + static_cast<size_t>(n0) * parts, f,
+                  count * parts);
+        mul_float(s + far * parts, d + far * parts, back, count * parts);
+    });
+}
+
+void apply_32f(const WindowPlan& p, const Vek32f* src, Vek32f* dst) { apply_float(p, src, dst); }
+void apply_32fc(const WindowPlan& p, const Vek32fc* src, Vek32fc* dst) { apply_float(p, src, dst); }
 void apply_64f(const WindowPlan& p, const Vek64f* src, Vek64f* dst) {
-    apply(p, src, dst, [](Vek64f x, double w) { return x * w; });
+    apply_each(p, src, dst, [](Vek64f x, double w) { return x * w; });
 }
 void apply_16s(const WindowPlan& p, const Vek16s* src, Vek16s* dst, WindowRound r) {
     if (r == WindowRound::half_away)
-        apply(p, src, dst,
-              [](Vek16s x, double w) { return num::round_away_clamp<int16_t>(x * w); });
+        apply_each(p, src, dst,
+                   [](Vek16s x, double w) { return num::round_away_clamp<int16_t>(x * w); });
     else
-        apply(p, src, dst, [](Vek16s x, double w) { return num::trunc_clamp<int16_t>(x * w); });
+        apply_each(p, src, dst,
+                   [](Vek16s x, double w) { return num::trunc_clamp<int16_t>(x * w); });
 }
 void apply_16sc(const WindowPlan& p, const Vek16sc* src, Vek16sc* dst, WindowRound r) {
     if (r == WindowRound::half_away)
-        apply(p, src, dst, [](Vek16sc x, double w) {
+        apply_each(p, src, dst, [](Vek16sc x, double w) {
             return Vek16sc{num::round_away_clamp<int16_t>(x.re * w),
                            num::round_away_clamp<int16_t>(x.im * w)};
         });
     else
-        apply(p, src, dst, [](Vek16sc x, double w) {
+        apply_each(p, src, dst, [](Vek16sc x, double w) {
             return Vek16sc{num::trunc_clamp<int16_t>(x.re * w),
                            num::trunc_clamp<int16_t>(x.im * w)};
         });
