@@ -234,12 +234,12 @@ VEK_API VekStatus veksWinBartlett_32fc_I(Vek32fc* pSrcDst, int len);
  * members multiply both parts by the same coefficient. Float members store x w rounded to single
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
- *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
- *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
- *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
- *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
- *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
- *  the formula.
+ *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
+ *  coefficients are made 32 at a time in double precision by the recurrence
+ *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
+ *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
+ *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
  *
  *  N = 3 writes {0, x[1], 0}. 16-bit members round x w half away from zero (x w + 0.5 for a
  *  positive product, x w - 0.5 otherwise, truncated toward zero); |w| <= 1, so nothing
@@ -266,12 +266,12 @@ VEK_API VekStatus veksWinHann_32fc_I(Vek32fc* pSrcDst, int len);
  *  multiply both parts by the same coefficient. Float members store x w rounded to single
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
- *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
- *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
- *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
- *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
- *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
- *  the formula.
+ *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
+ *  coefficients are made 32 at a time in double precision by the recurrence
+ *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
+ *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
+ *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
  *
  *  16-bit members round x w half away from zero, as the Hann members.
  *
@@ -299,12 +299,12 @@ VEK_API VekStatus veksWinHamming_32fc_I(Vek32fc* pSrcDst, int len);
  *  multiply both parts by the same coefficient. Float members store x w rounded to single
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
- *  The cosines are not evaluated per sample: cos and sin of 2 pi / (N - 1) (2 pi =
- *  6.283185307179586) are evaluated once, and cos(2 pi n / (N - 1)) is advanced by rotation in
- *  double precision, 16 rotations side by side (lane j starting at n = j, each advanced by 16
- *  steps at a time); the sine of the step is evaluated directly rather than as sqrt(1 - c^2),
- *  which would lose accuracy for long windows. The coefficients are within about N 2^-52 of
- *  the formula.
+ *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
+ *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
+ *  coefficients are made 32 at a time in double precision by the recurrence
+ *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
+ *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
+ *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
  *  The coefficient is evaluated as (1 - cos x) (0.5 + alpha (1 + cos x)), the same polynomial
  *  written so that it is exactly 0 where cos x is 1 (the ends) and keeps its relative accuracy
  *  near them.

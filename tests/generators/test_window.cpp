@@ -3,6 +3,8 @@
 // 16-bit conversion rules, and the same bits on every kernel level.
 #include "testutil.hpp"
 
+#include "arith/elementary/elementary.hpp"
+
 #include <cmath>
 #include <functional>
 
@@ -120,6 +122,45 @@ TEST(Window, KaiserDoublePrecision) {
     EXPECT_EQ(veksWinKaiser_64f(d.data(), d.data(), 617, 1.01f), vekStsKaiserTooHugeErr);
     EXPECT_GT(d[1], 0.0);
     EXPECT_TRUE(std::isfinite(d[308]));
+}
+
+// The documented Kaiser computation, with the library's exponential and IEEE square roots: the
+// 64f member must give exactly these bits.
+double i0_documented(double x) {
+    if (x < 3.75) {
+        const double t = x * 0.26666666666666666, u = t * t;
+        return 1.0 +
+               u * (3.5156229 +
+                    u * (3.0899424 +
+                         u * (1.2067492 + u * (0.2659732 + u * (0.0360768 + u * 0.0045813)))));
+    }
+    const double v = 3.75 / x;
+    const double p =
+        0.39894228 +
+        v * (0.01328592 +
+             v * (0.00225319 +
+                  v * (-0.00157565 +
+                       v * (0.00916281 +
+                            v * (-0.02057706 +
+                                 v * (0.02635537 + v * (-0.01647633 + v * 0.00392377)))))));
+    return veks::elem::exp_64f(x) * p / std::sqrt(x);
+}
+
+TEST(Window, KaiserBitsOfTheDocumentedComputation) {
+    vt::for_each_level([](auto) {
+        for (long N : {2L, 3L, 64L, 77L, 1001L, 4097L})
+            for (float a : {0.001f, -0.3f, 1.0f, 7.5f, 0.1234f}) {
+                if (0.5 * std::fabs(a) * (N - 1) > 308) continue;
+                std::vector<double> x(N, 1.0), w(N);
+                ASSERT_EQ(veksWinKaiser_64f(x.data(), w.data(), static_cast<int>(N), a), 0);
+                const double den = i0_documented(std::fabs(0.5 * static_cast<double>(N - 1) * a));
+                for (long n = 0; n < N / 2; ++n) {
+                    const double arg =
+                        std::fabs(double{a}) * std::sqrt(static_cast<double>(n * (N - 1 - n)));
+                    ASSERT_EQ(w[n], i0_documented(arg) / den) << N << " " << a << " " << n;
+                }
+            }
+    });
 }
 
 TEST(Window, BartlettIsRepeatedAddition) {

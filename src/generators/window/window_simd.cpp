@@ -6,17 +6,19 @@
 // - Cosine windows: cos(2 pi n / (N - 1)) in kLanes lanes, lane j of a block starting at
 //   e^(i (n0 + j) theta) (a rotation advanced by e^(i kBlock theta) per block; its starts built
 //   from e^(i theta) by doubling) and running the cosine recurrence of step kLanes inside the
-//   block. Errors stay near 2^-45 whatever N.
+//   block. The error grows with the number of blocks: 2^-47 at N = 65537, 2^-41 at 2 10^7.
 // - Bartlett: the coefficients n 2 / (N - 1) are accumulated by repeated addition of d = 2/(N-1)
 //   from 0, and reproduced exactly without the serial chain: between binade boundaries (and
 //   after at most one step with a tie) every addition adds the same rounded increment, so a run
 //   of coefficients is base + k delta, exact; each run is planned from one real addition.
-// - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2), the exponential by the
-//   library's own (elem::exp_64f, the bits of veksExp_64f); the square roots are IEEE ones, the
+// - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2), the exponential with the
+//   bits of the library's own (elem::exp_64f, those of veksExp_64f): a fast evaluation where it
+//   decides the rounding, elem::exp_64f itself otherwise; the square roots are IEEE ones, the
 //   bits of veksSqrt_64f.
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include "arith/elementary/elementary.hpp"
 #include "generators/window/window.hpp"
@@ -177,6 +179,78 @@ inline double i0_large(double x, double e) {
     return e * p / std::sqrt(x);
 }
 
+// e^x for 3.75 <= x <= 700 when a double-double evaluation decides its rounding to nearest, else
+// NaN (the caller then asks elem::exp_64f). Whenever a value is returned it is the correctly
+// rounded e^x, hence the bits elem::exp_64f gives, on every level. x = k ln2 + r (k ln2_hi exact),
+// r / 256 = r' in double-double, e^r' = 1 + r' + r'^2 / 2 + r'^3 Q(r') with the first three terms
+// exact (with the low part of r' and its product with r'), then eight squarings: the relative
+// error stays below 2^-70, and a result is accepted
+// only if moving it by 2^-66 either way cannot change the rounding.
+inline void two_prod(double a, double b, double& p, double& e) {
+    p = a * b;
+#if VEK_ISA_LEVEL >= 2
+    e = std::fma(a, b, -p);
+#else
+    constexpr double split = 134217729.0; // 2^27 + 1: Dekker's exact product
+    const double ca = split * a, ah = ca - (ca - a), al = a - ah;
+    const double cb = split * b, bh = cb - (cb - b), bl = b - bh;
+    e = ((ah * bh - p) + ah * bl + al * bh) + al * bl;
+#endif
+}
+
+inline void square(double& h, double& l) {
+    double sq, se;
+    two_prod(h, h, sq, se);
+    se += 2.0 * h * l;
+    h = sq + se;
+    l = se - (h - sq);
+}
+
+inline double exp_decided(double x) {
+    constexpr double inv_ln2 = 0x1.71547652b82fep+0;
+    constexpr double ln2_hi = 0x1.62e42fef00000p-1; // 33 bits: k ln2_hi is exact
+    constexpr double ln2_lo = 0x1.473de6af278edp-34;
+    constexpr double magic = 0x1.8p52; // adding it leaves an integer in the low bits
+    // k = x / ln2 rounded to an integer (by the current mode: any integer nearby serves, r stays
+    // within ln2), read from the low bits of the sum.
+    const double shifted = x * inv_ln2 + magic;
+    const double kd = shifted - magic;
+    const uint64_t k = std::bit_cast<uint64_t>(shifted) - std::bit_cast<uint64_t>(magic);
+    const double r0 = x - kd * ln2_hi; // exact
+    const double t = kd * ln2_lo;
+    double rh = r0 - t;
+    const double bv = rh - r0;
+    double rl = (r0 - (rh - bv)) + (-t - bv);
+    rh *= 0x1p-8;
+    rl *= 0x1p-8;
+    double p, pe;
+    two_prod(rh, rh, p, pe);
+    const double q =
+        rh * rh * rh *
+        (0x1.5555555555555p-3 +
+         rh * (0x1.5555555555555p-5 +
+               rh * (0x1.1111111111111p-7 + rh * (0x1.6c16c16c16c17p-10 + rh * 0x1.a01a01a01a01ap-13))));
+    const double a = 1.0 + rh, b = rh - (a - 1.0); // 1 + rh exactly
+    const double ph = 0.5 * p;
+    const double a2 = a + ph, bw = a2 - a, b2 = (a - (a2 - bw)) + (ph - bw);
+    const double lo = b + b2 + (rl + rl * rh + 0.5 * pe + q);
+    double h = a2 + lo, l = lo - (h - a2);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    square(h, l);
+    const double scale = std::bit_cast<double>((k + 1023) << 52);
+    h *= scale;
+    l *= scale;
+    const double d = h * 0x1p-66;
+    const double up = h + (l + d), down = h + (l - d);
+    return up == down && x <= 700.0 ? up : std::numeric_limits<double>::quiet_NaN();
+}
+
 // I0 of any x >= 0.
 double i0(double x) { return x < 3.75 ? i0_small(x) : i0_large(x, elem::exp_64f(x)); }
 
@@ -189,7 +263,9 @@ void kaiser_fill(const WindowPlan& p, double i0_beta, double* w, int64_t n0, siz
         const int64_t n = n0 + static_cast<int64_t>(i);
         ax[i] = a * std::sqrt(static_cast<double>(n * (last - n)));
     }
-    for (size_t i = 0; i < count; ++i) ex[i] = ax[i] < 3.75 ? 0.0 : elem::exp_64f(ax[i]);
+    for (size_t i = 0; i < count; ++i) ex[i] = exp_decided(ax[i] < 3.75 ? 3.75 : ax[i]);
+    for (size_t i = 0; i < count; ++i)
+        if (ex[i] != ex[i] && ax[i] >= 3.75) ex[i] = elem::exp_64f(ax[i]);
     for (size_t i = 0; i < count; ++i) {
         const double x = ax[i];
         const double big = i0_large(x < 3.75 ? 3.75 : x, ex[i]);
