@@ -30,40 +30,29 @@ constexpr Affine then(Affine a, Affine b) { return {b.mul * a.mul, b.mul * a.add
 
 // The subtract-with-borrow words of the next n draws. With v the difference x1 - x2 of a step,
 // the step is t = v + c, c' = the sign of t, x = t - (c' & 18); the difference of the step two
-// later, x - x_prev, is formed as (t - x_prev) - (c' & 18) so that it does not wait for x. Two
-// steps per pass alternate the names (a, b) instead of moving values.
+// later, x - x_prev, is formed as (t - x_prev) - (c' & 18) so that it does not wait for x: the
+// carried dependence is then the two instructions from c to c'.
 void swb_words(RandWords& g, uint32_t* w, size_t n) {
     uint32_t c = g.c;
-    uint32_t va = g.x1 - g.x2, vb = g.x0 - g.x1; // differences of the coming two steps
-    uint32_t xa = g.x1, xb = g.x0;               // xb is the newest word
-    size_t i = 0;
-    for (; i + 2 <= n; i += 2) {
-        uint32_t t = va + c;
+    uint32_t v = g.x1 - g.x2, v_next = g.x0 - g.x1; // differences of the coming two steps
+    uint32_t prev = g.x0, older = g.x1;
+    for (size_t i = 0; i < n; ++i) {
+        const uint32_t t = v + c;
         c = static_cast<uint32_t>(static_cast<int32_t>(t) >> 31);
-        uint32_t m = c & 18u;
-        xa = t - m;
-        uint32_t u = t - xb;
+        const uint32_t m = c & 18u;
+        uint32_t u = t - prev;
         VEK_OPAQUE(u);
-        va = u - m;
-        w[i] = xa;
-        t = vb + c;
-        c = static_cast<uint32_t>(static_cast<int32_t>(t) >> 31);
-        m = c & 18u;
-        xb = t - m;
-        u = t - xa;
-        VEK_OPAQUE(u);
-        vb = u - m;
-        w[i + 1] = xb;
+        v = v_next;
+        v_next = u - m;
+        older = prev;
+        prev = t - m;
+        w[i] = prev;
     }
-    if (i < n) {
-        const uint32_t t = va + c;
-        c = static_cast<uint32_t>(static_cast<int32_t>(t) >> 31);
-        xa = t - (c & 18u);
-        w[i] = xa;
-        g = {g.L, xa, xb, xb - vb, c};
-    } else {
-        g = {g.L, xb, xa, xa - va, c};
-    }
+    // v is the difference x1 - x2 of the step to come.
+    g.x0 = prev;
+    g.x1 = older;
+    g.x2 = older - v;
+    g.c = c;
 }
 
 // mul[k], add[k]: the composition of k congruential steps, k = 0 .. kBlock, so that the word of
