@@ -106,13 +106,17 @@ VEK_API VekStatus veksTriangle_Direct_64fc(Vek64fc* pDst, int len, Vek64f magn, 
 
 /* ==== Random generators ======================================================================= */
 
-/** Random-generator states (opaque; created by the InitAlloc functions, released by Free). */
+/** @name Random-generator state types
+ *  @{ */
+/** Opaque random-generator states: VeksRandUniformState_<T> and VeksRandGaussState_<T> for
+ *  destination type T. Created by InitAlloc, released by Free. */
 typedef struct VeksRandUniformState_8u VeksRandUniformState_8u;
 typedef struct VeksRandUniformState_16s VeksRandUniformState_16s;
 typedef struct VeksRandUniformState_32f VeksRandUniformState_32f;
 typedef struct VeksRandGaussState_8u VeksRandGaussState_8u;
 typedef struct VeksRandGaussState_16s VeksRandGaussState_16s;
 typedef struct VeksRandGaussState_32f VeksRandGaussState_32f;
+/** @} */
 
 /** @name Random generators, direct forms
  *  @{ */
