@@ -51,7 +51,9 @@ class RatioReporter : public benchmark::ConsoleReporter {
             if (it != r.counters.end()) res.items_per_ns = it->second.value * 1e-9;
             it = r.counters.find("bytes_per_second");
             if (it != r.counters.end()) res.bytes_per_ns = it->second.value * 1e-9;
-            const std::string key = name.substr(0, a) + "/" + name.substr(b + 1);
+            std::string rest = name.substr(b + 1);
+            if (const auto m = rest.find("/min_time:"); m != std::string::npos) rest.resize(m);
+            const std::string key = name.substr(0, a) + "/" + rest;
             // With --benchmark_repetitions the fastest repetition stands for each run.
             Result& slot = table_[key][name.substr(a + 1, b - a - 1)];
             if (slot.ns_per_iter == 0 || res.ns_per_iter < slot.ns_per_iter) slot = res;

@@ -45,7 +45,10 @@ string(STRIP "${VEKS_PC_LIBS_PRIVATE}" VEKS_PC_LIBS_PRIVATE)
 configure_file(cmake/veks.pc.in ${PROJECT_BINARY_DIR}/veks.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/veks.pc DESTINATION ${_veks_pcdir} COMPONENT dev)
 
+# The licence, with the documentation, and as each Debian package's copyright file.
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libveks${PROJECT_VERSION_MAJOR}
+        COMPONENT runtime RENAME copyright)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libveks-dev COMPONENT dev
         RENAME copyright)
 
@@ -65,7 +68,7 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libveks${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS "libc6, libstdc++6, libgcc-s1")
 # A shlibs file and the ldconfig trigger, so that the library loads right after installation.
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libveks-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS

@@ -18,7 +18,16 @@ if(_veks_tests STREQUAL "AUTO")
         endif()
     endif()
 elseif(_veks_tests)
-    # ON, YES, TRUE, 1: asked for; tests/CMakeLists.txt fails clearly without GoogleTest.
+    # ON, YES, TRUE, 1: asked for, so GoogleTest must be there.
+    if(NOT VEKS_GTEST_SOURCE_DIR)
+        find_package(GTest QUIET)
+        if(NOT GTest_FOUND)
+            message(FATAL_ERROR "veks: VEKS_BUILD_TESTS=${VEKS_BUILD_TESTS} but GoogleTest was not "
+                                "found. Install it (Debian: apt-get install libgtest-dev, or run "
+                                "tools/install-deps tests), pass -DVEKS_GTEST_SOURCE_DIR=<sources>, "
+                                "or configure with -DVEKS_BUILD_TESTS=OFF.")
+        endif()
+    endif()
     set(VEKS_TESTS_ENABLED ON)
 endif()
 if(VEKS_TESTS_ENABLED)

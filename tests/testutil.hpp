@@ -16,12 +16,11 @@
 
 namespace vt {
 
-// Runs `body` once per kernel level this build and processor support, the scalar one first;
-// the best level is selected again afterwards.
+// Runs `body` once per kernel level the library compiled and this processor supports, the scalar
+// one first; the best level is selected again afterwards.
 template <class F>
 void for_each_level(F&& body) {
-    for (int l = veks::isa::scalar; l <= veks::isa::avx512; ++l) {
-        const auto level = static_cast<veks::isa::Level>(l);
+    for (const veks::isa::Level level : veks::isa::levels()) {
         if (!veks::isa::set_level(level)) continue;
         SCOPED_TRACE(std::string("kernel level ") + veks::isa::name(level));
         body(level);
@@ -160,19 +159,6 @@ inline std::vector<int> test_lengths() {
     return v;
 }
 
-// An output filled with a marker pattern, to show that a failing call wrote nothing.
-template <class T, int N = 4>
-struct Marked {
-    T v[N];
-    Marked() { std::memset(static_cast<void*>(v), 0x5A, sizeof v); }
-    bool untouched() const {
-        const auto* p = reinterpret_cast<const unsigned char*>(v);
-        for (size_t i = 0; i < sizeof v; ++i)
-            if (p[i] != 0x5A) return false;
-        return true;
-    }
-};
-
 // Runs check(f) for every member f of a list, each under a trace of its place in the list.
 template <class Check, class... F>
 void each(Check&& check, F... f) {
@@ -182,36 +168,6 @@ void each(Check&& check, F... f) {
         check(fn);
     };
     (one(f), ...);
-}
-
-// A reduction (pSrc, len, pResult, trailing parameters given as zero): null pointers before the
-// length, lengths below min_len refused, and the result untouched on error.
-template <class A, class D, class... X>
-void reduction_frame(VekStatus (*fn)(const A*, int, D*, X...), int min_len = 1) {
-    const A a[2]{};
-    Marked<D, 1> d;
-    for (int len : {min_len - 1, -1, std::numeric_limits<int>::min()}) {
-        EXPECT_EQ(fn(nullptr, len, d.v, X{}...), vekStsNullPointerErr) << len;
-        EXPECT_EQ(fn(a, len, nullptr, X{}...), vekStsNullPointerErr) << len;
-        EXPECT_EQ(fn(a, len, d.v, X{}...), vekStsDataSizeErr) << len;
-    }
-    EXPECT_TRUE(d.untouched());
-}
-
-// An element-wise map (pSrc, pDst, len, trailing parameters given as zero): null pointers before
-// the length, and the destination untouched on error.
-template <class S, class D, class... X>
-void map_frame(VekStatus (*fn)(const S*, D*, int, X...)) {
-    const S s[4]{};
-    Marked<D> d;
-    for (int len : {4, 0, -1, std::numeric_limits<int>::min()}) {
-        EXPECT_EQ(fn(nullptr, d.v, len, X{}...), vekStsNullPointerErr) << len;
-        EXPECT_EQ(fn(s, nullptr, len, X{}...), vekStsNullPointerErr) << len;
-        if (len <= 0) {
-            EXPECT_EQ(fn(s, d.v, len, X{}...), vekStsDataSizeErr) << len;
-        }
-    }
-    EXPECT_TRUE(d.untouched());
 }
 
 } // namespace vt

@@ -12,16 +12,8 @@
 #include <vector>
 
 #include "simd/isa.hpp"
-#include "arith/convert/convert.hpp"
-#include "arith/elementwise/arith.hpp"
-#include "arith/g711/g711.hpp"
-#include "arith/logical/logical.hpp"
-#include "arith/move/move.hpp"
-#include "filters/fir/fir.hpp"
-#include "stats/norm/norm.hpp"
-#include "stats/reduce/reduce.hpp"
-#include "stats/threshold/threshold.hpp"
-#include "transforms/fft/fft.hpp"
+// The headers of every kernel family (generated from the tables under src/).
+#include "veks_info_includes.inc"
 #include "veks.h"
 
 namespace {
@@ -48,13 +40,13 @@ const char* level_of(const Table& in_use, const Table& scalar_table
 
 #if VEKS_HAVE_X86_KERNELS
 #define VEK_INFO_FAMILY(label, name)                                                               \
-    std::printf("  %-28s %s\n", label,                                                             \
+    std::printf("  %-24s %s\n", label,                                                             \
                 level_of(veks::kern::name##_kernels(), veks::kern::scalar::name,                   \
                          veks::kern::sse2::name, veks::kern::avx2::name,                           \
                          veks::kern::avx512::name))
 #else
 #define VEK_INFO_FAMILY(label, name)                                                               \
-    std::printf("  %-28s %s\n", label,                                                             \
+    std::printf("  %-24s %s\n", label,                                                             \
                 level_of(veks::kern::name##_kernels(), veks::kern::scalar::name))
 #endif
 
@@ -78,9 +70,9 @@ void print_levels() {
     std::printf("processor features:");
     for (const Feature& f : features) std::printf(" %s%s", f.present ? "+" : "-", f.name);
     std::printf("\n");
-    std::printf("why: compiled levels are scalar, sse2, avx2 (needs avx2 and fma) and avx512 "
-                "(needs avx2, fma, avx512f, avx512bw, avx512dq and avx512vl); the highest level "
-                "whose features are all present is used, here %s.\n",
+    std::printf("why: the highest compiled level whose features are all present is used, here %s\n"
+                "     (sse2 needs sse2; avx2 needs avx2 and fma; avx512 needs those and avx512f,\n"
+                "     avx512bw, avx512dq and avx512vl)\n",
                 veks::isa::name(best));
 #else
     std::printf("why: this target has only the portable scalar kernels.\n");
@@ -89,16 +81,7 @@ void print_levels() {
     for (Level l : {veks::isa::scalar, veks::isa::sse2, veks::isa::avx2, veks::isa::avx512})
         if (veks::isa::available(l)) std::printf(" %s", veks::isa::name(l));
     std::printf("\nkernel families:\n");
-    VEK_INFO_FAMILY("element-wise arithmetic", arith);
-    VEK_INFO_FAMILY("conversion", convert);
-    VEK_INFO_FAMILY("G.711 companding", g711);
-    VEK_INFO_FAMILY("logical and shift", logical);
-    VEK_INFO_FAMILY("data movement", move);
-    VEK_INFO_FAMILY("reductions", reduce);
-    VEK_INFO_FAMILY("norms and dot products", norm);
-    VEK_INFO_FAMILY("threshold", threshold);
-    VEK_INFO_FAMILY("FFT", fft);
-    VEK_INFO_FAMILY("FIR filters", fir);
+#include "veks_info_families.inc"
 }
 
 // ---- quick self-benchmark ------------------------------------------------------------------

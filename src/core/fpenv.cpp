@@ -18,7 +18,7 @@ bool has_mxcsr() noexcept {
 }
 } // namespace
 
-RoundNearestScope::RoundNearestScope() noexcept {
+void RoundNearestScope::enter() noexcept {
     asm volatile("fnstcw %0" : "=m"(x87_) : : "memory");
     if (x87_ & kX87RoundingBits) {
         uint16_t nearest = x87_ & static_cast<uint16_t>(~kX87RoundingBits);
@@ -33,22 +33,25 @@ RoundNearestScope::RoundNearestScope() noexcept {
             restore_mxcsr_ = true;
         }
     }
+    changed_ = restore_x87_ || restore_mxcsr_;
 }
 
-RoundNearestScope::~RoundNearestScope() {
+void RoundNearestScope::leave() noexcept {
     if (restore_x87_) asm volatile("fldcw %0" : : "m"(x87_) : "memory");
     if (restore_mxcsr_) asm volatile("ldmxcsr %0" : : "m"(mxcsr_) : "memory");
 }
 
 #else
 
-RoundNearestScope::RoundNearestScope() noexcept : mode_(std::fegetround()) {
-    if (mode_ != FE_TONEAREST) std::fesetround(FE_TONEAREST);
+void RoundNearestScope::enter() noexcept {
+    mode_ = std::fegetround();
+    if (mode_ != FE_TONEAREST) {
+        std::fesetround(FE_TONEAREST);
+        changed_ = true;
+    }
 }
 
-RoundNearestScope::~RoundNearestScope() {
-    if (mode_ != FE_TONEAREST) std::fesetround(mode_);
-}
+void RoundNearestScope::leave() noexcept { std::fesetround(mode_); }
 
 #endif
 

@@ -3,6 +3,10 @@
 // the rounding-control fields are set to round-to-nearest-even (x87 control word and SSE MXCSR
 // on x86, the floating-point control register elsewhere); the caller's settings come back on
 // scope exit. When the caller already rounds to nearest, nothing is written.
+//
+// Reading the control registers costs a few nanoseconds per call, which short calls notice:
+// kernels that round explicitly (see simd/vec_numeric.hpp) construct the guard disengaged,
+// which compiles to nothing.
 #pragma once
 
 #include <cfenv>
@@ -12,12 +16,21 @@ namespace veks {
 
 class RoundNearestScope {
   public:
-    RoundNearestScope() noexcept;
-    ~RoundNearestScope();
+    // engage = false: does nothing (for code paths that do not read the rounding mode).
+    explicit RoundNearestScope(bool engage = true) noexcept {
+        if (engage) enter();
+    }
+    ~RoundNearestScope() {
+        if (changed_) leave();
+    }
     RoundNearestScope(const RoundNearestScope&) = delete;
     RoundNearestScope& operator=(const RoundNearestScope&) = delete;
 
   private:
+    void enter() noexcept;
+    void leave() noexcept;
+
+    bool changed_ = false; // something was set and must be restored
 #if defined(__x86_64__) || defined(__i386__)
     uint16_t x87_ = 0;
     uint32_t mxcsr_ = 0;

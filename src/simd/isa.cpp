@@ -2,17 +2,17 @@
 
 namespace veks::isa {
 
-namespace detail {
-std::atomic<int> active_level{-1};
-
-int resolve() noexcept {
-    int level = best();
-    int expected = -1;
-    // A racing first call resolves to the same value; keep whichever landed first.
-    if (!active_level.compare_exchange_strong(expected, level, std::memory_order_relaxed))
-        level = expected;
-    return level;
+namespace {
+int initial_level() noexcept {
+#if VEKS_HAVE_X86_KERNELS
+    __builtin_cpu_init(); // the feature tests may run before the runtime's own constructors
+#endif
+    return best();
 }
+} // namespace
+
+namespace detail {
+std::atomic<int> active_level{initial_level()};
 } // namespace detail
 
 const char* name(Level level) noexcept {
@@ -22,6 +22,15 @@ const char* name(Level level) noexcept {
     case sse2: return "sse2";
     default: return "scalar";
     }
+}
+
+std::span<const Level> levels() noexcept {
+#if VEKS_HAVE_X86_KERNELS
+    static constexpr Level compiled[] = {scalar, sse2, avx2, avx512};
+#else
+    static constexpr Level compiled[] = {scalar};
+#endif
+    return compiled;
 }
 
 bool available(Level level) noexcept {

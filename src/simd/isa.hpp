@@ -2,13 +2,19 @@
 // AVX2+FMA, AVX-512 F/BW/DQ/VL; see
 // cmake/VeksKernels.cmake) into a table of function pointers in namespace veks::kern::<level>.
 // The level in use is resolved once per process from the processor's features; entry points
-// fetch their family's table with one relaxed load and a switch, never per element.
+// fetch their family's table with one relaxed load of the level and one indexed load of the
+// table's address, never per element.
 //
-// set_level() is internal and unexported: the tests use it to run every compiled variant against
-// the scalar one. The library itself reads no environment variable or file.
+// set_level() and levels() are internal and unexported: the tests use them to run every compiled
+// variant against the scalar one. The library itself reads no environment variable or file.
+//
+// Kernel tables: every kernel takes its lengths as size_t (counts of elements, at least 1 unless
+// the family says otherwise), so that 2 * len and similar products of a valid int length cannot
+// overflow. Entry points convert the caller's checked int length once.
 #pragma once
 
 #include <atomic>
+#include <span>
 
 #if defined(__x86_64__) || defined(__i386__)
 #define VEKS_HAVE_X86_KERNELS 1
@@ -25,6 +31,9 @@ const char* name(Level level) noexcept;
 // The highest level both compiled into this build and supported by this processor.
 Level best() noexcept;
 
+// The levels compiled into this build, lowest (scalar) first.
+std::span<const Level> levels() noexcept;
+
 // Whether `level` was compiled and can run here.
 bool available(Level level) noexcept;
 
@@ -32,14 +41,13 @@ bool available(Level level) noexcept;
 bool set_level(Level level) noexcept;
 
 namespace detail {
+// The level in use: the best one, set while the library is loaded (before that, 0: the scalar
+// kernels, which are always correct), and changed only by set_level. Always a compiled level.
 extern std::atomic<int> active_level;
-int resolve() noexcept;
 } // namespace detail
 
 inline Level active() noexcept {
-    int level = detail::active_level.load(std::memory_order_relaxed);
-    if (level < 0) level = detail::resolve();
-    return static_cast<Level>(level);
+    return static_cast<Level>(detail::active_level.load(std::memory_order_relaxed));
 }
 
 template <class Table>
@@ -73,7 +81,9 @@ inline const Table& select(const Table& scalar_table, const Table& sse2_table,
     extern const Table name;                                                                       \
     }                                                                                              \
     inline const Table& name##_kernels() noexcept {                                                \
-        return ::veks::isa::select(scalar::name, sse2::name, avx2::name, avx512::name);            \
+        static constexpr const Table* tables[] = {&scalar::name, &sse2::name, &avx2::name,         \
+                                                  &avx512::name};                                  \
+        return *tables[::veks::isa::active()];                                                     \
     }                                                                                              \
     }
 #else

@@ -13,17 +13,24 @@
 //
 // - A vector type is Vec<T, N>: N lanes of T, with static operations on its register type
 //   V::R (and comparison masks V::M). simd::Wide<T> is the widest native vector of the level
-//   (one lane on the scalar level); simd::Resident<T> is at most 256 bits wide, the better
-//   choice for data that stays in the caches (512-bit vectors only pay off when streaming).
+//   (one lane on the scalar level); simd::Resident<T> is at most 256 bits wide (on the
+//   development machine 512-bit vectors won clearly for streaming element-wise loops, L1 and
+//   memory alike, while some shuffle-heavy complex kernels were steadier at 256 bits: measure).
 //   Vec<T, N> for an N the level has no register for is the portable array version.
+// - Code that does not compile on every level (an operation only some vectors have) goes under
+//   `#if VEK_ISA_LEVEL >= n` or in a template whose vector type is a parameter: `if constexpr`
+//   in a plain function still checks both branches.
 // - Memory: load/store (unaligned), stream (aligned, non-temporal), load_n/store_n (the first
 //   n lanes; nothing beyond them is read or written: use them for tails).
 // - Every operation gives the portable vector's bits (vec_portable.hpp is the reference), so
 //   integer kernels give the scalar kernel's bits on every level. mul_add fuses where
 //   V::fused is true. A few integer operations (widen_lo/hi, mul_wide_lo/hi, narrow_sat) work
 //   within 128-bit blocks on wider vectors; narrow_sat undoes widen_lo/hi exactly.
-// - The library's numeric rules on vectors (scaling with round-half-to-even, saturation) are
-//   in simd/vec_numeric.hpp, next to their scalar forms in simd/numeric.hpp.
+// - The library's numeric rules on vectors (scaling with round-half-to-even, saturation,
+//   float-to-integer conversion) are in simd/vec_numeric.hpp, next to their scalar forms in
+//   simd/numeric.hpp. Where a vector rounds explicitly (round_nearest, mul_nearest,
+//   to_float_nearest: simd::rounds_explicitly<V>), a kernel need not read the caller's rounding
+//   mode; core/fpenv.hpp's RoundNearestScope(false) compiles to nothing.
 //
 // Target headers: vec_portable.hpp (every level), vec_x86_128.hpp / vec_x86_256.hpp /
 // vec_x86_512.hpp (SSE2, AVX2+FMA, AVX-512 F/BW/DQ/VL). Another target adds its own header and a

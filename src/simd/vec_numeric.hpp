@@ -2,6 +2,9 @@
 // gives its bits lane by lane. Kernels call these; they do not re-derive the rules.
 #pragma once
 
+#include <cstdint>
+#include <type_traits>
+
 #include "simd/vec.hpp"
 
 namespace veks::simd {
@@ -41,6 +44,65 @@ typename V::R half_difference_round_even(typename V::R x, typename V::R y) {
     const auto k = V::sub(V::sub(V::shift_right(y, 1), V::shift_right(x, 1)),
                           V::bit_and(V::bit_andnot(y, x), one));
     return V::add_sat(k, V::bit_and(V::bit_and(V::bit_xor(x, y), k), one));
+}
+
+// A float vector's comparison mask as the mask of the 32-bit integer vector of as many lanes.
+template <class VF>
+auto int_mask_of(typename VF::M m) {
+    if constexpr (VF::bit_masks)
+        return m; // bit masks are the same for both
+    else
+        return VF::bits(m); // lane masks held in a register: all ones or all zeros per lane
+}
+
+// Whether V rounds to the nearest integer by the instruction itself (round_nearest), so that
+// the conversions below do not read the caller's rounding mode.
+template <class V>
+inline constexpr bool rounds_explicitly = requires(typename V::R r) {
+    V::round_nearest(r);
+};
+
+// num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
+// NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
+// rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
+// instruction gives INT32_MIN for every lane it cannot represent; only vectors holding that
+// value are looked at again.
+template <bool Nearest, class VF>
+auto float_to_int32_saturate(typename VF::R y) {
+    using VI = Vec<int32_t, VF::lanes>;
+    typename VI::R v;
+    if constexpr (!Nearest)
+        v = VI::from_float_trunc(y);
+    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
+        v = VI::from_float_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VF>)
+        v = VI::from_float_trunc(VF::round_nearest(y));
+    else
+        v = VI::from_float_nearest(y);
+    if (VI::any(VI::eq(v, VI::splat(INT32_MIN)))) {
+        v = VI::select(int_mask_of<VF>(VF::unordered(y, y)), VI::zero(), v);
+        v = VI::select(int_mask_of<VF>(VF::ge(y, VF::splat(2147483648.0f))), VI::splat(INT32_MAX),
+                       v);
+    }
+    return v;
+}
+
+// The same for double lanes, into 32-bit lanes (the integer register the level's conversion
+// gives): NaN is zeroed and the value clamped to the 32-bit range in double, where both bounds
+// are exact.
+template <bool Nearest, class VD>
+auto double_to_int32_saturate(typename VD::R y) {
+    using VI = Vec<int32_t, 2 * VD::lanes>;
+    y = VD::select(VD::unordered(y, y), VD::zero(), y);
+    y = VD::min(VD::max(y, VD::splat(-2147483648.0)), VD::splat(2147483647.0));
+    if constexpr (!Nearest)
+        return VI::from_double_trunc(y);
+    else if constexpr (requires { VI::from_double_nearest_explicit(y); })
+        return VI::from_double_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VD>)
+        return VI::from_double_trunc(VD::round_nearest(y));
+    else
+        return VI::from_double_nearest(y);
 }
 
 } // namespace VEK_PER_ISA

@@ -49,7 +49,8 @@ struct Vec {
     using R = Lanes<T, N>;
     using M = Lanes<bool, N>;
     static constexpr int lanes = N;
-    static constexpr bool fused = false; // mul_add rounds the product first
+    static constexpr bool fused = false;     // mul_add rounds the product first
+    static constexpr bool bit_masks = false; // M is an array of flags
 
     // ---- memory ----
     static R load(const T* p) {

@@ -37,6 +37,20 @@ inline void store_via_buffer(T* p, R a, size_t n, void (*store)(T*, R)) {
 }
 } // namespace x86
 
+namespace x86 {
+// Byte indices that reverse the S-byte elements within each 16-byte block.
+template <size_t S>
+struct ReverseInBlocks {
+    alignas(64) uint8_t b[64];
+    constexpr ReverseInBlocks() : b{} {
+        for (size_t k = 0; k < 64; ++k)
+            b[k] = static_cast<uint8_t>((16 / S - 1 - (k % 16) / S) * S + k % S);
+    }
+};
+template <size_t S>
+inline constexpr ReverseInBlocks<S> kReverseInBlocks{};
+} // namespace x86
+
 // Orders earlier non-temporal stores before later stores (after a `stream` loop).
 inline void stream_fence() { _mm_sfence(); }
 
@@ -48,6 +62,7 @@ struct Vec<float, 4> {
     using R = __m128;
     using M = __m128;
     static constexpr int lanes = 4;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = VEK_ISA_LEVEL >= 2;
 
     static R load(const float* p) { return _mm_loadu_ps(p); }
@@ -164,6 +179,7 @@ struct Vec<double, 2> {
     using R = __m128d;
     using M = __m128d;
     static constexpr int lanes = 2;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = VEK_ISA_LEVEL >= 2;
 
     static R load(const double* p) { return _mm_loadu_pd(p); }
@@ -229,6 +245,11 @@ struct Vec<double, 2> {
     static bool all(M m) { return _mm_movemask_pd(m) == 0x3; }
 
     static double sum(R a) { return _mm_cvtsd_f64(_mm_add_sd(a, _mm_unpackhi_pd(a, a))); }
+    // Precision changes: lanes 0 and 1 of a float register widened; two doubles rounded (by the
+    // current mode) into float lanes 0 and 1; 32-bit integer lanes 0 and 1 converted (exactly).
+    static R from_float(__m128 a) { return _mm_cvtps_pd(a); }
+    static __m128 to_float(R a) { return _mm_cvtpd_ps(a); }
+    static R from_int32(__m128i a) { return _mm_cvtepi32_pd(a); }
     static double first(R a) { return _mm_cvtsd_f64(a); }
     static __m128i bits(R a) { return _mm_castpd_si128(a); }
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
@@ -293,6 +314,26 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
 #else
         x86::store_via_buffer<R, T>(p, a, n, store);
 #endif
+    }
+    // Writes the low 8 bytes (the first 8 / sizeof(T) lanes).
+    static void store_half(T* p, R a) { _mm_storel_epi64(reinterpret_cast<__m128i*>(p), a); }
+    // N lanes of T from N elements of a narrower type S, sign- or zero-extended as S is.
+    template <class S>
+    static R load_extend(const S* p) {
+        static_assert(sizeof(S) < bytes && bytes <= 4);
+        __m128i s;
+        if constexpr (sizeof(S) * N == 8) {
+            s = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+        } else {
+            int v;
+            std::memcpy(&v, p, sizeof v);
+            s = _mm_cvtsi32_si128(v);
+        }
+        using VS = Vec<S, 16 / sizeof(S)>;
+        if constexpr (sizeof(S) == 1 && bytes == 4)
+            return Vec<WiderOf<S>, 8>::widen_lo(VS::widen_lo(s));
+        else
+            return VS::widen_lo(s);
     }
     static R splat(T x) {
         if constexpr (bytes == 1) return _mm_set1_epi8(static_cast<char>(x));
@@ -430,12 +471,19 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
 #if VEK_ISA_LEVEL >= 2
             return _mm_packus_epi32(lo, hi);
 #else
-            // No unsigned 32 -> 16 pack in SSE2: bias into the signed range and back.
+            // No unsigned 32 -> 16 pack in SSE2: negative lanes to 0, then bias into the signed
+            // range and back.
+            lo = _mm_and_si128(lo, _mm_cmpgt_epi32(lo, _mm_setzero_si128()));
+            hi = _mm_and_si128(hi, _mm_cmpgt_epi32(hi, _mm_setzero_si128()));
             const __m128i b32 = _mm_set1_epi32(32768), b16 = _mm_set1_epi16(-32768);
             return _mm_xor_si128(_mm_packs_epi32(_mm_sub_epi32(lo, b32), _mm_sub_epi32(hi, b32)),
                                  b16);
 #endif
         }
+    }
+    template <class D>
+    static R narrow_sat_in_order(R lo, R hi) {
+        return narrow_sat<D>(lo, hi);
     }
     // 32-bit lanes to float, rounded by the current mode.
     static __m128 to_float(R a) {
@@ -446,6 +494,24 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
     // outside the 32-bit range give INT32_MIN.
     static R from_float_nearest(__m128 a) { return _mm_cvtps_epi32(a); }
     static R from_float_trunc(__m128 a) { return _mm_cvttps_epi32(a); }
+    // Two doubles to 32-bit lanes 0 and 1 (lanes 2 and 3 zero): nearest by the current mode,
+    // truncated.
+    static R from_double_nearest(__m128d a) { return _mm_cvtpd_epi32(a); }
+    static R from_double_trunc(__m128d a) { return _mm_cvttpd_epi32(a); }
+
+    // Elements in reverse order; reverse_blocks reverses the order of the 16-byte blocks (one
+    // block here).
+    static R reverse(R a) {
+        if constexpr (bytes == 8) return _mm_shuffle_epi32(a, 0x4E);
+        if constexpr (bytes == 4) return _mm_shuffle_epi32(a, 0x1B);
+        if constexpr (bytes == 1) a = _mm_or_si128(_mm_slli_epi16(a, 8), _mm_srli_epi16(a, 8));
+        if constexpr (bytes <= 2) {
+            a = _mm_shufflelo_epi16(a, 0x1B);
+            a = _mm_shufflehi_epi16(a, 0x1B);
+            return _mm_shuffle_epi32(a, 0x4E);
+        }
+    }
+    static R reverse_blocks(R a) { return a; }
 
   private:
     static R interleave_lo(R a, R b) {

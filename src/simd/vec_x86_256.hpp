@@ -29,6 +29,7 @@ struct Vec<float, 8> {
     using M = __m256;
     using Half = Vec<float, 4>;
     static constexpr int lanes = 8;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm256_loadu_ps(p); }
@@ -57,6 +58,10 @@ struct Vec<float, 8> {
     static R div(R a, R b) { return _mm256_div_ps(a, b); }
     static R mul_add(R a, R b, R c) { return _mm256_fmadd_ps(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm256_fmsub_ps(a, b, c); }
+    // The value rounded to the nearest integer (ties to even), whatever the caller's mode.
+    static R round_nearest(R a) {
+        return _mm256_round_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm256_min_ps(a, b); }
     static R max(R a, R b) { return _mm256_max_ps(a, b); }
     static R abs(R a) {
@@ -147,6 +152,7 @@ struct Vec<double, 4> {
     using M = __m256d;
     using Half = Vec<double, 2>;
     static constexpr int lanes = 4;
+    static constexpr bool bit_masks = false; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const double* p) { return _mm256_loadu_pd(p); }
@@ -175,6 +181,9 @@ struct Vec<double, 4> {
     static R div(R a, R b) { return _mm256_div_pd(a, b); }
     static R mul_add(R a, R b, R c) { return _mm256_fmadd_pd(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm256_fmsub_pd(a, b, c); }
+    static R round_nearest(R a) {
+        return _mm256_round_pd(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm256_min_pd(a, b); }
     static R max(R a, R b) { return _mm256_max_pd(a, b); }
     static R abs(R a) {
@@ -209,6 +218,7 @@ struct Vec<double, 4> {
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
     static R load_float(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
     static void store_float(float* p, R a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a)); }
+    static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
@@ -402,6 +412,18 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
         static_assert(bytes == 4);
         return _mm256_sllv_epi32(a, counts);
     }
+    // Each 32-bit lane shifted right by its own count (arithmetic for signed T).
+    static R shift_right_each(R a, R counts) {
+        static_assert(bytes == 4);
+        return is_signed ? _mm256_srav_epi32(a, counts) : _mm256_srlv_epi32(a, counts);
+    }
+    // |a| (the most negative value stays as it is).
+    static R abs(R a) {
+        static_assert(bytes <= 4 && is_signed);
+        if constexpr (bytes == 1) return _mm256_abs_epi8(a);
+        if constexpr (bytes == 2) return _mm256_abs_epi16(a);
+        if constexpr (bytes == 4) return _mm256_abs_epi32(a);
+    }
 
     static M eq(R a, R b) {
         if constexpr (bytes == 1) return _mm256_cmpeq_epi8(a, b);
@@ -463,11 +485,12 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     static __m128i from_double_nearest(__m256d a) { return _mm256_cvtpd_epi32(a); }
     static __m128i from_double_trunc(__m256d a) { return _mm256_cvttpd_epi32(a); }
 
-    // Elements in reverse order.
+    // Elements in reverse order; reverse_blocks reverses the order of the 16-byte blocks.
     static R reverse(R a) {
-        if constexpr (bytes < 16) a = _mm256_shuffle_epi8(a, reverse_in_halves());
-        return _mm256_permute2x128_si256(a, a, 0x01);
+        return reverse_blocks(_mm256_shuffle_epi8(
+            a, load(reinterpret_cast<const T*>(x86::kReverseInBlocks<bytes>.b))));
     }
+    static R reverse_blocks(R a) { return _mm256_permute2x128_si256(a, a, 0x01); }
     // Each 16-byte half rearranged by the byte indices in `table` (within the half).
     static R shuffle_bytes(R a, R table) { return _mm256_shuffle_epi8(a, table); }
 
@@ -476,12 +499,6 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
         int v;
         std::memcpy(&v, p, sizeof v);
         return v;
-    }
-    static R reverse_in_halves() {
-        alignas(32) uint8_t b[32];
-        for (int k = 0; k < 32; ++k)
-            b[k] = static_cast<uint8_t>((16 / bytes - 1 - (k % 16) / bytes) * bytes + k % bytes);
-        return _mm256_load_si256(reinterpret_cast<const __m256i*>(b));
     }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm256_unpacklo_epi8(a, b);

@@ -24,6 +24,7 @@ struct Vec<float, 16> {
     using M = __mmask16;
     using Half = Vec<float, 8>;
     static constexpr int lanes = 16;
+    static constexpr bool bit_masks = true; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm512_loadu_ps(p); }
@@ -44,6 +45,14 @@ struct Vec<float, 16> {
     static R div(R a, R b) { return _mm512_div_ps(a, b); }
     static R mul_add(R a, R b, R c) { return _mm512_fmadd_ps(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm512_fmsub_ps(a, b, c); }
+    // Explicitly rounded forms, independent of the caller's rounding mode: the product rounded to
+    // nearest (ties to even), and the value rounded to the nearest integer (ties to even).
+    static R mul_nearest(R a, R b) {
+        return _mm512_mul_round_ps(a, b, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
+    static R round_nearest(R a) {
+        return _mm512_roundscale_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm512_min_ps(a, b); }
     static R max(R a, R b) { return _mm512_max_ps(a, b); }
     static R abs(R a) {
@@ -140,6 +149,7 @@ struct Vec<double, 8> {
     using M = __mmask8;
     using Half = Vec<double, 4>;
     static constexpr int lanes = 8;
+    static constexpr bool bit_masks = true; // M holds one bit per lane (else: a register)
     static constexpr bool fused = true;
 
     static R load(const double* p) { return _mm512_loadu_pd(p); }
@@ -160,6 +170,12 @@ struct Vec<double, 8> {
     static R div(R a, R b) { return _mm512_div_pd(a, b); }
     static R mul_add(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
     static R mul_sub(R a, R b, R c) { return _mm512_fmsub_pd(a, b, c); }
+    static R mul_nearest(R a, R b) {
+        return _mm512_mul_round_pd(a, b, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
+    static R round_nearest(R a) {
+        return _mm512_roundscale_pd(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R min(R a, R b) { return _mm512_min_pd(a, b); }
     static R max(R a, R b) { return _mm512_max_pd(a, b); }
     static R abs(R a) {
@@ -194,6 +210,11 @@ struct Vec<double, 8> {
     // 8 floats widened, and 8 lanes stored as floats (rounded by the current mode).
     static R load_float(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
     static void store_float(float* p, R a) { _mm256_storeu_ps(p, _mm512_cvtpd_ps(a)); }
+    // Rounded to nearest (ties to even) whatever the caller's rounding mode.
+    static __m256 to_float_nearest(R a) {
+        return _mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
+    static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
@@ -379,6 +400,17 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         static_assert(bytes == 4);
         return _mm512_sllv_epi32(a, counts);
     }
+    static R shift_right_each(R a, R counts) {
+        static_assert(bytes == 4);
+        return is_signed ? _mm512_srav_epi32(a, counts) : _mm512_srlv_epi32(a, counts);
+    }
+    static R abs(R a) {
+        static_assert(is_signed);
+        if constexpr (bytes == 1) return _mm512_abs_epi8(a);
+        if constexpr (bytes == 2) return _mm512_abs_epi16(a);
+        if constexpr (bytes == 4) return _mm512_abs_epi32(a);
+        if constexpr (bytes == 8) return _mm512_abs_epi64(a);
+    }
 
     static M eq(R a, R b) {
         if constexpr (bytes == 1) return _mm512_cmpeq_epi8_mask(a, b);
@@ -424,6 +456,12 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
             return std::is_signed_v<D> ? _mm512_packs_epi32(lo, hi) : _mm512_packus_epi32(lo, hi);
         return std::is_signed_v<D> ? _mm512_packs_epi16(lo, hi) : _mm512_packus_epi16(lo, hi);
     }
+    // Two vectors of consecutive elements narrowed to one, in order.
+    template <class D>
+    static R narrow_sat_in_order(R lo, R hi) {
+        return _mm512_permutexvar_epi64(_mm512_setr_epi64(0, 2, 4, 6, 1, 3, 5, 7),
+                                        narrow_sat<D>(lo, hi));
+    }
     // One vector of T into one half as wide, saturated (signed T to signed or unsigned D;
     // unsigned D takes negative lanes to 0), consecutive elements kept in order.
     template <class D>
@@ -442,24 +480,32 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         static_assert(bytes == 4 && is_signed);
         return _mm512_cvtepi32_ps(a);
     }
+    // Rounded to nearest (ties to even) whatever the caller's rounding mode.
+    static __m512 to_float_nearest(R a) {
+        static_assert(bytes == 4 && is_signed);
+        return _mm512_cvt_roundepi32_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R from_float_nearest(__m512 a) { return _mm512_cvtps_epi32(a); }
+    // Rounded to nearest (ties to even) by the instruction, whatever the caller's mode.
+    static R from_float_nearest_explicit(__m512 a) {
+        return _mm512_cvt_roundps_epi32(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
+    static __m256i from_double_nearest_explicit(__m512d a) {
+        return _mm512_cvt_roundpd_epi32(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+    }
     static R from_float_trunc(__m512 a) { return _mm512_cvttps_epi32(a); }
     static __m256i from_double_nearest(__m512d a) { return _mm512_cvtpd_epi32(a); }
     static __m256i from_double_trunc(__m512d a) { return _mm512_cvttpd_epi32(a); }
 
     static R reverse(R a) {
-        if constexpr (bytes < 16) a = _mm512_shuffle_epi8(a, reverse_in_quarters());
-        return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B);
+        return reverse_blocks(
+            _mm512_shuffle_epi8(a, _mm512_load_si512(x86::kReverseInBlocks<bytes>.b)));
     }
+    // (maskz: avoids an undefined operand)
+    static R reverse_blocks(R a) { return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B); }
     static R shuffle_bytes(R a, R table) { return _mm512_shuffle_epi8(a, table); }
 
   private:
-    static R reverse_in_quarters() {
-        alignas(64) uint8_t b[64];
-        for (int k = 0; k < 64; ++k)
-            b[k] = static_cast<uint8_t>((16 / bytes - 1 - (k % 16) / bytes) * bytes + k % bytes);
-        return _mm512_load_si512(b);
-    }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm512_unpacklo_epi8(a, b);
         if constexpr (bytes == 2) return _mm512_unpacklo_epi16(a, b);

@@ -356,6 +356,20 @@ TEST(ArithDiv, DivCRev16u) {
     });
 }
 
+// Zero constants take shortcuts: DivCRev_16u zero-fills without reading the source, AddC_8u with
+// scale factor 0 is the identity.
+TEST(ArithDiv, ZeroConstantShortcuts) {
+    Vek16u d[3] = {9, 9, 9}, sd[3] = {1, 0, 2};
+    ASSERT_EQ(veksDivCRev_16u(nullptr, 0, d, 3), vekStsOk);
+    ASSERT_EQ(veksDivCRev_16u_I(0, sd, 3), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(d, {0, 0, 0}) && vt::starts_with(sd, {0, 0, 0}));
+    const Vek8u s8[3] = {0, 7, 255};
+    Vek8u d8[3] = {1, 1, 1}, sd8[3] = {3, 4, 5};
+    ASSERT_EQ(veksAddC_8u_Sfs(s8, 0, d8, 3, 0), vekStsOk);
+    ASSERT_EQ(veksAddC_8u_ISfs(0, sd8, 3, 0), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(d8, {0, 7, 255}) && vt::starts_with(sd8, {3, 4, 5}));
+}
+
 TEST(ArithDiv, DocumentedValuesAndChoices) {
     const int16_t divisor[] = {0, 0, 0, -1, 2, 2, 2}, dividend[] = {7, -7, 0, -32768, 1, 3, 5};
     int16_t d[7];

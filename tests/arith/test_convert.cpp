@@ -1,6 +1,6 @@
 // Element type conversion: every kernel level against plain references, the scaling rule over
 // the whole scale-factor range, rounding ties and saturation bounds in both rounding modes, the
-// caller's floating-point mode (which must not matter and must come back), and the call frame.
+// caller's floating-point mode (which must not matter and must come back).
 #include "testutil.hpp"
 
 #include <cfenv>
@@ -241,22 +241,6 @@ TEST(ConvertScaledToFloat, SingleRoundingOverTheScaleRange) {
     float d[2];
     ASSERT_EQ(veksConvert_16s32f_Sfs(s, d, 2, 15), vekStsOk);
     EXPECT_TRUE(vt::starts_with(d, {3.0f / 32768.0f, -1.0f}));
-}
-
-TEST(ConvertFrame, StatusesInOrderAndOutputsUntouched) {
-    vt::each([](auto f) { vt::map_frame(f); }, veksConvert_16s32f, veksConvert_16s32f_Sfs,
-             veksConvert_16s32s, veksConvert_16s64f_Sfs, veksConvert_16u32f, veksConvert_32f16s_Sfs,
-             veksConvert_32f16u_Sfs, veksConvert_32f32s_Sfs, veksConvert_32f64f,
-             veksConvert_32f8s_Sfs, veksConvert_32f8u_Sfs, veksConvert_32s16s, veksConvert_32s32f,
-             veksConvert_32s32f_Sfs, veksConvert_32s64f, veksConvert_32s64f_Sfs, veksConvert_64f32f,
-             veksConvert_64f32s_Sfs, veksConvert_8s16s, veksConvert_8s32f, veksConvert_8u32f);
-    // A failing call leaves the caller's rounding mode alone too.
-    const float f[2] = {1, 2};
-    int32_t d32[2] = {5, 5};
-    ASSERT_EQ(std::fesetround(FE_UPWARD), 0);
-    EXPECT_EQ(veksConvert_32f32s_Sfs(f, d32, 0, 1, 0), vekStsDataSizeErr);
-    EXPECT_EQ(std::fegetround(), FE_UPWARD);
-    std::fesetround(FE_TONEAREST);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // Data movement and complex layout: every member against a plain element-by-element reference,
-// bit for bit, on every kernel level, with unaligned vectors and guard checks; overlap handling;
-// the call frame's statuses in order with outputs untouched.
+// bit for bit, on every kernel level, with unaligned vectors and guard checks; overlap handling.
 #include <cmath>
 
 #include "testutil.hpp"
@@ -281,68 +280,6 @@ TEST(Layout, RealImagCplxToRealAndRealToCplx) {
     check_split_join(veksReal_16sc, veksImag_16sc, veksCplxToReal_16sc, veksRealToCplx_16s);
     check_split_join(veksReal_32fc, veksImag_32fc, veksCplxToReal_32fc, veksRealToCplx_32f);
     check_split_join(veksReal_64fc, veksImag_64fc, veksCplxToReal_64fc, veksRealToCplx_64f);
-}
-
-// ---- Statuses ----------------------------------------------------------------------------------
-
-// Pointers before the length, and nothing written on an error.
-template <class S, class D>
-void frame(VekStatus (*fn)(const S*, D*, int)) {
-    vt::map_frame(fn);
-}
-template <class T>
-void frame(VekStatus (*fn)(T*, int)) {
-    vt::Marked<T> d;
-    EXPECT_EQ(fn(nullptr, 4), vekStsNullPointerErr);
-    EXPECT_EQ(fn(nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(fn(d.v, 0), vekStsDataSizeErr);
-    EXPECT_EQ(fn(d.v, -1), vekStsDataSizeErr);
-    EXPECT_TRUE(d.untouched());
-}
-template <class T>
-void frame(VekStatus (*fn)(T, T*, int)) {
-    vt::Marked<T> d;
-    EXPECT_EQ(fn(T{}, nullptr, 4), vekStsNullPointerErr);
-    EXPECT_EQ(fn(T{}, nullptr, -1), vekStsNullPointerErr);
-    EXPECT_EQ(fn(T{}, d.v, 0), vekStsDataSizeErr);
-    EXPECT_EQ(fn(T{}, d.v, std::numeric_limits<int>::min()), vekStsDataSizeErr);
-    EXPECT_TRUE(d.untouched());
-}
-template <class C, class R>
-void frame_cplx(VekStatus (*both)(const C*, R*, R*, int),
-                VekStatus (*join)(const R*, const R*, C*, int)) {
-    const C c[4]{};
-    const R r[4]{};
-    vt::Marked<C> d;
-    vt::Marked<R> re, im;
-    EXPECT_EQ(both(nullptr, re.v, im.v, 4), vekStsNullPointerErr);
-    EXPECT_EQ(both(c, nullptr, im.v, 4), vekStsNullPointerErr);
-    EXPECT_EQ(both(c, re.v, nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(both(c, re.v, im.v, 0), vekStsDataSizeErr);
-    EXPECT_TRUE(re.untouched() && im.untouched());
-    // RealToCplx: the destination first, then the length, then both sources missing.
-    EXPECT_EQ(join(r, r, nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(join(nullptr, nullptr, nullptr, 4), vekStsNullPointerErr);
-    EXPECT_EQ(join(nullptr, nullptr, d.v, 0), vekStsDataSizeErr);
-    EXPECT_EQ(join(nullptr, r, d.v, -2), vekStsDataSizeErr);
-    EXPECT_EQ(join(nullptr, nullptr, d.v, 4), vekStsNullPointerErr);
-    EXPECT_TRUE(d.untouched());
-}
-
-TEST(Frame, StatusesInOrderAndOutputsUntouched) {
-    vt::each([](auto f) { frame(f); }, veksCopy_8u, veksCopy_16s, veksCopy_16sc, veksCopy_32f,
-             veksCopy_32fc, veksCopy_64f, veksCopy_64fc, veksSet_8u, veksSet_16s, veksSet_16sc,
-             veksSet_32s, veksSet_32sc, veksSet_32f, veksSet_32fc, veksSet_64s, veksSet_64sc,
-             veksSet_64f, veksSet_64fc, veksZero_8u, veksZero_16s, veksZero_16sc, veksZero_32f,
-             veksZero_32fc, veksZero_64f, veksZero_64fc, veksFlip_8u, veksFlip_16u, veksFlip_32f,
-             veksFlip_64f, veksFlip_8u_I, veksFlip_16u_I, veksFlip_32f_I, veksFlip_64f_I,
-             veksReal_16sc, veksReal_32fc, veksReal_64fc, veksImag_16sc, veksImag_32fc,
-             veksImag_64fc, veksConj_16sc, veksConj_32fc, veksConj_64fc, veksConj_16sc_I,
-             veksConj_32fc_I, veksConj_64fc_I, veksConjFlip_16sc, veksConjFlip_32fc,
-             veksConjFlip_64fc);
-    frame_cplx(veksCplxToReal_16sc, veksRealToCplx_16s);
-    frame_cplx(veksCplxToReal_32fc, veksRealToCplx_32f);
-    frame_cplx(veksCplxToReal_64fc, veksRealToCplx_64f);
 }
 
 } // namespace

@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <cfloat>
 #include <cctype>
+#include <cfenv>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <map>
-#include <regex>
 #include <sstream>
 
 #include "heap.hpp"
@@ -129,15 +129,13 @@ std::string struct_name(const std::string& text) {
 }
 
 bool is_single_value(const std::string& name) {
-    static const std::regex re(R"(^p(Sum|Mean|StdDev|Max|Min|Indx|Order|Norm|Dp|Size|DstVal|)"
-                               R"(SrcDstVal|TapsFactor|DlyLineIndex|DlyIndex|Previous|Val|Phase|)"
-                               R"(DstLen|Seed)$)");
-    return std::regex_match(name, re);
+    return matches(name, R"(^p(Sum|Mean|StdDev|Max|Min|Indx|Order|Norm|Dp|Size|DstVal|)"
+                         R"(SrcDstVal|TapsFactor|DlyLineIndex|DlyIndex|Previous|Val|Phase|)"
+                         R"(DstLen|Seed)$)");
 }
 
 bool is_length_name(const std::string& name) {
-    static const std::regex re(R"(^(len\w*|\w+Len|numIters)$)");
-    return std::regex_match(name, re);
+    return matches(name, R"(^(len\w*|\w+Len|numIters)$)");
 }
 
 bool comp_is_int(Comp c) { return c != Comp::f32 && c != Comp::f64 && c != Comp::none; }
@@ -225,6 +223,8 @@ struct Rng final : Source {
     }
 };
 
+const Mapper* g_mapper = nullptr;
+
 constexpr size_t kGuard = 32;
 constexpr unsigned char kGuardByte = 0xA5;
 constexpr double kSame = 1e308; // "the imaginary part is the real part"
@@ -287,7 +287,7 @@ const std::vector<Family>& families() { return family_list(); }
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched) {
     const Family* found = nullptr;
     for (const Family& f : family_list())
-        if (std::regex_search(e.name, std::regex(f.pattern))) {
+        if (matches(e.name, f.pattern)) {
             if (matched != nullptr) matched->push_back(f.name);
             if (found == nullptr) found = &f;
         }
@@ -351,9 +351,7 @@ Contract::Contract(const Export& e) : exp(e) {
             }
 }
 
-bool Contract::is(const char* regex) const {
-    return std::regex_search(exp.name, std::regex(regex));
-}
+bool Contract::is(const char* regex) const { return matches(exp.name, regex); }
 
 int Contract::need(const std::string& param) {
     const int i = exp.index(param);
@@ -624,7 +622,9 @@ const std::vector<Step>& Contract::steps() const {
 
 // ---- Call ---------------------------------------------------------------------------------------
 
-Call::Call(const Contract& con) : c(con), e(con.exp) { args.resize(e.types.size()); }
+Call::Call(const Contract& con) : c(con), e(con.exp), round_mode(FE_TONEAREST) {
+    args.resize(e.types.size());
+}
 
 Call::~Call() {
     for (Object& o : objects)
@@ -635,6 +635,10 @@ Call::~Call() {
                 std::free(o.p);
         }
     for (Buffer& b : buffers) {
+        if (b.mapped) {
+            g_mapper->unmap(b.block, b.bytes);
+            continue;
+        }
 #if VEKS_CONF_ASAN
         ASAN_UNPOISON_MEMORY_REGION(b.block, b.lead);
 #endif
@@ -896,8 +900,9 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         call->use_kind(e.names[i], find_kind(kn));
     }
     // Buffers, exactly sized.
-    double offset_elems = 0;
+    double offset_elems = 0, upward = 0;
     override_of("$offset", &offset_elems);
+    if (override_of("$round-upward", &upward) && upward != 0) call->round_mode = FE_UPWARD;
     for (size_t i = 0; i < e.types.size(); ++i) {
         const ParamRule& r = c.rule(static_cast<int>(i));
         const TypeInfo& t = e.types[i];
@@ -922,7 +927,17 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         if (count < 0) count = 0;
         const int64_t bytes64 = count * static_cast<int64_t>(elem);
         if (bytes64 > (int64_t{1} << 28)) {
-            call->notes.push_back(e.names[i] + ": buffer too large for a test");
+            if (g_mapper == nullptr) {
+                call->notes.push_back(e.names[i] + ": buffer too large for a test");
+                continue;
+            }
+            Call::Buffer b;
+            b.param = static_cast<int>(i);
+            b.bytes = static_cast<size_t>(bytes64);
+            b.block = b.data = static_cast<unsigned char*>(g_mapper->map(b.bytes));
+            b.mapped = true;
+            call->buffers.push_back(b);
+            call->set_pointer(static_cast<int>(i), b.data);
             continue;
         }
         const size_t bytes = static_cast<size_t>(bytes64);
@@ -977,31 +992,44 @@ const Step* first_failure(const Contract& c, const Call& call) {
     return nullptr;
 }
 
-Outcome run(const Contract& c, Call& call, long fail_at) {
+void set_mapper(const Mapper* m) { g_mapper = m; }
+
+Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     Outcome out;
     const Export& e = c.exp;
     auto problem = [&](const std::string& p) { out.problems.push_back(p); };
     for (const std::string& n : call.notes) problem("cannot build the call: " + n);
     if (!out.problems.empty()) return out;
-    for (Call::Buffer& b : call.buffers) b.before.assign(b.data, b.data + b.bytes);
-    for (Call::Object& o : call.objects) {
-        o.before.clear();
-        for (const auto& [p, n] : o.blocks)
-            o.before.emplace_back(static_cast<unsigned char*>(p),
-                                  static_cast<unsigned char*>(p) + n);
+    for (Call::Buffer& b : call.buffers)
+        if (!b.mapped) b.before.assign(b.data, b.data + b.bytes);
+    for (Call::Object& ob : call.objects) {
+        ob.before.clear();
+        for (const auto& [p, n] : ob.blocks)
+            ob.before.emplace_back(static_cast<unsigned char*>(p),
+                                   static_cast<unsigned char*>(p) + n);
     }
     const Step* expect = first_failure(c, call);
-    Step alloc_failure;
-    if (expect == nullptr && fail_at > 0) {
-        alloc_failure.what = "allocation " + std::to_string(fail_at) + " failing";
-        alloc_failure.status = vekStsMemAllocErr;
-        expect = &alloc_failure;
+    Step forced;
+    if (o.expect_status) {
+        forced.what = "the status this test expects";
+        forced.status = o.status;
+        expect = &forced;
     }
     std::vector<std::pair<void*, size_t>> left;
     {
+        std::fesetround(call.round_mode);
         heap::Watch w;
-        heap::fail_at(fail_at);
+        heap::fail_at(o.fail_at);
+        heap::limit(o.heap_limit);
         out.result = e.call(e.fn, call.args.data());
+        const int mode_after = std::fegetround();
+        std::fesetround(FE_TONEAREST);
+        if (mode_after != call.round_mode) problem("the caller's rounding mode was not restored");
+        if (expect == nullptr && o.fail_at > 0 && w.requests() >= o.fail_at) {
+            forced.what = "allocation " + std::to_string(o.fail_at) + " failing";
+            forced.status = vekStsMemAllocErr;
+            expect = &forced;
+        }
         const VekStatus st = static_cast<VekStatus>(out.result);
         // Objects handed out are released while the heap is still watched.
         if (expect == nullptr && st >= 0)
@@ -1024,35 +1052,39 @@ Outcome run(const Contract& c, Call& call, long fail_at) {
         out.requests = w.requests();
     }
     const VekStatus st = static_cast<VekStatus>(out.result);
-    // Guards.
+#if !VEKS_CONF_ASAN // (with AddressSanitizer the guards are poisoned instead)
     for (const Call::Buffer& b : call.buffers) {
-#if !VEKS_CONF_ASAN
+        if (b.mapped) continue;
         bool ok = true;
         for (size_t k = 0; k < b.lead; ++k) ok &= b.block[k] == kGuardByte;
         for (size_t k = 0; k < kGuard; ++k) ok &= b.data[b.bytes + k] == kGuardByte;
         if (!ok) problem("written outside " + e.names[b.param]);
-#endif
     }
+#endif
     if (expect != nullptr) {
         if (st != expect->status)
             problem("status " + std::to_string(st) + ", expected " +
                     std::to_string(expect->status) + " (" + expect->what + ")");
         for (const Call::Buffer& b : call.buffers)
-            if (b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+            if (!b.mapped && b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
                 problem(e.names[b.param] + " written on error");
-        for (const Call::Object& o : call.objects) {
-            if (o.released) continue;
-            for (size_t k = 0; k < o.blocks.size(); ++k)
-                if (std::memcmp(o.before[k].data(), o.blocks[k].first, o.blocks[k].second) != 0)
-                    problem("object " + e.names[o.param] + " changed on error");
+        for (const Call::Object& ob : call.objects) {
+            if (ob.released) continue;
+            for (size_t k = 0; k < ob.blocks.size(); ++k)
+                if (std::memcmp(ob.before[k].data(), ob.blocks[k].first, ob.blocks[k].second) != 0)
+                    problem("object " + e.names[ob.param] + " changed on error");
         }
     } else if (st < 0) {
         problem("status " + std::to_string(st) + " for a valid call");
     } else {
+        for (const Call::Buffer& b : call.buffers)
+            if (!b.mapped && e.types[b.param].is_const && b.bytes != 0 &&
+                std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+                problem(e.names[b.param] + " (const) written");
         for (size_t i = 0; i < e.types.size(); ++i)
             if (c.rule(static_cast<int>(i)).frees)
-                for (Call::Object& o : call.objects)
-                    if (o.p == call.pointer(static_cast<int>(i))) o.released = true;
+                for (Call::Object& ob : call.objects)
+                    if (ob.p == call.pointer(static_cast<int>(i))) ob.released = true;
     }
     if (!left.empty())
         problem(std::to_string(left.size()) + " heap block(s) of " +
@@ -1103,6 +1135,7 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     for (size_t i = 0; i < e.types.size(); ++i)
         for (double v : c.rule(static_cast<int>(i)).suite) valid.push_back({{e.names[i], v}});
     valid.push_back({{"$offset", 1}});
+    valid.push_back({{"$round-upward", 1}});
     for (const auto& set : valid) once("valid call " + describe(set), set, {});
     for (size_t i = 0; i < e.types.size(); ++i)
         if (c.rule(static_cast<int>(i)).nullable) {
@@ -1152,7 +1185,7 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
                 ++*cases;
                 report((what.empty() ? "" : what + ", ") + "allocation " + std::to_string(k) +
                            " failing",
-                       run(c, *call, k));
+                       run(c, *call, {.fail_at = k}));
             }
         }
     }

@@ -237,7 +237,7 @@ class Contract {
     explicit Contract(const Export& e);
 
     const Export& exp;
-    bool is(const char* regex) const; // the export name matches (std::regex_search)
+    bool is(const char* regex) const; // the export name matches (a regular-expression search)
     bool has(const std::string& param) const { return exp.index(param) >= 0; }
 
     // -- the valid call
@@ -327,6 +327,9 @@ const std::vector<Family>& families();
 // The contract of an export (families matching it are listed in `matched`).
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched);
 
+// A regular-expression search (ECMAScript syntax), each pattern compiled once.
+bool matches(const std::string& text, const std::string& pattern);
+
 // ---- A call ---------------------------------------------------------------------------------
 
 // Where the engine takes its choices from: the suite's fixed values or the fuzzer's bytes.
@@ -373,6 +376,7 @@ class Call {
         unsigned char* block = nullptr; // heap block: guard, data, (guard without ASan)
         size_t lead = 0, bytes = 0;
         unsigned char* data = nullptr;
+        bool mapped = false;
         std::vector<unsigned char> before; // contents before the call
     };
     struct Object {
@@ -388,6 +392,7 @@ class Call {
     std::vector<Buffer> buffers;
     std::vector<Object> objects;
     std::vector<std::string> notes; // problems met while building (a factory that failed)
+    int round_mode;                 // the caller's rounding mode during the call
     void set_raw(int i, const void* bytes, size_t size);
     void set_pointer(int i, const void* p);
     const void* pointer(int i) const;
@@ -407,11 +412,25 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
                             const std::vector<std::pair<std::string, double>>& set = {});
 // The first step the call fails, or null when it should succeed.
 const Step* first_failure(const Contract& c, const Call& call);
+struct RunOptions {
+    long fail_at = 0;             // the call's fail_at-th heap request fails (0: none)
+    size_t heap_limit = SIZE_MAX; // heap requests above this fail
+    bool expect_status = false;   // expect `status` whatever the steps say
+    VekStatus status = vekStsOk;
+};
 // Calls the export and checks the result against the steps: the predicted error status with
 // every buffer and object byte for byte unchanged, or success; guards intact, no heap block
-// left behind, objects handed out released. With fail_at > 0 the call's fail_at-th heap
-// request fails and vekStsMemAllocErr is expected of a call that would otherwise succeed.
-Outcome run(const Contract& c, Call& call, long fail_at = 0);
+// left behind, objects handed out released. A call that would succeed but whose heap request
+// was made to fail must give vekStsMemAllocErr.
+Outcome run(const Contract& c, Call& call, const RunOptions& o = {});
+
+// Buffers above 256 MiB are refused by build() unless a mapper is installed (test_huge maps
+// them onto pages that cost no memory); mapped buffers have no guards and are not compared.
+struct Mapper {
+    void* (*map)(size_t bytes);
+    void (*unmap)(void* p, size_t bytes);
+};
+void set_mapper(const Mapper* m);
 // The suite for one export: the valid calls, every fault alone and in pairs across steps, the
 // rule's probes and, where the heap can be watched, each allocation failing in turn.
 std::vector<std::string> check_export(const Contract& c, int* cases);

@@ -1,7 +1,6 @@
 // Call frames of the single-rate FIR filters: states (with their kinds), block and single-sample
 // filtering, direct forms. Knob of the states: tapsLen (40 taps and more take the FFT path of
 // the floating-point members).
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -49,6 +48,13 @@ void add_fir_int_kind(const char* name, const char* type,
                     [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
 }
 
+// The state kind an InitAlloc makes: the 16s32f / 16sc32fc forms make the integer-taps state.
+std::string int_kind(const std::string& n) {
+    if (n.ends_with("16s32f")) return n.substr(0, n.size() - 3);
+    if (n.ends_with("16sc32fc")) return n.substr(0, n.size() - 4);
+    return n;
+}
+
 const conf::Rules filters([] {
     add_fir_kind("FIR_32f", "VeksFIRState_32f", veksFIRInitAlloc_32f, veksFIRFree_32f);
     add_fir_kind("FIR_32fc", "VeksFIRState_32fc", veksFIRInitAlloc_32fc, veksFIRFree_32fc);
@@ -71,26 +77,24 @@ const conf::Rules filters([] {
     add_fir_int_kind("FIR32sc_16sc", "VeksFIRState32sc_16sc", veksFIRInitAlloc32sc_16sc,
                      veksFIRFree32sc_16sc);
 
-    conf::family(
-        "FIR states",
-        R"(^veksFIR(InitAlloc|Free|GetTaps|GetDlyLine|SetDlyLine))"
-        R"((32f|32fc|32s|32sc|64f|64fc)?_)",
-        [](conf::Contract& c) {
-            c.knob("tapsLen", 1, 80, 5, {1, 40});
-            c.size("pTaps pTaps32f pTaps32fc pDlyLine",
-                   [](const conf::Call& k) { return k.n("tapsLen"); });
-            if (c.is("^veksFIRInitAlloc")) {
-                const std::string n = c.exp.name.substr(std::string("veksFIRInitAlloc").size());
-                // The 16s32f / 16sc32fc forms make the integer-taps state.
-                c.creates("ppState",
-                          "FIR" + std::regex_replace(n, std::regex("(16sc?)32fc?$"), "$1"));
-                c.length("tapsLen", 1, vekStsFirIterationsErr);
-                c.suite_values("tapsLen", {1, 2, 31, 32, 40, 67, 300});
-                c.nullable("pDlyLine");
-            }
-            if (c.is("^veksFIRSetDlyLine")) c.nullable("pDlyLine");
-            if (c.is("^veksFIRFree")) c.frees("pState");
-        });
+    conf::family("FIR states",
+                 R"(^veksFIR(InitAlloc|Free|GetTaps|GetDlyLine|SetDlyLine))"
+                 R"((32f|32fc|32s|32sc|64f|64fc)?_)",
+                 [](conf::Contract& c) {
+                     c.knob("tapsLen", 1, 80, 5, {1, 40});
+                     c.size("pTaps pTaps32f pTaps32fc pDlyLine",
+                            [](const conf::Call& k) { return k.n("tapsLen"); });
+                     if (c.is("^veksFIRInitAlloc")) {
+                         const std::string n =
+                             c.exp.name.substr(std::string("veksFIRInitAlloc").size());
+                         c.creates("ppState", "FIR" + int_kind(n));
+                         c.length("tapsLen", 1, vekStsFirIterationsErr);
+                         c.suite_values("tapsLen", {1, 2, 31, 32, 40, 67, 300});
+                         c.nullable("pDlyLine");
+                     }
+                     if (c.is("^veksFIRSetDlyLine")) c.nullable("pDlyLine");
+                     if (c.is("^veksFIRFree")) c.frees("pState");
+                 });
 
     conf::family(
         "FIR filtering", R"(^veksFIR(One)?(32f|32fc|32s|32sc|64f|64fc)?_)", [](conf::Contract& c) {

@@ -25,9 +25,14 @@ const conf::Rules stats([] {
 
     conf::family("threshold", R"(^veksThreshold_)", [](conf::Contract& c) {
         // Complex members and every LTInv member refuse a negative level (NaN passes).
-        if (c.is(R"(^veksThreshold_LTInv_|_(16sc|32fc|64fc)(_I)?$)"))
-            c.check("level", [](const conf::Call& k) { return !(k.f("level") < 0); },
-                    vekStsThresholdLevelErr, {-1, -INFINITY, -32768});
+        if (c.has("relOp")) c.suite_values("relOp", {0, 4, 1, -1});
+        if (!c.is(R"(^veksThreshold_LTInv_|_(16sc|32fc|64fc)(_I)?$)")) {
+            c.suite_values("level", {0, -1, NAN});
+            return;
+        }
+        c.suite_values("level", {0, NAN});
+        c.check("level", [](const conf::Call& k) { return !(k.f("level") < 0); },
+                vekStsThresholdLevelErr, {-1, -INFINITY, -32768});
     });
 
     conf::family("normalisation", R"(^veksNormalize_)", [](conf::Contract& c) {
@@ -40,6 +45,7 @@ const conf::Rules stats([] {
             c.check("vDiv",
                     [tiny](const conf::Call& k) { return !(std::fabs(k.f("vDiv")) < tiny); },
                     vekStsDivideByZeroErr, {0.0, -0.0, tiny / 2, -tiny / 4});
+            c.suite_values("vDiv", {tiny, -tiny, NAN});
         }
     });
 });

@@ -2,7 +2,6 @@
 // Knobs of the FFT objects: order (0..10 for the fuzzer), flag (an index into 1, 2, 4, 8) and
 // hint.
 #include <climits>
-#include <regex>
 #include <string>
 
 #include "harness.hpp"

@@ -32,6 +32,9 @@ TEST(Object, OpenChecksNullAndKind) {
     ASSERT_EQ(r.status(), vekStsOk);
     EXPECT_EQ(r->n, 7);
     EXPECT_EQ(r->a[99], 0.0); // blocks are zero-filled
+    // A record handed out by an internal creation function is the caller's handle again.
+    const auto w = obj::open<Rec>(h, kind::iir_64f.biquad);
+    EXPECT_EQ(obj::handle<Handle>(w.get()), h);
     EXPECT_EQ(obj::free<Rec>(h, kind::iir_64f.arbitrary), vekStsContextMismatchErr);
     EXPECT_EQ(obj::free<Rec>(h, kind::iir_64f.biquad), vekStsOk);
 }

@@ -1,92 +1,17 @@
 // Single-rate FIR filters with floating-point taps: every member against a long-double
 // convolution with the delay line as history, block against sample-by-sample and direct forms,
-// every kernel level, the delay-line conventions and the documented statuses.
+// every kernel level and the delay-line conventions.
+#include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 namespace {
 
 using ft::cld;
 
-template <class Tap_, class Dat_, class St_>
-struct Member {
-    using Tap = Tap_;
-    using Dat = Dat_;
-    using St = St_;
-    const char* name;
-    bool sfs;
-    double amp; // sample amplitude
-    VekStatus (*init)(St**, const Tap*, int, const Dat*);
-    VekStatus (*fre)(St*);
-    VekStatus (*get_taps)(const St*, Tap*);
-    VekStatus (*get_dly)(const St*, Dat*);
-    VekStatus (*set_dly)(St*, const Dat*);
-    std::function<VekStatus(const Dat*, Dat*, int, St*, int)> blk;
-    std::function<VekStatus(Dat*, int, St*, int)> blk_i;
-    std::function<VekStatus(Dat, Dat*, St*, int)> one;
-    std::function<VekStatus(Dat*, St*, int)> one_i; // empty where the member has none
-    std::function<VekStatus(const Dat*, Dat*, int, const Tap*, int, Dat*, int*, int)> dir;
-    std::function<VekStatus(Dat*, int, const Tap*, int, Dat*, int*, int)> dir_i;
-    std::function<VekStatus(Dat, Dat*, const Tap*, int, Dat*, int*, int)> one_dir;
-    std::function<VekStatus(Dat*, const Tap*, int, Dat*, int*, int)> one_dir_i;
-};
-
-#define STATE_FNS(TS, DS)                                                                          \
-    veksFIRInitAlloc##TS##_##DS, veksFIRFree##TS##_##DS, veksFIRGetTaps##TS##_##DS,                \
-        veksFIRGetDlyLine##TS##_##DS, veksFIRSetDlyLine##TS##_##DS
-
-// A member with block suffix S (none or _Sfs), in-place suffix I (_I or _ISfs) and K 1 when it
-// takes a scale factor; ONE_I is its single-sample in-place form or nullptr.
-#define VEK_SF_0
-#define VEK_SF_1 , sf
-#define MEMBER(TS, DS, Tap, Dat, S, I, K, AMP, ONE_I)                                              \
-    Member<Tap, Dat, VeksFIRState##TS##_##DS> {                                                    \
-#TS "_" #DS, K == 1, AMP, STATE_FNS(TS, DS),                                               \
-            [](const Dat* s, Dat* d, int n, VeksFIRState##TS##_##DS* st, int sf) {                 \
-                return veksFIR##TS##_##DS##S(s, d, n, st VEK_SF_##K);                              \
-            },                                                                                     \
-            [](Dat* sd, int n, VeksFIRState##TS##_##DS* st, int sf) {                              \
-                return veksFIR##TS##_##DS##I(sd, n, st VEK_SF_##K);                                \
-            },                                                                                     \
-            [](Dat x, Dat* d, VeksFIRState##TS##_##DS* st, int sf) {                               \
-                return veksFIROne##TS##_##DS##S(x, d, st VEK_SF_##K);                              \
-            },                                                                                     \
-            ONE_I,                                                                                 \
-            [](const Dat* s, Dat* d, int n, const Tap* h, int T, Dat* l, int* i, int sf) {         \
-                return veksFIR##TS##_Direct_##DS##S(s, d, n, h, T, l, i VEK_SF_##K);               \
-            },                                                                                     \
-            [](Dat* sd, int n, const Tap* h, int T, Dat* l, int* i, int sf) {                      \
-                return veksFIR##TS##_Direct_##DS##I(sd, n, h, T, l, i VEK_SF_##K);                 \
-            },                                                                                     \
-            [](Dat x, Dat* d, const Tap* h, int T, Dat* l, int* i, int sf) {                       \
-                return veksFIROne##TS##_Direct_##DS##S(x, d, h, T, l, i VEK_SF_##K);               \
-            },                                                                                     \
-            [](Dat* sd, const Tap* h, int T, Dat* l, int* i, int sf) {                             \
-                return veksFIROne##TS##_Direct_##DS##I(sd, h, T, l, i VEK_SF_##K);                 \
-            }       \
-    }
-#define ONE_I_OF(TS, DS, Dat, I, K)                                                                \
-    [](Dat* sd, VeksFIRState##TS##_##DS* st, int sf) {                                             \
-        return veksFIROne##TS##_##DS##I(sd, st VEK_SF_##K);                                        \
-    }
-#define FLOAT_MEMBER(TS, DS, Tap, Dat, ONE_I) MEMBER(TS, DS, Tap, Dat, , _I, 0, 1000.0, ONE_I)
-#define SFS_MEMBER(TS, DS, Tap, Dat, AMP)                                                          \
-    MEMBER(TS, DS, Tap, Dat, _Sfs, _ISfs, 1, AMP, ONE_I_OF(TS, DS, Dat, _ISfs, 1))
-
-// Runs `body(member)` for every member with floating-point taps.
+// Runs `body(member)` for every member with floating-point taps (fir_members.hpp).
 template <class F>
 void for_each_member(F&& body) {
-    body(FLOAT_MEMBER(, 32f, Vek32f, Vek32f, nullptr));
-    body(FLOAT_MEMBER(, 32fc, Vek32fc, Vek32fc, nullptr));
-    body(FLOAT_MEMBER(, 64f, Vek64f, Vek64f, nullptr));
-    body(FLOAT_MEMBER(, 64fc, Vek64fc, Vek64fc, nullptr));
-    body(FLOAT_MEMBER(64f, 32f, Vek64f, Vek32f, ONE_I_OF(64f, 32f, Vek32f, _I, 0)));
-    body(FLOAT_MEMBER(64fc, 32fc, Vek64fc, Vek32fc, ONE_I_OF(64fc, 32fc, Vek32fc, _I, 0)));
-    body(SFS_MEMBER(64f, 16s, Vek64f, Vek16s, 20000));
-    body(SFS_MEMBER(64f, 32s, Vek64f, Vek32s, 1e9));
-    body(SFS_MEMBER(64fc, 16sc, Vek64fc, Vek16sc, 20000));
-    body(SFS_MEMBER(64fc, 32sc, Vek64fc, Vek32sc, 1e9));
-    body(SFS_MEMBER(32f, 16s, Vek32f, Vek16s, 20000));
-    body(SFS_MEMBER(32fc, 16sc, Vek32fc, Vek16sc, 20000));
+    ft::for_each_float_taps_member(body);
 }
 
 std::vector<int> tap_counts() {
@@ -290,104 +215,6 @@ TEST(FirFloatTaps, DelayLineConventions) {
     });
 }
 
-// Every documented status in its documented order; nothing written on an error.
-TEST(FirFloatTaps, StatusesAndUntouchedOutputs) {
-    for_each_member([](auto m) {
-        using Tap = typename decltype(m)::Tap;
-        using Dat = typename decltype(m)::Dat;
-        using St = typename decltype(m)::St;
-        SCOPED_TRACE(m.name);
-        vt::Rng rng(5);
-        const int T = 6;
-        const auto h = ft::rvec<Tap>(rng, T, 1.0);
-        const auto line = ft::rvec<Dat>(rng, T, m.amp);
-        uint32_t fake_obj[64] = {0x46494646u};
-        St* fake = reinterpret_cast<St*>(fake_obj);
-        St* st = reinterpret_cast<St*>(&fake_obj[1]); // stays untouched on failure
-        EXPECT_EQ(m.init(nullptr, h.data(), T, nullptr), vekStsNullPointerErr);
-        EXPECT_EQ(m.init(&st, nullptr, 0, nullptr), vekStsNullPointerErr);
-        EXPECT_EQ(m.init(&st, h.data(), 0, nullptr), vekStsFirIterationsErr);
-        EXPECT_EQ(m.init(&st, h.data(), -3, nullptr), vekStsFirIterationsErr);
-        EXPECT_EQ(st, reinterpret_cast<St*>(&fake_obj[1]));
-        ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
-
-        std::vector<Tap> taps(static_cast<size_t>(T));
-        std::vector<Dat> dl(static_cast<size_t>(T));
-        EXPECT_EQ(m.fre(nullptr), vekStsNullPointerErr);
-        EXPECT_EQ(m.fre(fake), vekStsContextMismatchErr);
-        EXPECT_EQ(m.get_taps(nullptr, taps.data()), vekStsNullPointerErr);
-        EXPECT_EQ(m.get_taps(st, nullptr), vekStsNullPointerErr);
-        EXPECT_EQ(m.get_taps(fake, taps.data()), vekStsContextMismatchErr);
-        EXPECT_EQ(m.get_dly(nullptr, dl.data()), vekStsNullPointerErr);
-        EXPECT_EQ(m.get_dly(st, nullptr), vekStsNullPointerErr);
-        EXPECT_EQ(m.get_dly(fake, dl.data()), vekStsContextMismatchErr);
-        EXPECT_EQ(m.set_dly(nullptr, line.data()), vekStsNullPointerErr);
-        EXPECT_EQ(m.set_dly(fake, line.data()), vekStsContextMismatchErr);
-        EXPECT_EQ(fake_obj[0], 0x46494646u);
-
-        const auto x = ft::rvec<Dat>(rng, 8, m.amp);
-        const Dat mark = ft::rnd<Dat>(rng, m.amp);
-        std::vector<Dat> d(8, mark), io = x;
-        EXPECT_EQ(m.blk(x.data(), d.data(), 8, nullptr, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.blk(nullptr, nullptr, 0, fake, 0), vekStsContextMismatchErr);
-        EXPECT_EQ(m.blk(nullptr, d.data(), 8, st, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.blk(x.data(), nullptr, 0, st, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.blk(x.data(), d.data(), 0, st, 0), vekStsDataSizeErr);
-        EXPECT_EQ(m.blk(x.data(), d.data(), -1, st, 0), vekStsDataSizeErr);
-        EXPECT_EQ(m.blk_i(io.data(), 8, fake, 0), vekStsContextMismatchErr);
-        EXPECT_EQ(m.blk_i(nullptr, 8, st, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.blk_i(io.data(), 0, st, 0), vekStsDataSizeErr);
-        Dat y = mark;
-        EXPECT_EQ(m.one(x[0], &y, nullptr, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one(x[0], nullptr, fake, 0), vekStsContextMismatchErr);
-        EXPECT_EQ(m.one(x[0], nullptr, st, 0), vekStsNullPointerErr);
-        if (m.one_i) {
-            EXPECT_EQ(m.one_i(nullptr, fake, 0), vekStsContextMismatchErr);
-            EXPECT_EQ(m.one_i(nullptr, st, 0), vekStsNullPointerErr);
-            EXPECT_EQ(m.one_i(&y, nullptr, 0), vekStsNullPointerErr);
-        }
-        EXPECT_TRUE(vt::bits_equal(d, std::vector<Dat>(8, mark)));
-        EXPECT_TRUE(vt::bits_equal(io, x));
-        EXPECT_TRUE(vt::bits_equal(std::vector<Dat>{y}, std::vector<Dat>{mark}));
-        ASSERT_EQ(m.get_dly(st, dl.data()), vekStsOk);
-        EXPECT_TRUE(vt::bits_equal(dl, line)) << "a failed call changed the state";
-
-        // Direct forms.
-        auto dline = ft::doubled_line(line);
-        const auto dline0 = dline;
-        int idx = 3;
-        EXPECT_EQ(m.dir(nullptr, d.data(), 0, h.data(), T, dline.data(), &idx, 0),
-                  vekStsNullPointerErr);
-        EXPECT_EQ(m.dir(x.data(), nullptr, 8, h.data(), T, dline.data(), &idx, 0),
-                  vekStsNullPointerErr);
-        EXPECT_EQ(m.dir(x.data(), d.data(), 0, nullptr, 0, nullptr, nullptr, 0), vekStsDataSizeErr);
-        EXPECT_EQ(m.dir(x.data(), d.data(), 8, nullptr, 0, dline.data(), &idx, 0),
-                  vekStsNullPointerErr);
-        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), 0, nullptr, nullptr, 0),
-                  vekStsFirIterationsErr);
-        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), T, nullptr, &idx, 0),
-                  vekStsNullPointerErr);
-        EXPECT_EQ(m.dir(x.data(), d.data(), 8, h.data(), T, dline.data(), nullptr, 0),
-                  vekStsNullPointerErr);
-        EXPECT_EQ(m.dir_i(nullptr, 0, h.data(), T, dline.data(), &idx, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.dir_i(io.data(), 0, nullptr, T, dline.data(), &idx, 0), vekStsDataSizeErr);
-        EXPECT_EQ(m.dir_i(io.data(), 8, h.data(), -1, dline.data(), &idx, 0),
-                  vekStsFirIterationsErr);
-        EXPECT_EQ(m.one_dir(x[0], nullptr, h.data(), 0, nullptr, nullptr, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one_dir(x[0], &y, nullptr, 0, dline.data(), &idx, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), 0, nullptr, nullptr, 0), vekStsFirIterationsErr);
-        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), T, nullptr, &idx, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one_dir(x[0], &y, h.data(), T, dline.data(), nullptr, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one_dir_i(nullptr, h.data(), T, dline.data(), &idx, 0), vekStsNullPointerErr);
-        EXPECT_EQ(m.one_dir_i(&y, h.data(), 0, dline.data(), &idx, 0), vekStsFirIterationsErr);
-        EXPECT_TRUE(vt::bits_equal(d, std::vector<Dat>(8, mark)));
-        EXPECT_TRUE(vt::bits_equal(io, x));
-        EXPECT_TRUE(vt::bits_equal(dline, dline0));
-        EXPECT_EQ(idx, 3);
-        ASSERT_EQ(m.fre(st), vekStsOk);
-    });
-}
-
 // A direct-form index outside 0 .. tapsLen-1 is taken modulo tapsLen.
 TEST(FirFloatTaps, DirectIndexOutOfRangeIsReduced) {
     const float h[3] = {1.0f, 2.0f, 4.0f};
@@ -435,21 +262,6 @@ TEST(FirFloatTaps, IntegerOutputRule) {
     EXPECT_TRUE(vt::starts_with(
         y32, {-1, 2147483647, -1})); // (2147483647 - 2147483648 from the history) / 2 = -0.5
     ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
-}
-
-// A state of one member is refused by another member's functions.
-TEST(FirFloatTaps, StatesOfOtherMembersAreRefused) {
-    VeksFIRState_32f* s = nullptr;
-    const float h[2] = {1, 2};
-    ASSERT_EQ(veksFIRInitAlloc_32f(&s, h, 2, nullptr), vekStsOk);
-    auto* other = reinterpret_cast<VeksFIRState64f_32f*>(s);
-    float x = 1, y = 0;
-    double taps[2];
-    EXPECT_EQ(veksFIR64f_32f(&x, &y, 1, other), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIROne64f_32f(x, &y, other), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIRGetTaps64f_32f(other, taps), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIRFree64f_32f(other), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIRFree_32f(s), vekStsOk);
 }
 
 } // namespace

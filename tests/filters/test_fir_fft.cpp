@@ -4,6 +4,7 @@
 // for every member with floating-point taps, and allocation failures inside InitAlloc and inside
 // a filtering call.
 #include "filters/fir/fir_state.hpp"
+#include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 #if VEKS_TEST_WRAPPED_MALLOC
@@ -36,63 +37,40 @@ using ft::cld;
 
 // ---- Members -------------------------------------------------------------------------------
 
-#define FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
-    struct NAME {                                                                                  \
-        using Tap = TapT;                                                                          \
-        using Dat = DatT;                                                                          \
-        using St = VeksFIRState##TS##_##DS;                                                        \
-        static constexpr double amp = AMP;                                                         \
-        static constexpr long double rel = REL;                                                    \
-        static VekStatus init(St** p, const Tap* h, int T, const Dat* l) {                         \
-            return veksFIRInitAlloc##TS##_##DS(p, h, T, l);                                        \
-        }                                                                                          \
-        static VekStatus fre(St* s) { return veksFIRFree##TS##_##DS(s); }                          \
-        static VekStatus get_dly(const St* s, Dat* l) {                                            \
-            return veksFIRGetDlyLine##TS##_##DS(s, l);                                             \
-        }                                                                                          \
-        static VekStatus set_dly(St* s, const Dat* l) { return veksFIRSetDlyLine##TS##_##DS(s, l); }
+// A member of fir_members.hpp with this file's amplitudes, the scale factor 3 for integer data
+// (outputs scaled by 2^-3), and a tolerance relative to the sum of |h[k] x[j-k]| of each
+// output: the transform's rounding in its own precision (output rounding of single-precision
+// data included).
+template <class F>
+struct Case : F {
+    using typename F::Dat;
+    using typename F::St;
+    using typename F::Tap;
+    static constexpr bool single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
+    static constexpr bool single_data = std::is_same_v<Dat, Vek32f> || std::is_same_v<Dat, Vek32fc>;
+    static constexpr double amp = !F::sfs ? 1000.0
+                                  : std::is_same_v<Dat, Vek32s> || std::is_same_v<Dat, Vek32sc>
+                                      ? 1e8
+                                      : 4000.0;
+    static constexpr long double rel = single ? 1e-5L : single_data ? 1e-7L : 1e-13L;
+    static constexpr int sf = F::sfs ? 3 : 0;
+    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) { return F::blk(s, d, n, st, sf); }
+    static VekStatus blk_i(Dat* sd, int n, St* st) { return F::blk_i(sd, n, st, sf); }
+    static VekStatus one(Dat x, Dat* d, St* st) { return F::one(x, d, st, sf); }
+};
 
-#define FLOAT_MEMBER(NAME, TS, DS, TapT, DatT, REL)                                                \
-    FIR_MEMBER(NAME, TS, DS, TapT, DatT, 1000.0, REL)                                              \
-    static constexpr int sf = 0;                                                                   \
-    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
-        return veksFIR##TS##_##DS(s, d, n, st);                                                    \
-    }                                                                                              \
-    static VekStatus blk_i(Dat* sd, int n, St* st) { return veksFIR##TS##_##DS##_I(sd, n, st); }   \
-    static VekStatus one(Dat x, Dat* d, St* st) { return veksFIROne##TS##_##DS(x, d, st); }        \
-    }                                                                                              \
-    ;
-
-// Integer data: the outputs are scaled by 2^-3.
-#define SFS_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                             \
-    FIR_MEMBER(NAME, TS, DS, TapT, DatT, AMP, REL)                                                 \
-    static constexpr int sf = 3;                                                                   \
-    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) {                                    \
-        return veksFIR##TS##_##DS##_Sfs(s, d, n, st, sf);                                          \
-    }                                                                                              \
-    static VekStatus blk_i(Dat* sd, int n, St* st) {                                               \
-        return veksFIR##TS##_##DS##_ISfs(sd, n, st, sf);                                           \
-    }                                                                                              \
-    static VekStatus one(Dat x, Dat* d, St* st) {                                                  \
-        return veksFIROne##TS##_##DS##_Sfs(x, d, st, sf);                                          \
-    }                                                                                              \
-    }                                                                                              \
-    ;
-
-// Tolerances relative to the sum of |h[k] x[j-k]| of each output: the transform's rounding in
-// its own precision (output rounding of single-precision data included).
-FLOAT_MEMBER(R32f, , 32f, Vek32f, Vek32f, 1e-5L)
-FLOAT_MEMBER(R64f, , 64f, Vek64f, Vek64f, 1e-13L)
-FLOAT_MEMBER(C32fc, , 32fc, Vek32fc, Vek32fc, 1e-5L)
-FLOAT_MEMBER(C64fc, , 64fc, Vek64fc, Vek64fc, 1e-13L)
-FLOAT_MEMBER(R64f_32f, 64f, 32f, Vek64f, Vek32f, 1e-7L)
-FLOAT_MEMBER(C64fc_32fc, 64fc, 32fc, Vek64fc, Vek32fc, 1e-7L)
-SFS_MEMBER(R32f_16s, 32f, 16s, Vek32f, Vek16s, 4000.0, 1e-5L)
-SFS_MEMBER(R64f_16s, 64f, 16s, Vek64f, Vek16s, 4000.0, 1e-13L)
-SFS_MEMBER(R64f_32s, 64f, 32s, Vek64f, Vek32s, 1e8, 1e-13L)
-SFS_MEMBER(C32fc_16sc, 32fc, 16sc, Vek32fc, Vek16sc, 4000.0, 1e-5L)
-SFS_MEMBER(C64fc_16sc, 64fc, 16sc, Vek64fc, Vek16sc, 4000.0, 1e-13L)
-SFS_MEMBER(C64fc_32sc, 64fc, 32sc, Vek64fc, Vek32sc, 1e8, 1e-13L)
+using R32f = Case<ft::Fir_32f>;
+using R64f = Case<ft::Fir_64f>;
+using C32fc = Case<ft::Fir_32fc>;
+using C64fc = Case<ft::Fir_64fc>;
+using R64f_32f = Case<ft::Fir64f_32f>;
+using C64fc_32fc = Case<ft::Fir64fc_32fc>;
+using R32f_16s = Case<ft::Fir32f_16s>;
+using R64f_16s = Case<ft::Fir64f_16s>;
+using R64f_32s = Case<ft::Fir64f_32s>;
+using C32fc_16sc = Case<ft::Fir32fc_16sc>;
+using C64fc_16sc = Case<ft::Fir64fc_16sc>;
+using C64fc_32sc = Case<ft::Fir64fc_32sc>;
 
 template <class M>
 ::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,

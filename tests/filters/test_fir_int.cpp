@@ -1,6 +1,7 @@
 // Single-rate FIR filters with integer taps: exact results against an integer reference (taps
 // normalisation, wrapping 32-bit sums, output shift with rounding half to even, saturation),
-// every form and kernel level, the float-taps conversion and the documented statuses.
+// every form and kernel level and the float-taps conversion.
+#include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 namespace {
@@ -71,29 +72,15 @@ std::vector<Dat> ref_filter(const std::vector<int32_t>& taps, bool cplx, int64_t
 
 // ---- the two members behind one interface ---------------------------------------------------
 
-#define INT_MEMBER(NAME, TS, DS, TapT, DatT, CPLX, ...)                                            \
-    struct NAME {                                                                                  \
-        using Tap = TapT;                                                                          \
-        using Dat = DatT;                                                                          \
-        using St = VeksFIRState##TS##_##DS;                                                        \
-        static constexpr bool cplx = CPLX;                                                         \
-        static Tap tap(const int32_t* p) { return Tap{__VA_ARGS__}; }                              \
-        static constexpr auto init = veksFIRInitAlloc##TS##_##DS;                                  \
-        static constexpr auto fre = veksFIRFree##TS##_##DS;                                        \
-        static constexpr auto get_taps = veksFIRGetTaps##TS##_##DS;                                \
-        static constexpr auto get_dly = veksFIRGetDlyLine##TS##_##DS;                              \
-        static constexpr auto set_dly = veksFIRSetDlyLine##TS##_##DS;                              \
-        static constexpr auto blk = veksFIR##TS##_##DS##_Sfs;                                      \
-        static constexpr auto blk_i = veksFIR##TS##_##DS##_ISfs;                                   \
-        static constexpr auto one = veksFIROne##TS##_##DS##_Sfs;                                   \
-        static constexpr auto one_i = veksFIROne##TS##_##DS##_ISfs;                                \
-        static constexpr auto dir = veksFIR##TS##_Direct_##DS##_Sfs;                               \
-        static constexpr auto dir_i = veksFIR##TS##_Direct_##DS##_ISfs;                            \
-        static constexpr auto one_dir = veksFIROne##TS##_Direct_##DS##_Sfs;                        \
-        static constexpr auto one_dir_i = veksFIROne##TS##_Direct_##DS##_ISfs;                     \
-    };
-INT_MEMBER(Real, 32s, 16s, Vek32s, Vek16s, false, p[0])
-INT_MEMBER(Cplx, 32sc, 16sc, Vek32sc, Vek16sc, true, p[0], p[1])
+// The two members of fir_members.hpp, with the taps built from their parts.
+struct Real : ft::Fir32s_16s {
+    static constexpr bool cplx = false;
+    static Tap tap(const int32_t* p) { return Tap{p[0]}; }
+};
+struct Cplx : ft::Fir32sc_16sc {
+    static constexpr bool cplx = true;
+    static Tap tap(const int32_t* p) { return Tap{p[0], p[1]}; }
+};
 
 template <class M>
 std::vector<typename M::Tap> make_taps(const std::vector<int32_t>& parts) {
@@ -297,65 +284,6 @@ TEST(FirIntTaps, OutputRule) {
     EXPECT_EQ(y[2], ref_out(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
     EXPECT_LT(y[2], 0);
     ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
-}
-
-TEST(FirIntTaps, Statuses) {
-    const int32_t h[4] = {1, 2, 3, 4};
-    const float hf[4] = {1, 2, 3, 4};
-    const Vek16s line[4] = {1, 2, 3, 4};
-    VeksFIRState32s_16s* s = nullptr;
-    EXPECT_EQ(veksFIRInitAlloc32s_16s(nullptr, h, 4, 0, line), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRInitAlloc32s_16s(&s, nullptr, 0, 0, line), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRInitAlloc32s_16s(&s, h, 0, 0, line), vekStsFirIterationsErr);
-    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(nullptr, hf, 4, line), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(&s, nullptr, 4, line), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRInitAlloc32s_16s32f(&s, hf, -1, line), vekStsFirIterationsErr);
-    EXPECT_EQ(s, nullptr);
-    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, h, 4, 0, line), vekStsOk);
-    uint32_t fake_obj[32] = {0x46494646u};
-    auto* fake = reinterpret_cast<VeksFIRState32s_16s*>(fake_obj);
-    int32_t taps[4] = {9, 9, 9, 9};
-    float tapsf[4] = {9, 9, 9, 9};
-    int f = 77;
-    EXPECT_EQ(veksFIRGetTaps32s_16s(s, taps, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRGetTaps32s_16s(nullptr, taps, &f), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRGetTaps32s_16s(fake, taps, &f), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIRGetTaps32s_16s32f(s, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIRGetTaps32s_16s32f(fake, tapsf), vekStsContextMismatchErr);
-    EXPECT_TRUE(f == 77 && taps[0] == 9 && tapsf[0] == 9.0f);
-    Vek16s x[4] = {5, 6, 7, 8}, d[4] = {-9, -9, -9, -9}, y = -9;
-    EXPECT_EQ(veksFIR32s_16s_Sfs(nullptr, d, 0, fake, 0), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIR32s_16s_Sfs(x, d, 4, nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIR32s_16s_Sfs(x, nullptr, 4, s, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIR32s_16s_Sfs(x, d, 0, s, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksFIR32s_16s_ISfs(x, -2, s, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksFIROne32s_16s_Sfs(1, nullptr, fake, 0), vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIROne32s_16s_Sfs(1, nullptr, s, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIROne32s_16s_ISfs(nullptr, s, 0), vekStsNullPointerErr);
-    Vek16s dl[8] = {0, 0, 0, 0, 0, 0, 0, 0};
-    int idx = 2;
-    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, nullptr, 0, h, 4, 0, dl, &idx, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 0, nullptr, 0, 0, dl, &idx, 0), vekStsDataSizeErr);
-    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, nullptr, 0, 0, dl, &idx, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, h, 0, 0, nullptr, &idx, 0),
-              vekStsFirIterationsErr);
-    EXPECT_EQ(veksFIR32s_Direct_16s_Sfs(x, d, 4, h, 4, 0, dl, nullptr, 0), vekStsNullPointerErr);
-    EXPECT_EQ(veksFIROne32s_Direct_16s_Sfs(1, &y, nullptr, 0, 0, dl, &idx, 0),
-              vekStsNullPointerErr);
-    EXPECT_EQ(veksFIROne32s_Direct_16s_Sfs(1, &y, h, 0, 0, nullptr, nullptr, 0),
-              vekStsFirIterationsErr);
-    EXPECT_EQ(veksFIROne32s_Direct_16s_ISfs(nullptr, h, 4, 0, dl, &idx, 0), vekStsNullPointerErr);
-    EXPECT_TRUE(d[0] == -9 && y == -9 && idx == 2 && x[0] == 5);
-    Vek16s got[4];
-    ASSERT_EQ(veksFIRGetDlyLine32s_16s(s, got), vekStsOk);
-    EXPECT_TRUE(got[0] == 1 && got[3] == 4) << "a failed call changed the state";
-    // A floating-point-taps state is not an integer-taps state.
-    VeksFIRState32f_16s* fs = nullptr;
-    ASSERT_EQ(veksFIRInitAlloc32f_16s(&fs, hf, 4, nullptr), vekStsOk);
-    EXPECT_EQ(veksFIRFree32s_16s(reinterpret_cast<VeksFIRState32s_16s*>(fs)),
-              vekStsContextMismatchErr);
-    EXPECT_EQ(veksFIRFree32f_16s(fs), vekStsOk);
-    EXPECT_EQ(veksFIRFree32s_16s(s), vekStsOk);
 }
 
 } // namespace

@@ -379,42 +379,4 @@ TEST(DotProd, DocumentedValues) {
     EXPECT_TRUE(vt::starts_with(&z, {{-5.0f, 10.0f}}));
 }
 
-// ---- call frame -------------------------------------------------------------------------------
-
-// Pointers before the length; an error leaves the result untouched. The scaled members get a
-// scale factor of 0.
-template <class A, class D, class... X>
-void frame(VekStatus (*fn)(const A*, int, D*, X...)) {
-    vt::reduction_frame(fn);
-}
-template <class A, class B, class D, class... X>
-void frame(VekStatus (*fn)(const A*, const B*, int, D*, X...)) {
-    const A a[2]{};
-    const B b[2]{};
-    vt::Marked<D, 1> d;
-    EXPECT_EQ(fn(nullptr, b, 0, d.v, X{}...), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, nullptr, 2, d.v, X{}...), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, b, 2, nullptr, X{}...), vekStsNullPointerErr);
-    EXPECT_EQ(fn(a, b, 0, d.v, X{}...), vekStsDataSizeErr);
-    EXPECT_EQ(fn(a, b, -3, d.v, X{}...), vekStsDataSizeErr);
-    EXPECT_TRUE(d.untouched());
-}
-
-TEST(NormDot, FrameOrderAndUntouchedResults) {
-    vt::each(
-        [](auto f) { frame(f); }, veksNorm_Inf_32f, veksNorm_L1_32f, veksNorm_L2_32f,
-        veksNorm_Inf_64f, veksNorm_L1_64f, veksNorm_L2_64f, veksNorm_Inf_16s32f, veksNorm_L1_16s32f,
-        veksNorm_L2_16s32f, veksNorm_Inf_16s32s_Sfs, veksNorm_L1_16s32s_Sfs, veksNorm_L2_16s32s_Sfs,
-        veksNormDiff_Inf_32f, veksNormDiff_L1_32f, veksNormDiff_L2_32f, veksNormDiff_Inf_64f,
-        veksNormDiff_L1_64f, veksNormDiff_L2_64f, veksNormDiff_Inf_16s32f, veksNormDiff_L1_16s32f,
-        veksNormDiff_L2_16s32f, veksNormDiff_Inf_16s32s_Sfs, veksNormDiff_L1_16s32s_Sfs,
-        veksNormDiff_L2_16s32s_Sfs, veksDotProd_32f, veksDotProd_32fc, veksDotProd_32f32fc,
-        veksDotProd_64f, veksDotProd_64fc, veksDotProd_64f64fc, veksDotProd_32f64f,
-        veksDotProd_32fc64fc, veksDotProd_32f32fc64fc, veksDotProd_16s32f, veksDotProd_16sc32fc,
-        veksDotProd_16s16sc32fc, veksDotProd_16s64s, veksDotProd_16sc64sc, veksDotProd_16s16sc64sc,
-        veksDotProd_16s_Sfs, veksDotProd_16sc_Sfs, veksDotProd_16s16sc_Sfs, veksDotProd_16s32s_Sfs,
-        veksDotProd_16sc32sc_Sfs, veksDotProd_16s16sc32sc_Sfs, veksDotProd_32s_Sfs,
-        veksDotProd_32sc_Sfs, veksDotProd_32s32sc_Sfs, veksDotProd_16s32s32s_Sfs);
-}
-
 } // namespace

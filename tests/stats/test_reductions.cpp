@@ -280,13 +280,4 @@ TEST(StdDev, Integer16sScaled) {
     EXPECT_EQ(d32, 46340);
 }
 
-// Pointers first, then the length (StdDev needs two elements); nothing written on error.
-TEST(SumMeanStdDev, StatusesInOrderAndOutputsUntouched) {
-    vt::each([](auto f) { vt::reduction_frame(f); }, veksSum_32f, veksSum_64f, veksSum_32fc,
-             veksSum_16s32s_Sfs, veksSum_16sc32sc_Sfs, veksSum_16s_Sfs, veksSum_16sc_Sfs,
-             veksMean_32f, veksMean_64f, veksMean_32fc, veksMean_16s_Sfs, veksMean_16sc_Sfs);
-    vt::each([](auto f) { vt::reduction_frame(f, 2); }, veksStdDev_32f, veksStdDev_64f,
-             veksStdDev_16s32s_Sfs, veksStdDev_16s_Sfs);
-}
-
 } // namespace

@@ -253,37 +253,4 @@ TEST(MaxOrder, FloatOrdersAndWarnings) {
     });
 }
 
-TEST(MaxOrder, LengthCheckedBeforePointers) {
-    int o = 99;
-    const int16_t s[1] = {1};
-    EXPECT_EQ(veksMaxOrder_16s(nullptr, 0, &o), vekStsDataSizeErr);
-    EXPECT_EQ(veksMaxOrder_32s(nullptr, -1, nullptr), vekStsDataSizeErr);
-    EXPECT_EQ(veksMaxOrder_32f(nullptr, 0, nullptr), vekStsDataSizeErr);
-    EXPECT_EQ(veksMaxOrder_64f(nullptr, INT32_MIN, &o), vekStsDataSizeErr);
-    EXPECT_EQ(veksMaxOrder_16s(s, 1, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxOrder_32s(nullptr, 1, &o), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxOrder_32f(nullptr, 1, &o), vekStsNullPointerErr);
-    EXPECT_EQ(veksMaxOrder_64f(nullptr, 1, &o), vekStsNullPointerErr);
-    EXPECT_EQ(o, 99);
-}
-
-// MaxIndx/MinIndx: the source and value pointers first; a null position pointer is not an
-// error. MaxEvery/MinEvery: both pointers before the length.
-TEST(Extremes, StatusesInOrderAndOutputsUntouched) {
-    vt::each([](auto f) { vt::reduction_frame(f); }, veksMax_16s, veksMax_32f, veksMax_64f,
-             veksMin_16s, veksMin_32f, veksMin_64f, veksMaxIndx_16s, veksMaxIndx_32f,
-             veksMaxIndx_64f, veksMinIndx_16s, veksMinIndx_32f, veksMinIndx_64f);
-    const float f[2] = {1, 2};
-    float of = 9;
-    int at = 9;
-    for (int len : {0, -1}) {
-        EXPECT_EQ(veksMaxIndx_32f(nullptr, len, &of, &at), vekStsNullPointerErr);
-        EXPECT_EQ(veksMinIndx_32f(f, len, nullptr, &at), vekStsNullPointerErr);
-        EXPECT_EQ(veksMaxIndx_32f(f, len, &of, &at), vekStsDataSizeErr);
-    }
-    EXPECT_TRUE(of == 9 && at == 9);
-    vt::each([](auto fn) { vt::map_frame(fn); }, veksMaxEvery_16s_I, veksMinEvery_16s_I,
-             veksMaxEvery_32s_I, veksMinEvery_32s_I, veksMaxEvery_32f_I, veksMinEvery_32f_I);
-}
-
 } // namespace

@@ -1,6 +1,6 @@
 // FFT: complex and real transforms of every float kind against a long-double reference, every
 // kernel level, in and out of place, unaligned data; self-checks (linearity, impulse, shift,
-// round trip per flag) at large orders; objects, buffer sizes and the call frame's statuses.
+// round trip per flag) at large orders; objects and buffer sizes.
 #include <cmath>
 #include <complex>
 #include <thread>
@@ -377,25 +377,7 @@ TEST(FftSelfCheck, SharedObjectAcrossThreads) {
     }
 }
 
-// ---- objects and statuses -------------------------------------------------------------------
-
-TEST(FftObjects, InitAllocChecksInOrder) {
-    VeksFFTSpec_C_32fc* plan = reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234);
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(nullptr, 31, 3, vekAlgHintNone), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, -1, 3, vekAlgHintNone), vekStsFftOrderErr);
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 31, 1, vekAlgHintNone), vekStsFftOrderErr);
-    for (int flag : {0, 3, 5, 16, -1})
-        EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 5, flag, vekAlgHintNone), vekStsFftFlagErr);
-    EXPECT_EQ(plan, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
-    VeksFFTSpec_R_64f* rspec = reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234);
-    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 31, 2, vekAlgHintNone), vekStsFftOrderErr);
-    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 3, 0, vekAlgHintNone), vekStsFftFlagErr);
-    // Order 30 tables do not fit the allocator: refused with an allocation error.
-    EXPECT_EQ(veksFFTInitAlloc_C_32fc(&plan, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
-    EXPECT_EQ(veksFFTInitAlloc_R_64f(&rspec, 30, 1, vekAlgHintNone), vekStsMemAllocErr);
-    EXPECT_EQ(plan, reinterpret_cast<VeksFFTSpec_C_32fc*>(0x1234));
-    EXPECT_EQ(rspec, reinterpret_cast<VeksFFTSpec_R_64f*>(0x1234));
-}
+// ---- objects --------------------------------------------------------------------------------
 
 template <class A, class Obj>
 int buf_size(int order, int flag, VekHintAlgorithm hint,
@@ -437,86 +419,6 @@ TEST(FftObjects, BufferSizes) {
     EXPECT_EQ(zsize(16), (64 << 8) + 16);
     // Order 23 splits as 8 then 15 -> 7: the widest level is 2^8.
     EXPECT_EQ(rsize(24), (32 << 8) + 16);
-}
-
-// Every function of the complex, split and real objects of one precision (identifiers own,
-// own + 1, own + 2) refuses a fake object of another kind's identifier; the calls of the kind
-// the identifier belongs to are skipped.
-template <class T>
-void mismatch_case(void* fake, int id, int own) {
-    using A = Api<T>;
-    std::vector<T> a(64, T(1)), b(64, T(2));
-    const auto a0 = a, b0 = b;
-    int size = 12345;
-    auto refused = [&](VekStatus st) { EXPECT_EQ(st, vekStsContextMismatchErr) << "id " << id; };
-    auto* ac = reinterpret_cast<typename A::C*>(a.data());
-    if (id != own) {
-        auto* c = static_cast<typename A::ObjC*>(fake);
-        refused(A::fwdC(ac, reinterpret_cast<typename A::C*>(b.data()), c, nullptr));
-        refused(A::invC(ac, ac, c, nullptr));
-        refused(A::bufC(c, &size));
-        refused(A::freeC(c));
-    }
-    if (id != own + 1) {
-        auto* c = static_cast<typename A::SpecS*>(fake);
-        refused(A::fwdS(a.data(), a.data(), b.data(), b.data(), c, nullptr));
-        refused(A::invS(a.data(), a.data(), b.data(), b.data(), c, nullptr));
-        refused(A::bufS(c, &size));
-        refused(A::freeS(c));
-    }
-    if (id != own + 2) {
-        auto* c = static_cast<typename A::SpecR*>(fake);
-        for (auto f : {A::fwdPack, A::fwdPerm, A::fwdCcs, A::invPack, A::invPerm, A::invCcs})
-            refused(f(a.data(), b.data(), c, nullptr));
-        refused(A::bufR(c, &size));
-        refused(A::freeR(c));
-    }
-    EXPECT_EQ(size, 12345);
-    EXPECT_TRUE(vt::bits_equal(a, a0));
-    EXPECT_TRUE(vt::bits_equal(b, b0));
-}
-
-// Every kind's functions refuse the identifiers of the other kinds (1..9) and 0.
-TEST(FftObjects, ContextMismatch) {
-    struct Fake {
-        int32_t id;
-        unsigned char rest[252];
-    } fake{};
-    for (int id = 0; id <= 10; ++id) {
-        fake.id = id;
-        mismatch_case<float>(&fake, id, 4);
-        mismatch_case<double>(&fake, id, 7);
-    }
-}
-
-TEST(FftObjects, NullPointersAndCheckOrder) {
-    VeksFFTSpec_C_32fc* plan = nullptr;
-    ASSERT_EQ(veksFFTInitAlloc_C_32fc(&plan, 6, 1, vekAlgHintNone), vekStsOk);
-    std::vector<Vek32fc> x(64, Vek32fc{1, 2}), y(64, Vek32fc{3, 4});
-    const auto y0 = y;
-    int size = 0;
-    EXPECT_EQ(veksFFTFwd_CToC_32fc(x.data(), y.data(), nullptr, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, y.data(), plan, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInv_CToC_32fc(x.data(), nullptr, plan, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTGetBufSize_C_32fc(plan, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTGetBufSize_C_32fc(nullptr, &size), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTFree_C_32fc(nullptr), vekStsNullPointerErr);
-    // The object is checked before the data pointers.
-    struct {
-        int32_t id = 6;
-        int32_t pad[63] = {};
-    } other;
-    EXPECT_EQ(veksFFTFwd_CToC_32fc(nullptr, nullptr, reinterpret_cast<VeksFFTSpec_C_32fc*>(&other),
-                                   nullptr),
-              vekStsContextMismatchErr);
-    for (size_t i = 0; i < y.size(); ++i) EXPECT_TRUE(vt::same_bits(y[i], y0[i]));
-    VeksFFTSpec_R_32f* r = nullptr;
-    ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, 6, 1, vekAlgHintNone), vekStsOk);
-    std::vector<float> rx(66, 1.0f);
-    EXPECT_EQ(veksFFTFwd_RToPack_32f(nullptr, rx.data(), r, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTInv_CCSToR_32f(rx.data(), nullptr, r, nullptr), vekStsNullPointerErr);
-    EXPECT_EQ(veksFFTFree_R_32f(r), vekStsOk);
-    EXPECT_EQ(veksFFTFree_C_32fc(plan), vekStsOk);
 }
 
 TEST(FftObjects, OrderZeroScalesTheSinglePoint) {

@@ -493,7 +493,7 @@ inline size_t stream_blocks(T* d, size_t n, X x_at, Y y_at, F f, Plain plain) {
 // Two vectors of T: d = f(a, b).
 template <class T, class F>
 inline void vv(const T* a, const T* b, T* d, size_t n, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     size_t i = 0;
     if (streams(d, 3 * n * sizeof(T))) {
         using W = Wide<T>;
@@ -516,7 +516,7 @@ inline void vv(const T* a, const T* b, T* d, size_t n, F f) {
 // A vector and a constant: d = f(s, c).
 template <class T, class F>
 inline void vc(const T* s, T c, T* d, size_t n, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     const auto cv = V::splat(c);
     map_blocks<V>(
         d, n, 0, [s](size_t k) { return V::load(s + k); },
@@ -528,7 +528,7 @@ inline void vc(const T* s, T c, T* d, size_t n, F f) {
 // as a vector constant.
 template <class T, class F>
 inline void vc_pair(const T* s, T re, T im, T* d, size_t n2, F f) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     if constexpr (V::lanes == 1) {
         for (size_t k = 0; k < n2; k += 2) {
             d[k] = V::first(f(V{}, V::splat(s[k]), V::splat(re)));
@@ -608,21 +608,32 @@ void subcrev_cv(const C* s, C c, C* d, size_t n) {
 // applies the zero-divisor rule and reports it.
 template <class T>
 int div_v(const T* a, const T* b, T* d, size_t n) {
-    using V = Resident<T>;
+    using V = Wide<T>;
     if constexpr (V::lanes == 1) {
         return div_f(a, b, d, n);
     } else {
         int zero = 0;
         const auto z = V::zero();
         size_t i = 0;
+        const bool stream = streams(d, 3 * n * sizeof(T));
+        if (stream) { // plain up to the first 64-byte boundary of d, then streaming stores
+            i = ((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T);
+            if (i > n) i = n;
+            zero |= div_f(a, b, d, i);
+        }
         for (; i + V::lanes <= n; i += V::lanes) {
             const auto x = V::load(a + i);
             if (V::any(V::eq(x, z))) {
                 zero |= div_f(a + i, b + i, d + i, V::lanes);
                 continue;
             }
-            V::store(d + i, V::div(V::load(b + i), x));
+            const auto q = V::div(V::load(b + i), x);
+            if (stream)
+                V::stream(d + i, q);
+            else
+                V::store(d + i, q);
         }
+        if (stream) simd::stream_fence();
         // A partial vector would read its absent lanes as zero divisors: the plain loop ends.
         if (i < n) zero |= div_f(a + i, b + i, d + i, n - i);
         return zero;
@@ -780,7 +791,9 @@ int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, size_t n) {
                 U::max(U::bit_and(VC::bits(xr), magnitude), U::bit_and(VC::bits(xi), magnitude));
             const auto dn = VC::bits(den);
             const auto low = U::min(U::add(m, minus_one), dn), high = U::max(m, dn);
-            if (U::any(U::lt(low, lo)) || U::any(U::gt(high, hi))) {
+            // low >= lo and high <= hi in every lane, as equalities of unsigned min and max.
+            const auto ok = U::bit_and(U::eq(U::max(low, lo), low), U::eq(U::min(high, hi), high));
+            if (!U::all(ok)) {
                 zero |= div_c(a + i, b + i, d + i, 8);
                 continue;
             }

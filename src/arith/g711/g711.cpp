@@ -8,29 +8,45 @@ using namespace veks;
 
 namespace {
 
-template <class S, class D>
-VekStatus run(void (*const kern::G711Kernels::*member)(const S*, D*, int), const S* pSrc, D* pDst,
-              int len) {
+using K = kern::G711Kernels;
+
+template <class S, class D, void (*K::*Op)(const S*, D*, size_t)>
+VekStatus run(const S* pSrc, D* pDst, int len) {
     VEK_CHECK(non_null(pSrc, pDst));
     VEK_CHECK(length_at_least(len));
-    (kern::g711_kernels().*member)(pSrc, pDst, len);
+    (kern::g711_kernels().*Op)(pSrc, pDst, static_cast<size_t>(len));
     return vekStsOk;
 }
 
 } // namespace
 
-#define VEK_G711(name, S, D, member)                                                               \
-    VEK_EXPORT VekStatus name(const Vek##S* pSrc, Vek##D* pDst, int len) {                         \
-        return run(&kern::G711Kernels::member, pSrc, pDst, len);                                   \
-    }
-
-VEK_G711(veksALawToLin_8u16s, 8u, 16s, alaw_to_16s)
-VEK_G711(veksALawToLin_8u32f, 8u, 32f, alaw_to_32f)
-VEK_G711(veksMuLawToLin_8u16s, 8u, 16s, mulaw_to_16s)
-VEK_G711(veksMuLawToLin_8u32f, 8u, 32f, mulaw_to_32f)
-VEK_G711(veksLinToALaw_16s8u, 16s, 8u, alaw_from_16s)
-VEK_G711(veksLinToALaw_32f8u, 32f, 8u, alaw_from_32f)
-VEK_G711(veksLinToMuLaw_16s8u, 16s, 8u, mulaw_from_16s)
-VEK_G711(veksLinToMuLaw_32f8u, 32f, 8u, mulaw_from_32f)
-VEK_G711(veksALawToMuLaw_8u, 8u, 8u, alaw_to_mulaw)
-VEK_G711(veksMuLawToALaw_8u, 8u, 8u, mulaw_to_alaw)
+VEK_EXPORT VekStatus veksALawToLin_8u16s(const Vek8u* pSrc, Vek16s* pDst, int len) {
+    return run<Vek8u, Vek16s, &K::alaw_to_16s>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksALawToLin_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len) {
+    return run<Vek8u, Vek32f, &K::alaw_to_32f>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksMuLawToLin_8u16s(const Vek8u* pSrc, Vek16s* pDst, int len) {
+    return run<Vek8u, Vek16s, &K::mulaw_to_16s>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksMuLawToLin_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len) {
+    return run<Vek8u, Vek32f, &K::mulaw_to_32f>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksLinToALaw_16s8u(const Vek16s* pSrc, Vek8u* pDst, int len) {
+    return run<Vek16s, Vek8u, &K::alaw_from_16s>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksLinToALaw_32f8u(const Vek32f* pSrc, Vek8u* pDst, int len) {
+    return run<Vek32f, Vek8u, &K::alaw_from_32f>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksLinToMuLaw_16s8u(const Vek16s* pSrc, Vek8u* pDst, int len) {
+    return run<Vek16s, Vek8u, &K::mulaw_from_16s>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksLinToMuLaw_32f8u(const Vek32f* pSrc, Vek8u* pDst, int len) {
+    return run<Vek32f, Vek8u, &K::mulaw_from_32f>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksALawToMuLaw_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {
+    return run<Vek8u, Vek8u, &K::alaw_to_mulaw>(pSrc, pDst, len);
+}
+VEK_EXPORT VekStatus veksMuLawToALaw_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {
+    return run<Vek8u, Vek8u, &K::mulaw_to_alaw>(pSrc, pDst, len);
+}

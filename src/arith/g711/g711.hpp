@@ -19,6 +19,7 @@
 //   same sign whose level is one of the two levels of the other law that bracket its own.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "simd/isa.hpp"
@@ -28,16 +29,16 @@
 namespace veks::kern {
 
 struct G711Kernels {
-    void (*alaw_to_16s)(const Vek8u* s, Vek16s* d, int n);
-    void (*alaw_to_32f)(const Vek8u* s, Vek32f* d, int n);
-    void (*mulaw_to_16s)(const Vek8u* s, Vek16s* d, int n);
-    void (*mulaw_to_32f)(const Vek8u* s, Vek32f* d, int n);
-    void (*alaw_from_16s)(const Vek16s* s, Vek8u* d, int n);
-    void (*alaw_from_32f)(const Vek32f* s, Vek8u* d, int n);
-    void (*mulaw_from_16s)(const Vek16s* s, Vek8u* d, int n);
-    void (*mulaw_from_32f)(const Vek32f* s, Vek8u* d, int n);
-    void (*alaw_to_mulaw)(const Vek8u* s, Vek8u* d, int n);
-    void (*mulaw_to_alaw)(const Vek8u* s, Vek8u* d, int n);
+    void (*alaw_to_16s)(const Vek8u* s, Vek16s* d, size_t n);
+    void (*alaw_to_32f)(const Vek8u* s, Vek32f* d, size_t n);
+    void (*mulaw_to_16s)(const Vek8u* s, Vek16s* d, size_t n);
+    void (*mulaw_to_32f)(const Vek8u* s, Vek32f* d, size_t n);
+    void (*alaw_from_16s)(const Vek16s* s, Vek8u* d, size_t n);
+    void (*alaw_from_32f)(const Vek32f* s, Vek8u* d, size_t n);
+    void (*mulaw_from_16s)(const Vek16s* s, Vek8u* d, size_t n);
+    void (*mulaw_from_32f)(const Vek32f* s, Vek8u* d, size_t n);
+    void (*alaw_to_mulaw)(const Vek8u* s, Vek8u* d, size_t n);
+    void (*mulaw_to_alaw)(const Vek8u* s, Vek8u* d, size_t n);
 };
 
 namespace companding {

@@ -8,9 +8,7 @@
 
 #include <cstdint>
 
-#if VEK_ISA_LEVEL >= 2
-#include <immintrin.h>
-#endif
+#include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -34,94 +32,85 @@ constexpr DecodeTables kDecode = make_decode_tables();
 constexpr float kInv32768 = 1.0f / 32768.0f;
 
 #if VEK_ISA_LEVEL >= 2
+using VI = simd::Vec<int32_t, 8>;
+using VF = simd::Vec<float, 8>;
+using R = VI::R;
+
+inline R k32(int32_t v) { return VI::splat(v); }
+
 // Eight codes to eight linear samples in 32-bit lanes.
-inline __m256i alaw_decode8(__m128i bytes) {
-    const __m256i c = _mm256_xor_si256(_mm256_cvtepu8_epi32(bytes), _mm256_set1_epi32(0x55));
-    const __m256i seg = _mm256_and_si256(_mm256_srli_epi32(c, 4), _mm256_set1_epi32(7));
-    const __m256i mant = _mm256_slli_epi32(_mm256_and_si256(c, _mm256_set1_epi32(15)), 4);
-    const __m256i seg0 = _mm256_cmpeq_epi32(seg, _mm256_setzero_si256());
-    // Segment 0: mant + 8; segment s: (mant + 0x108) << (s - 1).
-    const __m256i base =
-        _mm256_add_epi32(_mm256_set1_epi32(8), _mm256_andnot_si256(seg0, _mm256_set1_epi32(0x100)));
-    const __m256i shift =
-        _mm256_max_epi32(_mm256_sub_epi32(seg, _mm256_set1_epi32(1)), _mm256_setzero_si256());
-    const __m256i mag = _mm256_sllv_epi32(_mm256_add_epi32(mant, base), shift);
-    const __m256i neg =
-        _mm256_cmpeq_epi32(_mm256_and_si256(c, _mm256_set1_epi32(0x80)), _mm256_setzero_si256());
-    return _mm256_sub_epi32(_mm256_xor_si256(mag, neg), neg);
+inline R alaw_decode8(const Vek8u* s) {
+    const R c = VI::bit_xor(VI::load_extend(s), k32(0x55));
+    const R seg = VI::bit_and(VI::shift_right(c, 4), k32(7));
+    const R mant = VI::shift_left(VI::bit_and(c, k32(15)), 4);
+    const R seg0 = VI::eq(seg, VI::zero());
+    const R base = VI::add(k32(8), VI::bit_andnot(seg0, k32(0x100)));
+    const R shift = VI::max(VI::sub(seg, k32(1)), VI::zero());
+    const R mag = VI::shift_left_each(VI::add(mant, base), shift);
+    const R neg = VI::eq(VI::bit_and(c, k32(0x80)), VI::zero());
+    return VI::sub(VI::bit_xor(mag, neg), neg);
 }
 
-inline __m256i mulaw_decode8(__m128i bytes) {
-    const __m256i c = _mm256_xor_si256(_mm256_cvtepu8_epi32(bytes), _mm256_set1_epi32(0xFF));
-    const __m256i exp = _mm256_and_si256(_mm256_srli_epi32(c, 4), _mm256_set1_epi32(7));
-    const __m256i mant = _mm256_slli_epi32(_mm256_and_si256(c, _mm256_set1_epi32(15)), 3);
-    const __m256i bias = _mm256_set1_epi32(0x84);
-    const __m256i mag =
-        _mm256_sub_epi32(_mm256_sllv_epi32(_mm256_add_epi32(mant, bias), exp), bias);
-    const __m256i neg = _mm256_srai_epi32(_mm256_slli_epi32(c, 24), 31);
-    return _mm256_sub_epi32(_mm256_xor_si256(mag, neg), neg);
+inline R mulaw_decode8(const Vek8u* s) {
+    const R c = VI::bit_xor(VI::load_extend(s), k32(0xFF));
+    const R exp = VI::bit_and(VI::shift_right(c, 4), k32(7));
+    const R mant = VI::shift_left(VI::bit_and(c, k32(15)), 3);
+    const R bias = k32(0x84);
+    const R mag = VI::sub(VI::shift_left_each(VI::add(mant, bias), exp), bias);
+    const R neg = VI::shift_right(VI::shift_left(c, 24), 31);
+    return VI::sub(VI::bit_xor(mag, neg), neg);
 }
 
-// Segment (0..7) of non-negative x <= 32767 read from the float exponent; negative x gives 0.
-inline __m256i segment8(__m256i x) {
-    const __m256i e = _mm256_and_si256(
-        _mm256_srli_epi32(_mm256_castps_si256(_mm256_cvtepi32_ps(x)), 23), _mm256_set1_epi32(0xFF));
-    return _mm256_max_epi32(_mm256_sub_epi32(e, _mm256_set1_epi32(134)), _mm256_setzero_si256());
+// Segment of a magnitude 0 <= x < 2^15: from the exponent of its exact float conversion.
+inline R segment8(R x) {
+    const R e = VI::bit_and(VI::shift_right(VF::bits(VI::to_float(x)), 23), k32(0xFF));
+    return VI::max(VI::sub(e, k32(134)), VI::zero());
 }
 
-inline __m256i alaw_encode8(__m256i x) {
-    const __m256i neg = _mm256_cmpgt_epi32(_mm256_setzero_si256(), x);
-    const __m256i mask = _mm256_blendv_epi8(_mm256_set1_epi32(0xD5), _mm256_set1_epi32(0x55), neg);
-    const __m256i flipped =
-        _mm256_sub_epi32(_mm256_sub_epi32(_mm256_setzero_si256(), x), _mm256_set1_epi32(8));
-    x = _mm256_blendv_epi8(x, flipped, neg);
-    const __m256i seg = segment8(x);
-    const __m256i shift =
-        _mm256_add_epi32(_mm256_max_epi32(seg, _mm256_set1_epi32(1)), _mm256_set1_epi32(3));
-    const __m256i mant = _mm256_and_si256(_mm256_srlv_epi32(x, shift), _mm256_set1_epi32(15));
-    return _mm256_xor_si256(_mm256_or_si256(mant, _mm256_slli_epi32(seg, 4)), mask);
+inline R alaw_encode8(R x) {
+    const R neg = VI::gt(VI::zero(), x);
+    const R mask = VI::select(neg, k32(0x55), k32(0xD5));
+    x = VI::select(neg, VI::sub(VI::sub(VI::zero(), x), k32(8)), x);
+    const R seg = segment8(x);
+    const R shift = VI::add(VI::max(seg, k32(1)), k32(3));
+    const R mant = VI::bit_and(VI::shift_right_each(x, shift), k32(15));
+    return VI::bit_xor(VI::bit_or(mant, VI::shift_left(seg, 4)), mask);
 }
 
-inline __m256i mulaw_encode8(__m256i x) {
-    const __m256i neg = _mm256_cmpgt_epi32(_mm256_setzero_si256(), x);
-    const __m256i mask = _mm256_blendv_epi8(_mm256_set1_epi32(0xFF), _mm256_set1_epi32(0x7F), neg);
-    x = _mm256_min_epi32(_mm256_add_epi32(_mm256_abs_epi32(x), _mm256_set1_epi32(0x84)),
-                         _mm256_set1_epi32(0x7FFF));
-    const __m256i seg = segment8(x);
-    const __m256i mant = _mm256_and_si256(
-        _mm256_srlv_epi32(x, _mm256_add_epi32(seg, _mm256_set1_epi32(3))), _mm256_set1_epi32(15));
-    return _mm256_xor_si256(_mm256_or_si256(mant, _mm256_slli_epi32(seg, 4)), mask);
+inline R mulaw_encode8(R x) {
+    const R neg = VI::gt(VI::zero(), x);
+    const R mask = VI::select(neg, k32(0x7F), k32(0xFF));
+    x = VI::min(VI::add(VI::abs(x), k32(0x84)), k32(0x7FFF));
+    const R seg = segment8(x);
+    const R mant = VI::bit_and(VI::shift_right_each(x, VI::add(seg, k32(3))), k32(15));
+    return VI::bit_xor(VI::bit_or(mant, VI::shift_left(seg, 4)), mask);
 }
 
 // Float samples to the 16-bit scale: x * 32768, NaN to 0, clamp, truncate.
-inline __m256i float_to_linear8(const float* s) {
-    __m256 y = _mm256_mul_ps(_mm256_loadu_ps(s), _mm256_set1_ps(32768.0f));
-    y = _mm256_and_ps(y, _mm256_cmp_ps(y, y, _CMP_ORD_Q));
-    y = _mm256_min_ps(_mm256_max_ps(y, _mm256_set1_ps(-32768.0f)), _mm256_set1_ps(32767.0f));
-    return _mm256_cvttps_epi32(y);
+inline R float_to_linear8(const float* s) {
+    auto y = VF::mul(VF::load(s), VF::splat(32768.0f));
+    y = VF::select(VF::unordered(y, y), VF::zero(), y);
+    y = VF::min(VF::max(y, VF::splat(-32768.0f)), VF::splat(32767.0f));
+    return VI::from_float_trunc(y);
 }
 
 // Sixteen 32-bit lanes holding bytes 0..255 to sixteen bytes, in order.
-inline void store_bytes16(Vek8u* d, __m256i a, __m256i b) {
-    const __m256i p = _mm256_permute4x64_epi64(_mm256_packs_epi32(a, b), 0xD8);
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(d),
-                     _mm_packus_epi16(_mm256_castsi256_si128(p), _mm256_extracti128_si256(p, 1)));
-}
-
-inline __m128i load8(const Vek8u* s) {
-    return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(s));
+inline void store_bytes16(Vek8u* d, R a, R b) {
+    using V16 = simd::Vec<int16_t, 16>;
+    const auto p = VI::narrow_sat_in_order<int16_t>(a, b);
+    simd::Vec<uint8_t, 16>::store(
+        d, simd::Vec<int16_t, 8>::narrow_sat<uint8_t>(V16::low(p), V16::high(p)));
 }
 #endif
 
 template <bool Alaw>
-void decode_16s(const Vek8u* s, Vek16s* d, int n) {
-    int i = 0;
+void decode_16s(const Vek8u* s, Vek16s* d, size_t n) {
+    size_t i = 0;
 #if VEK_ISA_LEVEL >= 2
     for (; i + 16 <= n; i += 16) {
-        const __m256i a = Alaw ? alaw_decode8(load8(s + i)) : mulaw_decode8(load8(s + i));
-        const __m256i b = Alaw ? alaw_decode8(load8(s + i + 8)) : mulaw_decode8(load8(s + i + 8));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(d + i),
-                            _mm256_permute4x64_epi64(_mm256_packs_epi32(a, b), 0xD8));
+        const R a = Alaw ? alaw_decode8(s + i) : mulaw_decode8(s + i);
+        const R b = Alaw ? alaw_decode8(s + i + 8) : mulaw_decode8(s + i + 8);
+        simd::Vec<int16_t, 16>::store(d + i, VI::narrow_sat_in_order<int16_t>(a, b));
     }
 #endif
     const int16_t* t = Alaw ? kDecode.alaw : kDecode.mulaw;
@@ -129,13 +118,13 @@ void decode_16s(const Vek8u* s, Vek16s* d, int n) {
 }
 
 template <bool Alaw>
-void decode_32f(const Vek8u* s, Vek32f* d, int n) {
-    int i = 0;
+void decode_32f(const Vek8u* s, Vek32f* d, size_t n) {
+    size_t i = 0;
 #if VEK_ISA_LEVEL >= 2
-    const __m256 k = _mm256_set1_ps(kInv32768);
+    const auto k = VF::splat(kInv32768);
     for (; i + 8 <= n; i += 8) {
-        const __m256i v = Alaw ? alaw_decode8(load8(s + i)) : mulaw_decode8(load8(s + i));
-        _mm256_storeu_ps(d + i, _mm256_mul_ps(_mm256_cvtepi32_ps(v), k));
+        const R v = Alaw ? alaw_decode8(s + i) : mulaw_decode8(s + i);
+        VF::store(d + i, VF::mul(VI::to_float(v), k));
     }
 #endif
     const int16_t* t = Alaw ? kDecode.alaw : kDecode.mulaw;
@@ -143,13 +132,11 @@ void decode_32f(const Vek8u* s, Vek32f* d, int n) {
 }
 
 template <bool Alaw>
-void encode_16s(const Vek16s* s, Vek8u* d, int n) {
-    int i = 0;
+void encode_16s(const Vek16s* s, Vek8u* d, size_t n) {
+    size_t i = 0;
 #if VEK_ISA_LEVEL >= 2
     for (; i + 16 <= n; i += 16) {
-        const __m256i x = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(s + i));
-        const __m256i a = _mm256_cvtepi16_epi32(_mm256_castsi256_si128(x));
-        const __m256i b = _mm256_cvtepi16_epi32(_mm256_extracti128_si256(x, 1));
+        const R a = VI::load_extend(s + i), b = VI::load_extend(s + i + 8);
         store_bytes16(d + i, Alaw ? alaw_encode8(a) : mulaw_encode8(a),
                       Alaw ? alaw_encode8(b) : mulaw_encode8(b));
     }
@@ -158,11 +145,11 @@ void encode_16s(const Vek16s* s, Vek8u* d, int n) {
 }
 
 template <bool Alaw>
-void encode_32f(const Vek32f* s, Vek8u* d, int n) {
-    int i = 0;
+void encode_32f(const Vek32f* s, Vek8u* d, size_t n) {
+    size_t i = 0;
 #if VEK_ISA_LEVEL >= 2
     for (; i + 16 <= n; i += 16) {
-        const __m256i a = float_to_linear8(s + i), b = float_to_linear8(s + i + 8);
+        const R a = float_to_linear8(s + i), b = float_to_linear8(s + i + 8);
         store_bytes16(d + i, Alaw ? alaw_encode8(a) : mulaw_encode8(a),
                       Alaw ? alaw_encode8(b) : mulaw_encode8(b));
     }
@@ -174,18 +161,18 @@ void encode_32f(const Vek32f* s, Vek8u* d, int n) {
 }
 
 // Table transcoding, eight codes per step.
-void transcode(const uint8_t* table, const Vek8u* s, Vek8u* d, int n) {
-    int i = 0;
+void transcode(const uint8_t* table, const Vek8u* s, Vek8u* d, size_t n) {
+    size_t i = 0;
     for (; i + 8 <= n; i += 8) {
         uint8_t b[8];
-        for (int k = 0; k < 8; ++k) b[k] = table[s[i + k]];
-        for (int k = 0; k < 8; ++k) d[i + k] = b[k];
+        for (size_t k = 0; k < 8; ++k) b[k] = table[s[i + k]];
+        for (size_t k = 0; k < 8; ++k) d[i + k] = b[k];
     }
     for (; i < n; ++i) d[i] = table[s[i]];
 }
 
-void alaw_to_mulaw(const Vek8u* s, Vek8u* d, int n) { transcode(kAlawToMulaw.t, s, d, n); }
-void mulaw_to_alaw(const Vek8u* s, Vek8u* d, int n) { transcode(kMulawToAlaw.t, s, d, n); }
+void alaw_to_mulaw(const Vek8u* s, Vek8u* d, size_t n) { transcode(kAlawToMulaw.t, s, d, n); }
+void mulaw_to_alaw(const Vek8u* s, Vek8u* d, size_t n) { transcode(kMulawToAlaw.t, s, d, n); }
 
 } // namespace
 

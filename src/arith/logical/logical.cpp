@@ -11,87 +11,169 @@ namespace {
 
 using K = kern::LogicalKernels;
 
-template <class T, void (*K::*Op)(const T*, const T*, T*, int)>
+template <class T, void (*K::*Op)(const T*, const T*, T*, size_t)>
 VekStatus binary(const T* pSrc1, const T* pSrc2, T* pDst, int len) {
     VEK_CHECK(non_null(pSrc1, pSrc2, pDst));
     VEK_CHECK(length_at_least(len));
-    (kern::logical_kernels().*Op)(pSrc1, pSrc2, pDst, len);
+    (kern::logical_kernels().*Op)(pSrc1, pSrc2, pDst, static_cast<size_t>(len));
     return vekStsOk;
 }
 
-template <class T, void (*K::*Op)(const T*, T, T*, int)>
+template <class T, void (*K::*Op)(const T*, T, T*, size_t)>
 VekStatus with_const(const T* pSrc, T value, T* pDst, int len) {
     VEK_CHECK(non_null(pSrc, pDst));
     VEK_CHECK(length_at_least(len));
-    (kern::logical_kernels().*Op)(pSrc, value, pDst, len);
+    (kern::logical_kernels().*Op)(pSrc, value, pDst, static_cast<size_t>(len));
     return vekStsOk;
 }
 
-template <class T, void (*K::*Op)(const T*, int, T*, int)>
+template <class T, void (*K::*Op)(const T*, int, T*, size_t)>
 VekStatus shift(const T* pSrc, int shift, T* pDst, int len) {
     VEK_CHECK(non_null(pSrc, pDst));
     VEK_CHECK(length_at_least(len));
     VEK_CHECK(require(shift >= 0, vekStsShiftErr));
-    (kern::logical_kernels().*Op)(pSrc, shift, pDst, len);
+    (kern::logical_kernels().*Op)(pSrc, shift, pDst, static_cast<size_t>(len));
     return vekStsOk;
 }
 
 } // namespace
 
-#define VEK_BITWISE(NAME, OP, S, T)                                                                \
-    VEK_EXPORT VekStatus veks##NAME##_##S(const T* pSrc1, const T* pSrc2, T* pDst, int len) {      \
-        return binary<T, &K::OP##_##S>(pSrc1, pSrc2, pDst, len);                                   \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veks##NAME##_##S##_I(const T* pSrc, T* pSrcDst, int len) {                \
-        return binary<T, &K::OP##_##S>(pSrcDst, pSrc, pSrcDst, len);                               \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veks##NAME##C_##S(const T* pSrc, T value, T* pDst, int len) {             \
-        return with_const<T, &K::OP##c_##S>(pSrc, value, pDst, len);                               \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veks##NAME##C_##S##_I(T value, T* pSrcDst, int len) {                     \
-        return with_const<T, &K::OP##c_##S>(pSrcDst, value, pSrcDst, len);                         \
-    }
-VEK_BITWISE(And, and, 8u, Vek8u)
-VEK_BITWISE(And, and, 16u, Vek16u)
-VEK_BITWISE(Or, or, 8u, Vek8u)
-VEK_BITWISE(Or, or, 16u, Vek16u)
-VEK_BITWISE(Xor, xor, 8u, Vek8u)
-VEK_BITWISE(Xor, xor, 16u, Vek16u)
+VEK_EXPORT VekStatus veksAnd_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len) {
+    return binary<Vek8u, &K::and_8u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksAnd_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len) {
+    return binary<Vek8u, &K::and_8u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksAndC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len) {
+    return with_const<Vek8u, &K::andc_8u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksAndC_8u_I(Vek8u value, Vek8u* pSrcDst, int len) {
+    return with_const<Vek8u, &K::andc_8u>(pSrcDst, value, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksAnd_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len) {
+    return binary<Vek16u, &K::and_16u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksAnd_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len) {
+    return binary<Vek16u, &K::and_16u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksAndC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len) {
+    return with_const<Vek16u, &K::andc_16u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksAndC_16u_I(Vek16u value, Vek16u* pSrcDst, int len) {
+    return with_const<Vek16u, &K::andc_16u>(pSrcDst, value, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksOr_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len) {
+    return binary<Vek8u, &K::or_8u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksOr_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len) {
+    return binary<Vek8u, &K::or_8u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksOrC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len) {
+    return with_const<Vek8u, &K::orc_8u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksOrC_8u_I(Vek8u value, Vek8u* pSrcDst, int len) {
+    return with_const<Vek8u, &K::orc_8u>(pSrcDst, value, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksOr_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len) {
+    return binary<Vek16u, &K::or_16u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksOr_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len) {
+    return binary<Vek16u, &K::or_16u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksOrC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len) {
+    return with_const<Vek16u, &K::orc_16u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksOrC_16u_I(Vek16u value, Vek16u* pSrcDst, int len) {
+    return with_const<Vek16u, &K::orc_16u>(pSrcDst, value, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksXor_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len) {
+    return binary<Vek8u, &K::xor_8u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksXor_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len) {
+    return binary<Vek8u, &K::xor_8u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksXorC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len) {
+    return with_const<Vek8u, &K::xorc_8u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksXorC_8u_I(Vek8u value, Vek8u* pSrcDst, int len) {
+    return with_const<Vek8u, &K::xorc_8u>(pSrcDst, value, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksXor_16u(const Vek16u* pSrc1, const Vek16u* pSrc2, Vek16u* pDst, int len) {
+    return binary<Vek16u, &K::xor_16u>(pSrc1, pSrc2, pDst, len);
+}
+VEK_EXPORT VekStatus veksXor_16u_I(const Vek16u* pSrc, Vek16u* pSrcDst, int len) {
+    return binary<Vek16u, &K::xor_16u>(pSrcDst, pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksXorC_16u(const Vek16u* pSrc, Vek16u value, Vek16u* pDst, int len) {
+    return with_const<Vek16u, &K::xorc_16u>(pSrc, value, pDst, len);
+}
+VEK_EXPORT VekStatus veksXorC_16u_I(Vek16u value, Vek16u* pSrcDst, int len) {
+    return with_const<Vek16u, &K::xorc_16u>(pSrcDst, value, pSrcDst, len);
+}
 
 // The complement is the exclusive or with the all-ones constant of the type.
 VEK_EXPORT VekStatus veksNot_8u(const Vek8u* pSrc, Vek8u* pDst, int len) {
-    return veksXorC_8u(pSrc, 0xFF, pDst, len);
+    return with_const<Vek8u, &K::xorc_8u>(pSrc, 0xFF, pDst, len);
 }
 VEK_EXPORT VekStatus veksNot_8u_I(Vek8u* pSrcDst, int len) {
-    return veksXorC_8u_I(0xFF, pSrcDst, len);
+    return with_const<Vek8u, &K::xorc_8u>(pSrcDst, 0xFF, pSrcDst, len);
 }
 VEK_EXPORT VekStatus veksNot_16u(const Vek16u* pSrc, Vek16u* pDst, int len) {
-    return veksXorC_16u(pSrc, 0xFFFF, pDst, len);
+    return with_const<Vek16u, &K::xorc_16u>(pSrc, 0xFFFF, pDst, len);
 }
 VEK_EXPORT VekStatus veksNot_16u_I(Vek16u* pSrcDst, int len) {
-    return veksXorC_16u_I(0xFFFF, pSrcDst, len);
+    return with_const<Vek16u, &K::xorc_16u>(pSrcDst, 0xFFFF, pSrcDst, len);
 }
 
-#define VEK_SHIFT(NAME, OP, S, T)                                                                  \
-    VEK_EXPORT VekStatus veks##NAME##_##S(const T* pSrc, int shift, T* pDst, int len) {            \
-        return ::shift<T, &K::OP>(pSrc, shift, pDst, len);                                         \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veks##NAME##_##S##_I(int shift, T* pSrcDst, int len) {                    \
-        return ::shift<T, &K::OP>(pSrcDst, shift, pSrcDst, len);                                   \
-    }
-VEK_SHIFT(LShiftC, lshift_8u, 8u, Vek8u)
-VEK_SHIFT(LShiftC, lshift_16u, 16u, Vek16u)
-VEK_SHIFT(LShiftC, lshift_32s, 32s, Vek32s)
-VEK_SHIFT(RShiftC, rshift_8u, 8u, Vek8u)
-VEK_SHIFT(RShiftC, rshift_16u, 16u, Vek16u)
-VEK_SHIFT(RShiftC, rshift_16s, 16s, Vek16s)
-VEK_SHIFT(RShiftC, rshift_32s, 32s, Vek32s)
+VEK_EXPORT VekStatus veksLShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len) {
+    return ::shift<Vek8u, &K::lshift_8u>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksLShiftC_8u_I(int shift, Vek8u* pSrcDst, int len) {
+    return ::shift<Vek8u, &K::lshift_8u>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksLShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len) {
+    return ::shift<Vek16u, &K::lshift_16u>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksLShiftC_16u_I(int shift, Vek16u* pSrcDst, int len) {
+    return ::shift<Vek16u, &K::lshift_16u>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksLShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) {
+    return ::shift<Vek32s, &K::lshift_32s>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksLShiftC_32s_I(int shift, Vek32s* pSrcDst, int len) {
+    return ::shift<Vek32s, &K::lshift_32s>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len) {
+    return ::shift<Vek8u, &K::rshift_8u>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_8u_I(int shift, Vek8u* pSrcDst, int len) {
+    return ::shift<Vek8u, &K::rshift_8u>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len) {
+    return ::shift<Vek16u, &K::rshift_16u>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_16u_I(int shift, Vek16u* pSrcDst, int len) {
+    return ::shift<Vek16u, &K::rshift_16u>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) {
+    return ::shift<Vek16s, &K::rshift_16s>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {
+    return ::shift<Vek16s, &K::rshift_16s>(pSrcDst, shift, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len) {
+    return ::shift<Vek32s, &K::rshift_32s>(pSrc, shift, pDst, len);
+}
+VEK_EXPORT VekStatus veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len) {
+    return ::shift<Vek32s, &K::rshift_32s>(pSrcDst, shift, pSrcDst, len);
+}
 
 // A left shift within the width has the same bits for signed and unsigned 16-bit elements.
 VEK_EXPORT VekStatus veksLShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, int len) {
-    return veksLShiftC_16u(reinterpret_cast<const Vek16u*>(pSrc), shift,
-                           reinterpret_cast<Vek16u*>(pDst), len);
+    return ::shift<Vek16u, &K::lshift_16u>(reinterpret_cast<const Vek16u*>(pSrc), shift,
+                                           reinterpret_cast<Vek16u*>(pDst), len);
 }
 VEK_EXPORT VekStatus veksLShiftC_16s_I(int shift, Vek16s* pSrcDst, int len) {
-    return veksLShiftC_16u_I(shift, reinterpret_cast<Vek16u*>(pSrcDst), len);
+    Vek16u* p = reinterpret_cast<Vek16u*>(pSrcDst);
+    return ::shift<Vek16u, &K::lshift_16u>(p, shift, p, len);
 }

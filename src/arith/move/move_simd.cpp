@@ -7,11 +7,9 @@
 #include <cstring>
 
 #include "arith/move/move.hpp"
-#include "simd/ns.hpp"
+#include <type_traits>
 
-#if VEK_ISA_LEVEL >= 1
-#include <immintrin.h>
-#endif
+#include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -35,100 +33,63 @@ inline T identity_s(T x) {
 #if VEK_ISA_LEVEL >= 1
 // ---- One register of VB bytes ---------------------------------------------------------------
 
-#if VEK_ISA_LEVEL >= 3
-using V = __m512i;
-constexpr size_t VB = 64;
-inline V ld(const void* p) { return _mm512_loadu_si512(p); }
-inline void st(void* p, V v) { _mm512_storeu_si512(p, v); }
-inline void stream(void* p, V v) { _mm512_stream_si512(static_cast<__m512i*>(p), v); }
-inline V vxor(V a, V b) { return _mm512_xor_si512(a, b); }
-inline V adds16(V a, V b) { return _mm512_adds_epi16(a, b); }
-#elif VEK_ISA_LEVEL >= 2
-using V = __m256i;
-constexpr size_t VB = 32;
-inline V ld(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i*>(p)); }
-inline void st(void* p, V v) { _mm256_storeu_si256(static_cast<__m256i*>(p), v); }
-inline void stream(void* p, V v) { _mm256_stream_si256(static_cast<__m256i*>(p), v); }
-inline V vxor(V a, V b) { return _mm256_xor_si256(a, b); }
-inline V adds16(V a, V b) { return _mm256_adds_epi16(a, b); }
-#else
-using V = __m128i;
-constexpr size_t VB = 16;
-inline V ld(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-inline void st(void* p, V v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-inline void stream(void* p, V v) { _mm_stream_si128(static_cast<__m128i*>(p), v); }
-inline V vxor(V a, V b) { return _mm_xor_si128(a, b); }
-inline V adds16(V a, V b) { return _mm_adds_epi16(a, b); }
-#endif
+using V = simd::Wide<uint8_t>;
+constexpr size_t VB = V::lanes;
+inline V::R ld(const void* p) { return V::load(static_cast<const uint8_t*>(p)); }
+inline void st(void* p, V::R v) { V::store(static_cast<uint8_t*>(p), v); }
 
 // A register filled with copies of the 16 bytes at p.
-inline V splat16(const void* p) {
+inline V::R splat16(const void* p) {
     alignas(64) unsigned char b[VB];
     for (size_t k = 0; k < VB; k += 16) std::memcpy(b + k, p, 16);
     return ld(b);
 }
 
-// Byte shuffle that reverses the S-byte elements of each 16-byte lane.
-template <size_t S>
-struct LaneReverse {
-    alignas(16) unsigned char b[16] = {};
-    constexpr LaneReverse() {
-        for (size_t k = 0; k < 16; ++k)
-            b[k] = static_cast<unsigned char>((16 / S - 1 - k / S) * S + k % S);
-    }
-};
-
 // Reverses the order of the S-byte elements of a register.
 template <size_t S>
-inline V rev(V x) {
-#if VEK_ISA_LEVEL >= 3
-    if constexpr (S < 16) {
-        static constexpr LaneReverse<S> mask{};
-        x = _mm512_shuffle_epi8(x, splat16(mask.b));
+inline V::R rev(V::R x) {
+    if constexpr (S == 16) {
+        return V::reverse_blocks(x);
+    } else {
+        using E = std::conditional_t<
+            S == 1, uint8_t,
+            std::conditional_t<S == 2, uint16_t, std::conditional_t<S == 4, uint32_t, uint64_t>>>;
+        return simd::Vec<E, VB / S>::reverse(x);
     }
-    return _mm512_maskz_shuffle_i64x2(0xFF, x, x, 0x1B); // (maskz: avoids an undefined operand)
-#elif VEK_ISA_LEVEL >= 2
-    if constexpr (S < 16) {
-        static constexpr LaneReverse<S> mask{};
-        x = _mm256_shuffle_epi8(x, splat16(mask.b));
-    }
-    return _mm256_permute2x128_si256(x, x, 0x01);
-#else
-    if constexpr (S == 16) return x;
-    if constexpr (S == 8) return _mm_shuffle_epi32(x, 0x4E);
-    if constexpr (S == 4) return _mm_shuffle_epi32(x, 0x1B);
-    if constexpr (S == 1) x = _mm_or_si128(_mm_slli_epi16(x, 8), _mm_srli_epi16(x, 8));
-    x = _mm_shufflelo_epi16(x, 0x1B);
-    x = _mm_shufflehi_epi16(x, 0x1B);
-    return _mm_shuffle_epi32(x, 0x4E);
-#endif
 }
 
-// Register-wide conjugation of interleaved complex values; the 16-byte constants repeat.
+// Register-wide conjugation of interleaved complex values: the imaginary parts' sign bits flipped
+// (floats), or ~im + 1 with signed saturation (16-bit integers). The constants repeat every
+// 16 bytes.
+template <class C>
+struct ConjPattern {
+    alignas(64) unsigned char flip[64], inc[64];
+    constexpr ConjPattern() : flip{}, inc{} {
+        for (size_t k = 0; k < 64; k += sizeof(C)) {
+            if constexpr (sizeof(C) == 4) {
+                flip[k + 2] = flip[k + 3] = 0xFF;
+                inc[k + 2] = 1;
+            } else {
+                flip[k + sizeof(C) - 1] = 0x80;
+            }
+        }
+    }
+};
+template <class C>
+inline constexpr ConjPattern<C> kConj{};
+
 template <class C>
 struct Conj {
-    V flip, inc;
-    Conj() {
-        alignas(16) unsigned char f[16] = {}, a[16] = {};
-        if constexpr (sizeof(C) == 4) {
-            // ~im + 1 with signed saturation: xor the imaginary halves, then add 1 to them.
-            for (int k = 0; k < 16; k += 4) f[k + 2] = f[k + 3] = 0xFF, a[k + 2] = 1;
-        } else {
-            // Sign bit of each imaginary part.
-            constexpr size_t half = sizeof(C) / 2;
-            for (size_t k = 0; k < 16; k += sizeof(C)) f[k + 2 * half - 1] = 0x80;
-        }
-        flip = splat16(f);
-        inc = splat16(a);
-    }
-    V operator()(V x) const {
-        if constexpr (sizeof(C) == 4) return adds16(vxor(x, flip), inc);
-        return vxor(x, flip);
+    V::R flip = ld(kConj<C>.flip), inc = ld(kConj<C>.inc);
+    V::R operator()(V::R x) const {
+        if constexpr (sizeof(C) == 4)
+            return simd::Vec<int16_t, VB / 2>::add_sat(V::bit_xor(x, flip), inc);
+        return V::bit_xor(x, flip);
     }
 };
 
 struct Identity {
-    V operator()(V x) const { return x; }
+    V::R operator()(V::R x) const { return x; }
 };
 #endif
 
@@ -140,12 +101,12 @@ struct Identity {
 constexpr size_t kStreamBytes = size_t{32} << 20;
 
 template <class T>
-void fill(T value, T* dst, int n) {
+void fill(T value, T* dst, size_t n) {
     unsigned char b[sizeof(T)];
     std::memcpy(b, &value, sizeof(T));
     bool uniform = true;
     for (size_t k = 1; k < sizeof(T); ++k) uniform = uniform && b[k] == b[0];
-    const size_t bytes = static_cast<size_t>(n) * sizeof(T);
+    const size_t bytes = n * sizeof(T);
     if (uniform) {
         std::memset(dst, b[0], bytes);
         return;
@@ -154,7 +115,7 @@ void fill(T value, T* dst, int n) {
     if (bytes >= 2 * VB) {
         alignas(16) unsigned char pat[16];
         for (size_t k = 0; k < 16; ++k) pat[k] = b[k % sizeof(T)];
-        const V p = splat16(pat);
+        const V::R p = splat16(pat);
         unsigned char* d = reinterpret_cast<unsigned char*>(dst);
         unsigned char* const end = d + bytes;
         if (bytes >= kStreamBytes) {
@@ -164,9 +125,9 @@ void fill(T value, T* dst, int n) {
             st(d + VB, p);
             const uintptr_t a = (reinterpret_cast<uintptr_t>(d) + VB - 1) & ~uintptr_t{VB - 1};
             unsigned char* q = d + (a - reinterpret_cast<uintptr_t>(d));
-            const V phased = ld(q);
-            for (; q + VB <= end; q += VB) stream(q, phased);
-            _mm_sfence();
+            const V::R phased = ld(q);
+            for (; q + VB <= end; q += VB) V::stream(q, phased);
+            simd::stream_fence();
         } else {
             for (unsigned char* q = d; q + VB <= end; q += VB) st(q, p);
         }
@@ -175,15 +136,15 @@ void fill(T value, T* dst, int n) {
         return;
     }
 #endif
-    for (int i = 0; i < n; ++i) dst[i] = value;
+    for (size_t i = 0; i < n; ++i) dst[i] = value;
 }
 
 // ---- Flip and conjugation -------------------------------------------------------------------
 
 // dst[i] = op(src[n - 1 - i]) for disjoint vectors.
 template <class T, bool Conjugate>
-void flip(const T* src, T* dst, int n) {
-    const size_t N = static_cast<size_t>(n);
+void flip(const T* src, T* dst, size_t n) {
+    const size_t N = n;
     size_t i = 0;
 #if VEK_ISA_LEVEL >= 1
     constexpr size_t E = VB / sizeof(T);
@@ -204,8 +165,8 @@ void flip(const T* src, T* dst, int n) {
 
 // In place: reverses p[0..n) and applies op to every element (the middle one included).
 template <class T, bool Conjugate>
-void flip_i(T* p, int n) {
-    size_t lo = 0, hi = static_cast<size_t>(n);
+void flip_i(T* p, size_t n) {
+    size_t lo = 0, hi = n;
 #if VEK_ISA_LEVEL >= 1
     constexpr size_t E = VB / sizeof(T);
     [[maybe_unused]] const auto op = [] {
@@ -215,7 +176,7 @@ void flip_i(T* p, int n) {
             return Identity{};
     }();
     for (; hi - lo >= 2 * E; lo += E, hi -= E) {
-        const V a = ld(p + lo), b = ld(p + hi - E);
+        const V::R a = ld(p + lo), b = ld(p + hi - E);
         st(p + lo, op(rev<sizeof(T)>(b)));
         st(p + hi - E, op(rev<sizeof(T)>(a)));
     }
@@ -237,8 +198,8 @@ void flip_i(T* p, int n) {
 }
 
 template <class T>
-void conj(const T* src, T* dst, int n) {
-    const size_t N = static_cast<size_t>(n);
+void conj(const T* src, T* dst, size_t n) {
+    const size_t N = n;
     size_t i = 0;
 #if VEK_ISA_LEVEL >= 1
     constexpr size_t E = VB / sizeof(T);
@@ -251,27 +212,27 @@ void conj(const T* src, T* dst, int n) {
 // ---- Split and join -------------------------------------------------------------------------
 
 template <class R, class C>
-void split(const C* src, R* re, R* im, int n) {
+void split(const C* src, R* re, R* im, size_t n) {
     if (re && im) {
-        for (int i = 0; i < n; ++i) {
+        for (size_t i = 0; i < n; ++i) {
             re[i] = src[i].re;
             im[i] = src[i].im;
         }
     } else if (re) {
-        for (int i = 0; i < n; ++i) re[i] = src[i].re;
+        for (size_t i = 0; i < n; ++i) re[i] = src[i].re;
     } else {
-        for (int i = 0; i < n; ++i) im[i] = src[i].im;
+        for (size_t i = 0; i < n; ++i) im[i] = src[i].im;
     }
 }
 
 template <class R, class C>
-void join(const R* re, const R* im, C* dst, int n) {
+void join(const R* re, const R* im, C* dst, size_t n) {
     if (re && im) {
-        for (int i = 0; i < n; ++i) dst[i] = C{re[i], im[i]};
+        for (size_t i = 0; i < n; ++i) dst[i] = C{re[i], im[i]};
     } else if (re) {
-        for (int i = 0; i < n; ++i) dst[i] = C{re[i], R{0}};
+        for (size_t i = 0; i < n; ++i) dst[i] = C{re[i], R{0}};
     } else {
-        for (int i = 0; i < n; ++i) dst[i] = C{R{0}, im[i]};
+        for (size_t i = 0; i < n; ++i) dst[i] = C{R{0}, im[i]};
     }
 }
 

@@ -6,15 +6,18 @@
 // sums wrap in 32 bits; the output is the sum times 2^(factor - scaleFactor), the exponent
 // clamped to -31 .. 31, shifted left with wrap-around or right with rounding half to even, then
 // saturated to 16 bits. The direct forms normalise the caller's taps in the same way on every
-// call, so a direct and a state filter with the same taps give the same outputs.
+// call, so a direct and a state filter with the same taps give the same outputs. Free,
+// GetDlyLine, SetDlyLine and the filtering forms are the templates of fir_entry.hpp.
 #include <climits>
 #include <cmath>
 
-#include "filters/fir/fir_state.hpp"
+#include "filters/fir/fir_entry.hpp"
 #include "simd/numeric.hpp"
 #include "veks_filters.h"
 
 using namespace veks;
+using fir::DatOf;
+using fir::TapOf;
 
 namespace {
 
@@ -29,9 +32,9 @@ inline uint32_t mag_of(const Vek32sc& v) {
 inline Vek32s shifted(Vek32s v, int s) { return v >> s; }
 inline Vek32sc shifted(Vek32sc v, int s) { return Vek32sc{v.re >> s, v.im >> s}; }
 
-// The normalisation shift of a set of taps.
+// Normalises T taps into `out` and returns the shift.
 template <class Tap>
-int norm_shift(const Tap* h, int T) {
+int normalise(const Tap* h, int T, Tap* out) {
     uint32_t m = 0;
     for (int i = 0; i < T; ++i)
         if (mag_of(h[i]) > m) m = mag_of(h[i]);
@@ -40,6 +43,7 @@ int norm_shift(const Tap* h, int T) {
         m >>= 1;
         ++s;
     }
+    for (int i = 0; i < T; ++i) out[i] = shifted(h[i], s);
     return s;
 }
 
@@ -48,34 +52,24 @@ inline int32_t add_sat(int64_t a, int64_t b) {
     return static_cast<int32_t>(v < INT32_MIN ? INT32_MIN : v > INT32_MAX ? INT32_MAX : v);
 }
 
-inline int net_shift(int64_t factor, int scaleFactor) {
-    const int64_t sh = factor - scaleFactor;
-    return static_cast<int>(sh < -31 ? -31 : sh > 31 ? 31 : sh);
+// A state from checked integer taps: normalised in a temporary copy, then built with the
+// effective factor.
+template <class Handle>
+VekStatus create_int(Handle** ppState, const TapOf<Handle>* h, int T, int tapsFactor,
+                     const DatOf<Handle>* line) {
+    fir::LocalTaps<TapOf<Handle>> n(T);
+    VEK_CHECK(require(n.get() != nullptr, vekStsMemAllocErr));
+    const int shift = normalise(h, T, n.get());
+    return fir::create(ppState, static_cast<const TapOf<Handle>*>(n.get()), T, line,
+                       fir::M<Handle>::ids.single, add_sat(tapsFactor, shift));
 }
 
-// Normalised taps in a temporary block (released by the destructor).
-template <class Tap>
-struct NormTaps {
-    NormTaps(const Tap* h, int T) : p(fir::alloc_elems<Tap>(T)) {
-        if (p == nullptr) return;
-        shift = norm_shift(h, T);
-        for (int i = 0; i < T; ++i) p[i] = shifted(h[i], shift);
-    }
-    ~NormTaps() { veksFree(p); }
-    NormTaps(const NormTaps&) = delete;
-    NormTaps& operator=(const NormTaps&) = delete;
-    Tap* p;
-    int shift = 0;
-};
-
-template <class Tap, class Dat>
-VekStatus init_int(void** pp, const Tap* h, int T, int tapsFactor, const Dat* line,
-                   const fir::FirIds& ids) {
-    VEK_CHECK(non_null(pp, h));
-    VEK_CHECK(require(T >= 1, vekStsFirIterationsErr));
-    NormTaps<Tap> n(h, T);
-    if (n.p == nullptr) return vekStsMemAllocErr;
-    return fir::create<Tap, Dat>(pp, n.p, T, line, ids.single, add_sat(tapsFactor, n.shift));
+template <class Handle>
+VekStatus init_int(Handle** ppState, const TapOf<Handle>* pTaps, int tapsLen, int tapsFactor,
+                   const DatOf<Handle>* pDlyLine) {
+    VEK_CHECK(non_null(ppState, pTaps));
+    VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
+    return create_int(ppState, pTaps, tapsLen, tapsFactor, pDlyLine);
 }
 
 // Floating-point taps to integer taps and a factor: scaled by a power of two so that the
@@ -94,14 +88,18 @@ inline Vek32sc conv(const Vek32fc& v, double sc) {
                    num::round_away_saturate<Vek32s>(double(v.im) * sc)};
 }
 
-template <class TapF, class Tap, class Dat>
-VekStatus init_from_float(void** pp, const TapF* h, int T, const Dat* line,
-                          const fir::FirIds& ids) {
-    VEK_CHECK(non_null(pp, h));
-    VEK_CHECK(require(T >= 1, vekStsFirIterationsErr));
+template <class Handle, class TapF>
+VekStatus init_from_float(Handle** ppState, const TapF* pTaps, int tapsLen,
+                          const DatOf<Handle>* pDlyLine) {
+    VEK_CHECK(non_null(ppState, pTaps));
+    VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
+    const int T = tapsLen;
+    // The converted taps' block first: taps beyond the heap are refused before they are read.
+    mem::Scratch<TapOf<Handle>> converted(T);
+    VEK_CHECK(require(static_cast<bool>(converted), vekStsMemAllocErr));
     double m = 0.0;
     for (int i = 0; i < T; ++i)
-        if (fmag(h[i]) > m) m = fmag(h[i]);
+        if (fmag(pTaps[i]) > m) m = fmag(pTaps[i]);
     double scale = 1.0;
     int factor = 0;
     if (m <= 32767.0) {
@@ -119,171 +117,226 @@ VekStatus init_from_float(void** pp, const TapF* h, int T, const Dat* line,
         scale = std::ldexp(1.0, -q);
         factor = q;
     }
-    Tap* conv_taps = fir::alloc_elems<Tap>(T);
-    if (conv_taps == nullptr) return vekStsMemAllocErr;
-    for (int i = 0; i < T; ++i) conv_taps[i] = conv(h[i], scale);
-    const VekStatus st = init_int<Tap, Dat>(pp, conv_taps, T, factor, line, ids);
-    veksFree(conv_taps);
-    return st;
+    for (int i = 0; i < T; ++i) converted.get()[i] = conv(pTaps[i], scale);
+    return create_int(ppState, static_cast<const TapOf<Handle>*>(converted.get()), T, factor,
+                      pDlyLine);
 }
 
-template <class Tap>
-VekStatus get_taps_int(const void* st, Tap* taps, int* factor, const fir::FirIds& ids) {
-    VEK_CHECK(non_null(st, taps, factor));
-    VEK_CHECK(fir::check_single(st, ids));
-    VEK_CHECK(fir::get_taps<Tap>(st, taps, ids));
-    *factor = static_cast<const fir::FirState*>(st)->tapsFactor;
+// GetTaps: the normalised taps and the effective factor.
+template <class Handle>
+VekStatus get_taps_int(const Handle* pState, TapOf<Handle>* pTaps, int* pTapsFactor) {
+    VEK_CHECK(non_null(pState, pTaps, pTapsFactor));
+    const auto s = fir::open_state(pState);
+    VEK_CHECK(s.status());
+    const int T = s->tapsLen;
+    for (int i = 0; i < T; ++i) pTaps[i] = s->taps[T - 1 - i];
+    *pTapsFactor = s->tapsFactor;
     return vekStsOk;
 }
 
+// GetTaps as floating-point taps: each stored tap times 2^(effective factor).
 inline Vek32f scaled_tap(Vek32s v, int e) { return static_cast<Vek32f>(std::ldexp(double(v), e)); }
 inline Vek32fc scaled_tap(Vek32sc v, int e) {
     return Vek32fc{static_cast<Vek32f>(std::ldexp(double(v.re), e)),
                    static_cast<Vek32f>(std::ldexp(double(v.im), e))};
 }
 
-template <class Tap, class TapF>
-VekStatus get_taps_float(const void* st, TapF* out, const fir::FirIds& ids) {
-    VEK_CHECK(non_null(st, out));
-    VEK_CHECK(fir::check_single(st, ids));
-    const fir::FirState* s = static_cast<const fir::FirState*>(st);
-    const Tap* rev = static_cast<const Tap*>(s->taps);
-    for (int i = 0; i < s->tapsLen; ++i)
-        out[i] = scaled_tap(rev[s->tapsLen - 1 - i], s->tapsFactor);
+template <class Handle, class TapF>
+VekStatus get_taps_float(const Handle* pState, TapF* pTaps) {
+    VEK_CHECK(non_null(pState, pTaps));
+    const auto s = fir::open_state(pState);
+    VEK_CHECK(s.status());
+    const int T = s->tapsLen;
+    for (int i = 0; i < T; ++i) pTaps[i] = scaled_tap(s->taps[T - 1 - i], s->tapsFactor);
     return vekStsOk;
 }
 
-// The state's net output shift; called after the state checks.
-inline int state_shift(const void* st, int scaleFactor) {
-    return net_shift(static_cast<const fir::FirState*>(st)->tapsFactor, scaleFactor);
+inline int net_shift(int64_t factor, int scaleFactor) {
+    const int64_t sh = factor - scaleFactor;
+    return static_cast<int>(sh < -31 ? -31 : sh > 31 ? 31 : sh);
+}
+
+// Direct forms: the caller's taps normalised for the call, then the direct filter.
+template <class Tap, class Dat>
+VekStatus run_direct_int(const Dat* src, Dat* dst, int n, const Tap* h, int T, int tapsFactor,
+                         Dat* line, int* idx, int sf) {
+    fir::LocalTaps<Tap> t(T);
+    VEK_CHECK(require(t.get() != nullptr, vekStsMemAllocErr));
+    const int shift = normalise(h, T, t.get());
+    return fir::run_direct(src, dst, n, static_cast<const Tap*>(t.get()), T, line, idx,
+                           net_shift(int64_t{tapsFactor} + shift, sf));
 }
 
 template <class Tap, class Dat>
-VekStatus block_int(const Dat* src, Dat* dst, int n, void* st, const fir::FirIds& ids, int sf) {
-    VEK_CHECK(non_null(st));
-    VEK_CHECK(fir::check_single(st, ids));
-    return fir::block<Tap, Dat>(src, dst, n, st, ids, state_shift(st, sf));
+VekStatus direct_int(const Dat* pSrc, Dat* pDst, int numIters, const Tap* pTaps, int tapsLen,
+                     int tapsFactor, Dat* pDlyLine, int* pDlyLineIndex, int scaleFactor) {
+    VEK_CHECK(non_null(pSrc, pDst));
+    VEK_CHECK(length_at_least(numIters));
+    VEK_CHECK(non_null(pTaps));
+    VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
+    VEK_CHECK(non_null(pDlyLine, pDlyLineIndex));
+    return run_direct_int(pSrc, pDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                          scaleFactor);
 }
 
 template <class Tap, class Dat>
-VekStatus one_int(Dat x, Dat* out, void* st, const fir::FirIds& ids, int sf) {
-    VEK_CHECK(non_null(st));
-    VEK_CHECK(fir::check_single(st, ids));
-    return fir::one<Tap, Dat>(x, out, st, ids, state_shift(st, sf));
+VekStatus direct_one_int(Dat src, Dat* pDstVal, const Tap* pTaps, int tapsLen, int tapsFactor,
+                         Dat* pDlyLine, int* pDlyLineIndex, int scaleFactor) {
+    VEK_CHECK(non_null(pDstVal, pTaps));
+    VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
+    VEK_CHECK(non_null(pDlyLine, pDlyLineIndex));
+    return run_direct_int(&src, pDstVal, 1, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                          scaleFactor);
 }
 
 template <class Tap, class Dat>
-VekStatus one_int_i(Dat* io, void* st, const fir::FirIds& ids, int sf) {
-    VEK_CHECK(non_null(st));
-    VEK_CHECK(fir::check_single(st, ids));
-    VEK_CHECK(non_null(io));
-    return fir::one<Tap, Dat>(*io, io, st, ids, state_shift(st, sf));
-}
-
-template <class Tap, class Dat>
-VekStatus direct_int(const Dat* src, Dat* dst, int n, const Tap* h, int T, int tapsFactor,
-                     Dat* line, int* idx, int sf) {
-    VEK_CHECK(non_null(src, dst));
-    VEK_CHECK(length_at_least(n));
-    VEK_CHECK(non_null(h));
-    VEK_CHECK(require(T >= 1, vekStsFirIterationsErr));
-    VEK_CHECK(non_null(line, idx));
-    NormTaps<Tap> t(h, T);
-    if (t.p == nullptr) return vekStsMemAllocErr;
-    return fir::direct_block<Tap, Dat>(src, dst, n, t.p, T, line, idx,
-                                       net_shift(int64_t{tapsFactor} + t.shift, sf));
-}
-
-template <class Tap, class Dat>
-VekStatus direct_one_int(Dat x, Dat* out, const Tap* h, int T, int tapsFactor, Dat* line, int* idx,
-                         int sf) {
-    VEK_CHECK(non_null(out, h));
-    VEK_CHECK(require(T >= 1, vekStsFirIterationsErr));
-    VEK_CHECK(non_null(line, idx));
-    NormTaps<Tap> t(h, T);
-    if (t.p == nullptr) return vekStsMemAllocErr;
-    return fir::direct_one<Tap, Dat>(x, out, t.p, T, line, idx,
-                                     net_shift(int64_t{tapsFactor} + t.shift, sf));
+VekStatus direct_one_int_i(Dat* pSrcDstVal, const Tap* pTaps, int tapsLen, int tapsFactor,
+                           Dat* pDlyLine, int* pDlyLineIndex, int scaleFactor) {
+    VEK_CHECK(non_null(pSrcDstVal, pTaps));
+    VEK_CHECK(require(tapsLen >= 1, vekStsFirIterationsErr));
+    VEK_CHECK(non_null(pDlyLine, pDlyLineIndex));
+    const Dat x = *pSrcDstVal;
+    return run_direct_int(&x, pSrcDstVal, 1, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                          scaleFactor);
 }
 
 } // namespace
 
-#define VEK_FIR_INT_MEMBER(TS, DS, FS, Tap, Dat, TapF, ids)                                        \
-    VEK_EXPORT VekStatus veksFIRInitAlloc##TS##_##DS(VeksFIRState##TS##_##DS** ppState,            \
-                                                     const Tap* pTaps, int tapsLen,                \
-                                                     int tapsFactor, const Dat* pDlyLine) {        \
-        return init_int<Tap, Dat>(reinterpret_cast<void**>(ppState), pTaps, tapsLen, tapsFactor,   \
-                                  pDlyLine, fir::ids);                                             \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRInitAlloc##TS##_##DS##FS(VeksFIRState##TS##_##DS** ppState,        \
-                                                         const TapF* pTaps##FS, int tapsLen,       \
-                                                         const Dat* pDlyLine) {                    \
-        return init_from_float<TapF, Tap, Dat>(reinterpret_cast<void**>(ppState), pTaps##FS,       \
-                                               tapsLen, pDlyLine, fir::ids);                       \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRFree##TS##_##DS(VeksFIRState##TS##_##DS* pState) {                 \
-        return fir::free_checked(pState, fir::ids);                                                \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRGetTaps##TS##_##DS(const VeksFIRState##TS##_##DS* pState,          \
-                                                   Tap* pTaps, int* pTapsFactor) {                 \
-        return get_taps_int<Tap>(pState, pTaps, pTapsFactor, fir::ids);                            \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRGetTaps##TS##_##DS##FS(const VeksFIRState##TS##_##DS* pState,      \
-                                                       TapF* pTaps##FS) {                          \
-        return get_taps_float<Tap, TapF>(pState, pTaps##FS, fir::ids);                             \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRGetDlyLine##TS##_##DS(const VeksFIRState##TS##_##DS* pState,       \
-                                                      Dat* pDlyLine) {                             \
-        return fir::get_dly<Dat>(pState, pDlyLine, fir::ids);                                      \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIRSetDlyLine##TS##_##DS(VeksFIRState##TS##_##DS* pState,             \
-                                                      const Dat* pDlyLine) {                       \
-        return fir::set_dly<Dat>(pState, pDlyLine, fir::ids);                                      \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIR##TS##_##DS##_Sfs(const Dat* pSrc, Dat* pDst, int numIters,        \
-                                                  VeksFIRState##TS##_##DS* pState,                 \
-                                                  int scaleFactor) {                               \
-        return block_int<Tap, Dat>(pSrc, pDst, numIters, pState, fir::ids, scaleFactor);           \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIR##TS##_##DS##_ISfs(                                                \
-        Dat* pSrcDst, int numIters, VeksFIRState##TS##_##DS* pState, int scaleFactor) {            \
-        return block_int<Tap, Dat>(pSrcDst, pSrcDst, numIters, pState, fir::ids, scaleFactor);     \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIROne##TS##_##DS##_Sfs(                                              \
-        Dat src, Dat* pDstVal, VeksFIRState##TS##_##DS* pState, int scaleFactor) {                 \
-        return one_int<Tap, Dat>(src, pDstVal, pState, fir::ids, scaleFactor);                     \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIROne##TS##_##DS##_ISfs(                                             \
-        Dat* pSrcDstVal, VeksFIRState##TS##_##DS* pState, int scaleFactor) {                       \
-        return one_int_i<Tap, Dat>(pSrcDstVal, pState, fir::ids, scaleFactor);                     \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIR##TS##_Direct_##DS##_Sfs(                                          \
-        const Dat* pSrc, Dat* pDst, int numIters, const Tap* pTaps, int tapsLen, int tapsFactor,   \
-        Dat* pDlyLine, int* pDlyLineIndex, int scaleFactor) {                                      \
-        return direct_int<Tap, Dat>(pSrc, pDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine,    \
-                                    pDlyLineIndex, scaleFactor);                                   \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIR##TS##_Direct_##DS##_ISfs(                                         \
-        Dat* pSrcDst, int numIters, const Tap* pTaps, int tapsLen, int tapsFactor, Dat* pDlyLine,  \
-        int* pDlyLineIndex, int scaleFactor) {                                                     \
-        return direct_int<Tap, Dat>(pSrcDst, pSrcDst, numIters, pTaps, tapsLen, tapsFactor,        \
-                                    pDlyLine, pDlyLineIndex, scaleFactor);                         \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIROne##TS##_Direct_##DS##_Sfs(                                       \
-        Dat src, Dat* pDstVal, const Tap* pTaps, int tapsLen, int tapsFactor, Dat* pDlyLine,       \
-        int* pDlyLineIndex, int scaleFactor) {                                                     \
-        return direct_one_int<Tap, Dat>(src, pDstVal, pTaps, tapsLen, tapsFactor, pDlyLine,        \
-                                        pDlyLineIndex, scaleFactor);                               \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFIROne##TS##_Direct_##DS##_ISfs(                                      \
-        Dat* pSrcDstVal, const Tap* pTaps, int tapsLen, int tapsFactor, Dat* pDlyLine,             \
-        int* pDlyLineIndex, int scaleFactor) {                                                     \
-        VEK_CHECK(non_null(pSrcDstVal));                                                           \
-        return direct_one_int<Tap, Dat>(*pSrcDstVal, pSrcDstVal, pTaps, tapsLen, tapsFactor,       \
-                                        pDlyLine, pDlyLineIndex, scaleFactor);                     \
-    }
-
-// clang-format off
-VEK_FIR_INT_MEMBER(32s, 16s, 32f, Vek32s, Vek16s, Vek32f, kId32s_16s)
-VEK_FIR_INT_MEMBER(32sc, 16sc, 32fc, Vek32sc, Vek16sc, Vek32fc, kId32sc_16sc)
-// clang-format on
+VEK_EXPORT VekStatus veksFIRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps,
+                                             int tapsLen, int tapsFactor, const Vek16s* pDlyLine) {
+    return init_int(ppState, pTaps, tapsLen, tapsFactor, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState,
+                                                const Vek32f* pTaps32f, int tapsLen,
+                                                const Vek16s* pDlyLine) {
+    return init_from_float(ppState, pTaps32f, tapsLen, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRFree32s_16s(VeksFIRState32s_16s* pState) {
+    return fir::free_state(pState);
+}
+VEK_EXPORT VekStatus veksFIRGetTaps32s_16s(const VeksFIRState32s_16s* pState, Vek32s* pTaps,
+                                           int* pTapsFactor) {
+    return get_taps_int(pState, pTaps, pTapsFactor);
+}
+VEK_EXPORT VekStatus veksFIRGetTaps32s_16s32f(const VeksFIRState32s_16s* pState, Vek32f* pTaps32f) {
+    return get_taps_float(pState, pTaps32f);
+}
+VEK_EXPORT VekStatus veksFIRGetDlyLine32s_16s(const VeksFIRState32s_16s* pState, Vek16s* pDlyLine) {
+    return fir::get_dly(pState, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRSetDlyLine32s_16s(VeksFIRState32s_16s* pState, const Vek16s* pDlyLine) {
+    return fir::set_dly(pState, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState,
+                                               const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                               const Vek16sc* pDlyLine) {
+    return init_int(ppState, pTaps, tapsLen, tapsFactor, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState,
+                                                   const Vek32fc* pTaps32fc, int tapsLen,
+                                                   const Vek16sc* pDlyLine) {
+    return init_from_float(ppState, pTaps32fc, tapsLen, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRFree32sc_16sc(VeksFIRState32sc_16sc* pState) {
+    return fir::free_state(pState);
+}
+VEK_EXPORT VekStatus veksFIRGetTaps32sc_16sc(const VeksFIRState32sc_16sc* pState, Vek32sc* pTaps,
+                                             int* pTapsFactor) {
+    return get_taps_int(pState, pTaps, pTapsFactor);
+}
+VEK_EXPORT VekStatus veksFIRGetTaps32sc_16sc32fc(const VeksFIRState32sc_16sc* pState,
+                                                 Vek32fc* pTaps32fc) {
+    return get_taps_float(pState, pTaps32fc);
+}
+VEK_EXPORT VekStatus veksFIRGetDlyLine32sc_16sc(const VeksFIRState32sc_16sc* pState,
+                                                Vek16sc* pDlyLine) {
+    return fir::get_dly(pState, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIRSetDlyLine32sc_16sc(VeksFIRState32sc_16sc* pState,
+                                                const Vek16sc* pDlyLine) {
+    return fir::set_dly(pState, pDlyLine);
+}
+VEK_EXPORT VekStatus veksFIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                        VeksFIRState32s_16s* pState, int scaleFactor) {
+    return fir::block(pSrc, pDst, numIters, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32s_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32s_16s* pState,
+                                         int scaleFactor) {
+    return fir::block(pSrcDst, pSrcDst, numIters, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksFIRState32s_16s* pState,
+                                           int scaleFactor) {
+    return fir::one(src, pDstVal, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32s_16s_ISfs(Vek16s* pSrcDstVal, VeksFIRState32s_16s* pState,
+                                            int scaleFactor) {
+    return fir::one_i(pSrcDstVal, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                          VeksFIRState32sc_16sc* pState, int scaleFactor) {
+    return fir::block(pSrc, pDst, numIters, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                           VeksFIRState32sc_16sc* pState, int scaleFactor) {
+    return fir::block(pSrcDst, pSrcDst, numIters, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                             VeksFIRState32sc_16sc* pState, int scaleFactor) {
+    return fir::one(src, pDstVal, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32sc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32sc_16sc* pState,
+                                              int scaleFactor) {
+    return fir::one_i(pSrcDstVal, pState, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                               const Vek32s* pTaps, int tapsLen, int tapsFactor,
+                                               Vek16s* pDlyLine, int* pDlyLineIndex,
+                                               int scaleFactor) {
+    return direct_int(pSrc, pDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                      scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps,
+                                                int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                                int* pDlyLineIndex, int scaleFactor) {
+    return direct_int(pSrcDst, pSrcDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine,
+                      pDlyLineIndex, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32s_Direct_16s_Sfs(Vek16s src, Vek16s* pDstVal, const Vek32s* pTaps,
+                                                  int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                                  int* pDlyLineIndex, int scaleFactor) {
+    return direct_one_int(src, pDstVal, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                          scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32s_Direct_16s_ISfs(Vek16s* pSrcDstVal, const Vek32s* pTaps,
+                                                   int tapsLen, int tapsFactor, Vek16s* pDlyLine,
+                                                   int* pDlyLineIndex, int scaleFactor) {
+    return direct_one_int_i(pSrcDstVal, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                            scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                 const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                 Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                                 int scaleFactor) {
+    return direct_int(pSrc, pDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                      scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                  const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                  Vek16sc* pDlyLine, int* pDlyLineIndex,
+                                                  int scaleFactor) {
+    return direct_int(pSrcDst, pSrcDst, numIters, pTaps, tapsLen, tapsFactor, pDlyLine,
+                      pDlyLineIndex, scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32sc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                                    const Vek32sc* pTaps, int tapsLen,
+                                                    int tapsFactor, Vek16sc* pDlyLine,
+                                                    int* pDlyLineIndex, int scaleFactor) {
+    return direct_one_int(src, pDstVal, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                          scaleFactor);
+}
+VEK_EXPORT VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32sc* pTaps,
+                                                     int tapsLen, int tapsFactor, Vek16sc* pDlyLine,
+                                                     int* pDlyLineIndex, int scaleFactor) {
+    return direct_one_int_i(pSrcDstVal, pTaps, tapsLen, tapsFactor, pDlyLine, pDlyLineIndex,
+                            scaleFactor);
+}

@@ -6,6 +6,7 @@
 // the same bits. Products of two floats (or of 16-bit integers) are exact in double, which is why
 // no level needs a fused multiply-add to be accurate.
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 
 #include "stats/norm/norm.hpp"
@@ -31,10 +32,14 @@ inline double total(Acc acc) {
     return acc[0];
 }
 
+// Stream positions are std::ptrdiff_t: a complex stream holds 2 * len of them, and a block's
+// end t + kLanes must not overflow for lengths up to INT_MAX.
+using Pos = std::ptrdiff_t;
+
 // acc[t mod kLanes] += term(t) for t in [0, n), block by block.
 template <class Term>
-inline void accumulate(Acc acc, int n, Term term) {
-    int t = 0;
+inline void accumulate(Acc acc, Pos n, Term term) {
+    Pos t = 0;
     for (; t + kLanes <= n; t += kLanes)
         for (int j = 0; j < kLanes; ++j) acc[j] += term(t + j);
     for (int j = 0; t + j < n; ++j) acc[j] += term(t + j);
@@ -65,10 +70,10 @@ constexpr int kRegs = kLanes / W;
 // Runs the whole blocks with `step(sum, t)` adding the terms of positions t .. t + W - 1, stores
 // the partial sums into acc and returns the first position not yet added.
 template <class Step>
-inline int vector_blocks(Acc acc, int n, Step step) {
+inline Pos vector_blocks(Acc acc, Pos n, Step step) {
     VD s[kRegs];
     for (int r = 0; r < kRegs; ++r) s[r] = vzero();
-    int t = 0;
+    Pos t = 0;
     for (; t + kLanes <= n; t += kLanes)
         for (int r = 0; r < kRegs; ++r) s[r] = step(s[r], t + r * W);
     for (int r = 0; r < kRegs; ++r) vstore(acc + r * W, s[r]);
@@ -87,9 +92,9 @@ inline int vector_blocks(Acc acc, int n, Step step) {
 // multiply-add there is exact because every product it forms is exact in double), then the
 // remaining positions one by one.
 template <class Term, class Step>
-inline void accumulate_fast(Acc acc, int n, Term term, Step step) {
+inline void accumulate_fast(Acc acc, Pos n, Term term, Step step) {
 #if VEK_ISA_LEVEL >= 2
-    int t = vector_blocks(acc, n, step);
+    Pos t = vector_blocks(acc, n, step);
     for (int j = 0; t + j < n; ++j) acc[j] += term(t + j);
 #else
     (void)step;
@@ -146,8 +151,8 @@ double max_abs_diff(const T* a, const T* b, int n) {
 double sum_abs_32f(const Vek32f* a, int n) {
     Acc acc;
     accumulate_fast(
-        acc, n, [a](int i) { return abs_d(a[i]); },
-        VEK_VECTOR_STEP([a](auto s, int i) { return vadd(s, vabs(widen(a + i))); }));
+        acc, n, [a](Pos i) { return abs_d(a[i]); },
+        VEK_VECTOR_STEP([a](auto s, Pos i) { return vadd(s, vabs(widen(a + i))); }));
     return total(acc);
 }
 
@@ -155,11 +160,11 @@ double sum_sq_32f(const Vek32f* a, int n) {
     Acc acc;
     accumulate_fast(
         acc, n,
-        [a](int i) {
+        [a](Pos i) {
             const double x = a[i];
             return x * x;
         },
-        VEK_VECTOR_STEP([a](auto s, int i) {
+        VEK_VECTOR_STEP([a](auto s, Pos i) {
             const auto x = widen(a + i);
             return vfma(x, x, s);
         }));
@@ -169,14 +174,14 @@ double sum_sq_32f(const Vek32f* a, int n) {
 template <class T>
 double sum_abs(const T* a, int n) {
     Acc acc = {};
-    accumulate(acc, n, [a](int i) { return abs_d(a[i]); });
+    accumulate(acc, n, [a](Pos i) { return abs_d(a[i]); });
     return total(acc);
 }
 
 template <class T>
 double sum_sq(const T* a, int n) {
     Acc acc = {};
-    accumulate(acc, n, [a](int i) {
+    accumulate(acc, n, [a](Pos i) {
         const double x = a[i];
         return x * x;
     });
@@ -186,7 +191,7 @@ double sum_sq(const T* a, int n) {
 template <class T>
 double sum_abs_diff(const T* a, const T* b, int n) {
     Acc acc = {};
-    accumulate(acc, n, [a, b](int i) {
+    accumulate(acc, n, [a, b](Pos i) {
         return std::fabs(static_cast<double>(a[i]) - static_cast<double>(b[i]));
     });
     return total(acc);
@@ -195,7 +200,7 @@ double sum_abs_diff(const T* a, const T* b, int n) {
 template <class T>
 double sum_sq_diff(const T* a, const T* b, int n) {
     Acc acc = {};
-    accumulate(acc, n, [a, b](int i) {
+    accumulate(acc, n, [a, b](Pos i) {
         const double d = static_cast<double>(a[i]) - static_cast<double>(b[i]);
         return d * d;
     });
@@ -228,19 +233,19 @@ int32_t max_abs_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
 constexpr int kBlock16 = 65536;
 
 template <class Term>
-inline uint64_t blocked_sum(int n, Term term) {
+inline uint64_t blocked_sum(Pos n, Term term) {
     uint64_t total = 0;
-    for (int start = 0; start < n; start += kBlock16) {
-        const int end = n - start > kBlock16 ? start + kBlock16 : n;
+    for (Pos start = 0; start < n; start += kBlock16) {
+        const Pos end = n - start > kBlock16 ? start + kBlock16 : n;
         uint64_t part = 0;
-        for (int i = start; i < end; ++i) part += term(i);
+        for (Pos i = start; i < end; ++i) part += term(i);
         total += part;
     }
     return total;
 }
 
 uint64_t sum_abs_16s(const Vek16s* a, int n) {
-    return blocked_sum(n, [a](int i) -> uint32_t {
+    return blocked_sum(n, [a](Pos i) -> uint32_t {
         return static_cast<uint32_t>(a[i] < 0 ? -int32_t{a[i]} : int32_t{a[i]});
     });
 }
@@ -252,7 +257,7 @@ uint64_t sum_sq_16s(const Vek16s* a, int n) {
 }
 
 uint64_t sum_abs_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
-    return blocked_sum(n, [a, b](int i) -> uint32_t {
+    return blocked_sum(n, [a, b](Pos i) -> uint32_t {
         const int32_t d = int32_t{a[i]} - b[i];
         return static_cast<uint32_t>(d < 0 ? -d : d);
     });
@@ -272,14 +277,14 @@ uint64_t sum_sq_diff_16s(const Vek16s* a, const Vek16s* b, int n) {
 double dot_32f(const Vek32f* a, const Vek32f* b, int n) {
     Acc acc;
     accumulate_fast(
-        acc, n, [a, b](int i) { return static_cast<double>(a[i]) * b[i]; },
-        VEK_VECTOR_STEP([a, b](auto s, int i) { return vfma(widen(a + i), widen(b + i), s); }));
+        acc, n, [a, b](Pos i) { return static_cast<double>(a[i]) * b[i]; },
+        VEK_VECTOR_STEP([a, b](auto s, Pos i) { return vfma(widen(a + i), widen(b + i), s); }));
     return total(acc);
 }
 
 double dot_64f(const Vek64f* a, const Vek64f* b, int n) {
     Acc acc = {};
-    accumulate(acc, n, [a, b](int i) { return a[i] * b[i]; });
+    accumulate(acc, n, [a, b](Pos i) { return a[i] * b[i]; });
     return total(acc);
 }
 
@@ -289,8 +294,8 @@ double dot_64f(const Vek64f* a, const Vek64f* b, int n) {
 template <class T>
 Vek64fc dot_complex(const T* a, const T* b, int n) {
     Acc p = {}, q = {};
-    accumulate(p, 2 * n, [a, b](int t) { return static_cast<double>(a[t]) * b[t]; });
-    accumulate(q, 2 * n, [a, b](int t) { return static_cast<double>(a[t]) * b[t ^ 1]; });
+    accumulate(p, 2 * Pos{n}, [a, b](Pos t) { return static_cast<double>(a[t]) * b[t]; });
+    accumulate(q, 2 * Pos{n}, [a, b](Pos t) { return static_cast<double>(a[t]) * b[t ^ 1]; });
     fold(p, 2);
     return Vek64fc{p[0] - p[1], total(q)};
 }
@@ -300,7 +305,7 @@ Vek64fc dot_complex(const T* a, const T* b, int n) {
 template <class R, class C>
 Vek64fc dot_real_complex(const R* a, const C* b, int n) {
     Acc p = {};
-    accumulate(p, 2 * n, [a, b](int t) { return static_cast<double>(a[t >> 1]) * b[t]; });
+    accumulate(p, 2 * Pos{n}, [a, b](Pos t) { return static_cast<double>(a[t >> 1]) * b[t]; });
     fold(p, 2);
     return Vek64fc{p[0], p[1]};
 }
@@ -310,10 +315,10 @@ Vek64fc dot_32fc(const Vek32fc* a, const Vek32fc* b, int n) {
     const float* y = reinterpret_cast<const float*>(b);
 #if VEK_ISA_LEVEL >= 2
     // The same two streams in registers: q multiplies by y with its (re, im) pairs swapped.
-    const int m = 2 * n;
+    const Pos m = 2 * Pos{n};
     VD p[kRegs], q[kRegs];
     for (int r = 0; r < kRegs; ++r) p[r] = q[r] = vzero();
-    int t = 0;
+    Pos t = 0;
     for (; t + kLanes <= m; t += kLanes)
         for (int r = 0; r < kRegs; ++r) {
             const VD xv = widen(x + t + r * W), yv = widen(y + t + r * W);
@@ -351,7 +356,7 @@ Vek64fc dot_64f64fc(const Vek64f* a, const Vek64fc* b, int n) {
 // exact. Blocks of products are summed in 64-bit lanes.
 int64_t dot_16s(const Vek16s* a, const Vek16s* b, int n) {
     int64_t s = 0;
-    int i = 0;
+    Pos i = 0;
 #if VEK_ISA_LEVEL >= 2
     // Pairwise multiply-add gives 32-bit sums of two products; the only one that wraps is
     // (-32768)^2 + (-32768)^2 = 2^31, which reads as -2^31 (a value no pair can reach): such
@@ -381,7 +386,7 @@ Vek64sc dot_16sc(const Vek16sc* a, const Vek16sc* b, int n) {
     const int16_t* x = reinterpret_cast<const int16_t*>(a);
     const int16_t* y = reinterpret_cast<const int16_t*>(b);
     int64_t rr = 0, ii = 0, im = 0;
-    for (int i = 0; i < n; ++i) {
+    for (Pos i = 0; i < n; ++i) {
         rr += int32_t{x[2 * i]} * y[2 * i];
         ii += int32_t{x[2 * i + 1]} * y[2 * i + 1];
         im += int64_t{int32_t{x[2 * i]} * y[2 * i + 1]} + int32_t{x[2 * i + 1]} * y[2 * i];
@@ -445,10 +450,10 @@ void dot_32s32sc(const Vek32s* a, const Vek32sc* b, int n, Wide* re, Wide* im) {
 // 16-bit by 32-bit products fit 47 bits: blocks of 2^15 of them sum exactly in 64 bits.
 Wide dot_16s32s(const Vek16s* a, const Vek32s* b, int n) {
     Wide w{0, 0};
-    for (int start = 0; start < n; start += 32768) {
-        const int end = n - start > 32768 ? start + 32768 : n;
+    for (Pos start = 0; start < n; start += 32768) {
+        const Pos end = n - start > 32768 ? start + 32768 : n;
         int64_t part = 0;
-        for (int i = start; i < end; ++i) part += int64_t{a[i]} * b[i];
+        for (Pos i = start; i < end; ++i) part += int64_t{a[i]} * b[i];
         add_wide(w, part);
     }
     return w;

@@ -1,5 +1,7 @@
 // Packed real spectra (Pack, Perm, CCS): expansion to the full conjugate-symmetric spectrum and
 // element-wise spectrum products.
+#include <cstddef>
+
 #include "core/frame.hpp"
 #include "transforms/fft/plan.hpp"
 #include "simd/numeric.hpp"
@@ -21,10 +23,11 @@ T negate(T v) {
 // Expands the packed spectrum at p (reals) into n complex values at d (re, im pairs). p may be
 // the start of d itself: everything needed from the start is read before it is overwritten,
 // and the pairs are moved from the highest index down.
+// Indices are std::ptrdiff_t: the expanded spectrum holds 2 * n values.
 template <class T>
-void conj_expand(const T* p, T* d, int n, Layout layout) {
+void conj_expand(const T* p, T* d, std::ptrdiff_t n, Layout layout) {
     const bool even = (n & 1) == 0;
-    const int half = n / 2;
+    const std::ptrdiff_t half = n / 2;
     const T r0 = p[0];
     const T i0 = layout == Layout::ccs ? p[1] : T(0);
     T rh = 0, ih = 0;
@@ -34,7 +37,7 @@ void conj_expand(const T* p, T* d, int n, Layout layout) {
     }
     // Odd lengths store Perm exactly as Pack.
     const int first = (layout == Layout::pack || (layout == Layout::perm && !even)) ? 1 : 2;
-    for (int k = (n - 1) / 2; k >= 1; --k) {
+    for (std::ptrdiff_t k = (n - 1) / 2; k >= 1; --k) {
         const T re = p[first + 2 * (k - 1)], im = p[first + 2 * (k - 1) + 1];
         d[2 * k] = re;
         d[2 * k + 1] = im;

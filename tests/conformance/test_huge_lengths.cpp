@@ -1,0 +1,208 @@
+// Lengths, orders and taps lengths at the limits of a 32-bit int: computed in full, or refused
+// with a status; never a crash, a wrapped index or a wrapped allocation. Vectors of billions of
+// elements cost next to no memory here: every 2 MiB of their address range maps the same pages of
+// one memory file, and buffers that must not be touched are read-only zero mappings (Linux on
+// 64-bit x86; elsewhere these tests are skipped).
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "harness.hpp"
+#include "heap.hpp"
+#include "simd/isa.hpp"
+
+#if defined(__linux__) && defined(__x86_64__)
+#include <sys/mman.h>
+#include <unistd.h>
+#define VEKS_HUGE_TESTS 1
+#else
+#define VEKS_HUGE_TESTS 0
+#endif
+
+namespace {
+
+#if VEKS_HUGE_TESTS
+
+// `bytes` of address space whose every 2 MiB are one memory file filled with `pattern`.
+class Repeated {
+  public:
+    static constexpr size_t kChunk = size_t{2} << 20;
+    Repeated(size_t bytes, const void* pattern, size_t psize)
+        : size_((bytes + kChunk - 1) / kChunk * kChunk) {
+        const int fd = memfd_create("veks-huge", 0);
+        if (fd < 0 || ftruncate(fd, kChunk) != 0) return;
+        void* one = mmap(nullptr, kChunk, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
+        if (one == MAP_FAILED) return;
+        for (size_t k = 0; k < kChunk; k += psize)
+            std::memcpy(static_cast<char*>(one) + k, pattern, psize);
+        munmap(one, kChunk);
+        base_ = mmap(nullptr, size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+        if (base_ == MAP_FAILED) {
+            base_ = nullptr;
+        } else {
+            for (size_t off = 0; off < size_; off += kChunk)
+                if (mmap(static_cast<char*>(base_) + off, kChunk, PROT_READ | PROT_WRITE,
+                         MAP_SHARED | MAP_FIXED, fd, 0) == MAP_FAILED) {
+                    munmap(base_, size_);
+                    base_ = nullptr;
+                    break;
+                }
+        }
+        close(fd);
+    }
+    ~Repeated() {
+        if (base_ != nullptr) munmap(base_, size_);
+    }
+    template <class T>
+    T* as() const {
+        return static_cast<T*>(base_);
+    }
+
+  private:
+    size_t size_;
+    void* base_ = nullptr;
+};
+
+// Buffers of the conformance calls above 256 MiB: zero pages, committed only where written.
+void* map_zeros(size_t bytes) {
+    void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE,
+                   MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    return p == MAP_FAILED ? nullptr : p;
+}
+void unmap(void* p, size_t bytes) {
+    if (p != nullptr) munmap(p, bytes);
+}
+const conf::Mapper kZeros{map_zeros, unmap};
+
+// Long runs (seconds each) are left to the optimised build: under the sanitizers they would
+// take minutes, and the results already show a wrapped length there.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define VEKS_HUGE_LONG_RUNS 0
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(undefined_behavior_sanitizer)
+#define VEKS_HUGE_LONG_RUNS 0
+#endif
+#endif
+#ifndef VEKS_HUGE_LONG_RUNS
+#define VEKS_HUGE_LONG_RUNS 1
+#endif
+#define VEKS_SKIP_UNDER_SANITIZERS()                                                               \
+    if (!VEKS_HUGE_LONG_RUNS) GTEST_SKIP() << "long; run by the optimised build"
+
+template <class F>
+void at_level(veks::isa::Level level, F&& body) {
+    if (!veks::isa::set_level(level)) return;
+    SCOPED_TRACE(veks::isa::name(level));
+    body();
+    veks::isa::set_level(veks::isa::best());
+}
+
+// The complex dot products form twice the length as their stream of parts: every element of a
+// vector of 2^30 + 3 must count. With x = y = 1 + i, x * y = 2i.
+TEST(HugeLengths, ComplexDotProductsAddEveryElement) {
+    VEKS_SKIP_UNDER_SANITIZERS();
+    constexpr int n = (1 << 30) + 3;
+    const Vek32fc c32{1, 1};
+    const Vek64fc c64{1, 1};
+    const Vek16sc c16{1, 1};
+    const float r32 = 1;
+    const double r64 = 1;
+    const Repeated x32(size_t{n} * 8, &c32, 8), x64(size_t{n} * 16, &c64, 16),
+        x16(size_t{n} * 4, &c16, 4), y32(size_t{n} * 4, &r32, 4), y64(size_t{n} * 8, &r64, 8);
+    ASSERT_TRUE(x32.as<void>() && x64.as<void>() && x16.as<void>() && y32.as<void>() &&
+                y64.as<void>());
+    const double two_n = 2.0 * n;
+    Vek32fc f{7, 7};
+    Vek64fc d{7, 7};
+    // The scalar level has kernels of its own for the float forms (the 64f kinds share them).
+    at_level(veks::isa::scalar, [&] {
+        ASSERT_EQ(veksDotProd_32fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
+        EXPECT_TRUE(f.re == 0 && f.im == static_cast<float>(two_n));
+        ASSERT_EQ(veksDotProd_32f32fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
+        EXPECT_TRUE(f.re == static_cast<float>(n) && f.im == static_cast<float>(n));
+    });
+    at_level(veks::isa::best(), [&] {
+        ASSERT_EQ(veksDotProd_32fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
+        EXPECT_TRUE(f.re == 0 && f.im == static_cast<float>(two_n));
+        ASSERT_EQ(veksDotProd_32fc64fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &d), vekStsOk);
+        EXPECT_TRUE(d.re == 0 && d.im == two_n);
+        ASSERT_EQ(veksDotProd_64fc(x64.as<Vek64fc>(), x64.as<Vek64fc>(), n, &d), vekStsOk);
+        EXPECT_TRUE(d.re == 0 && d.im == two_n);
+        ASSERT_EQ(veksDotProd_32f32fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
+        EXPECT_TRUE(f.re == static_cast<float>(n) && f.im == static_cast<float>(n));
+        ASSERT_EQ(veksDotProd_32f32fc64fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &d), vekStsOk);
+        EXPECT_TRUE(d.re == n && d.im == n);
+        ASSERT_EQ(veksDotProd_64f64fc(y64.as<Vek64f>(), x64.as<Vek64fc>(), n, &d), vekStsOk);
+        EXPECT_TRUE(d.re == n && d.im == n);
+        Vek64sc w{7, 7};
+        ASSERT_EQ(veksDotProd_16sc64sc(x16.as<Vek16sc>(), x16.as<Vek16sc>(), n, &w), vekStsOk);
+        EXPECT_TRUE(w.re == 0 && w.im == 2 * int64_t{n});
+        Vek32sc s{7, 7};
+        ASSERT_EQ(veksDotProd_16sc32sc_Sfs(x16.as<Vek16sc>(), x16.as<Vek16sc>(), n, &s, 1),
+                  vekStsOk);
+        EXPECT_TRUE(s.re == 0 && s.im == n);
+    });
+}
+
+// Real reductions over INT_MAX elements: a block's end (i + block) must not wrap.
+TEST(HugeLengths, ReductionsOverIntMaxElements) {
+    VEKS_SKIP_UNDER_SANITIZERS();
+    constexpr int n = INT_MAX;
+    const float one = 1;
+    const Vek16s two = 2;
+    const Repeated f(size_t{n} * 4, &one, 4), s(size_t{n} * 2, &two, 2);
+    ASSERT_TRUE(f.as<void>() && s.as<void>());
+    Vek64f d = 0;
+    ASSERT_EQ(veksDotProd_32f64f(f.as<Vek32f>(), f.as<Vek32f>(), n, &d), vekStsOk);
+    EXPECT_EQ(d, double{n});
+    Vek64s w = 0;
+    ASSERT_EQ(veksDotProd_16s64s(s.as<Vek16s>(), s.as<Vek16s>(), n, &w), vekStsOk);
+    EXPECT_EQ(w, 4 * int64_t{n});
+    Vek32s l1 = 0;
+    ASSERT_EQ(veksNorm_L1_16s32s_Sfs(s.as<Vek16s>(), n, &l1, 2), vekStsOk);
+    EXPECT_EQ(l1, n / 2); // 2n / 4, truncated
+}
+
+// Objects whose tables or taps need more than the heap gives are refused with
+// vekStsMemAllocErr, nothing stored and nothing left behind. The heap is limited to 1 GiB:
+// orders 29 and 30 need a larger table at once, and so do taps lengths from 2^28 (four bytes a
+// tap or more), including those whose byte counts would wrap in 32 bits.
+TEST(HugeLengths, ObjectsBeyondTheHeapAreRefused) {
+    if (!conf::heap::watched()) GTEST_SKIP() << "the heap is not watched on this target";
+    conf::set_mapper(&kZeros);
+    conf::RunOptions o;
+    o.heap_limit = size_t{1} << 30;
+    o.expect_status = true;
+    o.status = vekStsMemAllocErr;
+    int runs = 0;
+    for (const conf::Export& e : conf::exports()) {
+        auto c = conf::contract_for(e, nullptr);
+        if (!c || c->special_test()) continue;
+        std::vector<std::vector<std::pair<std::string, double>>> sets;
+        if (c->is("^veksFFTInitAlloc_"))
+            for (double order : {29, 30}) sets.push_back({{"order", order}});
+        if (c->has("tapsLen"))
+            for (double taps : {double{1 << 28}, double{1 << 30}, double{INT_MAX}})
+                sets.push_back({{"tapsLen", taps}, {"numIters", 1}});
+        for (const auto& set : sets) {
+            auto call = conf::build(*c, nullptr, set);
+            for (const std::string& p : conf::run(*c, *call, o).problems)
+                ADD_FAILURE() << e.name << " " << set[0].first << " = " << set[0].second << ": "
+                              << p;
+            ++runs;
+        }
+    }
+    conf::set_mapper(nullptr);
+    EXPECT_GT(runs, 200);
+}
+
+#else
+
+TEST(HugeLengths, NeedLinuxOnX86_64) { GTEST_SKIP() << "huge mappings need Linux on x86-64"; }
+
+#endif
+
+} // namespace

@@ -1,0 +1,201 @@
+// Concurrency. A transform object is read-only after creation: one object serves four threads
+// at once, each with its own work buffer (or none), and every result equals the single-threaded
+// one. Filter states are one per stream: distinct states run concurrently. CI builds this
+// program under ThreadSanitizer (.ci/run). A new transform kind adds one line to transforms().
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "testutil.hpp"
+
+namespace {
+
+constexpr int kThreads = 4;
+constexpr int kRounds = 8;
+
+// One transform: its object, its work-buffer size, and one call from `in` to `out`.
+struct Transform {
+    std::string name;
+    size_t in_bytes, out_bytes;
+    std::function<void*()> create;
+    std::function<void(void*)> release;
+    std::function<int(const void*)> buf_bytes;
+    std::function<VekStatus(const void* obj, const void* in, void* out, Vek8u* buf)> run;
+};
+
+// FFT kinds: C (interleaved), S (split arrays) and R (real, Pack layout); the 16-bit kinds take
+// scale factor 0.
+template <class Obj, class T>
+Transform fft(const char* name, int order, VekHintAlgorithm hint,
+              VekStatus (*init)(Obj**, int, int, VekHintAlgorithm), VekStatus (*free)(Obj*),
+              VekStatus (*size)(const Obj*, int*), size_t values,
+              std::function<VekStatus(const Obj*, const T*, T*, Vek8u*)> fwd) {
+    const size_t bytes = values * sizeof(T);
+    return {name,
+            bytes,
+            bytes,
+            [=] {
+                Obj* o = nullptr;
+                EXPECT_EQ(init(&o, order, VEK_FFT_DIV_INV_BY_N, hint), vekStsOk);
+                return static_cast<void*>(o);
+            },
+            [=](void* o) { EXPECT_EQ(free(static_cast<Obj*>(o)), vekStsOk); },
+            [=](const void* o) {
+                int n = 0;
+                EXPECT_EQ(size(static_cast<const Obj*>(o), &n), vekStsOk);
+                return n;
+            },
+            [=](const void* o, const void* in, void* out, Vek8u* buf) {
+                return fwd(static_cast<const Obj*>(o), static_cast<const T*>(in),
+                           static_cast<T*>(out), buf);
+            }};
+}
+
+template <class C, class Obj>
+auto interleaved(VekStatus (*f)(const C*, C*, const Obj*, Vek8u*)) {
+    using T = decltype(C::re);
+    return [f](const Obj* o, const T* in, T* out, Vek8u* b) {
+        return f(reinterpret_cast<const C*>(in), reinterpret_cast<C*>(out), o, b);
+    };
+}
+template <class T, class Obj>
+auto real(VekStatus (*f)(const T*, T*, const Obj*, Vek8u*)) {
+    return [f](const Obj* o, const T* in, T* out, Vek8u* b) { return f(in, out, o, b); };
+}
+template <class T, class Obj>
+auto split(VekStatus (*f)(const T*, const T*, T*, T*, const Obj*, Vek8u*), size_t n) {
+    return [f, n](const Obj* o, const T* in, T* out, Vek8u* b) {
+        return f(in, in + n, out, out + n, o, b);
+    };
+}
+template <class Obj>
+auto scaled(VekStatus (*f)(const Vek16sc*, Vek16sc*, const Obj*, int, Vek8u*)) {
+    return [f](const Obj* o, const Vek16s* in, Vek16s* out, Vek8u* b) {
+        return f(reinterpret_cast<const Vek16sc*>(in), reinterpret_cast<Vek16sc*>(out), o, 0, b);
+    };
+}
+
+std::vector<Transform> transforms() {
+    constexpr int o = 13; // above order 12 the float plans use their work buffer
+    constexpr size_t n = size_t{1} << o;
+    return {
+        fft<VeksFFTSpec_C_32fc, float>("FFT_C_32fc", o, vekAlgHintNone, veksFFTInitAlloc_C_32fc,
+                                       veksFFTFree_C_32fc, veksFFTGetBufSize_C_32fc, 2 * n,
+                                       interleaved(veksFFTFwd_CToC_32fc)),
+        fft<VeksFFTSpec_C_64fc, double>("FFT_C_64fc", o, vekAlgHintNone, veksFFTInitAlloc_C_64fc,
+                                        veksFFTFree_C_64fc, veksFFTGetBufSize_C_64fc, 2 * n,
+                                        interleaved(veksFFTInv_CToC_64fc)),
+        fft<VeksFFTSpec_C_32f, float>("FFT_C_32f", o, vekAlgHintNone, veksFFTInitAlloc_C_32f,
+                                      veksFFTFree_C_32f, veksFFTGetBufSize_C_32f, 2 * n,
+                                      split(veksFFTFwd_CToC_32f, n)),
+        fft<VeksFFTSpec_R_32f, float>("FFT_R_32f", o, vekAlgHintNone, veksFFTInitAlloc_R_32f,
+                                      veksFFTFree_R_32f, veksFFTGetBufSize_R_32f, n,
+                                      real(veksFFTFwd_RToPack_32f)),
+        fft<VeksFFTSpec_R_64f, double>("FFT_R_64f", o, vekAlgHintNone, veksFFTInitAlloc_R_64f,
+                                       veksFFTFree_R_64f, veksFFTGetBufSize_R_64f, n,
+                                       real(veksFFTInv_PackToR_64f)),
+        // The 16-bit kinds: the compact plan (hint 0, order 8) and one holding a float object.
+        fft<VeksFFTSpec_C_16sc, Vek16s>(
+            "FFT_C_16sc compact", 8, vekAlgHintNone, veksFFTInitAlloc_C_16sc, veksFFTFree_C_16sc,
+            veksFFTGetBufSize_C_16sc, 2 * 256, scaled(veksFFTFwd_CToC_16sc_Sfs)),
+        fft<VeksFFTSpec_C_16sc, Vek16s>(
+            "FFT_C_16sc", o, vekAlgHintAccurate, veksFFTInitAlloc_C_16sc, veksFFTFree_C_16sc,
+            veksFFTGetBufSize_C_16sc, 2 * n, scaled(veksFFTFwd_CToC_16sc_Sfs)),
+    };
+}
+
+template <class T>
+std::vector<unsigned char> random_bytes(size_t bytes, uint64_t seed) {
+    vt::Rng rng(seed);
+    std::vector<unsigned char> v(bytes);
+    for (size_t i = 0; i + sizeof(T) <= bytes; i += sizeof(T)) {
+        T x;
+        if constexpr (std::is_floating_point_v<T>)
+            x = static_cast<T>(rng.uniform(-1, 1));
+        else
+            x = static_cast<T>(rng.range(-2000, 2000));
+        std::memcpy(v.data() + i, &x, sizeof x);
+    }
+    return v;
+}
+
+TEST(Threads, OneTransformObjectServesFourThreads) {
+    for (const Transform& t : transforms()) {
+        SCOPED_TRACE(t.name);
+        void* obj = t.create();
+        ASSERT_NE(obj, nullptr);
+        const int bytes = t.buf_bytes(obj);
+        std::vector<std::vector<unsigned char>> in(kThreads), want(kThreads);
+        for (int k = 0; k < kThreads; ++k) {
+            in[k] = random_bytes<float>(t.in_bytes, 7 + k); // float bits are fine for 16-bit data
+            want[k].resize(t.out_bytes);
+            std::vector<Vek8u> buf(static_cast<size_t>(bytes));
+            ASSERT_GE(t.run(obj, in[k].data(), want[k].data(), buf.data()), vekStsOk);
+        }
+        std::vector<std::vector<unsigned char>> got(kThreads);
+        std::vector<int> mismatches(kThreads, 0);
+        std::vector<std::thread> pool;
+        for (int k = 0; k < kThreads; ++k)
+            pool.emplace_back([&, k] {
+                // Odd threads pass no buffer: the call then takes one of its own.
+                std::vector<Vek8u> buf(static_cast<size_t>(bytes));
+                got[k].resize(t.out_bytes);
+                for (int r = 0; r < kRounds; ++r) {
+                    const VekStatus st =
+                        t.run(obj, in[k].data(), got[k].data(), k % 2 ? nullptr : buf.data());
+                    if (st < vekStsOk || got[k] != want[k]) ++mismatches[k];
+                }
+            });
+        for (std::thread& th : pool) th.join();
+        for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
+        t.release(obj);
+    }
+}
+
+// Distinct FIR states (one with the FFT path, one with integer taps) filter concurrently.
+TEST(Threads, DistinctFilterStatesRunConcurrently) {
+    vt::Rng rng(3);
+    std::vector<float> taps(40);
+    for (float& h : taps) h = static_cast<float>(rng.uniform(-1, 1));
+    const std::vector<Vek32s> itaps{3, -7, 11, 5, -2};
+    const auto x = rng.vec<float>(3000);
+    std::vector<Vek16s> xi(3000);
+    for (Vek16s& v : xi) v = static_cast<Vek16s>(rng.range(-3000, 3000));
+    auto run_float = [&](std::vector<float>& out) {
+        VeksFIRState_32f* s = nullptr;
+        EXPECT_EQ(veksFIRInitAlloc_32f(&s, taps.data(), 40, nullptr), vekStsOk);
+        out.resize(x.size());
+        for (size_t at = 0; at < x.size(); at += 1000)
+            EXPECT_EQ(veksFIR_32f(x.data() + at, out.data() + at, 1000, s), vekStsOk);
+        EXPECT_EQ(veksFIRFree_32f(s), vekStsOk);
+    };
+    auto run_int = [&](std::vector<Vek16s>& out) {
+        VeksFIRState32s_16s* s = nullptr;
+        EXPECT_EQ(veksFIRInitAlloc32s_16s(&s, itaps.data(), 5, 0, nullptr), vekStsOk);
+        out = xi;
+        EXPECT_EQ(veksFIR32s_16s_ISfs(out.data(), static_cast<int>(out.size()), s, 2), vekStsOk);
+        EXPECT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    };
+    std::vector<float> want;
+    std::vector<Vek16s> want_i;
+    run_float(want);
+    run_int(want_i);
+    std::vector<std::vector<float>> got(kThreads);
+    std::vector<std::vector<Vek16s>> got_i(kThreads);
+    std::vector<std::thread> pool;
+    for (int k = 0; k < kThreads; ++k)
+        pool.emplace_back([&, k] { k % 2 ? run_int(got_i[k]) : run_float(got[k]); });
+    for (std::thread& th : pool) th.join();
+    for (int k = 0; k < kThreads; ++k) {
+        if (k % 2)
+            EXPECT_EQ(got_i[k], want_i) << "thread " << k;
+        else
+            EXPECT_TRUE(vt::bits_equal(got[k], want)) << "thread " << k;
+    }
+}
+
+} // namespace
