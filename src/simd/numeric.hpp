@@ -160,6 +160,29 @@ inline T round_away_saturate(double x) noexcept {
     return static_cast<T>(x >= 0.0 ? x + 0.5 : x - 0.5);
 }
 
+// round_away_saturate written without branches, so that loops over it vectorise: the same
+// result for every x (x + 0.5 or x - 0.5 clamped to T's range and truncated; NaN gives 0).
+template <class T>
+inline T round_away_clamp(double x) noexcept {
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    double a = x > 0.0 ? x + 0.5 : x - 0.5;
+    a = a < lo ? lo : a;
+    a = a > hi ? hi : a;
+    return static_cast<T>(a == a ? a : 0.0);
+}
+
+// trunc_saturate written without branches, so that loops over it vectorise: the same result
+// for every x.
+template <class T>
+inline T trunc_clamp(double x) noexcept {
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    double a = x < lo ? lo : x;
+    a = a > hi ? hi : a;
+    return static_cast<T>(a == a ? a : 0.0);
+}
+
 // 2^-sf with sf clamped to -127 .. 127, built in the exponent field (exact in double).
 constexpr double pow2_neg(int sf) noexcept { return pow2(sf < -127 ? 127 : sf > 127 ? -127 : -sf); }
 

@@ -74,6 +74,16 @@ struct Vec {
         return r;
     }
     static R zero() { return R{}; }
+    // N floats widened (double vectors), and N lanes stored as floats (rounded by the current
+    // mode).
+    static R load_float(const float* p) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = static_cast<T>(p[i]);
+        return r;
+    }
+    static void store_float(float* p, R a) {
+        for (int i = 0; i < N; ++i) p[i] = static_cast<float>(a.v[i]);
+    }
 
     // ---- lane-wise arithmetic (integers wrap) ----
     template <class F>

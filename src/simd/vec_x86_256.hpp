@@ -216,6 +216,8 @@ struct Vec<double, 4> {
     // current mode).
     static R from_float(__m128 a) { return _mm256_cvtps_pd(a); }
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
+    static R load_float(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a)); }
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }

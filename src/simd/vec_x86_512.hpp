@@ -207,6 +207,9 @@ struct Vec<double, 8> {
 
     static R from_float(__m256 a) { return _mm512_cvtps_pd(a); }
     static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
+    // 8 floats widened, and 8 lanes stored as floats (rounded by the current mode).
+    static R load_float(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm256_storeu_ps(p, _mm512_cvtpd_ps(a)); }
     // Rounded to nearest (ties to even) whatever the caller's rounding mode.
     static __m256 to_float_nearest(R a) {
         return _mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
