@@ -422,6 +422,300 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 
 /* ==== IIR ===================================================================================== */
 
+typedef struct VeksIIRState_32f VeksIIRState_32f;
+typedef struct VeksIIRState_32fc VeksIIRState_32fc;
+typedef struct VeksIIRState_64f VeksIIRState_64f;
+typedef struct VeksIIRState_64fc VeksIIRState_64fc;
+typedef struct VeksIIRState64f_32f VeksIIRState64f_32f;
+typedef struct VeksIIRState64fc_32fc VeksIIRState64fc_32fc;
+typedef struct VeksIIRState64f_32s VeksIIRState64f_32s;
+typedef struct VeksIIRState64fc_32sc VeksIIRState64fc_32sc;
+typedef struct VeksIIRState64f_16s VeksIIRState64f_16s;
+typedef struct VeksIIRState64fc_16sc VeksIIRState64fc_16sc;
+typedef struct VeksIIRState32f_16s VeksIIRState32f_16s;
+typedef struct VeksIIRState32fc_16sc VeksIIRState32fc_16sc;
+typedef struct VeksIIRState32s_16s VeksIIRState32s_16s;
+typedef struct VeksIIRState32sc_16sc VeksIIRState32sc_16sc;
+
+/** @name IIR filter states with floating-point taps
+ *  @{ */
+/** States of an infinite-impulse-response filter: an arbitrary-order filter
+ *  y[n] = (sum over i = 0 .. order of b_i x[n-i] - sum over i = 1 .. order of a_i y[n-i]) / a0, or
+ *  a cascade of numBq second-order sections ("BiQuad"), each feeding the next.
+ *  Names: veksIIR<T>_<D> with taps type T (none: the data type) and data type D. Every member
+ *  normalises and keeps its taps and its delay line in double precision (complex members as
+ *  pairs of doubles), whatever its data type.
+ *  - InitAlloc(ppState, pTaps, order, pDlyLine): pTaps holds 2*(order+1) values b0 .. b_order,
+ *    a0 .. a_order; order >= 0 (order 0 is the gain b0/a0 with an empty delay line). The state
+ *    keeps b_i/a0 and a_i/a0 (i >= 1), each the product with 1/a0 computed once, and filters in
+ *    transposed direct form II: y = b0*x + d[0]; d[i] = (b[i+1]*x - a[i+1]*y) + d[i+1];
+ *    d[order-1] = b[order]*x - a[order]*y. The delay line is d[0 .. order-1].
+ *  - InitAlloc_BiQuad(ppState, pTaps, numBq, pDlyLine): pTaps holds 6 values per section, b0, b1,
+ *    b2, a0, a1, a2, in cascade order. The state keeps the overall gain G (the product of the
+ *    sections' b0/a0) and per section a1/a0, a2/a0, b1/b0, b2/b0, and filters each section in
+ *    direct form II on the gain-scaled signal: v = G*x; per section w = (v - a1*w1) - a2*w2,
+ *    v = (w + b1*w1) + b2*w2, then w2 = w1, w1 = w; the output is the last v. The delay line
+ *    holds two values per section, w1 (w[n-1]) then w2 (w[n-2]). A section whose b0 is zero is
+ *    refused, as b0 is factored out.
+ *  - The delay line given to InitAlloc (null: zeros), GetDlyLine and SetDlyLine (null: zeros) is
+ *    the state's own, in its own order, in the taps type of the member (the 64f and 64fc taps
+ *    members exchange doubles); members with 32-bit float taps round their double-precision line
+ *    to float in GetDlyLine, so a Set followed by a Get returns the values set.
+ *  - Free releases the state. Every operation on a state accepts both kinds (arbitrary order and
+ *    BiQuad) of its member and no other.
+ *  Statuses, in check order: InitAlloc: ppState or pTaps null vekStsNullPointerErr; order < 0
+ *  or numBq < 1 vekStsIirOrderErr; allocation failure vekStsMemAllocErr; a0 = 0 (any section's
+ *  a0 or b0 = 0 for BiQuad) vekStsDivideByZeroErr, with nothing left allocated. Free, SetDlyLine:
+ *  null state vekStsNullPointerErr; a state of another kind vekStsContextMismatchErr.
+ *  GetDlyLine: null state or line vekStsNullPointerErr, then the kind. */
+VEK_API VekStatus veksIIRInitAlloc_32f(VeksIIRState_32f** ppState, const Vek32f* pTaps, int order,
+                                       const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_32f(VeksIIRState_32f** ppState, const Vek32f* pTaps,
+                                              int numBq, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRFree_32f(VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIRGetDlyLine_32f(const VeksIIRState_32f* pState, Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_32f(VeksIIRState_32f* pState, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_32fc(VeksIIRState_32fc** ppState, const Vek32fc* pTaps,
+                                        int order, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_32fc(VeksIIRState_32fc** ppState, const Vek32fc* pTaps,
+                                               int numBq, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRFree_32fc(VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine_32fc(const VeksIIRState_32fc* pState, Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_32fc(VeksIIRState_32fc* pState, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_64f(VeksIIRState_64f** ppState, const Vek64f* pTaps, int order,
+                                       const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_64f(VeksIIRState_64f** ppState, const Vek64f* pTaps,
+                                              int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree_64f(VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIRGetDlyLine_64f(const VeksIIRState_64f* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_64f(VeksIIRState_64f* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_64fc(VeksIIRState_64fc** ppState, const Vek64fc* pTaps,
+                                        int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_64fc(VeksIIRState_64fc** ppState, const Vek64fc* pTaps,
+                                               int numBq, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree_64fc(VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine_64fc(const VeksIIRState_64fc* pState, Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_64fc(VeksIIRState_64fc* pState, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_32f(VeksIIRState64f_32f** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_32f(VeksIIRState64f_32f** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_32f(VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_32f(const VeksIIRState64f_32f* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_32f(VeksIIRState64f_32f* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_32fc(VeksIIRState64fc_32fc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_32fc(VeksIIRState64fc_32fc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_32fc(VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_32fc(const VeksIIRState64fc_32fc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_32fc(VeksIIRState64fc_32fc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_32s(VeksIIRState64f_32s** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_32s(VeksIIRState64f_32s** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_32s(VeksIIRState64f_32s* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_32s(const VeksIIRState64f_32s* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_32s(VeksIIRState64f_32s* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_32sc(VeksIIRState64fc_32sc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_32sc(VeksIIRState64fc_32sc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_32sc(VeksIIRState64fc_32sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_32sc(const VeksIIRState64fc_32sc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_32sc(VeksIIRState64fc_32sc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_16s(VeksIIRState64f_16s** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_16s(VeksIIRState64f_16s** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_16s(VeksIIRState64f_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_16s(const VeksIIRState64f_16s* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_16s(VeksIIRState64f_16s* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_16sc(VeksIIRState64fc_16sc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_16sc(VeksIIRState64fc_16sc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_16sc(VeksIIRState64fc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_16sc(const VeksIIRState64fc_16sc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_16sc(VeksIIRState64fc_16sc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32f_16s(VeksIIRState32f_16s** ppState, const Vek32f* pTaps,
+                                          int order, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32f_BiQuad_16s(VeksIIRState32f_16s** ppState, const Vek32f* pTaps,
+                                                 int numBq, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRFree32f_16s(VeksIIRState32f_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine32f_16s(const VeksIIRState32f_16s* pState, Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32f_16s(VeksIIRState32f_16s* pState, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32fc_16sc(VeksIIRState32fc_16sc** ppState, const Vek32fc* pTaps,
+                                            int order, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32fc_BiQuad_16sc(VeksIIRState32fc_16sc** ppState,
+                                                   const Vek32fc* pTaps, int numBq,
+                                                   const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRFree32fc_16sc(VeksIIRState32fc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine32fc_16sc(const VeksIIRState32fc_16sc* pState,
+                                             Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32fc_16sc(VeksIIRState32fc_16sc* pState,
+                                             const Vek32fc* pDlyLine);
+/** @} */
+
+/** @name IIR filtering with floating-point taps
+ *  @{ */
+/** Filters a block (pSrc to pDst, len samples; the _I forms in place) or one sample (src to
+ *  *pDstVal) through an IIR state, carrying the delay line from call to call. The state's
+ *  recurrence (see the IIR states above) runs in double precision, each step in the same order
+ *  in every call, so a block gives the bits of the same samples passed one at a time through
+ *  the single-sample form, on every processor. Outputs are rounded once: floating-point data by
+ *  the current rounding mode; integer data (Sfs) is multiplied by 2^-scaleFactor (scaleFactor
+ *  clamped to -127 .. 127), saturated, an exact 0 stays 0, otherwise rounded half away from
+ *  zero, and a NaN gives 0. The recurrence carries the unrounded value, so integer outputs and
+ *  the scale factor do not change the filter's state. Complex products are (ac - bd, ad + bc).
+ *  Statuses, in check order: state null vekStsNullPointerErr; a state of another kind
+ *  vekStsContextMismatchErr; block: pSrc or pDst null vekStsNullPointerErr, len < 1
+ *  vekStsDataSizeErr; single sample: pDstVal null vekStsNullPointerErr. */
+VEK_API VekStatus veksIIR_32f(const Vek32f* pSrc, Vek32f* pDst, int len, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIR_32f_I(Vek32f* pSrcDst, int len, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIROne_32f(Vek32f src, Vek32f* pDstVal, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIR_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len,
+                               VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIR_32fc_I(Vek32fc* pSrcDst, int len, VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIROne_32fc(Vek32fc src, Vek32fc* pDstVal, VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIR_64f(const Vek64f* pSrc, Vek64f* pDst, int len, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIR_64f_I(Vek64f* pSrcDst, int len, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIROne_64f(Vek64f src, Vek64f* pDstVal, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIR_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len,
+                               VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIR_64fc_I(Vek64fc* pSrcDst, int len, VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIROne_64fc(Vek64fc src, Vek64fc* pDstVal, VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIR64f_32f(const Vek32f* pSrc, Vek32f* pDst, int len,
+                                 VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIR64f_32f_I(Vek32f* pSrcDst, int len, VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIROne64f_32f(Vek32f src, Vek32f* pDstVal, VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIR64fc_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len,
+                                   VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIR64fc_32fc_I(Vek32fc* pSrcDst, int len, VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIROne64fc_32fc(Vek32fc src, Vek32fc* pDstVal, VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIR64f_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int len,
+                                     VeksIIRState64f_32s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_32s_ISfs(Vek32s* pSrcDst, int len, VeksIIRState64f_32s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne64f_32s_Sfs(Vek32s src, Vek32s* pDstVal, VeksIIRState64f_32s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR64fc_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int len,
+                                       VeksIIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64fc_32sc_ISfs(Vek32sc* pSrcDst, int len, VeksIIRState64fc_32sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne64fc_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal,
+                                          VeksIIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState64f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState64f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne64f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState64f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR64fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64fc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState64fc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne64fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState32f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32f_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState32f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne32f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState32f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR32fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState32fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32fc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState32fc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne32fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState32fc_16sc* pState, int scaleFactor);
+/** @} */
+
+/** @name IIR filters with integer taps
+ *  @{ */
+/** IIR filters of 16-bit data with 32-bit integer taps (32s_16s; complex 32sc_16sc), in integer
+ *  arithmetic. A tap t stands for t * 2^tapsFactor, so the integer form of 1.0 is
+ *  2^-tapsFactor.
+ *  - InitAlloc(ppState, pTaps, order, tapsFactor, pDlyLine): taps b0 .. b_order, a0 .. a_order.
+ *    When a0 is the unit 2^-tapsFactor (saturated to 32 bits) or zero, the taps are kept as
+ *    given; otherwise each tap t becomes trunc(t * 2^-tapsFactor / a0), computed exactly and
+ *    saturated to 32 bits (complex taps: divided in double precision, each part truncated
+ *    toward zero and saturated). a0 = 0 is not refused: the taps are then taken as already
+ *    normalised.
+ *  - InitAlloc_BiQuad(ppState, pTaps, numBq, tapsFactor, pDlyLine): 6 taps per section (b0, b1,
+ *    b2, a0, a1, a2); each section keeps b0, b1, b2, a1, a2 normalised by its own a0 as above
+ *    and runs as an order-2 filter of the form below; the value passed from one section to the
+ *    next is the section's fed-back output. A section with a0 = 0 or b0 = 0 is refused.
+ *  - The 16s32f (16sc32fc) forms take floating-point taps: they are normalised by a0 in double
+ *    precision (per section for BiQuad; an arbitrary-order a0 of 0 leaves them as given), then
+ *    converted with the taps factor that brings the largest magnitude (and 1.0) to at most
+ *    2^30, rounded half away from zero. The chosen factor is the state's tapsFactor.
+ *  - Filtering, per sample, in transposed direct form II with 64-bit two's-complement products
+ *    and sums (wrapping; exact whenever the true value fits in 64 bits):
+ *    acc = b0*x + d[0]; the fed-back output y = acc * 2^tapsFactor rounded half to even and
+ *    saturated to 32 bits; d[i] = (b[i+1]*x - a[i+1]*y) + d[i+1]; d[order-1] = b[order]*x -
+ *    a[order]*y. The output is acc * 2^(tapsFactor - scaleFactor) rounded half to even (one
+ *    rounding) and saturated to 16 bits; every scale factor is accepted. Since nothing is
+ *    rounded between the products, the output is exactly that of the direct form
+ *    sum b_i x[n-i] - sum a_i y[n-i] over the fed-back outputs. Complex members use complex
+ *    products and round each part on its own.
+ *  - The delay line (InitAlloc, GetDlyLine, SetDlyLine; null: zeros) holds the 64-bit values d
+ *    in the taps' units, order values or two per section, exchanged without conversion.
+ *  Statuses, in check order: as the floating-point members (InitAlloc: ppState or pTaps null
+ *  vekStsNullPointerErr; order < 0 or numBq < 1 vekStsIirOrderErr; allocation failure
+ *  vekStsMemAllocErr; a BiQuad section's a0 or b0 of 0 vekStsDivideByZeroErr. Working calls:
+ *  state null, state of another kind, vectors null, len < 1). */
+VEK_API VekStatus veksIIRInitAlloc32s_16s(VeksIIRState32s_16s** ppState, const Vek32s* pTaps,
+                                          int order, int tapsFactor, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_BiQuad_16s(VeksIIRState32s_16s** ppState, const Vek32s* pTaps,
+                                                 int numBq, int tapsFactor, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_16s32f(VeksIIRState32s_16s** ppState, const Vek32f* pTaps,
+                                             int order, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_BiQuad_16s32f(VeksIIRState32s_16s** ppState,
+                                                    const Vek32f* pTaps, int numBq,
+                                                    const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRFree32s_16s(VeksIIRState32s_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine32s_16s(const VeksIIRState32s_16s* pState, Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32s_16s(VeksIIRState32s_16s* pState, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32s_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState32s_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState32s_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIRInitAlloc32sc_16sc(VeksIIRState32sc_16sc** ppState, const Vek32sc* pTaps,
+                                            int order, int tapsFactor, const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_BiQuad_16sc(VeksIIRState32sc_16sc** ppState,
+                                                   const Vek32sc* pTaps, int numBq, int tapsFactor,
+                                                   const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_16sc32fc(VeksIIRState32sc_16sc** ppState,
+                                                const Vek32fc* pTaps, int order,
+                                                const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_BiQuad_16sc32fc(VeksIIRState32sc_16sc** ppState,
+                                                       const Vek32fc* pTaps, int numBq,
+                                                       const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRFree32sc_16sc(VeksIIRState32sc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine32sc_16sc(const VeksIIRState32sc_16sc* pState,
+                                             Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32sc_16sc(VeksIIRState32sc_16sc* pState,
+                                             const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState32sc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState32sc_16sc* pState, int scaleFactor);
+/** @} */
+
 /* ==== end of IIR */
 
 /* ==== LMS ===================================================================================== */
