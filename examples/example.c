@@ -26,8 +26,9 @@ static double power_at(const Vek32f* ccs, double f) {
 
 int main(void) {
     const VekLibraryVersion* v = veksGetLibVersion();
-    printf("%s %s (%d.%d.%d.%d), processor class %d\n", v->moduleName, v->versionText,
-           v->versionMajor, v->versionMinor, v->buildSeries, v->buildNumber, (int)vekGetCpuType());
+    /* The kernels are chosen from the processor's features; the veks-info program prints the
+       level in use and why. */
+    printf("veks %s (headers %s)\n", v->versionText, VEKS_VERSION_STRING);
 
     Vek16s* pcm = veksMalloc_16s(N);
     Vek32f* x = veksMalloc_32f(N);

@@ -1,7 +1,10 @@
-/* veks: one-dimensional signal-processing primitives. Umbrella header. */
+/** @file veks.h
+ *  Umbrella header: includes every public header of veks, a library of one-dimensional
+ *  signal-processing primitives behind a plain C ABI. Compiles as C99 and as C++. */
 #ifndef VEKS_H
 #define VEKS_H
 
+#include "veks_version.h"
 #include "veks_types.h"
 #include "veks_core.h"
 #include "veks_arith.h"

@@ -1,5 +1,8 @@
-/* veks: vector arithmetic, conversion and companding, logical and shift operations, data movement.
- */
+/** @file veks_arith.h
+ *  Vector arithmetic, conversion and companding, logical and shift operations, data movement.
+ *  Every function here follows the call frame (@ref callframe): pointers are tested first
+ *  (vekStsNullPointerErr), then the length (len < 1: vekStsDataSizeErr), then the function's
+ *  own parameters; on an error nothing is written. */
 #ifndef VEKS_ARITH_H
 #define VEKS_ARITH_H
 
@@ -11,43 +14,54 @@ extern "C" {
 
 /* ==== Element-wise arithmetic ================================================================= */
 
-/* Element-wise arithmetic: Add, Sub, Mul, Div, their constant forms (C: element op val, CRev:
-   val op element), in-place forms (_I: pSrcDst op= pSrc) and scaled integer forms (_Sfs).
-   Sub computes pSrc2 - pSrc1 and Div pSrc2 / pSrc1 (the first vector is subtracted / divides).
+/** @page arith_rules Element-wise arithmetic: the shared rules
+ *  Element-wise arithmetic: Add, Sub, Mul, Div, their constant forms (C: element op val, CRev:
+ *  val op element), in-place forms (_I: pSrcDst op= pSrc) and scaled integer forms (_Sfs).
+ *  Sub computes pSrc2 - pSrc1 and Div pSrc2 / pSrc1 (the first vector is subtracted / divides).
+ *
+ *  Integer results: the exact value (8/16-bit operands in 32 bits, 32-bit operands in 64 bits,
+ *  complex 32-bit products without any intermediate wrap) times 2^-scaleFactor, rounded half to
+ *  even and saturated to the destination type; every scaleFactor is accepted. Members without
+ *  _Sfs use scaleFactor 0. Complex integer results are rounded and saturated part by part.
+ *
+ *  Division: a zero divisor element gives +inf / -inf (integers: the type's maximum / minimum)
+ *  for a positive / negative dividend and, for a zero or NaN dividend, the NaN 0xFFC00000 /
+ *  0xFFF8000000000000 (integers: 0); the vector is completed and vekStsDivZeroWrn returned. A
+ *  negative-zero float divisor gives the IEEE sign. Integer quotients are formed in double as
+ *  src2 / (src1 * 2^sf) (sf < 0: (src2 / src1) * 2^-sf) and rounded to nearest even under a
+ *  forced round-to-nearest mode, whatever the caller's mode. Rules chosen here:
+ *  - Div_16s_Sfs: -32768 / -1 with scaleFactor 0 saturates to 32767, like every other result.
+ *  - Div and DivC accept every scaleFactor: 2^sf is exact for any sf, so large factors give the
+ *    correctly rounded quotient (0 for sf above the data range, saturation far below it).
+ *  - Complex integer Div / DivC: the quotient (y.re*x.re + y.im*x.im, y.im*x.re - y.re*x.im) /
+ *    (x.re^2 + x.im^2) with exact integer numerators and denominator, rounded once per part;
+ *    a divisor (0, 0) follows the zero-divisor rule part by part.
+ *  - Complex float Div: 32fc divides in single precision, x / y = x * conj(y) times the
+ *    reciprocal of y.re^2 + y.im^2, each numerator part and the denominator with one fused
+ *    multiply-add, the same on every processor; the error is at most 6 * 2^-24 * abs(x / y).
+ *    Elements with very large or very small parts are scaled by powers of two first (no
+ *    spurious overflow or underflow). 64fc uses Smith's scaling (no intermediate overflow). A
+ *    zero divisor applies the rule to each part.
+ *  - Complex float Mul/MulC of 32fc fuse one product per part: re = fma(a.re, b.re,
+ *    -(a.im*b.im)), im = fma(a.im, b.re, a.re*b.im), on every processor; 64fc rounds each
+ *    product and the sum (no fusing).
+ *  DivC_32f / DivC_64f multiply by the reciprocal 1/val formed in double and rounded to the type
+ *  (and test val == 0 before anything else). DivC of integer and complex types tests pointers,
+ *  the length, then val (complex: both parts zero) and returns vekStsDivideByZeroErr.
+ *  DivCRev_16u with val 0 zero-fills the destination without reading or checking pSrc.
+ *  Complex integer Add and Sub test the length before the pointers.
+ *  Abs_16s of -32768 is 32767; float Abs clears the sign bit. */
 
-   Integer results: the exact value (8/16-bit operands in 32 bits, 32-bit operands in 64 bits,
-   complex 32-bit products without any intermediate wrap) times 2^-scaleFactor, rounded half to
-   even and saturated to the destination type; every scaleFactor is accepted. Members without
-   _Sfs use scaleFactor 0. Complex integer results are rounded and saturated part by part.
-
-   Division: a zero divisor element gives +inf / -inf (integers: the type's maximum / minimum)
-   for a positive / negative dividend and, for a zero or NaN dividend, the NaN 0xFFC00000 /
-   0xFFF8000000000000 (integers: 0); the vector is completed and vekStsDivZeroWrn returned. A
-   negative-zero float divisor gives the IEEE sign. Integer quotients are formed in double as
-   src2 / (src1 * 2^sf) (sf < 0: (src2 / src1) * 2^-sf) and rounded to nearest even under a
-   forced round-to-nearest mode, whatever the caller's mode. Rules chosen here:
-   - Div_16s_Sfs: -32768 / -1 with scaleFactor 0 saturates to 32767, like every other result.
-   - Div and DivC accept every scaleFactor: 2^sf is exact for any sf, so large factors give the
-     correctly rounded quotient (0 for sf above the data range, saturation far below it).
-   - Complex integer Div / DivC: the quotient (y.re*x.re + y.im*x.im, y.im*x.re - y.re*x.im) /
-     (x.re^2 + x.im^2) with exact integer numerators and denominator, rounded once per part;
-     a divisor (0, 0) follows the zero-divisor rule part by part.
-   - Complex float Div: 32fc divides in single precision, x / y = x * conj(y) times the
-     reciprocal of y.re^2 + y.im^2, each numerator part and the denominator with one fused
-     multiply-add, the same on every processor; the error is at most 6 * 2^-24 * |x / y|.
-     Elements with very large or very small parts are scaled by powers of two first (no
-     spurious overflow or underflow). 64fc uses Smith's scaling (no intermediate overflow). A
-     zero divisor applies the rule to each part.
-   - Complex float Mul/MulC of 32fc fuse one product per part: re = fma(a.re, b.re,
-     -(a.im*b.im)), im = fma(a.im, b.re, a.re*b.im), on every processor; 64fc rounds each
-     product and the sum (no fusing).
-   DivC_32f / DivC_64f multiply by the reciprocal 1/val formed in double and rounded to the type
-   (and test val == 0 before anything else). DivC of integer and complex types tests pointers,
-   the length, then val (complex: both parts zero) and returns vekStsDivideByZeroErr.
-   DivCRev_16u with val 0 zero-fills the destination without reading or checking pSrc.
-   Complex integer Add and Sub test the length before the pointers.
-   Abs_16s of -32768 is 32767; float Abs clears the sign bit. */
-
+/** @name Add: sum of two vectors
+ *  @{ */
+/** pDst[i] = pSrc1[i] + pSrc2[i]; the _I forms compute pSrcDst[i] = pSrcDst[i] + pSrc[i]. Integer
+ *  members scale, round half to even and saturate as @ref arith_rules says; members without _Sfs
+ *  use scaleFactor 0. Add_16s32f gives the exact sum as a float; the unsigned members without a
+ *  scale factor saturate (Add_8u16u cannot overflow).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. The complex integer members (_16sc, _32sc) test len before the pointers:
+ *  vekStsDataSizeErr, then vekStsNullPointerErr. */
 VEK_API VekStatus veksAdd_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
 VEK_API VekStatus veksAdd_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus veksAdd_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
@@ -79,7 +93,15 @@ VEK_API VekStatus veksAdd_8u16u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek16u* 
 VEK_API VekStatus veksAdd_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksAdd_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len,
                                  int scaleFactor);
+/** @} */
 
+/** @name AddC: vector plus a constant
+ *  @{ */
+/** pDst[i] = pSrc[i] + val; the _I forms add val to pSrcDst in place. Integer members scale, round
+ *  half to even and saturate as @ref arith_rules says; members without _Sfs use scaleFactor 0.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksAddC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
 VEK_API VekStatus veksAddC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksAddC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len,
@@ -104,7 +126,18 @@ VEK_API VekStatus veksAddC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksAddC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksAddC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len,
                                   int scaleFactor);
+/** @} */
 
+/** @name Sub: difference of two vectors
+ *  @{ */
+/** pDst[i] = pSrc2[i] - pSrc1[i]: the first vector is subtracted from the second. The _I forms
+ *  compute pSrcDst[i] = pSrcDst[i] - pSrc[i]. Integer members scale, round half to even and
+ *  saturate as @ref arith_rules says; members without _Sfs use scaleFactor 0. Sub_16s32f gives the
+ *  exact difference as a float.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. The complex integer members (_16sc, _32sc) test len before the pointers:
+ *  vekStsDataSizeErr, then vekStsNullPointerErr. */
 VEK_API VekStatus veksSub_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
 VEK_API VekStatus veksSub_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus veksSub_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len);
@@ -133,7 +166,16 @@ VEK_API VekStatus veksSub_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len)
 VEK_API VekStatus veksSub_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksSub_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len,
                                  int scaleFactor);
+/** @} */
 
+/** @name SubC: vector minus a constant
+ *  @{ */
+/** pDst[i] = pSrc[i] - val; the _I forms subtract val from pSrcDst in place. Integer members
+ *  scale, round half to even and saturate as @ref arith_rules says; members without _Sfs use
+ *  scaleFactor 0.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksSubC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
 VEK_API VekStatus veksSubC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksSubC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len,
@@ -158,7 +200,16 @@ VEK_API VekStatus veksSubC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksSubC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksSubC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len,
                                   int scaleFactor);
+/** @} */
 
+/** @name SubCRev: constant minus a vector
+ *  @{ */
+/** pDst[i] = val - pSrc[i]; the _I forms compute pSrcDst[i] = val - pSrcDst[i]. Integer members
+ *  scale, round half to even and saturate as @ref arith_rules says; members without _Sfs use
+ *  scaleFactor 0.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksSubCRev_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksSubCRev_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len,
                                       int scaleFactor);
@@ -182,7 +233,19 @@ VEK_API VekStatus veksSubCRev_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksSubCRev_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksSubCRev_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len,
                                      int scaleFactor);
+/** @} */
 
+/** @name Mul: product of two vectors
+ *  @{ */
+/** pDst[i] = pSrc1[i] * pSrc2[i]; the _I forms multiply pSrcDst by pSrc in place. Integer members
+ *  scale, round half to even and saturate as @ref arith_rules says; members without _Sfs use
+ *  scaleFactor 0. Integer products are exact before scaling (complex 32-bit products included).
+ *  Mul_16s32f rounds the exact product to float once; Mul_8u16u is exact. Complex float products:
+ *  32fc fuses one product per part (re = fma(a.re, b.re, -(a.im*b.im)), im = fma(a.im, b.re,
+ *  a.re*b.im)) on every processor; 64fc rounds each product and the sum.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksMul_16s(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len);
 VEK_API VekStatus veksMul_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus veksMul_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek32s* pDst,
@@ -216,7 +279,16 @@ VEK_API VekStatus veksMul_8u16u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek16u* 
 VEK_API VekStatus veksMul_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksMul_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len,
                                  int scaleFactor);
+/** @} */
 
+/** @name MulC: vector times a constant
+ *  @{ */
+/** pDst[i] = pSrc[i] * val; the _I forms multiply pSrcDst by val in place. Integer members scale,
+ *  round half to even and saturate as @ref arith_rules says; members without _Sfs use scaleFactor
+ *  0. Complex float members round as Mul.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksMulC_16s_I(Vek16s val, Vek16s* pSrcDst, int len);
 VEK_API VekStatus veksMulC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksMulC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len,
@@ -241,7 +313,18 @@ VEK_API VekStatus veksMulC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksMulC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksMulC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len,
                                   int scaleFactor);
+/** @} */
 
+/** @name Div: quotient of two vectors
+ *  @{ */
+/** pDst[i] = pSrc2[i] / pSrc1[i]: the first vector divides the second. The _I forms compute
+ *  pSrcDst[i] = pSrcDst[i] / pSrc[i]. Integer quotients are formed in double and rounded to
+ *  nearest even under a forced round-to-nearest mode (the caller's mode is restored); zero
+ *  divisors, complex rounding and error bounds are described in @ref arith_rules.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. vekStsDivZeroWrn when at least one divisor element was zero: the whole vector is
+ *  still computed, the zero-divisor rule giving those elements. */
 VEK_API VekStatus veksDiv_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksDiv_16s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, Vek16s* pDst, int len,
                                   int scaleFactor);
@@ -260,7 +343,18 @@ VEK_API VekStatus veksDiv_64fc_I(const Vek64fc* pSrc, Vek64fc* pSrcDst, int len)
 VEK_API VekStatus veksDiv_8u_ISfs(const Vek8u* pSrc, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksDiv_8u_Sfs(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len,
                                  int scaleFactor);
+/** @} */
 
+/** @name DivC: vector divided by a constant
+ *  @{ */
+/** pDst[i] = pSrc[i] / val; the _I forms divide pSrcDst by val in place. DivC_32f and DivC_64f
+ *  multiply by the reciprocal 1/val formed in double and rounded to the type; the integer and
+ *  complex members divide as Div.
+ *
+ *  Statuses in check order: DivC_32f and DivC_64f (and their _I forms) test val first:
+ *  vekStsDivideByZeroErr for val == 0, then vekStsNullPointerErr, vekStsDataSizeErr (len < 1). The
+ *  integer and complex members test vekStsNullPointerErr, vekStsDataSizeErr, then
+ *  vekStsDivideByZeroErr (val zero; complex: both parts zero). Else vekStsOk. */
 VEK_API VekStatus veksDivC_16s_ISfs(Vek16s val, Vek16s* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksDivC_16s_Sfs(const Vek16s* pSrc, Vek16s val, Vek16s* pDst, int len,
                                    int scaleFactor);
@@ -278,36 +372,49 @@ VEK_API VekStatus veksDivC_64fc_I(Vek64fc val, Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksDivC_8u_ISfs(Vek8u val, Vek8u* pSrcDst, int len, int scaleFactor);
 VEK_API VekStatus veksDivC_8u_Sfs(const Vek8u* pSrc, Vek8u val, Vek8u* pDst, int len,
                                   int scaleFactor);
+/** @} */
 
+/** @name DivCRev: constant divided by a vector
+ *  @{ */
+/** pDst[i] = val / pSrc[i], rounded to nearest even; the _I form computes pSrcDst[i] = val /
+ *  pSrcDst[i]. A zero element gives 65535 (val > 0). With val 0 every quotient is 0: the
+ *  destination is zero-filled and pSrc is neither read nor checked.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pDst, and pSrc unless val is 0),
+ *  vekStsDataSizeErr (len < 1); vekStsDivZeroWrn when a zero element was met (val > 0), else
+ *  vekStsOk. */
 VEK_API VekStatus veksDivCRev_16u(const Vek16u* pSrc, Vek16u val, Vek16u* pDst, int len);
 VEK_API VekStatus veksDivCRev_16u_I(Vek16u val, Vek16u* pSrcDst, int len);
+/** @} */
 
+/** @name Abs: absolute value
+ *  @{ */
+/** pDst[i] = abs(pSrc[i]); the _I forms work in place. Abs_16s of -32768 gives 32767; the float
+ *  members clear the sign bit (NaN keeps its payload).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksAbs_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksAbs_16s_I(Vek16s* pSrcDst, int len);
 VEK_API VekStatus veksAbs_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksAbs_32f_I(Vek32f* pSrcDst, int len);
 VEK_API VekStatus veksAbs_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
 VEK_API VekStatus veksAbs_64f_I(Vek64f* pSrcDst, int len);
+/** @} */
 
 /* ==== end of Element-wise arithmetic */
 
 /* ==== Conversion and companding =============================================================== */
 
-/* Element type conversion. Every function returns vekStsNullPointerErr for a null pointer, then
- * vekStsDataSizeErr for len < 1, and writes nothing on an error.
+/** @name Convert: type conversion without scaling
+ *  @{ */
+/** pDst[i] = pSrc[i] converted from the first suffix type to the second. Widening conversions are
+ *  exact; 32s -> 32f and 64f -> 32f round to the nearest value (ties to even); Convert_32s16s
+ *  saturates (above 32767 gives 32767, below -32768 gives -32768). Results never depend on the
+ *  caller's floating-point rounding mode.
  *
- * Widening conversions are exact; 32s -> 32f and 64f -> 32f round to the nearest value (ties to
- * even). The _Sfs integer-to-float forms give v * 2^-scaleFactor rounded once to the destination,
- * for every scaleFactor (overflow gives an infinity, underflow zero).
- *
- * Float to integer (_Sfs with roundMode): x * 2^-scaleFactor, rounded to the nearest integer with
- * ties to even when roundMode is 1 and truncated toward zero for any other roundMode, then
- * saturated to the destination type. NaN converts to 0, +infinity to the type's maximum and
- * -infinity to its minimum.
- *
- * Results never depend on the caller's floating-point rounding mode, which is restored on
- * return. */
-
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksConvert_8s16s(const Vek8s* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksConvert_8s32f(const Vek8s* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksConvert_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len);
@@ -318,9 +425,16 @@ VEK_API VekStatus veksConvert_32s32f(const Vek32s* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksConvert_32s64f(const Vek32s* pSrc, Vek64f* pDst, int len);
 VEK_API VekStatus veksConvert_32f64f(const Vek32f* pSrc, Vek64f* pDst, int len);
 VEK_API VekStatus veksConvert_64f32f(const Vek64f* pSrc, Vek32f* pDst, int len);
-/* Saturating: above 32767 gives 32767, below -32768 gives -32768. */
 VEK_API VekStatus veksConvert_32s16s(const Vek32s* pSrc, Vek16s* pDst, int len);
+/** @} */
 
+/** @name Convert: integer to float with a scale factor
+ *  @{ */
+/** pDst[i] = pSrc[i] * 2^-scaleFactor, rounded once to the destination (ties to even), for every
+ *  scaleFactor: overflow gives an infinity, underflow zero.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksConvert_16s32f_Sfs(const Vek16s* pSrc, Vek32f* pDst, int len,
                                          int scaleFactor);
 VEK_API VekStatus veksConvert_16s64f_Sfs(const Vek16s* pSrc, Vek64f* pDst, int len,
@@ -329,7 +443,17 @@ VEK_API VekStatus veksConvert_32s32f_Sfs(const Vek32s* pSrc, Vek32f* pDst, int l
                                          int scaleFactor);
 VEK_API VekStatus veksConvert_32s64f_Sfs(const Vek32s* pSrc, Vek64f* pDst, int len,
                                          int scaleFactor);
+/** @} */
 
+/** @name Convert: float to integer with rounding mode and scale factor
+ *  @{ */
+/** pDst[i] = pSrc[i] * 2^-scaleFactor, rounded to the nearest integer with ties to even when
+ *  roundMode is 1 and truncated toward zero for any other roundMode, then saturated to the
+ *  destination type. NaN converts to 0, +infinity to the type's maximum and -infinity to its
+ *  minimum. The result does not depend on the caller's rounding mode, which is restored on return.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. Every roundMode value is accepted. */
 VEK_API VekStatus veksConvert_32f8s_Sfs(const Vek32f* pSrc, Vek8s* pDst, int len, int roundMode,
                                         int scaleFactor);
 VEK_API VekStatus veksConvert_32f8u_Sfs(const Vek32f* pSrc, Vek8u* pDst, int len, int roundMode,
@@ -342,38 +466,56 @@ VEK_API VekStatus veksConvert_32f32s_Sfs(const Vek32f* pSrc, Vek32s* pDst, int l
                                          int scaleFactor);
 VEK_API VekStatus veksConvert_64f32s_Sfs(const Vek64f* pSrc, Vek32s* pDst, int len, int roundMode,
                                          int scaleFactor);
+/** @} */
 
-/* G.711 companding. Null pointers give vekStsNullPointerErr, then len < 1 vekStsDataSizeErr.
+/** @name G.711 decoders
+ *  @{ */
+/** Expand A-law or mu-law codes to linear samples on the 16-bit scale: A-law gives its 13-bit
+ *  magnitude times 8 (0xD5 -> 8, 0x80 -> 5504), mu-law its 14-bit magnitude times 4 without the
+ *  0x84 bias (0x80 -> 32124; 0x7F and 0xFF -> 0). The 8u32f forms divide that value by 32768.
  *
- * Decoders give the law's value on the 16-bit scale (A-law: 13-bit magnitude times 8, so 0xD5 ->
- * 8 and 0x80 -> 5504; mu-law: 14-bit magnitude times 4 without the 0x84 bias, so 0x80 -> 32124
- * and 0x7F, 0xFF -> 0); the 8u32f forms divide by 32768.
- *
- * Encoders follow the segment rules on the 16-bit scale. LinToALaw_16s8u encodes -1 to -7 as 0x5A
- * (not 0x55): the negative branch forms -x - 8, which stays negative for these inputs. The 32f8u
- * encoders multiply by 32768, take NaN as 0, clamp to -32768..32767 and truncate toward zero
- * before encoding.
- *
- * ALawToMuLaw_8u and MuLawToALaw_8u follow the G.711 conversion tables between the laws. */
-
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksALawToLin_8u16s(const Vek8u* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksALawToLin_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksMuLawToLin_8u16s(const Vek8u* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksMuLawToLin_8u32f(const Vek8u* pSrc, Vek32f* pDst, int len);
+/** @} */
+/** @name G.711 encoders
+ *  @{ */
+/** Compress linear samples to A-law or mu-law codes by the segment rules on the 16-bit scale.
+ *  LinToALaw_16s8u encodes -1 to -7 as 0x5A (not 0x55): the negative branch forms -x - 8, which
+ *  stays negative for these inputs. The 32f8u encoders multiply by 32768, take NaN as 0, clamp to
+ *  -32768..32767 and truncate toward zero before encoding.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksLinToALaw_16s8u(const Vek16s* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksLinToALaw_32f8u(const Vek32f* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksLinToMuLaw_16s8u(const Vek16s* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksLinToMuLaw_32f8u(const Vek32f* pSrc, Vek8u* pDst, int len);
+/** @} */
+/** @name G.711 transcoders
+ *  @{ */
+/** Convert codes between the two laws by the G.711 conversion tables.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksALawToMuLaw_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksMuLawToALaw_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
+/** @} */
 
 /* ==== end of Conversion and companding */
 
 /* ==== Logical and shift ======================================================================= */
 
-/* Bitwise operations and shifts by a constant count. Bits shifted out are lost. Counts at or
- * beyond the element width are legal: left shifts and unsigned right shifts then give 0, signed
- * right shifts give 0 or -1 by the element's sign. A negative count returns vekStsShiftErr. */
+/** @name And, Or, Xor, Not: bitwise operations
+ *  @{ */
+/** pDst[i] = pSrc1[i] op pSrc2[i] (And, Or, Xor), pDst[i] = pSrc[i] op value (AndC, OrC, XorC) and
+ *  pDst[i] = ~pSrc[i] (Not); the _I forms combine into pSrcDst.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksAnd_8u(const Vek8u* pSrc1, const Vek8u* pSrc2, Vek8u* pDst, int len);
 VEK_API VekStatus veksAnd_8u_I(const Vek8u* pSrc, Vek8u* pSrcDst, int len);
 VEK_API VekStatus veksAndC_8u(const Vek8u* pSrc, Vek8u value, Vek8u* pDst, int len);
@@ -402,7 +544,17 @@ VEK_API VekStatus veksNot_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksNot_8u_I(Vek8u* pSrcDst, int len);
 VEK_API VekStatus veksNot_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
 VEK_API VekStatus veksNot_16u_I(Vek16u* pSrcDst, int len);
+/** @} */
 
+/** @name LShiftC, RShiftC: shifts by a constant count
+ *  @{ */
+/** pDst[i] = pSrc[i] << shift or >> shift; the _I forms shift pSrcDst in place. Bits shifted out
+ *  are lost (no saturation). Counts at or beyond the element width are legal: left shifts and
+ *  unsigned right shifts then give 0, signed right shifts give 0 or -1 by the element's sign.
+ *  Signed right shifts are arithmetic.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  vekStsShiftErr (shift < 0), else vekStsOk. */
 VEK_API VekStatus veksLShiftC_8u(const Vek8u* pSrc, int shift, Vek8u* pDst, int len);
 VEK_API VekStatus veksLShiftC_8u_I(int shift, Vek8u* pSrcDst, int len);
 VEK_API VekStatus veksLShiftC_16u(const Vek16u* pSrc, int shift, Vek16u* pDst, int len);
@@ -419,15 +571,19 @@ VEK_API VekStatus veksRShiftC_16s(const Vek16s* pSrc, int shift, Vek16s* pDst, i
 VEK_API VekStatus veksRShiftC_16s_I(int shift, Vek16s* pSrcDst, int len);
 VEK_API VekStatus veksRShiftC_32s(const Vek32s* pSrc, int shift, Vek32s* pDst, int len);
 VEK_API VekStatus veksRShiftC_32s_I(int shift, Vek32s* pSrcDst, int len);
+/** @} */
 
 /* ==== end of Logical and shift */
 
 /* ==== Data movement and complex layout ======================================================== */
 
-/* Copy, fill, reverse, split, join and conjugate. Copy behaves like memmove for overlapping
- * vectors; Flip, Conj and ConjFlip give their documented result for any overlap of source and
- * destination; Real, Imag, CplxToReal and RealToCplx expect disjoint vectors. RealToCplx takes a
- * null pSrcRe or pSrcIm (not both) as a vector of zeros. Conj_16sc stores -(-32768) as 32767. */
+/** @name Copy
+ *  @{ */
+/** pDst[i] = pSrc[i]. Overlapping vectors are copied as memmove would (the result is the source as
+ *  it was before the call).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksCopy_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksCopy_16s(const Vek16s* pSrc, Vek16s* pDst, int len);
 VEK_API VekStatus veksCopy_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
@@ -435,7 +591,15 @@ VEK_API VekStatus veksCopy_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksCopy_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
 VEK_API VekStatus veksCopy_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
 VEK_API VekStatus veksCopy_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+/** @} */
 
+/** @name Set: fill with a value
+ *  @{ */
+/** pDst[i] = value for every i (complex members: both parts of value). The bits of value are
+ *  stored unchanged (a NaN keeps its payload).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksSet_8u(Vek8u value, Vek8u* pDst, int len);
 VEK_API VekStatus veksSet_16s(Vek16s value, Vek16s* pDst, int len);
 VEK_API VekStatus veksSet_16sc(Vek16sc value, Vek16sc* pDst, int len);
@@ -447,7 +611,14 @@ VEK_API VekStatus veksSet_64s(Vek64s value, Vek64s* pDst, int len);
 VEK_API VekStatus veksSet_64sc(Vek64sc value, Vek64sc* pDst, int len);
 VEK_API VekStatus veksSet_64f(Vek64f value, Vek64f* pDst, int len);
 VEK_API VekStatus veksSet_64fc(Vek64fc value, Vek64fc* pDst, int len);
+/** @} */
 
+/** @name Zero: fill with zeros
+ *  @{ */
+/** pDst[i] = 0 (float members: +0.0).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksZero_8u(Vek8u* pDst, int len);
 VEK_API VekStatus veksZero_16s(Vek16s* pDst, int len);
 VEK_API VekStatus veksZero_16sc(Vek16sc* pDst, int len);
@@ -455,7 +626,15 @@ VEK_API VekStatus veksZero_32f(Vek32f* pDst, int len);
 VEK_API VekStatus veksZero_32fc(Vek32fc* pDst, int len);
 VEK_API VekStatus veksZero_64f(Vek64f* pDst, int len);
 VEK_API VekStatus veksZero_64fc(Vek64fc* pDst, int len);
+/** @} */
 
+/** @name Flip: reverse the order
+ *  @{ */
+/** pDst[i] = pSrc[len - 1 - i]; the _I forms reverse pSrcDst in place. Any overlap of source and
+ *  destination gives the reversed source.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksFlip_8u(const Vek8u* pSrc, Vek8u* pDst, int len);
 VEK_API VekStatus veksFlip_8u_I(Vek8u* pSrcDst, int len);
 VEK_API VekStatus veksFlip_16u(const Vek16u* pSrc, Vek16u* pDst, int len);
@@ -464,7 +643,17 @@ VEK_API VekStatus veksFlip_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
 VEK_API VekStatus veksFlip_32f_I(Vek32f* pSrcDst, int len);
 VEK_API VekStatus veksFlip_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
 VEK_API VekStatus veksFlip_64f_I(Vek64f* pSrcDst, int len);
+/** @} */
 
+/** @name Real, Imag, CplxToReal, RealToCplx: split and join complex vectors
+ *  @{ */
+/** Real and Imag copy the real or imaginary parts of pSrc; CplxToReal writes both into pDstRe and
+ *  pDstIm; RealToCplx joins pSrcRe and pSrcIm into pDst, taking a null pSrcRe or pSrcIm (not both)
+ *  as a vector of zeros. Source and destinations must not overlap.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. RealToCplx tests pDst, then len, then that pSrcRe and pSrcIm are not both null
+ *  (vekStsNullPointerErr). */
 VEK_API VekStatus veksReal_16sc(const Vek16sc* pSrc, Vek16s* pDstRe, int len);
 VEK_API VekStatus veksReal_32fc(const Vek32fc* pSrc, Vek32f* pDstRe, int len);
 VEK_API VekStatus veksReal_64fc(const Vek64fc* pSrc, Vek64f* pDstRe, int len);
@@ -480,7 +669,17 @@ VEK_API VekStatus veksRealToCplx_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm,
                                      int len);
 VEK_API VekStatus veksRealToCplx_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64fc* pDst,
                                      int len);
+/** @} */
 
+/** @name Conj, ConjFlip: complex conjugate
+ *  @{ */
+/** Conj: pDst[i] = conj(pSrc[i]); the _I forms conjugate in place. ConjFlip: pDst[i] =
+ *  conj(pSrc[len - 1 - i]). Any overlap of source and destination gives the documented result.
+ *  Conj_16sc and ConjFlip_16sc store -(-32768) as 32767; the float members flip the sign bit of
+ *  the imaginary part.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksConj_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
 VEK_API VekStatus veksConj_16sc_I(Vek16sc* pSrcDst, int len);
 VEK_API VekStatus veksConj_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
@@ -490,6 +689,7 @@ VEK_API VekStatus veksConj_64fc_I(Vek64fc* pSrcDst, int len);
 VEK_API VekStatus veksConjFlip_16sc(const Vek16sc* pSrc, Vek16sc* pDst, int len);
 VEK_API VekStatus veksConjFlip_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
 VEK_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+/** @} */
 
 /* ==== end of Data movement and complex layout */
 

@@ -1,4 +1,7 @@
-/* veks: filtering: FIR, IIR, LMS, convolution and correlation, resampling. */
+/** @file veks_filters.h
+ *  Filtering: FIR, IIR, LMS, convolution and correlation, resampling. Filter states follow the
+ *  object lifecycle (@ref callframe); use one state per stream, never shared by concurrent
+ *  calls. */
 #ifndef VEKS_FILTERS_H
 #define VEKS_FILTERS_H
 
@@ -10,30 +13,35 @@ extern "C" {
 
 /* ==== FIR single-rate ========================================================================= */
 
-/* y[n] = sum over k = 0 .. tapsLen-1 of h[k] * x[n-k].
-   Names: veksFIR<T>_<D> with taps type T (none: the data type) and data type D. Floating-point
-   taps accumulate in double precision (oldest sample first) and round once to the output:
-   floating-point data by the current rounding mode; integer data (Sfs) is multiplied by
-   2^-scaleFactor (scaleFactor clamped to -127 .. 127), saturated, an exact 0 stays 0, otherwise
-   rounded half away from zero; a NaN sum gives 0. Complex members sum the four real product
-   series (re*re, im*im, re*im, im*re) separately and combine them at the end.
-   State forms: InitAlloc copies the taps (natural order in, natural order out of GetTaps) and an
-   optional delay line of tapsLen samples, newest first (null: zeros); element tapsLen-1 of a
-   line never reaches an output. Get/SetDlyLine exchange the same layout; Set resets the
-   position. The block forms accept an in-place call (pSrc == pDst, and the _I forms): the
-   input is then copied to a temporary block first (allocation failure: vekStsMemAllocErr).
-   States with real floating-point taps of 32 or more may filter through an FFT overlap-save
-   path (blocks longer than the transform, and every in-place block); its results differ from
-   the direct sum by the transform's rounding, and a failing transform's status is returned.
-   Check order: state null (-8), state of another kind (-17), vectors null (-8), numIters < 1
-   (-6). InitAlloc: ppState/pTaps null (-8), tapsLen < 1 (-26), allocation failure (-9).
-   Direct forms: the caller owns a line of 2*tapsLen samples and an index 0 .. tapsLen-1 (both
-   start at zero); each input is written at line[index] and line[index+tapsLen]. An index out
-   of that range is taken modulo tapsLen. Check order: vectors null (-8), numIters < 1 (-6),
-   pTaps null (-8), tapsLen < 1 (-26), line or index null (-8); above 256 taps a temporary
-   reversed copy of the taps is allocated (failure: -9). Single-sample forms return the output
-   through pDstVal; their in-place forms read and write *pSrcDstVal. */
+/** @page fir_rules FIR filters: the shared rules
+ *  y[n] = sum over k = 0 .. tapsLen-1 of h[k] * x[n-k].
+ *  Names: veksFIR<T>_<D> with taps type T (none: the data type) and data type D. Floating-point
+ *  taps accumulate in double precision (oldest sample first) and round once to the output:
+ *  floating-point data by the current rounding mode; integer data (Sfs) is multiplied by
+ *  2^-scaleFactor (scaleFactor clamped to -127 .. 127), saturated, an exact 0 stays 0, otherwise
+ *  rounded half away from zero; a NaN sum gives 0. Complex members sum the four real product
+ *  series (re*re, im*im, re*im, im*re) separately and combine them at the end.
+ *  State forms: InitAlloc copies the taps (natural order in, natural order out of GetTaps) and an
+ *  optional delay line of tapsLen samples, newest first (null: zeros); element tapsLen-1 of a
+ *  line never reaches an output. Get/SetDlyLine exchange the same layout; Set resets the
+ *  position. The block forms accept an in-place call (pSrc == pDst, and the _I forms): the
+ *  input is then copied to a temporary block first (allocation failure: vekStsMemAllocErr).
+ *  States with real floating-point taps of 32 or more may filter through an FFT overlap-save
+ *  path (blocks longer than the transform, and every in-place block); its results differ from
+ *  the direct sum by the transform's rounding, and a failing transform's status is returned.
+ *  Check order: state null (-8), state of another kind (-17), vectors null (-8), numIters < 1
+ *  (-6). InitAlloc: ppState/pTaps null (-8), tapsLen < 1 (-26), allocation failure (-9).
+ *  Direct forms: the caller owns a line of 2*tapsLen samples and an index 0 .. tapsLen-1 (both
+ *  start at zero); each input is written at line[index] and line[index+tapsLen]. An index out
+ *  of that range is taken modulo tapsLen. Check order: vectors null (-8), numIters < 1 (-6),
+ *  pTaps null (-8), tapsLen < 1 (-26), line or index null (-8); above 256 taps a temporary
+ *  reversed copy of the taps is allocated (failure: -9). Single-sample forms return the output
+ *  through pDstVal; their in-place forms read and write *pSrcDstVal. */
 
+/** @name FIR state types (floating-point taps)
+ *  @{ */
+/** Opaque FIR filter states. VeksFIRState<T>_<D>: taps of type T (none: the data type) filtering
+ *  data of type D. Created by InitAlloc, released by Free. */
 typedef struct VeksFIRState_32f VeksFIRState_32f;
 typedef struct VeksFIRState_32fc VeksFIRState_32fc;
 typedef struct VeksFIRState_64f VeksFIRState_64f;
@@ -46,7 +54,21 @@ typedef struct VeksFIRState64fc_16sc VeksFIRState64fc_16sc;
 typedef struct VeksFIRState64fc_32sc VeksFIRState64fc_32sc;
 typedef struct VeksFIRState32f_16s VeksFIRState32f_16s;
 typedef struct VeksFIRState32fc_16sc VeksFIRState32fc_16sc;
+/** @} */
 
+/** @name FIR states: create, release, taps and delay line
+ *  @{ */
+/** State management. InitAlloc: *ppState = a new state holding a copy of the tapsLen taps (natural
+ *  order) and of the optional delay line pDlyLine (tapsLen samples, newest first; null: zeros).
+ *  Free releases a state. GetTaps copies the taps out in natural order. GetDlyLine copies the
+ *  delay line out (tapsLen samples, newest first); SetDlyLine replaces it (null: zeros) and resets
+ *  the position. Rules: @ref fir_rules.
+ *
+ *  Statuses in check order. InitAlloc: vekStsNullPointerErr (ppState or pTaps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsMemAllocErr (allocation failure); nothing is stored
+ *  through ppState on failure. Free and SetDlyLine: vekStsNullPointerErr (pState null),
+ *  vekStsContextMismatchErr (a state of another kind). GetTaps and GetDlyLine:
+ *  vekStsNullPointerErr (pState or the output null), vekStsContextMismatchErr. Else vekStsOk. */
 VEK_API VekStatus veksFIRInitAlloc_32f(VeksFIRState_32f** ppState, const Vek32f* pTaps, int tapsLen,
                                        const Vek32f* pDlyLine);
 VEK_API VekStatus veksFIRFree_32f(VeksFIRState_32f* pState);
@@ -127,6 +149,20 @@ VEK_API VekStatus veksFIRGetDlyLine32fc_16sc(const VeksFIRState32fc_16sc* pState
                                              Vek16sc* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine32fc_16sc(VeksFIRState32fc_16sc* pState,
                                              const Vek16sc* pDlyLine);
+/** @} */
+/** @name FIR with a state: block and single-sample filtering
+ *  @{ */
+/** Filtering with a state: y[n] = sum over k of h[k] * x[n-k], the state's delay line supplying
+ *  the samples before the block and keeping the last ones after it. The block forms filter
+ *  numIters samples from pSrc into pDst (the _I forms in place); the FIROne forms filter one
+ *  sample: src in, the output through pDstVal (the _I forms read and write *pSrcDstVal). Integer
+ *  data (_Sfs) are scaled by 2^-scaleFactor, rounded half away from zero and saturated;
+ *  accumulation and the FFT path are described in @ref fir_rules.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pState null), vekStsContextMismatchErr (a state
+ *  of another kind), vekStsNullPointerErr (a null vector or value pointer), vekStsDataSizeErr
+ *  (numIters < 1, block forms), vekStsMemAllocErr (an in-place block or the FFT path could not
+ *  allocate its temporary memory), a failing transform's status on the FFT path, else vekStsOk. */
 VEK_API VekStatus veksFIR_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
                               VeksFIRState_32f* pState);
 VEK_API VekStatus veksFIR_32f_I(Vek32f* pSrcDst, int numIters, VeksFIRState_32f* pState);
@@ -201,6 +237,19 @@ VEK_API VekStatus veksFIROne32fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
                                           VeksFIRState32fc_16sc* pState, int scaleFactor);
 VEK_API VekStatus veksFIROne32fc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32fc_16sc* pState,
                                            int scaleFactor);
+/** @} */
+/** @name FIR direct forms (floating-point taps)
+ *  @{ */
+/** Stateless filtering: the caller owns the taps, a delay line of 2*tapsLen samples and an index 0
+ *  .. tapsLen-1 (both start at zero); each input is written at line[index] and
+ *  line[index+tapsLen]. An index out of that range is taken modulo tapsLen. Outputs, accumulation
+ *  and scaling as the state forms; @ref fir_rules.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector or value pointer),
+ *  vekStsDataSizeErr (numIters < 1, block forms), vekStsNullPointerErr (pTaps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsNullPointerErr (pDlyLine or pDlyLineIndex null),
+ *  vekStsMemAllocErr (above 256 taps a temporary reversed copy of the taps is allocated), else
+ *  vekStsOk. */
 VEK_API VekStatus veksFIR_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
                                      const Vek32f* pTaps, int tapsLen, Vek32f* pDlyLine,
                                      int* pDlyLineIndex);
@@ -330,23 +379,42 @@ VEK_API VekStatus veksFIROne32fc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
 VEK_API VekStatus veksFIROne32fc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32fc* pTaps,
                                                   int tapsLen, Vek16sc* pDlyLine,
                                                   int* pDlyLineIndex, int scaleFactor);
+/** @} */
 
-/* Integer taps (32s/32sc) on 16-bit data. InitAlloc normalises the taps: the largest magnitude
-   (for complex taps: of any real or imaginary part) is halved until it is at most 32766, every
-   tap is shifted right arithmetically by that count s, and the effective taps factor is
-   tapsFactor + s (saturated to 32 bits); GetTaps returns the shifted taps and that factor. The
-   16s32f/16sc32fc forms convert floating-point taps first: with m the largest magnitude,
-   m <= 32767 scales by 2^p (p >= 0 the smallest with 2*m*2^p >= 32767, factor -p; all-zero taps
-   take p = 0), a larger m by 2^-q (q halvings down to at most 32767, factor q); each tap is
-   rounded half away from zero (NaN taps become 0). Products and sums wrap in 32 bits; each
-   output is the sum times 2^(factor - scaleFactor), the exponent clamped to -31 .. 31: shifted
-   left with wrap-around, or right with rounding half to even, then saturated to 16 bits. The
-   direct forms normalise the caller's taps in the same way on every call (a temporary copy:
-   allocation failure gives vekStsMemAllocErr). */
+/** @page fir_int_rules FIR filters with integer taps
+ *  Integer taps (32s/32sc) on 16-bit data. InitAlloc normalises the taps: the largest magnitude
+ *  (for complex taps: of any real or imaginary part) is halved until it is at most 32766, every
+ *  tap is shifted right arithmetically by that count s, and the effective taps factor is
+ *  tapsFactor + s (saturated to 32 bits); GetTaps returns the shifted taps and that factor. The
+ *  16s32f/16sc32fc forms convert floating-point taps first: with m the largest magnitude,
+ *  m <= 32767 scales by 2^p (p >= 0 the smallest with 2*m*2^p >= 32767, factor -p; all-zero taps
+ *  take p = 0), a larger m by 2^-q (q halvings down to at most 32767, factor q); each tap is
+ *  rounded half away from zero (NaN taps become 0). Products and sums wrap in 32 bits; each
+ *  output is the sum times 2^(factor - scaleFactor), the exponent clamped to -31 .. 31: shifted
+ *  left with wrap-around, or right with rounding half to even, then saturated to 16 bits. The
+ *  direct forms normalise the caller's taps in the same way on every call (a temporary copy:
+ *  allocation failure gives vekStsMemAllocErr). */
 
+/** @name FIR state types (integer taps)
+ *  @{ */
+/** Opaque FIR states with 32-bit integer taps (real or complex) and a taps factor, filtering
+ *  16-bit data. Rules: @ref fir_int_rules. */
 typedef struct VeksFIRState32s_16s VeksFIRState32s_16s;
 typedef struct VeksFIRState32sc_16sc VeksFIRState32sc_16sc;
+/** @} */
 
+/** @name FIR states with integer taps: create, release, taps and delay line
+ *  @{ */
+/** As the floating-point states, with the taps normalised (@ref fir_int_rules). InitAlloc takes
+ *  integer taps and their factor; the 16s32f and 16sc32fc forms take floating-point taps and
+ *  convert them. GetTaps returns the normalised taps and the effective factor through pTapsFactor;
+ *  the 16s32f and 16sc32fc forms return the taps as floating-point values (tap times 2^factor).
+ *
+ *  Statuses in check order. InitAlloc: vekStsNullPointerErr (ppState or the taps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsMemAllocErr. Free and SetDlyLine:
+ *  vekStsNullPointerErr (pState null), vekStsContextMismatchErr. GetTaps: vekStsNullPointerErr
+ *  (pState, the taps or pTapsFactor null), vekStsContextMismatchErr. GetDlyLine:
+ *  vekStsNullPointerErr (pState or pDlyLine null), vekStsContextMismatchErr. Else vekStsOk. */
 VEK_API VekStatus veksFIRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps,
                                           int tapsLen, int tapsFactor, const Vek16s* pDlyLine);
 VEK_API VekStatus veksFIRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState, const Vek32f* pTaps32f,
@@ -371,6 +439,16 @@ VEK_API VekStatus veksFIRGetDlyLine32sc_16sc(const VeksFIRState32sc_16sc* pState
                                              Vek16sc* pDlyLine);
 VEK_API VekStatus veksFIRSetDlyLine32sc_16sc(VeksFIRState32sc_16sc* pState,
                                              const Vek16sc* pDlyLine);
+/** @} */
+/** @name FIR with integer taps: block and single-sample filtering
+ *  @{ */
+/** Filtering with an integer-taps state; products and sums wrap in 32 bits and each output is
+ *  scaled by 2^(factor - scaleFactor) as @ref fir_int_rules says. Block and single-sample forms as
+ *  the floating-point states.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pState null), vekStsContextMismatchErr (a state
+ *  of another kind), vekStsNullPointerErr (a null vector or value pointer), vekStsDataSizeErr
+ *  (numIters < 1, block forms), vekStsMemAllocErr (in-place block temporary), else vekStsOk. */
 VEK_API VekStatus veksFIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
                                      VeksFIRState32s_16s* pState, int scaleFactor);
 VEK_API VekStatus veksFIR32s_16s_ISfs(Vek16s* pSrcDst, int numIters, VeksFIRState32s_16s* pState,
@@ -387,6 +465,17 @@ VEK_API VekStatus veksFIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
                                           VeksFIRState32sc_16sc* pState, int scaleFactor);
 VEK_API VekStatus veksFIROne32sc_16sc_ISfs(Vek16sc* pSrcDstVal, VeksFIRState32sc_16sc* pState,
                                            int scaleFactor);
+/** @} */
+/** @name FIR direct forms with integer taps
+ *  @{ */
+/** Stateless filtering with integer taps and their factor, with the caller's delay line and index
+ *  as the floating-point direct forms. The taps are normalised on every call into a temporary
+ *  copy.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector or value pointer),
+ *  vekStsDataSizeErr (numIters < 1, block forms), vekStsNullPointerErr (pTaps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsNullPointerErr (pDlyLine or pDlyLineIndex null),
+ *  vekStsMemAllocErr (the temporary copy of the taps), else vekStsOk. */
 VEK_API VekStatus veksFIR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
                                             const Vek32s* pTaps, int tapsLen, int tapsFactor,
                                             Vek16s* pDlyLine, int* pDlyLineIndex, int scaleFactor);
@@ -413,6 +502,7 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
 VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek32sc* pTaps,
                                                   int tapsLen, int tapsFactor, Vek16sc* pDlyLine,
                                                   int* pDlyLineIndex, int scaleFactor);
+/** @} */
 
 /* ==== end of FIR single-rate */
 

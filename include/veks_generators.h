@@ -1,4 +1,6 @@
-/* veks: signal generation and windows. */
+/** @file veks_generators.h
+ *  Signal generation and windows: tone and triangle generators, random generators, window
+ *  functions, ramps and test signals. */
 #ifndef VEKS_GENERATORS_H
 #define VEKS_GENERATORS_H
 

@@ -1,4 +1,5 @@
-/* veks: modem primitives: running updates and nearest-value search. */
+/** @file veks_modem.h
+ *  Modem primitives: running updates and nearest-value search. */
 #ifndef VEKS_MODEM_H
 #define VEKS_MODEM_H
 

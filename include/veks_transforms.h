@@ -1,4 +1,7 @@
-/* veks: transforms: FFT, packed real spectra, DFT, DCT, Goertzel. */
+/** @file veks_transforms.h
+ *  Transforms: FFT, packed real spectra, DFT, DCT, Goertzel. The transform objects follow the
+ *  object lifecycle of @ref callframe; the packed real-spectrum layouts are drawn in
+ *  @ref layouts. */
 #ifndef VEKS_TRANSFORMS_H
 #define VEKS_TRANSFORMS_H
 
@@ -10,32 +13,47 @@ extern "C" {
 
 /* ==== Complex FFT ============================================================================= */
 
-/* Power-of-two FFT of 2^order points, order 0 to 30. Forward: X[k] = s_f * sum_n x[n] *
-   exp(-2 pi i nk/N); inverse: x[n] = s_i * sum_k X[k] * exp(+2 pi i nk/N), with the factors
-   chosen by the flag below. A transform object (one per type, layout, order, flag and hint)
-   owns all tables and is read-only during transforms: one object may serve several threads at
-   once, each call with its own work buffer. pBuffer may be null (the call then allocates what
-   it needs); the transforms round a caller's buffer up to 16 bytes themselves.
-   Checks: pSpec null -> vekStsNullPointerErr; an object of another kind (or a released one) ->
-   vekStsContextMismatchErr; a null data pointer -> vekStsNullPointerErr. pSrc == pDst runs in
-   place. The split-array kinds (_C_32f, _C_64f) take separate real and imaginary arrays; above
-   order 10 they interleave their data in the work buffer, so their reported buffer size adds
-   2 * N elements to the plan's. */
+/** @page fft_rules FFT: transform objects, scaling, buffers
+ *  Power-of-two FFT of 2^order points, order 0 to 30. Forward: X[k] = s_f * sum_n x[n] *
+ *  exp(-2 pi i nk/N); inverse: x[n] = s_i * sum_k X[k] * exp(+2 pi i nk/N), with the factors
+ *  chosen by the flag below. A transform object (one per type, layout, order, flag and hint)
+ *  owns all tables and is read-only during transforms: one object may serve several threads at
+ *  once, each call with its own work buffer. pBuffer may be null (the call then allocates what
+ *  it needs); the transforms round a caller's buffer up to 16 bytes themselves.
+ *  Checks: pSpec null -> vekStsNullPointerErr; an object of another kind (or a released one) ->
+ *  vekStsContextMismatchErr; a null data pointer -> vekStsNullPointerErr. pSrc == pDst runs in
+ *  place. The split-array kinds (_C_32f, _C_64f) take separate real and imaginary arrays; above
+ *  order 10 they interleave their data in the work buffer, so their reported buffer size adds
+ *  2 * N elements to the plan's. */
 
-#define VEK_FFT_DIV_FWD_BY_N 1  /* forward times 1/N, inverse times 1 */
-#define VEK_FFT_DIV_INV_BY_N 2  /* forward times 1, inverse times 1/N */
-#define VEK_FFT_DIV_BY_SQRT_N 4 /* both times 1/sqrt(N) */
-#define VEK_FFT_NO_DIV 8        /* neither scaled */
+/** @name FFT normalisation flags
+ *  @{ */
+#define VEK_FFT_DIV_FWD_BY_N 1  /**< forward times 1/N, inverse times 1 */
+#define VEK_FFT_DIV_INV_BY_N 2  /**< forward times 1, inverse times 1/N */
+#define VEK_FFT_DIV_BY_SQRT_N 4 /**< both times 1/sqrt(N) */
+#define VEK_FFT_NO_DIV 8        /**< neither scaled */
+/** @} */
 
+/** @name Complex FFT object types
+ *  @{ */
+/** Opaque transform objects of the complex FFT: interleaved complex data (_C_32fc, _C_64fc) or
+ *  split real and imaginary arrays (_C_32f, _C_64f). Created by the InitAlloc members, released by
+ *  the Free members, read-only in between. */
 typedef struct VeksFFTSpec_C_32fc VeksFFTSpec_C_32fc;
 typedef struct VeksFFTSpec_C_32f VeksFFTSpec_C_32f;
 typedef struct VeksFFTSpec_C_64fc VeksFFTSpec_C_64fc;
 typedef struct VeksFFTSpec_C_64f VeksFFTSpec_C_64f;
+/** @} */
 
-/* InitAlloc checks: ppSpec null -> vekStsNullPointerErr; order outside 0..30 ->
-   vekStsFftOrderErr; flag not 1, 2, 4 or 8 -> vekStsFftFlagErr; tables that cannot be allocated
-   -> vekStsMemAllocErr. Nothing is stored through ppSpec on failure. The hint is stored; the
-   float kinds do not use it. */
+/** @name Complex FFT: create an object
+ *  @{ */
+/** *ppSpec = a new transform object of 2^order points (order 0 to 30) with the normalisation flag
+ *  (VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N or VEK_FFT_NO_DIV) and the
+ *  hint, which is stored; the float kinds do not use it. Release it with the matching Free.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppSpec null), vekStsFftOrderErr (order outside
+ *  0..30), vekStsFftFlagErr (flag not 1, 2, 4 or 8), vekStsMemAllocErr (the tables cannot be
+ *  allocated), else vekStsOk. Nothing is stored through ppSpec on failure. */
 VEK_API VekStatus veksFFTInitAlloc_C_32fc(VeksFFTSpec_C_32fc** ppSpec, int order, int flag,
                                           VekHintAlgorithm hint);
 VEK_API VekStatus veksFFTInitAlloc_C_32f(VeksFFTSpec_C_32f** ppSpec, int order, int flag,
@@ -44,17 +62,41 @@ VEK_API VekStatus veksFFTInitAlloc_C_64fc(VeksFFTSpec_C_64fc** ppSpec, int order
                                           VekHintAlgorithm hint);
 VEK_API VekStatus veksFFTInitAlloc_C_64f(VeksFFTSpec_C_64f** ppSpec, int order, int flag,
                                          VekHintAlgorithm hint);
+/** @} */
+/** @name Complex FFT: release an object
+ *  @{ */
+/** Releases a transform object. Statuses in check order: vekStsNullPointerErr (pSpec null),
+ *  vekStsContextMismatchErr (an object of another kind, or one already released), else vekStsOk. */
 VEK_API VekStatus veksFFTFree_C_32fc(VeksFFTSpec_C_32fc* pSpec);
 VEK_API VekStatus veksFFTFree_C_32f(VeksFFTSpec_C_32f* pSpec);
 VEK_API VekStatus veksFFTFree_C_64fc(VeksFFTSpec_C_64fc* pSpec);
 VEK_API VekStatus veksFFTFree_C_64f(VeksFFTSpec_C_64f* pSpec);
-/* Work-buffer bytes: 0 up to order 10, 16 for orders 11 and 12, above that four columns of the
-   widest split level plus 16 (double kinds: twice the single kinds' column bytes). */
+/** @} */
+/** @name Complex FFT: work-buffer size
+ *  @{ */
+/** *pSize = the bytes of work buffer a transform with this object needs (the spare bytes for
+ *  aligning the pointer included): 0 up to order 10, 16 for orders 11 and 12, above that four
+ *  columns of the widest split level plus 16 (double kinds: twice the single kinds' column bytes).
+ *  The split-array kinds add 2 * N elements above order 10.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec or pSize null), vekStsContextMismatchErr
+ *  (an object of another kind), else vekStsOk. */
 VEK_API VekStatus veksFFTGetBufSize_C_32fc(const VeksFFTSpec_C_32fc* pSpec, int* pSize);
 VEK_API VekStatus veksFFTGetBufSize_C_32f(const VeksFFTSpec_C_32f* pSpec, int* pSize);
 VEK_API VekStatus veksFFTGetBufSize_C_64fc(const VeksFFTSpec_C_64fc* pSpec, int* pSize);
 VEK_API VekStatus veksFFTGetBufSize_C_64f(const VeksFFTSpec_C_64f* pSpec, int* pSize);
+/** @} */
 
+/** @name Complex FFT: forward and inverse transforms
+ *  @{ */
+/** Forward: X[k] = s_f * sum_n x[n] * exp(-2 pi i nk/N); inverse: x[n] = s_i * sum_k X[k] * exp(+2
+ *  pi i nk/N), with s_f and s_i chosen by the object's flag. pSrc == pDst runs in place (split
+ *  kinds: each array with its own). pBuffer is a work buffer of the size GetBufSize reports, or
+ *  null (the call then allocates one); the call aligns it itself.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec null), vekStsContextMismatchErr (an object
+ *  of another kind, or a released one), vekStsNullPointerErr (a null data pointer),
+ *  vekStsMemAllocErr (pBuffer null and the call cannot allocate its own buffer), else vekStsOk. */
 VEK_API VekStatus veksFFTFwd_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
                                        const VeksFFTSpec_C_32fc* pSpec, Vek8u* pBuffer);
 VEK_API VekStatus veksFFTInv_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
@@ -75,25 +117,61 @@ VEK_API VekStatus veksFFTFwd_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm
 VEK_API VekStatus veksFFTInv_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe,
                                       Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
                                       Vek8u* pBuffer);
+/** @} */
 
-/* 16-bit kinds: the transform result is converted back with scaleFactor (x * 2^-scaleFactor,
-   rounded to nearest with ties to even, saturated). The flag's normalisation is a power of two
-   (flag 4 with an odd order adds a factor 1/sqrt(2)). The data are computed in single
-   precision inside the work buffer. With hint 0 up to order 8 or hint 1 up to order 10 the
-   object holds its own tables and asks for 12 * N + 16 bytes (complex) or 4 * N + 24 (real);
-   otherwise it holds a single-precision object of the same order and flag and asks for the
-   single-precision data (8 * N bytes complex, 4 * (N + 2) real) plus 16 plus that object's
-   buffer. Order 0 converts the single point with the scale factor only (buffer 0). */
+/** @name 16-bit complex FFT object types
+ *  @{ */
+/** Opaque transform objects of the 16-bit complex FFT: interleaved (_C_16sc) or split arrays
+ *  (_C_16s). */
 typedef struct VeksFFTSpec_C_16sc VeksFFTSpec_C_16sc;
 typedef struct VeksFFTSpec_C_16s VeksFFTSpec_C_16s;
+/** @} */
+/** @name 16-bit complex FFT: create an object
+ *  @{ */
+/** *ppSpec = a new transform object of 2^order points (order 0 to 30) with the normalisation flag
+ *  (VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N or VEK_FFT_NO_DIV) and the
+ *  hint, which is stored; it chooses the plan as the transforms describe. Release it with the
+ *  matching Free.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppSpec null), vekStsFftOrderErr (order outside
+ *  0..30), vekStsFftFlagErr (flag not 1, 2, 4 or 8), vekStsMemAllocErr (the tables cannot be
+ *  allocated), else vekStsOk. Nothing is stored through ppSpec on failure. */
 VEK_API VekStatus veksFFTInitAlloc_C_16sc(VeksFFTSpec_C_16sc** ppSpec, int order, int flag,
                                           VekHintAlgorithm hint);
 VEK_API VekStatus veksFFTInitAlloc_C_16s(VeksFFTSpec_C_16s** ppSpec, int order, int flag,
                                          VekHintAlgorithm hint);
+/** @} */
+/** @name 16-bit complex FFT: release an object
+ *  @{ */
+/** Releases a transform object. Statuses in check order: vekStsNullPointerErr (pSpec null),
+ *  vekStsContextMismatchErr (an object of another kind, or one already released), else vekStsOk. */
 VEK_API VekStatus veksFFTFree_C_16sc(VeksFFTSpec_C_16sc* pSpec);
 VEK_API VekStatus veksFFTFree_C_16s(VeksFFTSpec_C_16s* pSpec);
+/** @} */
+/** @name 16-bit complex FFT: work-buffer size
+ *  @{ */
+/** *pSize = the work-buffer bytes the 16-bit transforms need (see the transforms for the sizes).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec or pSize null), vekStsContextMismatchErr
+ *  (an object of another kind), else vekStsOk. */
 VEK_API VekStatus veksFFTGetBufSize_C_16sc(const VeksFFTSpec_C_16sc* pSpec, int* pSize);
 VEK_API VekStatus veksFFTGetBufSize_C_16s(const VeksFFTSpec_C_16s* pSpec, int* pSize);
+/** @} */
+/** @name 16-bit complex FFT: forward and inverse transforms
+ *  @{ */
+/** The transform of the float kinds on 16-bit data. 16-bit kinds: the transform result is
+ *  converted back with scaleFactor (x * 2^-scaleFactor, rounded to nearest with ties to even,
+ *  saturated). The flag's normalisation is a power of two (flag 4 with an odd order adds a factor
+ *  1/sqrt(2)). The data are computed in single precision inside the work buffer. With hint 0 up to
+ *  order 8 or hint 1 up to order 10 the object holds its own tables and asks for 12 * N + 16 bytes
+ *  (complex) or 4 * N + 24 (real); otherwise it holds a single-precision object of the same order
+ *  and flag and asks for the single-precision data (8 * N bytes complex, 4 * (N + 2) real) plus 16
+ *  plus that object's buffer. Order 0 converts the single point with the scale factor only (buffer
+ *  0).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec null), vekStsContextMismatchErr (an object
+ *  of another kind, or a released one), vekStsNullPointerErr (a null data pointer),
+ *  vekStsMemAllocErr (pBuffer null and the call cannot allocate its own buffer), else vekStsOk. */
 VEK_API VekStatus veksFFTFwd_CToC_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst,
                                            const VeksFFTSpec_C_16sc* pSpec, int scaleFactor,
                                            Vek8u* pBuffer);
@@ -108,32 +186,61 @@ VEK_API VekStatus veksFFTInv_CToC_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pS
                                           Vek16s* pDstRe, Vek16s* pDstIm,
                                           const VeksFFTSpec_C_16s* pSpec, int scaleFactor,
                                           Vek8u* pBuffer);
+/** @} */
 
 /* ==== end of Complex FFT */
 
 /* ==== Real FFT and packed spectra ============================================================= */
 
-/* Real FFT of N = 2^order samples (order 0 to 30), same flags, checks and buffers as the
-   complex FFT; the work-buffer size is that of the complex plan of order - 1. The spectrum
-   X[0..N/2] (R_k, I_k its parts) is stored in one of three layouts:
-     Pack: R_0, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}, R_{N/2}           (N values)
-     Perm: R_0, R_{N/2}, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}           (N values)
-     CCS:  R_0, 0, R_1, I_1, ..., R_{N/2-1}, I_{N/2-1}, R_{N/2}, 0     (N + 2 values)
-   For N = 1 Pack and Perm hold R_0 and CCS holds R_0, 0. The inverse reads the layout and writes
-   N samples; pSrc == pDst runs in place (for CCS the buffer holds N + 2 values). */
-
+/** @name Real FFT object types
+ *  @{ */
+/** Opaque transform objects of the real FFT in single and double precision. */
 typedef struct VeksFFTSpec_R_32f VeksFFTSpec_R_32f;
 typedef struct VeksFFTSpec_R_64f VeksFFTSpec_R_64f;
+/** @} */
 
+/** @name Real FFT: create an object
+ *  @{ */
+/** *ppSpec = a new transform object of 2^order points (order 0 to 30) with the normalisation flag
+ *  (VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N or VEK_FFT_NO_DIV) and the
+ *  hint, which is stored; the float kinds do not use it. Release it with the matching Free.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppSpec null), vekStsFftOrderErr (order outside
+ *  0..30), vekStsFftFlagErr (flag not 1, 2, 4 or 8), vekStsMemAllocErr (the tables cannot be
+ *  allocated), else vekStsOk. Nothing is stored through ppSpec on failure. */
 VEK_API VekStatus veksFFTInitAlloc_R_32f(VeksFFTSpec_R_32f** ppSpec, int order, int flag,
                                          VekHintAlgorithm hint);
 VEK_API VekStatus veksFFTInitAlloc_R_64f(VeksFFTSpec_R_64f** ppSpec, int order, int flag,
                                          VekHintAlgorithm hint);
+/** @} */
+/** @name Real FFT: release an object
+ *  @{ */
+/** Releases a transform object. Statuses in check order: vekStsNullPointerErr (pSpec null),
+ *  vekStsContextMismatchErr (an object of another kind, or one already released), else vekStsOk. */
 VEK_API VekStatus veksFFTFree_R_32f(VeksFFTSpec_R_32f* pSpec);
 VEK_API VekStatus veksFFTFree_R_64f(VeksFFTSpec_R_64f* pSpec);
+/** @} */
+/** @name Real FFT: work-buffer size
+ *  @{ */
+/** *pSize = the work-buffer bytes: those of the complex object of order - 1.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec or pSize null), vekStsContextMismatchErr
+ *  (an object of another kind), else vekStsOk. */
 VEK_API VekStatus veksFFTGetBufSize_R_32f(const VeksFFTSpec_R_32f* pSpec, int* pSize);
 VEK_API VekStatus veksFFTGetBufSize_R_64f(const VeksFFTSpec_R_64f* pSpec, int* pSize);
+/** @} */
 
+/** @name Real FFT: forward and inverse transforms
+ *  @{ */
+/** Real FFT of N = 2^order samples with the flags and scaling of the complex FFT. The forward
+ *  transforms store the spectrum X[0..N/2] in the Pack, Perm or CCS layout (@ref layouts): Pack
+ *  and Perm take N values, CCS N + 2. The inverse transforms read the layout and write N real
+ *  samples. pSrc == pDst runs in place (for CCS the buffer holds N + 2 values). For N = 1 Pack and
+ *  Perm hold R_0 and CCS holds R_0, 0.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec null), vekStsContextMismatchErr (an object
+ *  of another kind, or a released one), vekStsNullPointerErr (a null data pointer),
+ *  vekStsMemAllocErr (pBuffer null and the call cannot allocate its own buffer), else vekStsOk. */
 VEK_API VekStatus veksFFTFwd_RToPack_32f(const Vek32f* pSrc, Vek32f* pDst,
                                          const VeksFFTSpec_R_32f* pSpec, Vek8u* pBuffer);
 VEK_API VekStatus veksFFTFwd_RToPerm_32f(const Vek32f* pSrc, Vek32f* pDst,
@@ -158,14 +265,45 @@ VEK_API VekStatus veksFFTInv_PermToR_64f(const Vek64f* pSrc, Vek64f* pDst,
                                          const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
 VEK_API VekStatus veksFFTInv_CCSToR_64f(const Vek64f* pSrc, Vek64f* pDst,
                                         const VeksFFTSpec_R_64f* pSpec, Vek8u* pBuffer);
+/** @} */
 
-/* 16-bit real transforms: as the 16-bit complex kinds (scale factor, rounding, saturation,
-   plans and buffers). */
+/** Opaque transform object of the 16-bit real FFT. */
 typedef struct VeksFFTSpec_R_16s VeksFFTSpec_R_16s;
+/** @name 16-bit real FFT: create an object
+ *  @{ */
+/** *ppSpec = a new transform object of 2^order points (order 0 to 30) with the normalisation flag
+ *  (VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N or VEK_FFT_NO_DIV) and the
+ *  hint, which is stored; it chooses the plan as the 16-bit complex transforms describe. Release
+ *  it with the matching Free.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppSpec null), vekStsFftOrderErr (order outside
+ *  0..30), vekStsFftFlagErr (flag not 1, 2, 4 or 8), vekStsMemAllocErr (the tables cannot be
+ *  allocated), else vekStsOk. Nothing is stored through ppSpec on failure. */
 VEK_API VekStatus veksFFTInitAlloc_R_16s(VeksFFTSpec_R_16s** ppSpec, int order, int flag,
                                          VekHintAlgorithm hint);
+/** @} */
+/** @name 16-bit real FFT: release an object
+ *  @{ */
+/** Releases a transform object. Statuses in check order: vekStsNullPointerErr (pSpec null),
+ *  vekStsContextMismatchErr (an object of another kind, or one already released), else vekStsOk. */
 VEK_API VekStatus veksFFTFree_R_16s(VeksFFTSpec_R_16s* pSpec);
+/** @} */
+/** @name 16-bit real FFT: work-buffer size
+ *  @{ */
+/** *pSize = the work-buffer bytes, as the 16-bit complex transforms describe.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec or pSize null), vekStsContextMismatchErr
+ *  (an object of another kind), else vekStsOk. */
 VEK_API VekStatus veksFFTGetBufSize_R_16s(const VeksFFTSpec_R_16s* pSpec, int* pSize);
+/** @} */
+/** @name 16-bit real FFT: forward and inverse transforms
+ *  @{ */
+/** The real transforms on 16-bit data, with the scale factor, rounding, saturation, plans and
+ *  buffers of the 16-bit complex transforms and the layouts of @ref layouts.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec null), vekStsContextMismatchErr (an object
+ *  of another kind, or a released one), vekStsNullPointerErr (a null data pointer),
+ *  vekStsMemAllocErr (pBuffer null and the call cannot allocate its own buffer), else vekStsOk. */
 VEK_API VekStatus veksFFTFwd_RToPack_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
                                              const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
                                              Vek8u* pBuffer);
@@ -184,14 +322,19 @@ VEK_API VekStatus veksFFTInv_PermToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
 VEK_API VekStatus veksFFTInv_CCSToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
                                             const VeksFFTSpec_R_16s* pSpec, int scaleFactor,
                                             Vek8u* pBuffer);
+/** @} */
 
-/* Expansion of a packed spectrum into the full conjugate-symmetric spectrum of lenDst complex
-   values: pDst[0] = X[0], pDst[k] = (R_k, I_k) and pDst[N-k] = (R_k, -I_k), and for even N
-   pDst[N/2] = X[N/2] (ConjCcs copies both stored values of X[0] and X[N/2], the others write a
-   zero imaginary part). Odd lengths read Perm as Pack. The _I forms expand the packed reals that
-   sit at the start of the complex buffer in place. The 16-bit forms negate with saturation
-   (-(-32768) gives 32767). Checks: null pointer -> vekStsNullPointerErr; lenDst < 1 ->
-   vekStsDataSizeErr. */
+/** @name ConjPack, ConjPerm, ConjCcs: full spectrum from a packed one
+ *  @{ */
+/** Expansion of a packed spectrum into the full conjugate-symmetric spectrum of lenDst complex
+ *  values: pDst[0] = X[0], pDst[k] = (R_k, I_k) and pDst[N-k] = (R_k, -I_k), and for even N
+ *  pDst[N/2] = X[N/2] (ConjCcs copies both stored values of X[0] and X[N/2], the others write a
+ *  zero imaginary part). Odd lengths read Perm as Pack. The _I forms expand the packed reals that
+ *  sit at the start of the complex buffer in place. The 16-bit forms negate with saturation
+ *  (-(-32768) gives 32767).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null pointer), vekStsDataSizeErr (lenDst < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksConjPack_32fc(const Vek32f* pSrc, Vek32fc* pDst, int lenDst);
 VEK_API VekStatus veksConjPack_64fc(const Vek64f* pSrc, Vek64fc* pDst, int lenDst);
 VEK_API VekStatus veksConjPack_16sc(const Vek16s* pSrc, Vek16sc* pDst, int lenDst);
@@ -210,15 +353,20 @@ VEK_API VekStatus veksConjPerm_16sc_I(Vek16sc* pSrcDst, int lenDst);
 VEK_API VekStatus veksConjCcs_32fc_I(Vek32fc* pSrcDst, int lenDst);
 VEK_API VekStatus veksConjCcs_64fc_I(Vek64fc* pSrcDst, int lenDst);
 VEK_API VekStatus veksConjCcs_16sc_I(Vek16sc* pSrcDst, int lenDst);
+/** @} */
 
-/* Element-wise products of spectra in Pack (MulPack) or Perm (MulPerm) layout of length len:
-   the real elements (R_0 and, for even len, R_{N/2}) multiply as reals, the pairs as complex
-   numbers. Float products and sums are formed at higher precision (double for single, extended
-   for double) and rounded once. The 16-bit forms take the exact product, shift it right
-   arithmetically by a positive scaleFactor (toward minus infinity, no rounding), or saturate it
-   and shift it left for a negative one, and saturate to 16 bits. MulPackConj computes
-   pSrcDst = pSrc * conj(pSrcDst): the conjugate falls on the in-place operand.
-   Checks: null pointer -> vekStsNullPointerErr; len < 1 -> vekStsDataSizeErr. */
+/** @name MulPack, MulPerm, MulPackConj: products of packed spectra
+ *  @{ */
+/** Element-wise products of spectra in Pack (MulPack) or Perm (MulPerm) layout of length len: the
+ *  real elements (R_0 and, for even len, R_{N/2}) multiply as reals, the pairs as complex numbers.
+ *  Float products and sums are formed at higher precision (double for single, extended for double)
+ *  and rounded once. The 16-bit forms take the exact product, shift it right arithmetically by a
+ *  positive scaleFactor (toward minus infinity, no rounding), or saturate it and shift it left for
+ *  a negative one, and saturate to 16 bits. MulPackConj computes pSrcDst = pSrc * conj(pSrcDst):
+ *  the conjugate falls on the in-place operand.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a null vector), vekStsDataSizeErr (len < 1),
+ *  else vekStsOk. */
 VEK_API VekStatus veksMulPack_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, Vek32f* pDst, int len);
 VEK_API VekStatus veksMulPack_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, Vek64f* pDst, int len);
 VEK_API VekStatus veksMulPack_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
@@ -237,6 +385,7 @@ VEK_API VekStatus veksMulPerm_16s_ISfs(const Vek16s* pSrc, Vek16s* pSrcDst, int 
                                        int scaleFactor);
 VEK_API VekStatus veksMulPackConj_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len);
 VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int len);
+/** @} */
 
 /* ==== end of Real FFT and packed spectra */
 

@@ -101,6 +101,15 @@ auto open(H* handle, Id... ids) noexcept {
     return Ref<R>(reinterpret_cast<R*>(handle), vekStsOk);
 }
 
+// A finished record as the caller's handle type (what InitAlloc stores through ppState when the
+// record came from an internal creation function rather than straight from a Builder).
+template <class Handle, class T>
+Handle* handle(T* record) noexcept {
+    static_assert(std::is_standard_layout_v<T> && offsetof(T, head) == 0,
+                  "an object record starts with its obj::Head");
+    return reinterpret_cast<Handle*>(record);
+}
+
 // The Free of every family: checks the handle like open, then releases the object.
 template <class T, class H, class... Id>
 VekStatus free(H* handle, Id... ids) noexcept {

@@ -6,23 +6,32 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 #include "simd/ns.hpp"
 
 namespace veks::num {
 inline namespace VEK_PER_ISA {
 
-template <class T>
-constexpr T saturate(int64_t v) noexcept {
-    constexpr int64_t lo = static_cast<int64_t>(std::numeric_limits<T>::min());
-    constexpr int64_t hi = static_cast<int64_t>(std::numeric_limits<T>::max());
-    return static_cast<T>(v < lo ? lo : v > hi ? hi : v);
+// v clamped to T's range. Computed in V when V is signed and holds T's range (so that loops over
+// narrow types stay narrow), otherwise in int64_t.
+template <class T, class V = int64_t>
+constexpr T saturate(V v) noexcept {
+    if constexpr (std::is_signed_v<V> &&
+                  std::numeric_limits<V>::digits >= std::numeric_limits<T>::digits) {
+        constexpr V lo = static_cast<V>(std::numeric_limits<T>::min());
+        constexpr V hi = static_cast<V>(std::numeric_limits<T>::max());
+        return static_cast<T>(v < lo ? lo : v > hi ? hi : v);
+    } else {
+        return saturate<T, int64_t>(static_cast<int64_t>(v));
+    }
 }
 
-// v / 2^sf rounded to nearest, ties to even, for 1 <= sf <= 62 and |v| < 2^62: add 2^(sf-1) - 1
-// and the lowest bit of (v >> sf), then shift arithmetically.
-constexpr int64_t shift_round_even(int64_t v, int sf) noexcept {
-    return (v + ((int64_t{1} << (sf - 1)) - 1) + ((v >> sf) & 1)) >> sf;
+// v / 2^sf rounded to nearest, ties to even, for 1 <= sf < bits of I and v + 2^(sf-1) within I:
+// add 2^(sf-1) - 1 and the lowest bit of (v >> sf), then shift arithmetically.
+template <class I>
+constexpr I shift_round_even(I v, int sf) noexcept {
+    return (v + ((I{1} << (sf - 1)) - 1) + ((v >> sf) & 1)) >> sf;
 }
 
 // The default scaling rule of every Sfs operation: v * 2^-sf, rounded half to even, saturated
@@ -125,6 +134,19 @@ constexpr T scale_round_even_any(int64_t v, int64_t sf) noexcept {
     const uint64_t half = uint64_t{1} << (s - 1);
     const bool up = rem > half || (rem == half && (q & 1) != 0);
     return saturate<T>(q + (up ? 1 : 0));
+}
+
+// The scaling rule for sf = 1 applied to x + y and to y - x of 16-bit values, computed in 16
+// bits: with k = floor(v / 2) formed from the halves of the operands, v / 2 rounded half to even
+// is k + (v odd and k odd); 32767.5 rounds to 32768 and saturates.
+constexpr int16_t half_sum_round_even(int16_t x, int16_t y) noexcept {
+    const int16_t k = static_cast<int16_t>((x >> 1) + (y >> 1) + (x & y & 1));
+    return static_cast<int16_t>(k + ((x ^ y) & k & 1));
+}
+constexpr int16_t half_difference_round_even(int16_t x, int16_t y) noexcept {
+    const int16_t k = static_cast<int16_t>((y >> 1) - (x >> 1) - (x & ~y & 1));
+    const int32_t r = k + ((x ^ y) & k & 1);
+    return static_cast<int16_t>(r > 32767 ? 32767 : r);
 }
 
 // v * 2^-sf truncated toward minus infinity (arithmetic shift, no rounding) for sf > 0; for

@@ -9,25 +9,27 @@
 // the warning); integer division kernels must be called under a RoundNearestScope.
 #pragma once
 
+#include <cstddef>
+
 #include "simd/isa.hpp"
 #include "veks_types.h"
 
 namespace veks::kern {
 
 template <class A, class B, class D>
-using BinaryKernel = void (*)(const A* a, const B* b, D* d, int n);
+using BinaryKernel = void (*)(const A* a, const B* b, D* d, size_t n);
 template <class A, class B, class D>
-using BinarySfsKernel = void (*)(const A* a, const B* b, D* d, int n, int sf);
+using BinarySfsKernel = void (*)(const A* a, const B* b, D* d, size_t n, int sf);
 template <class T>
-using DivKernel = int (*)(const T* a, const T* b, T* d, int n);
+using DivKernel = int (*)(const T* a, const T* b, T* d, size_t n);
 template <class T>
-using DivSfsKernel = int (*)(const T* a, const T* b, T* d, int n, int sf);
+using DivSfsKernel = int (*)(const T* a, const T* b, T* d, size_t n, int sf);
 template <class T>
-using ConstKernel = void (*)(const T* s, T value, T* d, int n);
+using ConstKernel = void (*)(const T* s, T value, T* d, size_t n);
 template <class T>
-using ConstSfsKernel = void (*)(const T* s, T value, T* d, int n, int sf);
+using ConstSfsKernel = void (*)(const T* s, T value, T* d, size_t n, int sf);
 template <class T>
-using UnaryKernel = void (*)(const T* s, T* d, int n);
+using UnaryKernel = void (*)(const T* s, T* d, size_t n);
 
 struct ArithKernels {
     // Floating point, real and complex.
@@ -54,7 +56,7 @@ struct ArithKernels {
     BinaryKernel<Vek8u, Vek8u, Vek16u> add_8u16u, mul_8u16u;
     BinaryKernel<Vek16u, Vek16u, Vek16u> add_16u;
     BinaryKernel<Vek32u, Vek32u, Vek32u> add_32u;
-    int (*divcrev_16u)(const Vek16u* s, Vek16u value, Vek16u* d, int n);
+    int (*divcrev_16u)(const Vek16u* s, Vek16u value, Vek16u* d, size_t n);
 
     // Signed 16-bit, real and complex.
     BinarySfsKernel<Vek16s, Vek16s, Vek16s> add_16s_sfs, sub_16s_sfs, mul_16s_sfs;

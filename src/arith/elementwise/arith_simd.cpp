@@ -1,12 +1,13 @@
-// Element-wise arithmetic kernels, compiled once per instruction-set level (VEK_ISA). The loops
-// are written once in plain C++; the hot members get hand-written vector bodies in
-// arith_x86.hpp, which give the plain loops' bits exactly.
+// Element-wise arithmetic kernels, compiled once per instruction-set level (VEK_ISA). The plain
+// loops are the reference; the vector kernels below them are written once over the vector layer
+// (simd/vec.hpp) and give the plain loops' bits exactly on every level.
 #include <algorithm>
 #include <bit>
 #include <cmath>
 
 #include "arith/elementwise/arith.hpp"
 #include "simd/numeric.hpp"
+#include "simd/vec_numeric.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -44,57 +45,25 @@ inline T fdiv_by_zero(T y) {
 }
 
 // ---- floating point, real ------------------------------------------------------------------
+// (Sums, differences, products and constant forms: the vector kernels below, whose one-lane
+// form on the scalar level is the reference.)
 
 template <class T>
-void add_f(const T* a, const T* b, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = a[i] + b[i];
-}
-template <class T>
-void sub_f(const T* a, const T* b, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = b[i] - a[i];
-}
-template <class T>
-void mul_f(const T* a, const T* b, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = a[i] * b[i];
-}
-template <class T>
-int div_f(const T* a, const T* b, T* d, int n) {
+int div_f(const T* a, const T* b, T* d, size_t n) {
     int zero = 0;
-    for (int i = 0; i < n; ++i) d[i] = fdiv(b[i], a[i], zero);
+    for (size_t i = 0; i < n; ++i) d[i] = fdiv(b[i], a[i], zero);
     return zero;
-}
-template <class T>
-void addc_f(const T* s, T v, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] + v;
-}
-template <class T>
-void subc_f(const T* s, T v, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] - v;
-}
-template <class T>
-void subcrev_f(const T* s, T v, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = v - s[i];
-}
-template <class T>
-void mulc_f(const T* s, T v, T* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] * v;
-}
-template <class T>
-void abs_f(const T* s, T* d, int n) {
-    using U = std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>;
-    constexpr U mask = ~(U{1} << (8 * sizeof(T) - 1));
-    for (int i = 0; i < n; ++i) d[i] = std::bit_cast<T>(std::bit_cast<U>(s[i]) & mask);
 }
 
 // 16-bit integers into float: sums and differences are exact, products rounded once.
-void add_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{a[i]} + b[i]);
+void add_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{a[i]} + b[i]);
 }
-void sub_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{b[i]} - a[i]);
+void sub_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{b[i]} - a[i]);
 }
-void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{a[i]} * b[i]);
+void mul_16s32f(const Vek16s* a, const Vek16s* b, Vek32f* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<float>(int32_t{a[i]} * b[i]);
 }
 
 // ---- floating point, complex ---------------------------------------------------------------
@@ -190,70 +159,42 @@ inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
 #endif
 
 template <class C>
-void add_c(const C* a, const C* b, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = {a[i].re + b[i].re, a[i].im + b[i].im};
+VEK_NO_FUSED_COMPLEX void mul_c(const C* a, const C* b, C* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = cmul(a[i], b[i]);
 }
 template <class C>
-void sub_c(const C* a, const C* b, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = {b[i].re - a[i].re, b[i].im - a[i].im};
-}
-template <class C>
-VEK_NO_FUSED_COMPLEX void mul_c(const C* a, const C* b, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = cmul(a[i], b[i]);
-}
-template <class C>
-VEK_NO_FUSED_COMPLEX int div_c(const C* a, const C* b, C* d, int n) {
+VEK_NO_FUSED_COMPLEX int div_c(const C* a, const C* b, C* d, size_t n) {
     int zero = 0;
-    for (int i = 0; i < n; ++i) d[i] = cdiv(b[i], a[i], zero);
+    for (size_t i = 0; i < n; ++i) d[i] = cdiv(b[i], a[i], zero);
     return zero;
 }
 template <class C>
-void addc_c(const C* s, C v, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = {s[i].re + v.re, s[i].im + v.im};
-}
-template <class C>
-void subc_c(const C* s, C v, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = {s[i].re - v.re, s[i].im - v.im};
-}
-template <class C>
-void subcrev_c(const C* s, C v, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = {v.re - s[i].re, v.im - s[i].im};
-}
-template <class C>
-VEK_NO_FUSED_COMPLEX void mulc_c(const C* s, C v, C* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = cmul(s[i], v);
+VEK_NO_FUSED_COMPLEX void mulc_c(const C* s, C v, C* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = cmul(s[i], v);
 }
 template <class C>
 VEK_NO_FUSED_COMPLEX void divc_c(const C* s, C v, C* d,
-                                 int n) { // v is nonzero: the entry point checked it
+                                 size_t n) { // v is nonzero: the entry point checked it
     int zero = 0;
-    for (int i = 0; i < n; ++i) d[i] = cdiv(s[i], v, zero);
+    for (size_t i = 0; i < n; ++i) d[i] = cdiv(s[i], v, zero);
 }
 
 // ---- integers: the scaling rule ------------------------------------------------------------
 
-template <class D, class V>
-inline D sat(V v) {
-    constexpr V lo = static_cast<V>(std::numeric_limits<D>::min());
-    constexpr V hi = static_cast<V>(std::numeric_limits<D>::max());
-    return static_cast<D>(v < lo ? lo : v > hi ? hi : v);
-}
-
-// Runs `body(conv)` with `conv` the scaling rule for this sf, specialised so that each loop
-// is a plain one: V is the exact intermediate type and ZeroAbove the scale factor above which
-// every possible value rounds to 0 (max |v| <= 2^(sf-1)); v + 2^(sf-1) must not overflow V
-// for sf <= ZeroAbove.
+// Runs `body(conv)` with `conv` the scaling rule (num::scale_round_even) for this sf,
+// specialised so that each loop is a plain one: V is the exact intermediate type and ZeroAbove
+// the scale factor above which every possible value rounds to 0 (max |v| <= 2^(sf-1));
+// v + 2^(sf-1) must not overflow V for sf <= ZeroAbove.
 template <class D, class V, int ZeroAbove, class Body>
 inline void with_scale(int sf, Body body) {
     if (sf == 0) {
-        body([](V v) { return sat<D, V>(v); });
+        body([](V v) { return num::saturate<D>(v); });
     } else if (sf > ZeroAbove) {
         body([](V) { return D{0}; });
     } else if (sf == 1) {
-        body([](V v) { return sat<D, V>((v + ((v >> 1) & 1)) >> 1); });
+        body([](V v) { return num::saturate<D>(num::shift_round_even(v, 1)); });
     } else if (sf > 0) {
-        const V bias = (V{1} << (sf - 1)) - 1;
-        body([=](V v) { return sat<D, V>((v + bias + ((v >> sf) & 1)) >> sf); });
+        body([=](V v) { return num::saturate<D>(num::shift_round_even(v, sf)); });
     } else {
         body([=](V v) { return num::scale_round_even<D>(static_cast<int64_t>(v), sf); });
     }
@@ -261,16 +202,16 @@ inline void with_scale(int sf, Body body) {
 
 // Real members: d = conv(op(a, b)) / conv(op(s, value)).
 template <class D, class V, int ZA, class A, class B, class Op>
-inline void scaled2(const A* a, const B* b, D* d, int n, int sf, Op op) {
+inline void scaled2(const A* a, const B* b, D* d, size_t n, int sf, Op op) {
     with_scale<D, V, ZA>(sf, [&](auto conv) {
-        for (int i = 0; i < n; ++i) d[i] = conv(op(static_cast<V>(a[i]), static_cast<V>(b[i])));
+        for (size_t i = 0; i < n; ++i) d[i] = conv(op(static_cast<V>(a[i]), static_cast<V>(b[i])));
     });
 }
 template <class D, class V, int ZA, class Op>
-inline void scaledc(const D* s, D value, D* d, int n, int sf, Op op) {
+inline void scaledc(const D* s, D value, D* d, size_t n, int sf, Op op) {
     const V v = static_cast<V>(value);
     with_scale<D, V, ZA>(sf, [&](auto conv) {
-        for (int i = 0; i < n; ++i) d[i] = conv(op(static_cast<V>(s[i]), v));
+        for (size_t i = 0; i < n; ++i) d[i] = conv(op(static_cast<V>(s[i]), v));
     });
 }
 
@@ -284,11 +225,11 @@ constexpr int kZero8uAdd = 9, kZero8uMul = 16, kZero16sAdd = 16, kZero16sMul = 3
 constexpr int kZero31 = 31, kZero32sAdd = 32, kZero32sMul = 62;
 
 #define VEK_SCALED2(name, D, V, ZA, A, B, op)                                                      \
-    void name(const A* a, const B* b, D* d, int n, int sf) {                                       \
+    void name(const A* a, const B* b, D* d, size_t n, int sf) {                                    \
         scaled2<D, V, ZA>(a, b, d, n, sf, op);                                                     \
     }
 #define VEK_SCALEDC(name, D, V, ZA, op)                                                            \
-    void name(const D* s, D value, D* d, int n, int sf) {                                          \
+    void name(const D* s, D value, D* d, size_t n, int sf) {                                       \
         scaledc<D, V, ZA>(s, value, d, n, sf, op);                                                 \
     }
 
@@ -303,24 +244,14 @@ VEK_SCALEDC(mulc_8u_sfs, Vek8u, int32_t, kZero8uMul, times)
 VEK_SCALED2(add_16s_sfs_wide, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, plus)
 VEK_SCALED2(sub_16s_sfs_wide, Vek16s, int32_t, kZero16sAdd, Vek16s, Vek16s, rminus)
 
-// sf = 1 of 16-bit sums and differences stays in 16 bits: with k = floor(v / 2) formed from the
-// halves of the operands, v / 2 rounded half to even is k + (v odd and k odd).
-void add_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+// sf = 1 of 16-bit sums and differences stays in 16 bits (num::half_sum_round_even).
+void add_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
     if (sf != 1) return add_16s_sfs_wide(a, b, d, n, sf);
-    for (int i = 0; i < n; ++i) {
-        const Vek16s x = a[i], y = b[i];
-        const Vek16s k = static_cast<Vek16s>((x >> 1) + (y >> 1) + (x & y & 1));
-        d[i] = static_cast<Vek16s>(k + ((x ^ y) & k & 1));
-    }
+    for (size_t i = 0; i < n; ++i) d[i] = num::half_sum_round_even(a[i], b[i]);
 }
-void sub_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, int n, int sf) {
+void sub_16s_sfs_plain(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
     if (sf != 1) return sub_16s_sfs_wide(a, b, d, n, sf);
-    for (int i = 0; i < n; ++i) { // y - x
-        const Vek16s x = a[i], y = b[i];
-        const Vek16s k = static_cast<Vek16s>((y >> 1) - (x >> 1) - (x & ~y & 1));
-        const int32_t r = k + ((x ^ y) & k & 1); // 32767.5 rounds to 32768: saturate
-        d[i] = static_cast<Vek16s>(r > 32767 ? 32767 : r);
-    }
+    for (size_t i = 0; i < n; ++i) d[i] = num::half_difference_round_even(a[i], b[i]);
 }
 VEK_SCALED2(mul_16s_sfs_plain, Vek16s, int32_t, kZero16sMul, Vek16s, Vek16s, times)
 VEK_SCALEDC(addc_16s_sfs, Vek16s, int32_t, kZero16sAdd, plus)
@@ -341,23 +272,23 @@ VEK_SCALEDC(mulc_32s_sfs, Vek32s, int64_t, kZero32sMul, times)
 #undef VEK_SCALED2
 #undef VEK_SCALEDC
 
-void add_8u16u(const Vek8u* a, const Vek8u* b, Vek16u* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = static_cast<Vek16u>(a[i] + b[i]);
+void add_8u16u(const Vek8u* a, const Vek8u* b, Vek16u* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<Vek16u>(a[i] + b[i]);
 }
-void mul_8u16u(const Vek8u* a, const Vek8u* b, Vek16u* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = static_cast<Vek16u>(a[i] * b[i]);
+void mul_8u16u(const Vek8u* a, const Vek8u* b, Vek16u* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<Vek16u>(a[i] * b[i]);
 }
-void add_16u(const Vek16u* a, const Vek16u* b, Vek16u* d, int n) {
-    for (int i = 0; i < n; ++i) d[i] = sat<Vek16u, int32_t>(int32_t{a[i]} + b[i]);
+void add_16u(const Vek16u* a, const Vek16u* b, Vek16u* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) d[i] = num::saturate<Vek16u>(int32_t{a[i]} + b[i]);
 }
-void add_32u(const Vek32u* a, const Vek32u* b, Vek32u* d, int n) {
-    for (int i = 0; i < n; ++i) {
+void add_32u(const Vek32u* a, const Vek32u* b, Vek32u* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) {
         const Vek32u s = a[i] + b[i];
         d[i] = s < a[i] ? 0xFFFFFFFFu : s;
     }
 }
-void abs_16s(const Vek16s* s, Vek16s* d, int n) {
-    for (int i = 0; i < n; ++i) {
+void abs_16s(const Vek16s* s, Vek16s* d, size_t n) {
+    for (size_t i = 0; i < n; ++i) {
         const int32_t v = s[i];
         d[i] = static_cast<Vek16s>(v < 0 ? (v == -32768 ? 32767 : -v) : v);
     }
@@ -365,16 +296,16 @@ void abs_16s(const Vek16s* s, Vek16s* d, int n) {
 
 // Complex integers: each part rounded and saturated by the same rule.
 template <class C, class P, class V, int ZA, class Op>
-inline void scaledc_cplx(const C* s, C value, C* d, int n, int sf, Op op) {
+inline void scaledc_cplx(const C* s, C value, C* d, size_t n, int sf, Op op) {
     const V vr = value.re, vi = value.im;
     with_scale<P, V, ZA>(sf, [&](auto conv) {
-        for (int i = 0; i < n; ++i)
+        for (size_t i = 0; i < n; ++i)
             d[i] = {conv(op(static_cast<V>(s[i].re), vr)), conv(op(static_cast<V>(s[i].im), vi))};
     });
 }
 
 #define VEK_SCALEDC_CPLX(name, C, P, V, ZA, op)                                                    \
-    void name(const C* s, C value, C* d, int n, int sf) {                                          \
+    void name(const C* s, C value, C* d, size_t n, int sf) {                                       \
         scaledc_cplx<C, P, V, ZA>(s, value, d, n, sf, op);                                         \
     }
 VEK_SCALEDC_CPLX(addc_16sc_sfs, Vek16sc, Vek16s, int32_t, kZero16sAdd, plus)
@@ -387,22 +318,22 @@ VEK_SCALEDC_CPLX(subcrev_32sc_sfs, Vek32sc, Vek32s, int64_t, kZero32sAdd, rminus
 
 // 16sc products: each part is a sum of two products of up to 2^30, so |v| <= 2^31 (int64).
 template <class GetY>
-inline void mul_16sc(const Vek16sc* x, GetY y_at, Vek16sc* d, int n, int sf) {
+inline void mul_16sc(const Vek16sc* x, GetY y_at, Vek16sc* d, size_t n, int sf) {
     with_scale<Vek16s, int64_t, kZero31>(sf, [&](auto conv) {
-        for (int i = 0; i < n; ++i) {
+        for (size_t i = 0; i < n; ++i) {
             const int64_t xr = x[i].re, xi = x[i].im;
             const Vek16sc y = y_at(i);
             d[i] = {conv(xr * y.re - xi * y.im), conv(xr * y.im + xi * y.re)};
         }
     });
 }
-void mul_16sc_sfs(const Vek16sc* a, const Vek16sc* b, Vek16sc* d, int n, int sf) {
+void mul_16sc_sfs(const Vek16sc* a, const Vek16sc* b, Vek16sc* d, size_t n, int sf) {
     mul_16sc(
-        a, [b](int i) { return b[i]; }, d, n, sf);
+        a, [b](size_t i) { return b[i]; }, d, n, sf);
 }
-void mulc_16sc_sfs(const Vek16sc* s, Vek16sc v, Vek16sc* d, int n, int sf) {
+void mulc_16sc_sfs(const Vek16sc* s, Vek16sc v, Vek16sc* d, size_t n, int sf) {
     mul_16sc(
-        s, [v](int) { return v; }, d, n, sf);
+        s, [v](size_t) { return v; }, d, n, sf);
 }
 
 // 32sc products need 65 bits for the imaginary part of (-2^31 - 2^31 i)^2: carried as WideSum.
@@ -411,11 +342,11 @@ inline Vek32sc cmul_32sc(Vek32sc x, Vek32sc y, int sf) {
     return {num::scale_round_even_wide<Vek32s>(num::wide_sum(xr * yr, -(xi * yi)), sf),
             num::scale_round_even_wide<Vek32s>(num::wide_sum(xr * yi, xi * yr), sf)};
 }
-void mul_32sc_sfs(const Vek32sc* a, const Vek32sc* b, Vek32sc* d, int n, int sf) {
-    for (int i = 0; i < n; ++i) d[i] = cmul_32sc(a[i], b[i], sf);
+void mul_32sc_sfs(const Vek32sc* a, const Vek32sc* b, Vek32sc* d, size_t n, int sf) {
+    for (size_t i = 0; i < n; ++i) d[i] = cmul_32sc(a[i], b[i], sf);
 }
-void mulc_32sc_sfs(const Vek32sc* s, Vek32sc v, Vek32sc* d, int n, int sf) {
-    for (int i = 0; i < n; ++i) d[i] = cmul_32sc(s[i], v, sf);
+void mulc_32sc_sfs(const Vek32sc* s, Vek32sc v, Vek32sc* d, size_t n, int sf) {
+    for (size_t i = 0; i < n; ++i) d[i] = cmul_32sc(s[i], v, sf);
 }
 
 // ---- integers: division through double -----------------------------------------------------
@@ -446,10 +377,10 @@ inline D int_div_by_zero(V y) {
 }
 
 template <class D>
-int div_int(const D* a, const D* b, D* d, int n, int sf) {
+int div_int(const D* a, const D* b, D* d, size_t n, int sf) {
     const IntQuotient q(sf);
     int zero = 0;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         const int32_t x = a[i], y = b[i];
         if (x == 0) {
             zero = 1;
@@ -461,10 +392,10 @@ int div_int(const D* a, const D* b, D* d, int n, int sf) {
     return zero;
 }
 template <class D>
-void divc_int(const D* s, D value, D* d, int n, int sf) {
+void divc_int(const D* s, D value, D* d, size_t n, int sf) {
     const IntQuotient q(sf);
     const double x = value;
-    for (int i = 0; i < n; ++i) d[i] = q.template round<D>(s[i], x);
+    for (size_t i = 0; i < n; ++i) d[i] = q.template round<D>(s[i], x);
 }
 
 // Complex quotient y / x with num and den exact in 64-bit integers (and in double: < 2^53).
@@ -479,23 +410,23 @@ inline Vek16sc cdiv_16sc(Vek16sc y, Vek16sc x, const IntQuotient& q, int& zero) 
     return {q.round<Vek16s>(static_cast<double>(yr * xr + yi * xi), dd),
             q.round<Vek16s>(static_cast<double>(yi * xr - yr * xi), dd)};
 }
-int div_16sc_sfs(const Vek16sc* a, const Vek16sc* b, Vek16sc* d, int n, int sf) {
+int div_16sc_sfs(const Vek16sc* a, const Vek16sc* b, Vek16sc* d, size_t n, int sf) {
     const IntQuotient q(sf);
     int zero = 0;
-    for (int i = 0; i < n; ++i) d[i] = cdiv_16sc(b[i], a[i], q, zero);
+    for (size_t i = 0; i < n; ++i) d[i] = cdiv_16sc(b[i], a[i], q, zero);
     return zero;
 }
-void divc_16sc_sfs(const Vek16sc* s, Vek16sc v, Vek16sc* d, int n, int sf) {
+void divc_16sc_sfs(const Vek16sc* s, Vek16sc v, Vek16sc* d, size_t n, int sf) {
     const IntQuotient q(sf);
     int zero = 0;
-    for (int i = 0; i < n; ++i) d[i] = cdiv_16sc(s[i], v, q, zero);
+    for (size_t i = 0; i < n; ++i) d[i] = cdiv_16sc(s[i], v, q, zero);
 }
 
-int divcrev_16u(const Vek16u* s, Vek16u value, Vek16u* d, int n) {
+int divcrev_16u(const Vek16u* s, Vek16u value, Vek16u* d, size_t n) {
     const IntQuotient q(0);
     const double y = value;
     int zero = 0;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         if (s[i] == 0) {
             zero = 1;
             d[i] = int_div_by_zero<Vek16u>(int32_t{value});
@@ -506,50 +437,405 @@ int divcrev_16u(const Vek16u* s, Vek16u value, Vek16u* d, int n) {
     return zero;
 }
 
+// ---- vector kernels ---------------------------------------------------------------------------
+// Written once over the vector layer; each gives the plain loops' bits on every level. Tails are
+// one partial vector, not an element loop.
+
+using simd::Resident;
+using simd::Wide;
+
+// Calls whose vectors together span at least this many bytes (more than a last-level cache
+// keeps) write with streaming stores on the AVX-512 level: the result leaves the caches anyway,
+// and the stores skip reading the destination lines first. Below it, ordinary stores keep the
+// result cached, in vectors of at most 256 bits (on the development machine 512-bit loads of
+// cache-resident data were at best no faster and in some processes up to 1.35 times slower).
+constexpr size_t kStreamFootprint = size_t{24} << 20;
+
+template <class T>
+inline bool streams(const T* d, size_t footprint) {
+    return simd::kWideBytes >= 64 && footprint >= kStreamFootprint &&
+           reinterpret_cast<uintptr_t>(d) % sizeof(T) == 0;
+}
+
+// d[i] = f(x[i], y[i]) over whole vectors of V, f applied to registers; `x_at` and `y_at` give the
+// registers of the operands at element i (a load, or a constant) and `x_n`/`y_n` the partial
+// ones at the tail. Four vectors per step for the latency of the loads.
+template <class V, class T, class X, class XN, class Y, class YN, class F>
+inline void map_blocks(T* d, size_t n, size_t i, X x_at, XN x_n, Y y_at, YN y_n, F f) {
+    constexpr size_t w = V::lanes;
+    for (; i + 4 * w <= n; i += 4 * w) {
+        const auto r0 = f(x_at(i), y_at(i));
+        const auto r1 = f(x_at(i + w), y_at(i + w));
+        const auto r2 = f(x_at(i + 2 * w), y_at(i + 2 * w));
+        const auto r3 = f(x_at(i + 3 * w), y_at(i + 3 * w));
+        V::store(d + i, r0);
+        V::store(d + i + w, r1);
+        V::store(d + i + 2 * w, r2);
+        V::store(d + i + 3 * w, r3);
+    }
+    for (; i + w <= n; i += w) V::store(d + i, f(x_at(i), y_at(i)));
+    if (i < n) V::store_n(d + i, f(x_n(i, n - i), y_n(i, n - i)), n - i);
+}
+
+// The same with streaming stores from the first 64-byte boundary of d on; `plain` writes the
+// elements before it.
+template <class V, class T, class X, class Y, class F, class Plain>
+inline size_t stream_blocks(T* d, size_t n, X x_at, Y y_at, F f, Plain plain) {
+    const auto addr = reinterpret_cast<uintptr_t>(d);
+    size_t i = ((64 - (addr & 63)) & 63) / sizeof(T);
+    if (i > n) i = n;
+    plain(0, i);
+    for (; i + V::lanes <= n; i += V::lanes) V::stream(d + i, f(x_at(i), y_at(i)));
+    simd::stream_fence();
+    return i;
+}
+
+// Two vectors of T: d = f(a, b).
+template <class T, class F>
+inline void vv(const T* a, const T* b, T* d, size_t n, F f) {
+    using V = Resident<T>;
+    size_t i = 0;
+    if (streams(d, 3 * n * sizeof(T))) {
+        using W = Wide<T>;
+        i = stream_blocks<W>(
+            d, n, [a](size_t k) { return W::load(a + k); },
+            [b](size_t k) { return W::load(b + k); }, [f](auto x, auto y) { return f(W{}, x, y); },
+            [&](size_t k, size_t m) {
+                for (size_t j = k; j < k + m; ++j)
+                    d[j] = V::first(f(V{}, V::splat(a[j]), V::splat(b[j])));
+            });
+    }
+    map_blocks<V>(
+        d, n, i, [a](size_t k) { return V::load(a + k); },
+        [a](size_t k, size_t m) { return V::load_n(a + k, m); },
+        [b](size_t k) { return V::load(b + k); },
+        [b](size_t k, size_t m) { return V::load_n(b + k, m); },
+        [f](auto x, auto y) { return f(V{}, x, y); });
+}
+
+// A vector and a constant: d = f(s, c).
+template <class T, class F>
+inline void vc(const T* s, T c, T* d, size_t n, F f) {
+    using V = Resident<T>;
+    const auto cv = V::splat(c);
+    map_blocks<V>(
+        d, n, 0, [s](size_t k) { return V::load(s + k); },
+        [s](size_t k, size_t m) { return V::load_n(s + k, m); }, [cv](size_t) { return cv; },
+        [cv](size_t, size_t) { return cv; }, [f](auto x, auto y) { return f(V{}, x, y); });
+}
+
+// Interleaved complex vectors and constants (parts of the same operation): the pair (re, im)
+// as a vector constant.
+template <class T, class F>
+inline void vc_pair(const T* s, T re, T im, T* d, size_t n2, F f) {
+    using V = Resident<T>;
+    if constexpr (V::lanes == 1) {
+        for (size_t k = 0; k < n2; k += 2) {
+            d[k] = V::first(f(V{}, V::splat(s[k]), V::splat(re)));
+            d[k + 1] = V::first(f(V{}, V::splat(s[k + 1]), V::splat(im)));
+        }
+    } else {
+        const auto cv = V::splat_pair(re, im);
+        map_blocks<V>(
+            d, n2, 0, [s](size_t k) { return V::load(s + k); },
+            [s](size_t k, size_t m) { return V::load_n(s + k, m); }, [cv](size_t) { return cv; },
+            [cv](size_t, size_t) { return cv; }, [f](auto x, auto y) { return f(V{}, x, y); });
+    }
+}
+
+constexpr auto v_add = [](auto v, auto x, auto y) { return decltype(v)::add(x, y); };
+constexpr auto v_sub = [](auto v, auto x, auto y) { return decltype(v)::sub(x, y); };
+constexpr auto v_rsub = [](auto v, auto x, auto y) { return decltype(v)::sub(y, x); };
+constexpr auto v_mul = [](auto v, auto x, auto y) { return decltype(v)::mul(x, y); };
+constexpr auto v_abs = [](auto v, auto x, auto) { return decltype(v)::abs(x); };
+
+template <class T>
+void add_v(const T* a, const T* b, T* d, size_t n) {
+    vv(a, b, d, n, v_add);
+}
+template <class T>
+void sub_v(const T* a, const T* b, T* d, size_t n) {
+    vv(a, b, d, n, v_rsub);
+}
+template <class T>
+void mul_v(const T* a, const T* b, T* d, size_t n) {
+    vv(a, b, d, n, v_mul);
+}
+template <class T>
+void addc_v(const T* s, T c, T* d, size_t n) {
+    vc(s, c, d, n, v_add);
+}
+template <class T>
+void subc_v(const T* s, T c, T* d, size_t n) {
+    vc(s, c, d, n, v_sub);
+}
+template <class T>
+void subcrev_v(const T* s, T c, T* d, size_t n) {
+    vc(s, c, d, n, v_rsub);
+}
+template <class T>
+void mulc_v(const T* s, T c, T* d, size_t n) {
+    vc(s, c, d, n, v_mul);
+}
+template <class T>
+void abs_v(const T* s, T* d, size_t n) {
+    vc(s, T{}, d, n, v_abs);
+}
+
+// Complex sums and differences are those of the parts: 2n values (n < 2^31, no overflow).
+template <class C, class P = decltype(C::re)>
+void add_cv(const C* a, const C* b, C* d, size_t n) {
+    add_v(&a->re, &b->re, &d->re, 2 * n);
+}
+template <class C, class P = decltype(C::re)>
+void sub_cv(const C* a, const C* b, C* d, size_t n) {
+    sub_v(&a->re, &b->re, &d->re, 2 * n);
+}
+template <class C>
+void addc_cv(const C* s, C c, C* d, size_t n) {
+    vc_pair(&s->re, c.re, c.im, &d->re, 2 * n, v_add);
+}
+template <class C>
+void subc_cv(const C* s, C c, C* d, size_t n) {
+    vc_pair(&s->re, c.re, c.im, &d->re, 2 * n, v_sub);
+}
+template <class C>
+void subcrev_cv(const C* s, C c, C* d, size_t n) {
+    vc_pair(&s->re, c.re, c.im, &d->re, 2 * n, v_rsub);
+}
+
+// Real quotients y / x; a block holding a zero divisor is redone by the plain loop, which
+// applies the zero-divisor rule and reports it.
+template <class T>
+int div_v(const T* a, const T* b, T* d, size_t n) {
+    using V = Resident<T>;
+    if constexpr (V::lanes == 1) {
+        return div_f(a, b, d, n);
+    } else {
+        int zero = 0;
+        const auto z = V::zero();
+        size_t i = 0;
+        for (; i + V::lanes <= n; i += V::lanes) {
+            const auto x = V::load(a + i);
+            if (V::any(V::eq(x, z))) {
+                zero |= div_f(a + i, b + i, d + i, V::lanes);
+                continue;
+            }
+            V::store(d + i, V::div(V::load(b + i), x));
+        }
+        // A partial vector would read its absent lanes as zero divisors: the plain loop ends.
+        if (i < n) zero |= div_f(a + i, b + i, d + i, n - i);
+        return zero;
+    }
+}
+
+// ---- 16-bit scaled sums, differences and products ---------------------------------------------
+// Exact values in 32-bit lanes (widened within 128-bit blocks), the scaling rule's vector twin,
+// narrowed back with saturation; sf = 0 of sums and differences is saturating 16-bit arithmetic
+// and sf = 1 the 16-bit halving rule. Other scale factors take the plain loops.
+
+// (Templates over the vector types, so that a level without vectors compiles only the plain
+// branch.)
+using W16 = Wide<Vek16s>;
+using W32 = Wide<Vek32s>;
+
+template <class V16, class F, class Plain>
+inline void blocks16(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, F f, Plain plain) {
+    size_t i = 0;
+    for (; i + V16::lanes <= n; i += V16::lanes)
+        V16::store(d + i, f(V16::load(a + i), V16::load(b + i)));
+    if (i < n) plain(i, n - i);
+}
+
+template <bool Subtract, class V16 = W16, class V32 = W32>
+void addsub_16s_v(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
+    auto plain = [&](size_t i, size_t m) {
+        if constexpr (Subtract)
+            sub_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+        else
+            add_16s_sfs_plain(a + i, b + i, d + i, m, sf);
+    };
+    if constexpr (V16::lanes == 1) {
+        return plain(0, n);
+    } else {
+        if (sf == 0)
+            return blocks16<V16>(
+                a, b, d, n,
+                [](auto x, auto y) { return Subtract ? V16::sub_sat(y, x) : V16::add_sat(x, y); },
+                plain);
+        if (sf == 1)
+            return blocks16<V16>(
+                a, b, d, n,
+                [](auto x, auto y) {
+                    return Subtract ? simd::half_difference_round_even<V16>(x, y)
+                                    : simd::half_sum_round_even<V16>(x, y);
+                },
+                plain);
+        if (sf < 0 || sf > kZero16sAdd) return plain(0, n);
+        const simd::ShiftRoundEven<V32> round(sf);
+        auto exact = [](auto x, auto y) { return Subtract ? V32::sub(y, x) : V32::add(x, y); };
+        blocks16<V16>(
+            a, b, d, n,
+            [&](auto x, auto y) {
+                const auto lo = round(exact(V16::widen_lo(x), V16::widen_lo(y)));
+                const auto hi = round(exact(V16::widen_hi(x), V16::widen_hi(y)));
+                return V32::template narrow_sat<Vek16s>(lo, hi);
+            },
+            plain);
+    }
+}
+void add_16s_sfs_v(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
+    addsub_16s_v<false>(a, b, d, n, sf);
+}
+void sub_16s_sfs_v(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
+    addsub_16s_v<true>(a, b, d, n, sf);
+}
+
+template <class LoadB, class Plain, class V16 = W16, class V32 = W32>
+inline void mul16_v(const Vek16s* a, LoadB load_b, Vek16s* d, size_t n, int sf, Plain plain) {
+    if constexpr (V16::lanes == 1) {
+        return plain(0, n);
+    } else {
+        if (sf < 0 || sf > kZero16sMul) return plain(0, n);
+        const simd::ShiftRoundEven<V32> round(sf);
+        size_t i = 0;
+        for (; i + V16::lanes <= n; i += V16::lanes) {
+            const auto x = V16::load(a + i), y = load_b(i);
+            const auto lo = round(V16::mul_wide_lo(x, y)), hi = round(V16::mul_wide_hi(x, y));
+            W16::store(d + i, V32::template narrow_sat<Vek16s>(lo, hi));
+        }
+        if (i < n) plain(i, n - i);
+    }
+}
+void mul_16s_sfs_v(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, int sf) {
+    mul16_v(
+        a, [b](size_t i) { return W16::load(b + i); }, d, n, sf,
+        [&](size_t i, size_t m) { mul_16s_sfs_plain(a + i, b + i, d + i, m, sf); });
+}
+void mulc_16s_sfs_v(const Vek16s* s, Vek16s v, Vek16s* d, size_t n, int sf) {
+    const auto vv = W16::splat(v);
+    mul16_v(
+        s, [vv](size_t) { return vv; }, d, n, sf,
+        [&](size_t i, size_t m) { mulc_16s_sfs_plain(s + i, v, d + i, m, sf); });
+}
+
+// ---- 32fc products and quotients ---------------------------------------------------------------
+// Products: the plain loop's fused form, (fused(xr, yr, -(xi*yi)), fused(xi, yr, xr*yi)), which
+// is complex_mul on levels that fuse; elsewhere the plain loop.
+
+template <class VC, class Y, class YN>
+inline void mul_32fc_v(const Vek32fc* a, Y y_at, YN y_n, Vek32fc* d, size_t n) {
+    const float* x = &a->re;
+    map_blocks<VC>(
+        &d->re, 2 * n, 0, [x](size_t k) { return VC::load(x + k); },
+        [x](size_t k, size_t m) { return VC::load_n(x + k, m); }, y_at, y_n,
+        [](auto p, auto q) { return VC::complex_mul(p, q); });
+}
+template <class VC = Resident<float>>
+void mul_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, size_t n) {
+    if constexpr (!VC::fused || VC::lanes < 4) {
+        mul_c(a, b, d, n);
+    } else {
+        const float* y = &b->re;
+        mul_32fc_v<VC>(
+            a, [y](size_t k) { return VC::load(y + k); },
+            [y](size_t k, size_t m) { return VC::load_n(y + k, m); }, d, n);
+    }
+}
+template <class VC = Resident<float>>
+void mulc_32fc_fast(const Vek32fc* s, Vek32fc v, Vek32fc* d, size_t n) {
+    if constexpr (!VC::fused || VC::lanes < 4) {
+        mulc_c(s, v, d, n);
+    } else {
+        const auto vv = VC::splat_pair(v.re, v.im);
+        mul_32fc_v<VC>(
+            s, [vv](size_t) { return vv; }, [vv](size_t, size_t) { return vv; }, d, n);
+    }
+}
+
+// Quotients, 8 elements per step: the plain form of cdiv with its operations in the same order
+// (its fused steps as fused multiply-adds), on the parts gathered into real and imaginary
+// vectors (the order is permuted alike for every operand and undone by interleave_parts). Only
+// steps whose every element meets the plain form's conditions (which exclude zero divisors) are
+// done here; the others go to the element loop. The conditions are tested on magnitude bits,
+// unsigned (NaN sorts above infinity), with m the larger part of x: min(m - 1, den) >= lo, where
+// m = 0 wraps to the largest value and passes, and max(m, den) <= hi.
+template <class VC = Resident<float>>
+int div_32fc_fast(const Vek32fc* a, const Vek32fc* b, Vek32fc* d, size_t n) {
+    if constexpr (!VC::fused || VC::lanes != 8) {
+        return div_c(a, b, d, n);
+    } else {
+        using U = simd::Vec<uint32_t, VC::lanes>;
+        const auto one = VC::splat(1.0f);
+        const auto magnitude = U::splat(0x7FFFFFFFu), lo = U::splat(kModerateLo),
+                   hi = U::splat(kModerateHi), minus_one = U::splat(0xFFFFFFFFu);
+        int zero = 0;
+        size_t i = 0;
+        for (; i + 8 <= n; i += 8) {
+            typename VC::R xr, xi, yr, yi;
+            VC::split_parts(VC::load(&a[i].re), VC::load(&a[i + 4].re), yr, yi);
+            VC::split_parts(VC::load(&b[i].re), VC::load(&b[i + 4].re), xr, xi);
+            const auto den = VC::mul_add(yr, yr, VC::mul(yi, yi));
+            const auto m =
+                U::max(U::bit_and(VC::bits(xr), magnitude), U::bit_and(VC::bits(xi), magnitude));
+            const auto dn = VC::bits(den);
+            const auto low = U::min(U::add(m, minus_one), dn), high = U::max(m, dn);
+            if (U::any(U::lt(low, lo)) || U::any(U::gt(high, hi))) {
+                zero |= div_c(a + i, b + i, d + i, 8);
+                continue;
+            }
+            const auto re = VC::mul_add(xr, yr, VC::mul(xi, yi));
+            const auto im = VC::mul_sub(xi, yr, VC::mul(xr, yi));
+            const auto r = VC::div(one, den);
+            typename VC::R q0, q1;
+            VC::interleave_parts(VC::mul(re, r), VC::mul(im, r), q0, q1);
+            VC::store(&d[i].re, q0);
+            VC::store(&d[i + 4].re, q1);
+        }
+        if (i < n) zero |= div_c(a + i, b + i, d + i, n - i);
+        return zero;
+    }
+}
+
 } // namespace
-} // namespace veks::kern::VEK_ISA
-
-#include "arith/elementwise/arith_x86.hpp"
-
-namespace veks::kern::VEK_ISA {
 
 extern const ArithKernels arith = {
-    .add_32f = add_32f_fast,
-    .sub_32f = sub_32f_fast,
-    .mul_32f = mul_32f_fast,
-    .add_64f = add_64f_fast,
-    .sub_64f = sub_64f_fast,
-    .mul_64f = mul_64f_fast,
-    .add_32fc = add_c<Vek32fc>,
-    .sub_32fc = sub_c<Vek32fc>,
-    .mul_32fc = mul_32fc_fast,
-    .add_64fc = add_c<Vek64fc>,
-    .sub_64fc = sub_c<Vek64fc>,
+    .add_32f = add_v<Vek32f>,
+    .sub_32f = sub_v<Vek32f>,
+    .mul_32f = mul_v<Vek32f>,
+    .add_64f = add_v<Vek64f>,
+    .sub_64f = sub_v<Vek64f>,
+    .mul_64f = mul_v<Vek64f>,
+    .add_32fc = add_cv<Vek32fc>,
+    .sub_32fc = sub_cv<Vek32fc>,
+    .mul_32fc = mul_32fc_fast<>,
+    .add_64fc = add_cv<Vek64fc>,
+    .sub_64fc = sub_cv<Vek64fc>,
     .mul_64fc = mul_c<Vek64fc>,
-    .div_32f = div_32f_fast,
-    .div_64f = div_64f_fast,
-    .div_32fc = div_32fc_fast,
+    .div_32f = div_v<Vek32f>,
+    .div_64f = div_v<Vek64f>,
+    .div_32fc = div_32fc_fast<>,
     .div_64fc = div_c<Vek64fc>,
-    .addc_32f = addc_f<Vek32f>,
-    .subc_32f = subc_f<Vek32f>,
-    .subcrev_32f = subcrev_f<Vek32f>,
-    .mulc_32f = mulc_f<Vek32f>,
-    .addc_64f = addc_f<Vek64f>,
-    .subc_64f = subc_f<Vek64f>,
-    .subcrev_64f = subcrev_f<Vek64f>,
-    .mulc_64f = mulc_f<Vek64f>,
-    .addc_32fc = addc_c<Vek32fc>,
-    .subc_32fc = subc_c<Vek32fc>,
-    .subcrev_32fc = subcrev_c<Vek32fc>,
-    .mulc_32fc = mulc_32fc_fast,
+    .addc_32f = addc_v<Vek32f>,
+    .subc_32f = subc_v<Vek32f>,
+    .subcrev_32f = subcrev_v<Vek32f>,
+    .mulc_32f = mulc_v<Vek32f>,
+    .addc_64f = addc_v<Vek64f>,
+    .subc_64f = subc_v<Vek64f>,
+    .subcrev_64f = subcrev_v<Vek64f>,
+    .mulc_64f = mulc_v<Vek64f>,
+    .addc_32fc = addc_cv<Vek32fc>,
+    .subc_32fc = subc_cv<Vek32fc>,
+    .subcrev_32fc = subcrev_cv<Vek32fc>,
+    .mulc_32fc = mulc_32fc_fast<>,
     .divc_32fc = divc_c<Vek32fc>,
-    .addc_64fc = addc_c<Vek64fc>,
-    .subc_64fc = subc_c<Vek64fc>,
-    .subcrev_64fc = subcrev_c<Vek64fc>,
+    .addc_64fc = addc_cv<Vek64fc>,
+    .subc_64fc = subc_cv<Vek64fc>,
+    .subcrev_64fc = subcrev_cv<Vek64fc>,
     .mulc_64fc = mulc_c<Vek64fc>,
     .divc_64fc = divc_c<Vek64fc>,
-    .abs_32f = abs_f<Vek32f>,
-    .abs_64f = abs_f<Vek64f>,
+    .abs_32f = abs_v<Vek32f>,
+    .abs_64f = abs_v<Vek64f>,
     .add_16s32f = add_16s32f,
     .sub_16s32f = sub_16s32f,
     .mul_16s32f = mul_16s32f,
@@ -567,13 +853,13 @@ extern const ArithKernels arith = {
     .add_16u = add_16u,
     .add_32u = add_32u,
     .divcrev_16u = divcrev_16u,
-    .add_16s_sfs = add_16s_sfs_fast,
-    .sub_16s_sfs = sub_16s_sfs_fast,
-    .mul_16s_sfs = mul_16s_sfs_fast,
+    .add_16s_sfs = add_16s_sfs_v,
+    .sub_16s_sfs = sub_16s_sfs_v,
+    .mul_16s_sfs = mul_16s_sfs_v,
     .addc_16s_sfs = addc_16s_sfs,
     .subc_16s_sfs = subc_16s_sfs,
     .subcrev_16s_sfs = subcrev_16s_sfs,
-    .mulc_16s_sfs = mulc_16s_sfs_fast,
+    .mulc_16s_sfs = mulc_16s_sfs_v,
     .divc_16s_sfs = divc_int<Vek16s>,
     .div_16s_sfs = div_int<Vek16s>,
     .mul_16s32s_sfs = mul_16s32s_sfs,

@@ -1,100 +1,130 @@
-// Complex FFT entry points: transform objects and forward/inverse transforms of the
-// interleaved and split-array float kinds.
-#include "core/frame.hpp"
-#include "transforms/fft/fft_run.hpp"
+// Complex FFT entry points of the single- and double-precision kinds, interleaved and split
+// arrays: transform objects and forward/inverse transforms over the plans of plan.hpp.
+#include "transforms/fft/fft_entry.hpp"
+#include "transforms/work.hpp"
 #include "veks_transforms.h"
 
 using namespace veks;
-using namespace veks::fft;
+using fft::Plan;
+using fft::Shape;
 
 namespace {
 
-template <class T>
-VekStatus complex_transform(const void* pSpec, int kind, const T* pSrc, T* pDst, bool inverse) {
-    VEK_CHECK(non_null(pSpec));
-    VEK_CHECK(kind_is(pSpec, kind));
+// Object first (null, kind), then the data pointers; the work area is taken only when the plan
+// needs one.
+template <class T, class Handle>
+VekStatus complex_transform(const fft::Cplx<T>* pSrc, fft::Cplx<T>* pDst, const Handle* pSpec,
+                            Vek8u* pBuffer, bool inverse) {
+    const auto p = obj::open<Plan<T>>(pSpec, fft::kind_of<Plan<T>>(Shape::complex));
+    VEK_CHECK(p.status());
     VEK_CHECK(non_null(pSrc, pDst));
-    run_complex(static_cast<const Plan*>(pSpec), pSrc, pDst, inverse);
+    transforms::Work work(pBuffer, fft::work_size(*p));
+    VEK_CHECK(work.status());
+    if (inverse)
+        fft::inverse(*p, pSrc, pDst, work.get());
+    else
+        fft::forward(*p, pSrc, pDst, work.get());
     return vekStsOk;
 }
 
-// Split arrays: the data are interleaved into a scratch area (on the stack up to 1024 points,
-// else at the start of the work buffer), transformed in place there and split again.
-template <class T>
-VekStatus split_transform(const void* pSpec, int kind, const T* pSrcRe, const T* pSrcIm, T* pDstRe,
-                          T* pDstIm, void* pBuffer, bool inverse) {
-    VEK_CHECK(non_null(pSpec));
-    VEK_CHECK(kind_is(pSpec, kind));
+template <class T, class Handle>
+VekStatus split_transform(const T* pSrcRe, const T* pSrcIm, T* pDstRe, T* pDstIm,
+                          const Handle* pSpec, Vek8u* pBuffer, bool inverse) {
+    const auto p = obj::open<Plan<T>>(pSpec, fft::kind_of<Plan<T>>(Shape::split));
+    VEK_CHECK(p.status());
     VEK_CHECK(non_null(pSrcRe, pSrcIm, pDstRe, pDstIm));
-    const auto* s = static_cast<const Plan*>(pSpec);
-    const size_t n = size_t{1} << s->order;
-    constexpr size_t kStack = 1024;
-    alignas(64) T local[2 * kStack];
-    WorkBuffer work(s, pBuffer, n > kStack);
-    if (work.failed()) return vekStsMemAllocErr;
-    T* z = n > kStack ? reinterpret_cast<T*>(work.get()) : local;
-    for (size_t i = 0; i < n; ++i) {
-        z[2 * i] = pSrcRe[i];
-        z[2 * i + 1] = pSrcIm[i];
-    }
-    run_complex(s, z, z, inverse);
-    for (size_t i = 0; i < n; ++i) {
-        pDstRe[i] = z[2 * i];
-        pDstIm[i] = z[2 * i + 1];
-    }
+    transforms::Work work(pBuffer, fft::work_size(*p));
+    VEK_CHECK(work.status());
+    if (inverse)
+        fft::inverse_split(*p, pSrcRe, pSrcIm, pDstRe, pDstIm, work.get());
+    else
+        fft::forward_split(*p, pSrcRe, pSrcIm, pDstRe, pDstIm, work.get());
     return vekStsOk;
 }
 
 } // namespace
 
-#define VEK_FFT_OBJECT(suffix, kind)                                                               \
-    VEK_EXPORT VekStatus veksFFTInitAlloc_##suffix(VeksFFTSpec_##suffix** ppSpec, int order,       \
-                                                   int flag, VekHintAlgorithm hint) {              \
-        return init_alloc(reinterpret_cast<Plan**>(ppSpec), kind, order, flag, hint);              \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFFTFree_##suffix(VeksFFTSpec_##suffix* pSpec) {                       \
-        return release(reinterpret_cast<Plan*>(pSpec), kind);                                      \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFFTGetBufSize_##suffix(const VeksFFTSpec_##suffix* pSpec,             \
-                                                    int* pSize) {                                  \
-        return get_buf_size(reinterpret_cast<const Plan*>(pSpec), kind, pSize);                    \
-    }
+// ---- objects --------------------------------------------------------------------------------
 
-VEK_FFT_OBJECT(C_32fc, kC32fc)
-VEK_FFT_OBJECT(C_64fc, kC64fc)
-VEK_FFT_OBJECT(C_32f, kC32f)
-VEK_FFT_OBJECT(C_64f, kC64f)
-VEK_FFT_OBJECT(R_32f, kR32f)
-VEK_FFT_OBJECT(R_64f, kR64f)
+VEK_EXPORT VekStatus veksFFTInitAlloc_C_32fc(VeksFFTSpec_C_32fc** ppSpec, int order, int flag,
+                                             VekHintAlgorithm hint) {
+    return fft::init_alloc<Plan<float>>(ppSpec, Shape::complex, order, flag, hint);
+}
+VEK_EXPORT VekStatus veksFFTInitAlloc_C_64fc(VeksFFTSpec_C_64fc** ppSpec, int order, int flag,
+                                             VekHintAlgorithm hint) {
+    return fft::init_alloc<Plan<double>>(ppSpec, Shape::complex, order, flag, hint);
+}
+VEK_EXPORT VekStatus veksFFTInitAlloc_C_32f(VeksFFTSpec_C_32f** ppSpec, int order, int flag,
+                                            VekHintAlgorithm hint) {
+    return fft::init_alloc<Plan<float>>(ppSpec, Shape::split, order, flag, hint);
+}
+VEK_EXPORT VekStatus veksFFTInitAlloc_C_64f(VeksFFTSpec_C_64f** ppSpec, int order, int flag,
+                                            VekHintAlgorithm hint) {
+    return fft::init_alloc<Plan<double>>(ppSpec, Shape::split, order, flag, hint);
+}
 
-#define VEK_FFT_COMPLEX(sfx, T, C, kind)                                                           \
-    VEK_EXPORT VekStatus veksFFTFwd_CToC_##sfx(const C* pSrc, C* pDst,                             \
-                                               const VeksFFTSpec_C_##sfx* pSpec, Vek8u* pBuffer) { \
-        (void)pBuffer;                                                                             \
-        return complex_transform<T>(pSpec, kind, reinterpret_cast<const T*>(pSrc),                 \
-                                    reinterpret_cast<T*>(pDst), false);                            \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFFTInv_CToC_##sfx(const C* pSrc, C* pDst,                             \
-                                               const VeksFFTSpec_C_##sfx* pSpec, Vek8u* pBuffer) { \
-        (void)pBuffer;                                                                             \
-        return complex_transform<T>(pSpec, kind, reinterpret_cast<const T*>(pSrc),                 \
-                                    reinterpret_cast<T*>(pDst), true);                             \
-    }
+VEK_EXPORT VekStatus veksFFTFree_C_32fc(VeksFFTSpec_C_32fc* pSpec) {
+    return fft::free_plan<Plan<float>>(pSpec, Shape::complex);
+}
+VEK_EXPORT VekStatus veksFFTFree_C_64fc(VeksFFTSpec_C_64fc* pSpec) {
+    return fft::free_plan<Plan<double>>(pSpec, Shape::complex);
+}
+VEK_EXPORT VekStatus veksFFTFree_C_32f(VeksFFTSpec_C_32f* pSpec) {
+    return fft::free_plan<Plan<float>>(pSpec, Shape::split);
+}
+VEK_EXPORT VekStatus veksFFTFree_C_64f(VeksFFTSpec_C_64f* pSpec) {
+    return fft::free_plan<Plan<double>>(pSpec, Shape::split);
+}
 
-VEK_FFT_COMPLEX(32fc, float, Vek32fc, kC32fc)
-VEK_FFT_COMPLEX(64fc, double, Vek64fc, kC64fc)
+VEK_EXPORT VekStatus veksFFTGetBufSize_C_32fc(const VeksFFTSpec_C_32fc* pSpec, int* pSize) {
+    return fft::get_buf_size<Plan<float>>(pSpec, pSize, Shape::complex);
+}
+VEK_EXPORT VekStatus veksFFTGetBufSize_C_64fc(const VeksFFTSpec_C_64fc* pSpec, int* pSize) {
+    return fft::get_buf_size<Plan<double>>(pSpec, pSize, Shape::complex);
+}
+VEK_EXPORT VekStatus veksFFTGetBufSize_C_32f(const VeksFFTSpec_C_32f* pSpec, int* pSize) {
+    return fft::get_buf_size<Plan<float>>(pSpec, pSize, Shape::split);
+}
+VEK_EXPORT VekStatus veksFFTGetBufSize_C_64f(const VeksFFTSpec_C_64f* pSpec, int* pSize) {
+    return fft::get_buf_size<Plan<double>>(pSpec, pSize, Shape::split);
+}
 
-#define VEK_FFT_SPLIT(sfx, T, kind)                                                                \
-    VEK_EXPORT VekStatus veksFFTFwd_CToC_##sfx(const T* pSrcRe, const T* pSrcIm, T* pDstRe,        \
-                                               T* pDstIm, const VeksFFTSpec_C_##sfx* pSpec,        \
-                                               Vek8u* pBuffer) {                                   \
-        return split_transform<T>(pSpec, kind, pSrcRe, pSrcIm, pDstRe, pDstIm, pBuffer, false);    \
-    }                                                                                              \
-    VEK_EXPORT VekStatus veksFFTInv_CToC_##sfx(const T* pSrcRe, const T* pSrcIm, T* pDstRe,        \
-                                               T* pDstIm, const VeksFFTSpec_C_##sfx* pSpec,        \
-                                               Vek8u* pBuffer) {                                   \
-        return split_transform<T>(pSpec, kind, pSrcRe, pSrcIm, pDstRe, pDstIm, pBuffer, true);     \
-    }
+// ---- transforms -----------------------------------------------------------------------------
 
-VEK_FFT_SPLIT(32f, float, kC32f)
-VEK_FFT_SPLIT(64f, double, kC64f)
+VEK_EXPORT VekStatus veksFFTFwd_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
+                                          const VeksFFTSpec_C_32fc* pSpec, Vek8u* pBuffer) {
+    return complex_transform<float>(pSrc, pDst, pSpec, pBuffer, false);
+}
+VEK_EXPORT VekStatus veksFFTInv_CToC_32fc(const Vek32fc* pSrc, Vek32fc* pDst,
+                                          const VeksFFTSpec_C_32fc* pSpec, Vek8u* pBuffer) {
+    return complex_transform<float>(pSrc, pDst, pSpec, pBuffer, true);
+}
+VEK_EXPORT VekStatus veksFFTFwd_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst,
+                                          const VeksFFTSpec_C_64fc* pSpec, Vek8u* pBuffer) {
+    return complex_transform<double>(pSrc, pDst, pSpec, pBuffer, false);
+}
+VEK_EXPORT VekStatus veksFFTInv_CToC_64fc(const Vek64fc* pSrc, Vek64fc* pDst,
+                                          const VeksFFTSpec_C_64fc* pSpec, Vek8u* pBuffer) {
+    return complex_transform<double>(pSrc, pDst, pSpec, pBuffer, true);
+}
+
+VEK_EXPORT VekStatus veksFFTFwd_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe,
+                                         Vek32f* pDstIm, const VeksFFTSpec_C_32f* pSpec,
+                                         Vek8u* pBuffer) {
+    return split_transform(pSrcRe, pSrcIm, pDstRe, pDstIm, pSpec, pBuffer, false);
+}
+VEK_EXPORT VekStatus veksFFTInv_CToC_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstRe,
+                                         Vek32f* pDstIm, const VeksFFTSpec_C_32f* pSpec,
+                                         Vek8u* pBuffer) {
+    return split_transform(pSrcRe, pSrcIm, pDstRe, pDstIm, pSpec, pBuffer, true);
+}
+VEK_EXPORT VekStatus veksFFTFwd_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe,
+                                         Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
+                                         Vek8u* pBuffer) {
+    return split_transform(pSrcRe, pSrcIm, pDstRe, pDstIm, pSpec, pBuffer, false);
+}
+VEK_EXPORT VekStatus veksFFTInv_CToC_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstRe,
+                                         Vek64f* pDstIm, const VeksFFTSpec_C_64f* pSpec,
+                                         Vek8u* pBuffer) {
+    return split_transform(pSrcRe, pSrcIm, pDstRe, pDstIm, pSpec, pBuffer, true);
+}

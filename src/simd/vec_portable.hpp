@@ -1,0 +1,311 @@
+// The portable vector: N lanes of T held in an array, every operation a loop over the lanes.
+// It is the reference the native headers reproduce, the one-lane vector of the scalar level
+// (Vec<T, 1>), and the stand-in for any (T, N) a target has no register for. Included by
+// simd/vec.hpp; kernels do not include it directly.
+#pragma once
+
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+#include "simd/numeric.hpp"
+
+namespace veks::simd {
+inline namespace VEK_PER_ISA {
+
+template <class T, int N>
+struct Lanes {
+    T v[N];
+};
+
+// Signed or unsigned integer of the same width as T (for bit patterns of float lanes).
+template <class T>
+using BitsOf =
+    std::conditional_t<sizeof(T) == 8, uint64_t,
+                       std::conditional_t<sizeof(T) == 4, uint32_t,
+                                          std::conditional_t<sizeof(T) == 2, uint16_t, uint8_t>>>;
+
+// The integer type twice as wide as T, with T's signedness.
+template <class T>
+using WiderOf =
+    std::conditional_t<std::is_signed_v<T>,
+                       std::conditional_t<sizeof(T) == 1, int16_t,
+                                          std::conditional_t<sizeof(T) == 2, int32_t, int64_t>>,
+                       std::conditional_t<sizeof(T) == 1, uint16_t,
+                                          std::conditional_t<sizeof(T) == 2, uint32_t, uint64_t>>>;
+
+// One vector type per element type and lane count. This primary template is the portable one;
+// the native headers specialise it for the register widths a level has. Every vector type is a
+// set of static operations on its register type R (a trait), so that a kernel written once over
+// a vector type V runs on every level with the V that the level's alias names.
+template <class T, int N>
+struct Vec {
+    using value_type = T;
+    using R = Lanes<T, N>;
+    using M = Lanes<bool, N>;
+    static constexpr int lanes = N;
+    static constexpr bool fused = false; // mul_add rounds the product first
+
+    // ---- memory ----
+    static R load(const T* p) {
+        R r;
+        std::memcpy(r.v, p, sizeof r.v);
+        return r;
+    }
+    static void store(T* p, R a) { std::memcpy(p, a.v, sizeof a.v); }
+    static void stream(T* p, R a) { store(p, a); }
+    // The first n lanes (0 <= n <= lanes) from p, the others zero; reads nothing beyond p + n.
+    static R load_n(const T* p, size_t n) {
+        R r{};
+        std::memcpy(r.v, p, n * sizeof(T));
+        return r;
+    }
+    // Writes the first n lanes only.
+    static void store_n(T* p, R a, size_t n) { std::memcpy(p, a.v, n * sizeof(T)); }
+    static R splat(T x) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = x;
+        return r;
+    }
+    static R zero() { return R{}; }
+
+    // ---- lane-wise arithmetic (integers wrap) ----
+    template <class F>
+    static R map(R a, R b, F f) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = static_cast<T>(f(a.v[i], b.v[i]));
+        return r;
+    }
+    static R add(R a, R b) {
+        return map(a, b, [](T x, T y) { return wrap(x, y, 0); });
+    }
+    static R sub(R a, R b) {
+        return map(a, b, [](T x, T y) { return wrap(x, y, 1); });
+    }
+    static R mul(R a, R b) {
+        return map(a, b, [](T x, T y) { return wrap(x, y, 2); });
+    }
+    static R div(R a, R b) {
+        return map(a, b, [](T x, T y) { return x / y; });
+    }
+    // a * b + c: rounded once where the level fuses it (`fused`), else product then sum.
+    static R mul_add(R a, R b, R c) { return add(mul(a, b), c); }
+    // a * b - c, rounded like mul_add.
+    static R mul_sub(R a, R b, R c) { return sub(mul(a, b), c); }
+    // a < b ? a : b and a > b ? a : b: with a NaN operand the result is b.
+    static R min(R a, R b) {
+        return map(a, b, [](T x, T y) { return x < y ? x : y; });
+    }
+    static R max(R a, R b) {
+        return map(a, b, [](T x, T y) { return x > y ? x : y; });
+    }
+    static R abs(R a) {
+        R r;
+        for (int i = 0; i < N; ++i) {
+            if constexpr (std::is_floating_point_v<T>)
+                r.v[i] = std::bit_cast<T>(static_cast<BitsOf<T>>(std::bit_cast<BitsOf<T>>(a.v[i]) &
+                                                                 (~BitsOf<T>{0} >> 1)));
+            else
+                r.v[i] = a.v[i] < 0 ? static_cast<T>(0 - a.v[i]) : a.v[i];
+        }
+        return r;
+    }
+    // Saturating integer sum and difference.
+    static R add_sat(R a, R b) {
+        return map(a, b, [](T x, T y) {
+            return num::saturate<T>(static_cast<int64_t>(x) + static_cast<int64_t>(y));
+        });
+    }
+    static R sub_sat(R a, R b) {
+        return map(a, b, [](T x, T y) {
+            return num::saturate<T>(static_cast<int64_t>(x) - static_cast<int64_t>(y));
+        });
+    }
+
+    // ---- bits ----
+    static R bit_and(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return x & y; });
+    }
+    static R bit_or(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return x | y; });
+    }
+    static R bit_xor(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return x ^ y; });
+    }
+    static R bit_andnot(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return ~x & y; });
+    }
+    // Shifts by k (0 <= k < bits of T): right shifts are arithmetic for signed T.
+    static R shift_left(R a, int k) {
+        R r;
+        for (int i = 0; i < N; ++i)
+            r.v[i] = static_cast<T>(static_cast<BitsOf<T>>(static_cast<BitsOf<T>>(a.v[i]) << k));
+        return r;
+    }
+    static R shift_right(R a, int k) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = static_cast<T>(a.v[i] >> k);
+        return r;
+    }
+
+    // ---- comparisons and selection ----
+    template <class F>
+    static M compare(R a, R b, F f) {
+        M m;
+        for (int i = 0; i < N; ++i) m.v[i] = f(a.v[i], b.v[i]);
+        return m;
+    }
+    static M eq(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x == y; });
+    }
+    static M lt(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x < y; });
+    }
+    static M le(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x <= y; });
+    }
+    static M gt(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x > y; });
+    }
+    static M ge(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x >= y; });
+    }
+    static M unordered(R a, R b) {
+        return compare(a, b, [](T x, T y) { return x != x || y != y; });
+    }
+    // m ? a : b per lane.
+    static R select(M m, R a, R b) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = m.v[i] ? a.v[i] : b.v[i];
+        return r;
+    }
+    static bool any(M m) {
+        bool r = false;
+        for (int i = 0; i < N; ++i) r = r || m.v[i];
+        return r;
+    }
+    static bool all(M m) {
+        bool r = true;
+        for (int i = 0; i < N; ++i) r = r && m.v[i];
+        return r;
+    }
+
+    // ---- horizontal ----
+    // Sum of the lanes, pairwise (lane i with lane i + N/2, and so on down to one).
+    static T sum(R a) {
+        for (int h = N / 2; h >= 1; h /= 2)
+            for (int i = 0; i < h; ++i) a.v[i] = a.v[i] + a.v[i + h];
+        return a.v[0];
+    }
+    static T first(R a) { return a.v[0]; }
+    // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
+    static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
+    static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }
+
+    // ---- interleaved complex values: lanes (2k, 2k+1) hold (re, im) ----
+    static R swap_pairs(R a) {
+        R r;
+        for (int i = 0; i + 1 < N; i += 2) r.v[i] = a.v[i + 1], r.v[i + 1] = a.v[i];
+        return r;
+    }
+    static R conj(R a) {
+        for (int i = 1; i < N; i += 2) a.v[i] = -a.v[i];
+        return a;
+    }
+    static R mul_neg_i(R a) { return conj(swap_pairs(a)); } // (im, -re)
+    static R mul_pos_i(R a) {                               // (-im, re)
+        R r = swap_pairs(a);
+        for (int i = 0; i < N; i += 2) r.v[i] = -r.v[i];
+        return r;
+    }
+    static R splat_pair(T re, T im) {
+        R r;
+        for (int i = 0; i + 1 < N; i += 2) r.v[i] = re, r.v[i + 1] = im;
+        return r;
+    }
+    static R dup_re(R a) {
+        for (int i = 0; i + 1 < N; i += 2) a.v[i + 1] = a.v[i];
+        return a;
+    }
+    static R dup_im(R a) {
+        for (int i = 0; i + 1 < N; i += 2) a.v[i] = a.v[i + 1];
+        return a;
+    }
+    // a times a twiddle given as duplicated real parts wr and imaginary parts wi (re, im)
+    // = (ar wr - ai wi, ar wi + ai wr); mul_conj_twiddle multiplies by its conjugate.
+    static R mul_twiddle(R a, R wr, R wi) {
+        R r;
+        for (int i = 0; i + 1 < N; i += 2) {
+            r.v[i] = a.v[i] * wr.v[i] - a.v[i + 1] * wi.v[i];
+            r.v[i + 1] = a.v[i] * wi.v[i] + a.v[i + 1] * wr.v[i];
+        }
+        return r;
+    }
+    static R mul_conj_twiddle(R a, R wr, R wi) {
+        R r;
+        for (int i = 0; i + 1 < N; i += 2) {
+            r.v[i] = a.v[i] * wr.v[i] + a.v[i + 1] * wi.v[i];
+            r.v[i + 1] = a.v[i + 1] * wr.v[i] - a.v[i] * wi.v[i];
+        }
+        return r;
+    }
+    // x1 = a - i b, x3 = a + i b.
+    static void rotate(R a, R b, R& x1, R& x3) {
+        x1 = add(a, mul_neg_i(b));
+        x3 = add(a, mul_pos_i(b));
+    }
+    // Complex values in reverse order.
+    static R reverse_pairs(R a) {
+        R r;
+        for (int i = 0; i + 1 < N; i += 2) r.v[i] = a.v[N - 2 - i], r.v[i + 1] = a.v[N - 1 - i];
+        return r;
+    }
+    // Complex value k moves to position bit_reverse(k) (over log2(N/2) bits).
+    static R bit_reverse_pairs(R a) {
+        constexpr int C = N / 2;
+        R r = a;
+        for (int k = 0; k < C; ++k) {
+            int rk = 0;
+            for (int b = 1, q = C >> 1; b < C; b <<= 1, q >>= 1)
+                if (k & b) rk |= q;
+            r.v[2 * rk] = a.v[2 * k], r.v[2 * rk + 1] = a.v[2 * k + 1];
+        }
+        return r;
+    }
+    // Treats r[0 .. N/2) as a square matrix of complex values (row j = r[j]) and transposes it.
+    static void transpose_pairs(R* r) {
+        constexpr int C = N / 2;
+        for (int j = 0; j < C; ++j)
+            for (int k = j + 1; k < C; ++k) {
+                std::swap(r[j].v[2 * k], r[k].v[2 * j]);
+                std::swap(r[j].v[2 * k + 1], r[k].v[2 * j + 1]);
+            }
+    }
+
+  private:
+    static T wrap(T x, T y, int op) {
+        if constexpr (std::is_integral_v<T>) {
+            using U = std::make_unsigned_t<std::conditional_t<sizeof(T) < 4, int, T>>;
+            const U ux = static_cast<U>(x), uy = static_cast<U>(y);
+            return static_cast<T>(op == 0 ? ux + uy : op == 1 ? ux - uy : ux * uy);
+        } else {
+            return op == 0 ? x + y : op == 1 ? x - y : x * y;
+        }
+    }
+    template <class F>
+    static R bitwise(R a, R b, F f) {
+        R r;
+        for (int i = 0; i < N; ++i)
+            r.v[i] = std::bit_cast<T>(static_cast<BitsOf<T>>(
+                f(std::bit_cast<BitsOf<T>>(a.v[i]), std::bit_cast<BitsOf<T>>(b.v[i]))));
+        return r;
+    }
+};
+
+} // namespace VEK_PER_ISA
+} // namespace veks::simd

@@ -1,0 +1,463 @@
+// 128-bit x86 vectors (SSE2; the AVX2 and AVX-512 levels compile the same code with their
+// encodings and use their extra instructions where noted). Included by simd/vec.hpp at
+// VEK_ISA_LEVEL >= 1; each operation gives the portable vector's bits.
+#pragma once
+
+#include <immintrin.h>
+
+#include "simd/vec_portable.hpp"
+
+namespace veks::simd {
+inline namespace VEK_PER_ISA {
+
+namespace x86 {
+// Lane masks for partial loads and stores: the first n of `lanes` lanes.
+inline uint64_t first_bits(size_t n) { return n >= 64 ? ~uint64_t{0} : (uint64_t{1} << n) - 1; }
+#if VEK_ISA_LEVEL >= 2
+inline __m128i first_lanes32x4(size_t n) {
+    return _mm_cmpgt_epi32(_mm_set1_epi32(static_cast<int>(n)), _mm_setr_epi32(0, 1, 2, 3));
+}
+inline __m128i first_lanes64x2(size_t n) {
+    return _mm_cmpgt_epi64(_mm_set1_epi64x(static_cast<long long>(n)), _mm_set_epi64x(1, 0));
+}
+#endif
+// Partial access through a register-sized buffer: for levels and lane sizes without masked
+// moves.
+template <class R, class T>
+inline R load_via_buffer(const T* p, size_t n, R (*load)(const T*)) {
+    alignas(64) T b[sizeof(R) / sizeof(T)] = {};
+    std::memcpy(b, p, n * sizeof(T));
+    return load(b);
+}
+template <class R, class T>
+inline void store_via_buffer(T* p, R a, size_t n, void (*store)(T*, R)) {
+    alignas(64) T b[sizeof(R) / sizeof(T)];
+    store(b, a);
+    std::memcpy(p, b, n * sizeof(T));
+}
+} // namespace x86
+
+// Orders earlier non-temporal stores before later stores (after a `stream` loop).
+inline void stream_fence() { _mm_sfence(); }
+
+// ---- float x 4 -------------------------------------------------------------------------------
+
+template <>
+struct Vec<float, 4> {
+    using value_type = float;
+    using R = __m128;
+    using M = __m128;
+    static constexpr int lanes = 4;
+    static constexpr bool fused = VEK_ISA_LEVEL >= 2;
+
+    static R load(const float* p) { return _mm_loadu_ps(p); }
+    static void store(float* p, R a) { _mm_storeu_ps(p, a); }
+    static void stream(float* p, R a) { _mm_stream_ps(p, a); }
+    static R load_n(const float* p, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        return _mm_maskz_loadu_ps(static_cast<__mmask8>(x86::first_bits(n)), p);
+#elif VEK_ISA_LEVEL >= 2
+        return _mm_maskload_ps(p, x86::first_lanes32x4(n));
+#else
+        return x86::load_via_buffer<R, float>(p, n, load);
+#endif
+    }
+    static void store_n(float* p, R a, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        _mm_mask_storeu_ps(p, static_cast<__mmask8>(x86::first_bits(n)), a);
+#elif VEK_ISA_LEVEL >= 2
+        _mm_maskstore_ps(p, x86::first_lanes32x4(n), a);
+#else
+        x86::store_via_buffer<R, float>(p, a, n, store);
+#endif
+    }
+    static R splat(float x) { return _mm_set1_ps(x); }
+    static R zero() { return _mm_setzero_ps(); }
+
+    static R add(R a, R b) { return _mm_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm_sub_ps(a, b); }
+    static R mul(R a, R b) { return _mm_mul_ps(a, b); }
+    static R div(R a, R b) { return _mm_div_ps(a, b); }
+    static R mul_add(R a, R b, R c) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_fmadd_ps(a, b, c);
+#else
+        return _mm_add_ps(_mm_mul_ps(a, b), c);
+#endif
+    }
+    static R mul_sub(R a, R b, R c) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_fmsub_ps(a, b, c);
+#else
+        return _mm_sub_ps(_mm_mul_ps(a, b), c);
+#endif
+    }
+    static R min(R a, R b) { return _mm_min_ps(a, b); }
+    static R max(R a, R b) { return _mm_max_ps(a, b); }
+    static R abs(R a) { return _mm_and_ps(a, _mm_castsi128_ps(_mm_set1_epi32(0x7FFFFFFF))); }
+
+    static R bit_and(R a, R b) { return _mm_and_ps(a, b); }
+    static R bit_or(R a, R b) { return _mm_or_ps(a, b); }
+    static R bit_xor(R a, R b) { return _mm_xor_ps(a, b); }
+    static R bit_andnot(R a, R b) { return _mm_andnot_ps(a, b); }
+
+    static M eq(R a, R b) { return _mm_cmpeq_ps(a, b); }
+    static M lt(R a, R b) { return _mm_cmplt_ps(a, b); }
+    static M le(R a, R b) { return _mm_cmple_ps(a, b); }
+    static M gt(R a, R b) { return _mm_cmpgt_ps(a, b); }
+    static M ge(R a, R b) { return _mm_cmpge_ps(a, b); }
+    static M unordered(R a, R b) { return _mm_cmpunord_ps(a, b); }
+    static R select(M m, R a, R b) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_blendv_ps(b, a, m);
+#else
+        return _mm_or_ps(_mm_and_ps(m, a), _mm_andnot_ps(m, b));
+#endif
+    }
+    static bool any(M m) { return _mm_movemask_ps(m) != 0; }
+    static bool all(M m) { return _mm_movemask_ps(m) == 0xF; }
+
+    static float sum(R a) {
+        a = _mm_add_ps(a, _mm_movehl_ps(a, a));
+        return _mm_cvtss_f32(_mm_add_ss(a, _mm_shuffle_ps(a, a, 1)));
+    }
+    static float first(R a) { return _mm_cvtss_f32(a); }
+    // The lanes' bit patterns as 32-bit integer lanes, and back.
+    static __m128i bits(R a) { return _mm_castps_si128(a); }
+    static R from_bits(__m128i a) { return _mm_castsi128_ps(a); }
+
+    // Interleaved complex values (see the portable vector).
+    static R swap_pairs(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 3, 0, 1)); }
+    static R even_sign() { return _mm_castsi128_ps(_mm_setr_epi32(INT32_MIN, 0, INT32_MIN, 0)); }
+    static R odd_sign() { return _mm_castsi128_ps(_mm_setr_epi32(0, INT32_MIN, 0, INT32_MIN)); }
+    static R conj(R a) { return _mm_xor_ps(a, odd_sign()); }
+    static R mul_neg_i(R a) { return _mm_xor_ps(swap_pairs(a), odd_sign()); }
+    static R mul_pos_i(R a) { return _mm_xor_ps(swap_pairs(a), even_sign()); }
+    static R splat_pair(float re, float im) { return _mm_setr_ps(re, im, re, im); }
+    static R dup_re(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 2, 0, 0)); }
+    static R dup_im(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(3, 3, 1, 1)); }
+    static R mul_twiddle(R a, R wr, R wi) {
+        return _mm_add_ps(_mm_mul_ps(a, wr),
+                          _mm_xor_ps(_mm_mul_ps(swap_pairs(a), wi), even_sign()));
+    }
+    static R mul_conj_twiddle(R a, R wr, R wi) {
+        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap_pairs(a), wi), odd_sign()));
+    }
+    static void rotate(R a, R b, R& x1, R& x3) {
+        x1 = _mm_add_ps(a, mul_neg_i(b));
+        x3 = _mm_add_ps(a, mul_pos_i(b));
+    }
+    static R reverse_pairs(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    static R bit_reverse_pairs(R a) { return a; }
+    static void transpose_pairs(R* r) {
+        const R a = _mm_movelh_ps(r[0], r[1]), b = _mm_movehl_ps(r[1], r[0]);
+        r[0] = a;
+        r[1] = b;
+    }
+};
+
+// ---- double x 2 ------------------------------------------------------------------------------
+
+template <>
+struct Vec<double, 2> {
+    using value_type = double;
+    using R = __m128d;
+    using M = __m128d;
+    static constexpr int lanes = 2;
+    static constexpr bool fused = VEK_ISA_LEVEL >= 2;
+
+    static R load(const double* p) { return _mm_loadu_pd(p); }
+    static void store(double* p, R a) { _mm_storeu_pd(p, a); }
+    static void stream(double* p, R a) { _mm_stream_pd(p, a); }
+    static R load_n(const double* p, size_t n) { return n ? _mm_load_sd(p) : _mm_setzero_pd(); }
+    static void store_n(double* p, R a, size_t n) {
+        if (n) _mm_store_sd(p, a);
+    }
+    static R splat(double x) { return _mm_set1_pd(x); }
+    static R zero() { return _mm_setzero_pd(); }
+
+    static R add(R a, R b) { return _mm_add_pd(a, b); }
+    static R sub(R a, R b) { return _mm_sub_pd(a, b); }
+    static R mul(R a, R b) { return _mm_mul_pd(a, b); }
+    static R div(R a, R b) { return _mm_div_pd(a, b); }
+    static R mul_add(R a, R b, R c) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_fmadd_pd(a, b, c);
+#else
+        return _mm_add_pd(_mm_mul_pd(a, b), c);
+#endif
+    }
+    static R mul_sub(R a, R b, R c) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_fmsub_pd(a, b, c);
+#else
+        return _mm_sub_pd(_mm_mul_pd(a, b), c);
+#endif
+    }
+    static R min(R a, R b) { return _mm_min_pd(a, b); }
+    static R max(R a, R b) { return _mm_max_pd(a, b); }
+    static R abs(R a) {
+        return _mm_and_pd(a, _mm_castsi128_pd(_mm_set1_epi64x(0x7FFFFFFFFFFFFFFFll)));
+    }
+
+    static R bit_and(R a, R b) { return _mm_and_pd(a, b); }
+    static R bit_or(R a, R b) { return _mm_or_pd(a, b); }
+    static R bit_xor(R a, R b) { return _mm_xor_pd(a, b); }
+    static R bit_andnot(R a, R b) { return _mm_andnot_pd(a, b); }
+
+    static M eq(R a, R b) { return _mm_cmpeq_pd(a, b); }
+    static M lt(R a, R b) { return _mm_cmplt_pd(a, b); }
+    static M le(R a, R b) { return _mm_cmple_pd(a, b); }
+    static M gt(R a, R b) { return _mm_cmpgt_pd(a, b); }
+    static M ge(R a, R b) { return _mm_cmpge_pd(a, b); }
+    static M unordered(R a, R b) { return _mm_cmpunord_pd(a, b); }
+    static R select(M m, R a, R b) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_blendv_pd(b, a, m);
+#else
+        return _mm_or_pd(_mm_and_pd(m, a), _mm_andnot_pd(m, b));
+#endif
+    }
+    static bool any(M m) { return _mm_movemask_pd(m) != 0; }
+    static bool all(M m) { return _mm_movemask_pd(m) == 0x3; }
+
+    static double sum(R a) { return _mm_cvtsd_f64(_mm_add_sd(a, _mm_unpackhi_pd(a, a))); }
+    static double first(R a) { return _mm_cvtsd_f64(a); }
+    static __m128i bits(R a) { return _mm_castpd_si128(a); }
+    static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
+
+    static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
+    static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
+    static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }
+    static R conj(R a) { return _mm_xor_pd(a, odd_sign()); }
+    static R mul_neg_i(R a) { return _mm_xor_pd(swap_pairs(a), odd_sign()); }
+    static R mul_pos_i(R a) { return _mm_xor_pd(swap_pairs(a), even_sign()); }
+    static R splat_pair(double re, double im) { return _mm_setr_pd(re, im); }
+    static R dup_re(R a) { return _mm_unpacklo_pd(a, a); }
+    static R dup_im(R a) { return _mm_unpackhi_pd(a, a); }
+    static R mul_twiddle(R a, R wr, R wi) {
+        return _mm_add_pd(_mm_mul_pd(a, wr),
+                          _mm_xor_pd(_mm_mul_pd(swap_pairs(a), wi), even_sign()));
+    }
+    static R mul_conj_twiddle(R a, R wr, R wi) {
+        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap_pairs(a), wi), odd_sign()));
+    }
+    static void rotate(R a, R b, R& x1, R& x3) {
+        x1 = _mm_add_pd(a, mul_neg_i(b));
+        x3 = _mm_add_pd(a, mul_pos_i(b));
+    }
+    static R reverse_pairs(R a) { return a; }
+    static R bit_reverse_pairs(R a) { return a; }
+    static void transpose_pairs(R*) {}
+};
+
+// ---- integers: 16 / sizeof(T) lanes ----------------------------------------------------------
+
+template <class T, int N>
+requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
+    using value_type = T;
+    using R = __m128i;
+    using M = __m128i;
+    static constexpr int lanes = N;
+    static constexpr bool is_signed = std::is_signed_v<T>;
+    static constexpr size_t bytes = sizeof(T);
+
+    static R load(const T* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
+    static void store(T* p, R a) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), a); }
+    static void stream(T* p, R a) { _mm_stream_si128(reinterpret_cast<__m128i*>(p), a); }
+    static R load_n(const T* p, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        const auto k = x86::first_bits(n);
+        if constexpr (bytes == 1) return _mm_maskz_loadu_epi8(static_cast<__mmask16>(k), p);
+        if constexpr (bytes == 2) return _mm_maskz_loadu_epi16(static_cast<__mmask8>(k), p);
+        if constexpr (bytes == 4) return _mm_maskz_loadu_epi32(static_cast<__mmask8>(k), p);
+        if constexpr (bytes == 8) return _mm_maskz_loadu_epi64(static_cast<__mmask8>(k), p);
+#else
+        return x86::load_via_buffer<R, T>(p, n, load);
+#endif
+    }
+    static void store_n(T* p, R a, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        const auto k = x86::first_bits(n);
+        if constexpr (bytes == 1) _mm_mask_storeu_epi8(p, static_cast<__mmask16>(k), a);
+        if constexpr (bytes == 2) _mm_mask_storeu_epi16(p, static_cast<__mmask8>(k), a);
+        if constexpr (bytes == 4) _mm_mask_storeu_epi32(p, static_cast<__mmask8>(k), a);
+        if constexpr (bytes == 8) _mm_mask_storeu_epi64(p, static_cast<__mmask8>(k), a);
+#else
+        x86::store_via_buffer<R, T>(p, a, n, store);
+#endif
+    }
+    static R splat(T x) {
+        if constexpr (bytes == 1) return _mm_set1_epi8(static_cast<char>(x));
+        if constexpr (bytes == 2) return _mm_set1_epi16(static_cast<short>(x));
+        if constexpr (bytes == 4) return _mm_set1_epi32(static_cast<int>(x));
+        if constexpr (bytes == 8) return _mm_set1_epi64x(static_cast<long long>(x));
+    }
+    static R zero() { return _mm_setzero_si128(); }
+
+    // Wrapping arithmetic.
+    static R add(R a, R b) {
+        if constexpr (bytes == 1) return _mm_add_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_add_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_add_epi32(a, b);
+        if constexpr (bytes == 8) return _mm_add_epi64(a, b);
+    }
+    static R sub(R a, R b) {
+        if constexpr (bytes == 1) return _mm_sub_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_sub_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_sub_epi32(a, b);
+        if constexpr (bytes == 8) return _mm_sub_epi64(a, b);
+    }
+    // Low half of the product (16-bit lanes).
+    static R mul(R a, R b) {
+        static_assert(bytes == 2, "lane products: 16-bit lanes");
+        return _mm_mullo_epi16(a, b);
+    }
+    // High half of the 16 x 16 -> 32-bit product.
+    static R mul_high(R a, R b) {
+        static_assert(bytes == 2, "lane products: 16-bit lanes");
+        if constexpr (is_signed) return _mm_mulhi_epi16(a, b);
+        return _mm_mulhi_epu16(a, b);
+    }
+    // Saturating sum and difference (8- and 16-bit lanes).
+    static R add_sat(R a, R b) {
+        static_assert(bytes <= 2);
+        if constexpr (bytes == 1) return is_signed ? _mm_adds_epi8(a, b) : _mm_adds_epu8(a, b);
+        return is_signed ? _mm_adds_epi16(a, b) : _mm_adds_epu16(a, b);
+    }
+    static R sub_sat(R a, R b) {
+        static_assert(bytes <= 2);
+        if constexpr (bytes == 1) return is_signed ? _mm_subs_epi8(a, b) : _mm_subs_epu8(a, b);
+        return is_signed ? _mm_subs_epi16(a, b) : _mm_subs_epu16(a, b);
+    }
+    static R min(R a, R b) { return select(lt(a, b), a, b); }
+    static R max(R a, R b) { return select(gt(a, b), a, b); }
+
+    static R bit_and(R a, R b) { return _mm_and_si128(a, b); }
+    static R bit_or(R a, R b) { return _mm_or_si128(a, b); }
+    static R bit_xor(R a, R b) { return _mm_xor_si128(a, b); }
+    static R bit_andnot(R a, R b) { return _mm_andnot_si128(a, b); }
+
+    // Shifts of every lane by k (0 <= k < bits of T); right shifts are arithmetic for signed T.
+    // Bytes shift as 16-bit lanes with the bits that crossed lanes cleared.
+    static R shift_left(R a, int k) {
+        const __m128i c = _mm_cvtsi32_si128(k);
+        if constexpr (bytes == 1)
+            return _mm_and_si128(_mm_sll_epi16(a, c), _mm_set1_epi8(static_cast<char>(0xFF << k)));
+        if constexpr (bytes == 2) return _mm_sll_epi16(a, c);
+        if constexpr (bytes == 4) return _mm_sll_epi32(a, c);
+        if constexpr (bytes == 8) return _mm_sll_epi64(a, c);
+    }
+    static R shift_right(R a, int k) {
+        const __m128i c = _mm_cvtsi32_si128(k);
+        if constexpr (bytes == 1) {
+            static_assert(!is_signed, "arithmetic byte shifts are not provided");
+            return _mm_and_si128(_mm_srl_epi16(a, c), _mm_set1_epi8(static_cast<char>(0xFF >> k)));
+        }
+        if constexpr (bytes == 2) return is_signed ? _mm_sra_epi16(a, c) : _mm_srl_epi16(a, c);
+        if constexpr (bytes == 4) return is_signed ? _mm_sra_epi32(a, c) : _mm_srl_epi32(a, c);
+        if constexpr (bytes == 8) {
+            static_assert(!is_signed, "arithmetic 64-bit shifts are not provided");
+            return _mm_srl_epi64(a, c);
+        }
+    }
+
+    static M eq(R a, R b) {
+        if constexpr (bytes == 1) return _mm_cmpeq_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_cmpeq_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_cmpeq_epi32(a, b);
+        if constexpr (bytes == 8) {
+#if VEK_ISA_LEVEL >= 2
+            return _mm_cmpeq_epi64(a, b);
+#else
+            const __m128i e = _mm_cmpeq_epi32(a, b);
+            return _mm_and_si128(e, _mm_shuffle_epi32(e, _MM_SHUFFLE(2, 3, 0, 1)));
+#endif
+        }
+    }
+    static M gt(R a, R b) {
+        static_assert(bytes <= 4);
+        if constexpr (!is_signed) { // order-preserving flip of the sign bit
+            const R bias = Vec<std::make_signed_t<T>, N>::splat(
+                std::numeric_limits<std::make_signed_t<T>>::min());
+            a = _mm_xor_si128(a, bias);
+            b = _mm_xor_si128(b, bias);
+        }
+        if constexpr (bytes == 1) return _mm_cmpgt_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_cmpgt_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_cmpgt_epi32(a, b);
+    }
+    static M lt(R a, R b) { return gt(b, a); }
+    static R select(M m, R a, R b) {
+#if VEK_ISA_LEVEL >= 2
+        return _mm_blendv_epi8(b, a, m);
+#else
+        return _mm_or_si128(_mm_and_si128(m, a), _mm_andnot_si128(m, b));
+#endif
+    }
+    static bool any(M m) { return _mm_movemask_epi8(m) != 0; }
+    static bool all(M m) { return _mm_movemask_epi8(m) == 0xFFFF; }
+
+    // Widening and narrowing. widen_lo / widen_hi split a vector into two of twice the lane
+    // width (sign- or zero-extended) in the order that narrow_sat restores; mul_wide_lo / _hi
+    // give the full 16 x 16 -> 32-bit products in that same order. On 128-bit vectors that order
+    // is the element order.
+    static R widen_lo(R a) {
+        static_assert(bytes <= 4);
+        return interleave_lo(a, is_signed ? sign_fill(a) : _mm_setzero_si128());
+    }
+    static R widen_hi(R a) {
+        static_assert(bytes <= 4);
+        return interleave_hi(a, is_signed ? sign_fill(a) : _mm_setzero_si128());
+    }
+    static R mul_wide_lo(R a, R b) { return interleave_lo(mul(a, b), mul_high(a, b)); }
+    static R mul_wide_hi(R a, R b) { return interleave_hi(mul(a, b), mul_high(a, b)); }
+    // Two vectors of T into one of D (half as wide), each lane saturated to D.
+    template <class D>
+    static R narrow_sat(R lo, R hi) {
+        static_assert(bytes == 2 * sizeof(D) && is_signed);
+        if constexpr (bytes == 4 && std::is_signed_v<D>) return _mm_packs_epi32(lo, hi);
+        if constexpr (bytes == 2 && std::is_signed_v<D>) return _mm_packs_epi16(lo, hi);
+        if constexpr (bytes == 2 && !std::is_signed_v<D>) return _mm_packus_epi16(lo, hi);
+        if constexpr (bytes == 4 && !std::is_signed_v<D>) {
+#if VEK_ISA_LEVEL >= 2
+            return _mm_packus_epi32(lo, hi);
+#else
+            // No unsigned 32 -> 16 pack in SSE2: bias into the signed range and back.
+            const __m128i b32 = _mm_set1_epi32(32768), b16 = _mm_set1_epi16(-32768);
+            return _mm_xor_si128(_mm_packs_epi32(_mm_sub_epi32(lo, b32), _mm_sub_epi32(hi, b32)),
+                                 b16);
+#endif
+        }
+    }
+    // 32-bit lanes to float, rounded by the current mode.
+    static __m128 to_float(R a) {
+        static_assert(bytes == 4 && is_signed);
+        return _mm_cvtepi32_ps(a);
+    }
+    // Float to 32-bit lanes rounded by the current mode (nearest) or truncated; NaN and values
+    // outside the 32-bit range give INT32_MIN.
+    static R from_float_nearest(__m128 a) { return _mm_cvtps_epi32(a); }
+    static R from_float_trunc(__m128 a) { return _mm_cvttps_epi32(a); }
+
+  private:
+    static R interleave_lo(R a, R b) {
+        if constexpr (bytes == 1) return _mm_unpacklo_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_unpacklo_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_unpacklo_epi32(a, b);
+    }
+    static R interleave_hi(R a, R b) {
+        if constexpr (bytes == 1) return _mm_unpackhi_epi8(a, b);
+        if constexpr (bytes == 2) return _mm_unpackhi_epi16(a, b);
+        if constexpr (bytes == 4) return _mm_unpackhi_epi32(a, b);
+    }
+    // Every bit of a lane set to the lane's sign bit.
+    static R sign_fill(R a) {
+        if constexpr (bytes == 1) return _mm_cmpgt_epi8(_mm_setzero_si128(), a);
+        if constexpr (bytes == 2) return _mm_srai_epi16(a, 15);
+        if constexpr (bytes == 4) return _mm_srai_epi32(a, 31);
+    }
+};
+
+} // namespace VEK_PER_ISA
+} // namespace veks::simd

@@ -1,0 +1,478 @@
+// 512-bit x86 vectors (AVX-512 F, BW, DQ, VL). Included by simd/vec.hpp at VEK_ISA_LEVEL >= 3;
+// comparisons give bit masks (one bit per lane). Each operation gives the portable vector's
+// bits, except where an operation's comment names an in-lane order.
+#pragma once
+
+#include "simd/vec_x86_256.hpp"
+
+#if defined(__GNUC__) && !defined(__clang__)
+// GCC 12's AVX-512 intrinsic headers start some operations from an "undefined" register and
+// then report it as possibly uninitialised.
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#pragma GCC diagnostic ignored "-Wuninitialized"
+#endif
+
+namespace veks::simd {
+inline namespace VEK_PER_ISA {
+
+// ---- float x 16 ------------------------------------------------------------------------------
+
+template <>
+struct Vec<float, 16> {
+    using value_type = float;
+    using R = __m512;
+    using M = __mmask16;
+    using Half = Vec<float, 8>;
+    static constexpr int lanes = 16;
+    static constexpr bool fused = true;
+
+    static R load(const float* p) { return _mm512_loadu_ps(p); }
+    static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
+    static void stream(float* p, R a) { _mm512_stream_ps(p, a); }
+    static R load_n(const float* p, size_t n) {
+        return _mm512_maskz_loadu_ps(static_cast<M>(x86::first_bits(n)), p);
+    }
+    static void store_n(float* p, R a, size_t n) {
+        _mm512_mask_storeu_ps(p, static_cast<M>(x86::first_bits(n)), a);
+    }
+    static R splat(float x) { return _mm512_set1_ps(x); }
+    static R zero() { return _mm512_setzero_ps(); }
+
+    static R add(R a, R b) { return _mm512_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm512_sub_ps(a, b); }
+    static R mul(R a, R b) { return _mm512_mul_ps(a, b); }
+    static R div(R a, R b) { return _mm512_div_ps(a, b); }
+    static R mul_add(R a, R b, R c) { return _mm512_fmadd_ps(a, b, c); }
+    static R mul_sub(R a, R b, R c) { return _mm512_fmsub_ps(a, b, c); }
+    static R min(R a, R b) { return _mm512_min_ps(a, b); }
+    static R max(R a, R b) { return _mm512_max_ps(a, b); }
+    static R abs(R a) {
+        return _mm512_castsi512_ps(
+            _mm512_and_si512(_mm512_castps_si512(a), _mm512_set1_epi32(0x7FFFFFFF)));
+    }
+
+    static R bit_and(R a, R b) { return _mm512_and_ps(a, b); }
+    static R bit_or(R a, R b) { return _mm512_or_ps(a, b); }
+    static R bit_xor(R a, R b) { return _mm512_xor_ps(a, b); }
+    static R bit_andnot(R a, R b) { return _mm512_andnot_ps(a, b); }
+
+    static M eq(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_EQ_OQ); }
+    static M lt(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_LT_OQ); }
+    static M le(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_LE_OQ); }
+    static M gt(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_GT_OQ); }
+    static M ge(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_GE_OQ); }
+    static M unordered(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_UNORD_Q); }
+    static R select(M m, R a, R b) { return _mm512_mask_blend_ps(m, b, a); }
+    static bool any(M m) { return m != 0; }
+    static bool all(M m) { return m == 0xFFFF; }
+
+    static __m256 low(R a) { return _mm512_castps512_ps256(a); }
+    static __m256 high(R a) {
+        return _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1));
+    }
+    static float sum(R a) { return Half::sum(_mm256_add_ps(low(a), high(a))); }
+    static float first(R a) { return _mm512_cvtss_f32(a); }
+    static __m512i bits(R a) { return _mm512_castps_si512(a); }
+    static R from_bits(__m512i a) { return _mm512_castsi512_ps(a); }
+
+    static R swap_pairs(R a) { return _mm512_permute_ps(a, 0xB1); }
+    static R odd_sign() {
+        return _mm512_castsi512_ps(
+            _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
+    }
+    static R even_sign() { return _mm512_castsi512_ps(_mm512_set1_epi64(0x80000000ll)); }
+    static R conj(R a) { return _mm512_xor_ps(a, odd_sign()); }
+    static R mul_neg_i(R a) { return _mm512_xor_ps(swap_pairs(a), odd_sign()); }
+    static R mul_pos_i(R a) { return _mm512_xor_ps(swap_pairs(a), even_sign()); }
+    static R splat_pair(float re, float im) { return _mm512_setr4_ps(re, im, re, im); }
+    static R dup_re(R a) { return _mm512_moveldup_ps(a); }
+    static R dup_im(R a) { return _mm512_movehdup_ps(a); }
+    static R mul_twiddle(R a, R wr, R wi) {
+        return _mm512_fmaddsub_ps(a, wr, _mm512_mul_ps(swap_pairs(a), wi));
+    }
+    static R mul_conj_twiddle(R a, R wr, R wi) {
+        return _mm512_fmsubadd_ps(a, wr, _mm512_mul_ps(swap_pairs(a), wi));
+    }
+    static R complex_mul(R x, R y) { return mul_twiddle(x, dup_re(y), dup_im(y)); }
+    static void rotate(R a, R b, R& x1, R& x3) {
+        const R one = _mm512_set1_ps(1.0f), sb = swap_pairs(b);
+        x1 = _mm512_fmsubadd_ps(a, one, sb);
+        x3 = _mm512_fmaddsub_ps(a, one, sb);
+    }
+    static R reverse_pairs(R a) {
+        return _mm512_permutexvar_ps(
+            _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
+    }
+    static R bit_reverse_pairs(R a) {
+        return _mm512_castpd_ps(
+            _mm512_permutexvar_pd(_mm512_setr_epi64(0, 4, 2, 6, 1, 5, 3, 7), _mm512_castps_pd(a)));
+    }
+    static void transpose_pairs(R* r) {
+        __m512d t[8], u[8];
+        for (int i = 0; i < 8; i += 2) {
+            t[i] = _mm512_unpacklo_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
+            t[i + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
+        }
+        // u[0..3]: rows 0-3, column pairs {0,4}, {2,6}, {1,5}, {3,7}; u[4..7]: rows 4-7.
+        for (int h = 0; h < 8; h += 4) {
+            u[h + 0] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0x88);
+            u[h + 1] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0xDD);
+            u[h + 2] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0x88);
+            u[h + 3] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0xDD);
+        }
+        r[0] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0x88));
+        r[4] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0xDD));
+        r[2] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0x88));
+        r[6] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0xDD));
+        r[1] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0x88));
+        r[5] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0xDD));
+        r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
+        r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
+    }
+};
+
+// ---- double x 8 ------------------------------------------------------------------------------
+
+template <>
+struct Vec<double, 8> {
+    using value_type = double;
+    using R = __m512d;
+    using M = __mmask8;
+    using Half = Vec<double, 4>;
+    static constexpr int lanes = 8;
+    static constexpr bool fused = true;
+
+    static R load(const double* p) { return _mm512_loadu_pd(p); }
+    static void store(double* p, R a) { _mm512_storeu_pd(p, a); }
+    static void stream(double* p, R a) { _mm512_stream_pd(p, a); }
+    static R load_n(const double* p, size_t n) {
+        return _mm512_maskz_loadu_pd(static_cast<M>(x86::first_bits(n)), p);
+    }
+    static void store_n(double* p, R a, size_t n) {
+        _mm512_mask_storeu_pd(p, static_cast<M>(x86::first_bits(n)), a);
+    }
+    static R splat(double x) { return _mm512_set1_pd(x); }
+    static R zero() { return _mm512_setzero_pd(); }
+
+    static R add(R a, R b) { return _mm512_add_pd(a, b); }
+    static R sub(R a, R b) { return _mm512_sub_pd(a, b); }
+    static R mul(R a, R b) { return _mm512_mul_pd(a, b); }
+    static R div(R a, R b) { return _mm512_div_pd(a, b); }
+    static R mul_add(R a, R b, R c) { return _mm512_fmadd_pd(a, b, c); }
+    static R mul_sub(R a, R b, R c) { return _mm512_fmsub_pd(a, b, c); }
+    static R min(R a, R b) { return _mm512_min_pd(a, b); }
+    static R max(R a, R b) { return _mm512_max_pd(a, b); }
+    static R abs(R a) {
+        return _mm512_castsi512_pd(
+            _mm512_and_si512(_mm512_castpd_si512(a), _mm512_set1_epi64(0x7FFFFFFFFFFFFFFFll)));
+    }
+
+    static R bit_and(R a, R b) { return _mm512_and_pd(a, b); }
+    static R bit_or(R a, R b) { return _mm512_or_pd(a, b); }
+    static R bit_xor(R a, R b) { return _mm512_xor_pd(a, b); }
+    static R bit_andnot(R a, R b) { return _mm512_andnot_pd(a, b); }
+
+    static M eq(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_EQ_OQ); }
+    static M lt(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_LT_OQ); }
+    static M le(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_LE_OQ); }
+    static M gt(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_GT_OQ); }
+    static M ge(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_GE_OQ); }
+    static M unordered(R a, R b) { return _mm512_cmp_pd_mask(a, b, _CMP_UNORD_Q); }
+    static R select(M m, R a, R b) { return _mm512_mask_blend_pd(m, b, a); }
+    static bool any(M m) { return m != 0; }
+    static bool all(M m) { return m == 0xFF; }
+
+    static __m256d low(R a) { return _mm512_castpd512_pd256(a); }
+    static __m256d high(R a) { return _mm512_extractf64x4_pd(a, 1); }
+    static double sum(R a) { return Half::sum(_mm256_add_pd(low(a), high(a))); }
+    static double first(R a) { return _mm512_cvtsd_f64(a); }
+    static __m512i bits(R a) { return _mm512_castpd_si512(a); }
+    static R from_bits(__m512i a) { return _mm512_castsi512_pd(a); }
+
+    static R from_float(__m256 a) { return _mm512_cvtps_pd(a); }
+    static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
+
+    static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
+    static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
+    static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
+    static R mul_neg_i(R a) { return _mm512_xor_pd(swap_pairs(a), odd_sign()); }
+    static R mul_pos_i(R a) { return _mm512_xor_pd(swap_pairs(a), even_sign()); }
+    static R splat_pair(double re, double im) {
+        return _mm512_setr_pd(re, im, re, im, re, im, re, im);
+    }
+    static R dup_re(R a) { return _mm512_movedup_pd(a); }
+    static R dup_im(R a) { return _mm512_permute_pd(a, 0xFF); }
+    static R mul_twiddle(R a, R wr, R wi) {
+        return _mm512_fmaddsub_pd(a, wr, _mm512_mul_pd(swap_pairs(a), wi));
+    }
+    static R mul_conj_twiddle(R a, R wr, R wi) {
+        return _mm512_fmsubadd_pd(a, wr, _mm512_mul_pd(swap_pairs(a), wi));
+    }
+    static R complex_mul(R x, R y) { return mul_twiddle(x, dup_re(y), dup_im(y)); }
+    static void rotate(R a, R b, R& x1, R& x3) {
+        const R one = _mm512_set1_pd(1.0), sb = swap_pairs(b);
+        x1 = _mm512_fmsubadd_pd(a, one, sb);
+        x3 = _mm512_fmaddsub_pd(a, one, sb);
+    }
+    static R reverse_pairs(R a) {
+        return _mm512_permutexvar_pd(_mm512_setr_epi64(6, 7, 4, 5, 2, 3, 0, 1), a);
+    }
+    static R bit_reverse_pairs(R a) { return _mm512_shuffle_f64x2(a, a, 0xD8); }
+    static void transpose_pairs(R* r) {
+        const R t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44);
+        const R t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
+        const R t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44);
+        const R t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
+        r[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
+        r[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
+        r[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
+        r[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
+    }
+};
+
+// ---- integers: 64 / sizeof(T) lanes ----------------------------------------------------------
+
+template <class T, int N>
+requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
+    using value_type = T;
+    using R = __m512i;
+    using M = std::conditional_t<
+        N == 64, __mmask64,
+        std::conditional_t<N == 32, __mmask32, std::conditional_t<N == 16, __mmask16, __mmask8>>>;
+    using Half = Vec<T, N / 2>;
+    static constexpr int lanes = N;
+    static constexpr bool is_signed = std::is_signed_v<T>;
+    static constexpr size_t bytes = sizeof(T);
+
+    static R load(const T* p) { return _mm512_loadu_si512(p); }
+    static void store(T* p, R a) { _mm512_storeu_si512(p, a); }
+    static void stream(T* p, R a) { _mm512_stream_si512(reinterpret_cast<__m512i*>(p), a); }
+    static R load_n(const T* p, size_t n) {
+        const M k = static_cast<M>(x86::first_bits(n));
+        if constexpr (bytes == 1) return _mm512_maskz_loadu_epi8(k, p);
+        if constexpr (bytes == 2) return _mm512_maskz_loadu_epi16(k, p);
+        if constexpr (bytes == 4) return _mm512_maskz_loadu_epi32(k, p);
+        if constexpr (bytes == 8) return _mm512_maskz_loadu_epi64(k, p);
+    }
+    static void store_n(T* p, R a, size_t n) {
+        const M k = static_cast<M>(x86::first_bits(n));
+        if constexpr (bytes == 1) _mm512_mask_storeu_epi8(p, k, a);
+        if constexpr (bytes == 2) _mm512_mask_storeu_epi16(p, k, a);
+        if constexpr (bytes == 4) _mm512_mask_storeu_epi32(p, k, a);
+        if constexpr (bytes == 8) _mm512_mask_storeu_epi64(p, k, a);
+    }
+    template <class S>
+    static R load_extend(const S* p) {
+        static_assert(sizeof(S) < bytes);
+        constexpr bool s_signed = std::is_signed_v<S>;
+        if constexpr (sizeof(S) * N == 32) {
+            const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+            if constexpr (sizeof(S) == 1)
+                return s_signed ? _mm512_cvtepi8_epi16(s) : _mm512_cvtepu8_epi16(s);
+            if constexpr (sizeof(S) == 2)
+                return s_signed ? _mm512_cvtepi16_epi32(s) : _mm512_cvtepu16_epi32(s);
+            if constexpr (sizeof(S) == 4)
+                return s_signed ? _mm512_cvtepi32_epi64(s) : _mm512_cvtepu32_epi64(s);
+        } else {
+            static_assert(sizeof(S) == 1 && bytes == 4);
+            const __m128i s = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+            return s_signed ? _mm512_cvtepi8_epi32(s) : _mm512_cvtepu8_epi32(s);
+        }
+    }
+    static R splat(T x) {
+        if constexpr (bytes == 1) return _mm512_set1_epi8(static_cast<char>(x));
+        if constexpr (bytes == 2) return _mm512_set1_epi16(static_cast<short>(x));
+        if constexpr (bytes == 4) return _mm512_set1_epi32(static_cast<int>(x));
+        if constexpr (bytes == 8) return _mm512_set1_epi64(static_cast<long long>(x));
+    }
+    static R zero() { return _mm512_setzero_si512(); }
+
+    static R add(R a, R b) {
+        if constexpr (bytes == 1) return _mm512_add_epi8(a, b);
+        if constexpr (bytes == 2) return _mm512_add_epi16(a, b);
+        if constexpr (bytes == 4) return _mm512_add_epi32(a, b);
+        if constexpr (bytes == 8) return _mm512_add_epi64(a, b);
+    }
+    static R sub(R a, R b) {
+        if constexpr (bytes == 1) return _mm512_sub_epi8(a, b);
+        if constexpr (bytes == 2) return _mm512_sub_epi16(a, b);
+        if constexpr (bytes == 4) return _mm512_sub_epi32(a, b);
+        if constexpr (bytes == 8) return _mm512_sub_epi64(a, b);
+    }
+    static R mul(R a, R b) {
+        static_assert(bytes == 2 || bytes == 4);
+        if constexpr (bytes == 2) return _mm512_mullo_epi16(a, b);
+        return _mm512_mullo_epi32(a, b);
+    }
+    static R mul_high(R a, R b) {
+        static_assert(bytes == 2);
+        if constexpr (is_signed) return _mm512_mulhi_epi16(a, b);
+        return _mm512_mulhi_epu16(a, b);
+    }
+    static R add_sat(R a, R b) {
+        static_assert(bytes <= 2);
+        if constexpr (bytes == 1)
+            return is_signed ? _mm512_adds_epi8(a, b) : _mm512_adds_epu8(a, b);
+        return is_signed ? _mm512_adds_epi16(a, b) : _mm512_adds_epu16(a, b);
+    }
+    static R sub_sat(R a, R b) {
+        static_assert(bytes <= 2);
+        if constexpr (bytes == 1)
+            return is_signed ? _mm512_subs_epi8(a, b) : _mm512_subs_epu8(a, b);
+        return is_signed ? _mm512_subs_epi16(a, b) : _mm512_subs_epu16(a, b);
+    }
+    static R min(R a, R b) {
+        if constexpr (bytes == 1) return is_signed ? _mm512_min_epi8(a, b) : _mm512_min_epu8(a, b);
+        if constexpr (bytes == 2)
+            return is_signed ? _mm512_min_epi16(a, b) : _mm512_min_epu16(a, b);
+        if constexpr (bytes == 4)
+            return is_signed ? _mm512_min_epi32(a, b) : _mm512_min_epu32(a, b);
+        if constexpr (bytes == 8)
+            return is_signed ? _mm512_min_epi64(a, b) : _mm512_min_epu64(a, b);
+    }
+    static R max(R a, R b) {
+        if constexpr (bytes == 1) return is_signed ? _mm512_max_epi8(a, b) : _mm512_max_epu8(a, b);
+        if constexpr (bytes == 2)
+            return is_signed ? _mm512_max_epi16(a, b) : _mm512_max_epu16(a, b);
+        if constexpr (bytes == 4)
+            return is_signed ? _mm512_max_epi32(a, b) : _mm512_max_epu32(a, b);
+        if constexpr (bytes == 8)
+            return is_signed ? _mm512_max_epi64(a, b) : _mm512_max_epu64(a, b);
+    }
+
+    static R bit_and(R a, R b) { return _mm512_and_si512(a, b); }
+    static R bit_or(R a, R b) { return _mm512_or_si512(a, b); }
+    static R bit_xor(R a, R b) { return _mm512_xor_si512(a, b); }
+    static R bit_andnot(R a, R b) { return _mm512_andnot_si512(a, b); }
+
+    static R shift_left(R a, int k) {
+        const __m128i c = _mm_cvtsi32_si128(k);
+        if constexpr (bytes == 1)
+            return _mm512_and_si512(_mm512_sll_epi16(a, c),
+                                    _mm512_set1_epi8(static_cast<char>(0xFF << k)));
+        if constexpr (bytes == 2) return _mm512_sll_epi16(a, c);
+        // The all-lanes mask forms: the plain ones leave an operand undefined.
+        if constexpr (bytes == 4) return _mm512_maskz_sll_epi32(0xFFFF, a, c);
+        if constexpr (bytes == 8) return _mm512_maskz_sll_epi64(0xFF, a, c);
+    }
+    static R shift_right(R a, int k) {
+        const __m128i c = _mm_cvtsi32_si128(k);
+        if constexpr (bytes == 1) {
+            static_assert(!is_signed, "arithmetic byte shifts are not provided");
+            return _mm512_and_si512(_mm512_srl_epi16(a, c),
+                                    _mm512_set1_epi8(static_cast<char>(0xFF >> k)));
+        }
+        if constexpr (bytes == 2)
+            return is_signed ? _mm512_sra_epi16(a, c) : _mm512_srl_epi16(a, c);
+        if constexpr (bytes == 4)
+            return is_signed ? _mm512_maskz_sra_epi32(0xFFFF, a, c)
+                             : _mm512_maskz_srl_epi32(0xFFFF, a, c);
+        if constexpr (bytes == 8)
+            return is_signed ? _mm512_maskz_sra_epi64(0xFF, a, c)
+                             : _mm512_maskz_srl_epi64(0xFF, a, c);
+    }
+    static R shift_left_each(R a, R counts) {
+        static_assert(bytes == 4);
+        return _mm512_sllv_epi32(a, counts);
+    }
+
+    static M eq(R a, R b) {
+        if constexpr (bytes == 1) return _mm512_cmpeq_epi8_mask(a, b);
+        if constexpr (bytes == 2) return _mm512_cmpeq_epi16_mask(a, b);
+        if constexpr (bytes == 4) return _mm512_cmpeq_epi32_mask(a, b);
+        if constexpr (bytes == 8) return _mm512_cmpeq_epi64_mask(a, b);
+    }
+    static M gt(R a, R b) {
+        if constexpr (bytes == 1)
+            return is_signed ? _mm512_cmpgt_epi8_mask(a, b) : _mm512_cmpgt_epu8_mask(a, b);
+        if constexpr (bytes == 2)
+            return is_signed ? _mm512_cmpgt_epi16_mask(a, b) : _mm512_cmpgt_epu16_mask(a, b);
+        if constexpr (bytes == 4)
+            return is_signed ? _mm512_cmpgt_epi32_mask(a, b) : _mm512_cmpgt_epu32_mask(a, b);
+        if constexpr (bytes == 8)
+            return is_signed ? _mm512_cmpgt_epi64_mask(a, b) : _mm512_cmpgt_epu64_mask(a, b);
+    }
+    static M lt(R a, R b) { return gt(b, a); }
+    static R select(M m, R a, R b) {
+        if constexpr (bytes == 1) return _mm512_mask_blend_epi8(m, b, a);
+        if constexpr (bytes == 2) return _mm512_mask_blend_epi16(m, b, a);
+        if constexpr (bytes == 4) return _mm512_mask_blend_epi32(m, b, a);
+        if constexpr (bytes == 8) return _mm512_mask_blend_epi64(m, b, a);
+    }
+    static bool any(M m) { return m != 0; }
+    static bool all(M m) { return m == static_cast<M>(x86::first_bits(N)); }
+
+    // In-lane widening and narrowing, as on 256-bit vectors (per 128-bit quarter).
+    static R widen_lo(R a) {
+        static_assert(bytes <= 4);
+        return interleave_lo(a, is_signed ? sign_fill(a) : _mm512_setzero_si512());
+    }
+    static R widen_hi(R a) {
+        static_assert(bytes <= 4);
+        return interleave_hi(a, is_signed ? sign_fill(a) : _mm512_setzero_si512());
+    }
+    static R mul_wide_lo(R a, R b) { return interleave_lo(mul(a, b), mul_high(a, b)); }
+    static R mul_wide_hi(R a, R b) { return interleave_hi(mul(a, b), mul_high(a, b)); }
+    template <class D>
+    static R narrow_sat(R lo, R hi) {
+        static_assert(bytes == 2 * sizeof(D) && is_signed && bytes <= 4);
+        if constexpr (bytes == 4)
+            return std::is_signed_v<D> ? _mm512_packs_epi32(lo, hi) : _mm512_packus_epi32(lo, hi);
+        return std::is_signed_v<D> ? _mm512_packs_epi16(lo, hi) : _mm512_packus_epi16(lo, hi);
+    }
+    // One vector of T into one half as wide, saturated (signed T to signed or unsigned D;
+    // unsigned D takes negative lanes to 0), consecutive elements kept in order.
+    template <class D>
+    static auto narrow_sat_half(R a) {
+        static_assert(is_signed && sizeof(D) < bytes);
+        if constexpr (!std::is_signed_v<D>) a = max(a, zero());
+        if constexpr (bytes == 4 && sizeof(D) == 2)
+            return std::is_signed_v<D> ? _mm512_cvtsepi32_epi16(a) : _mm512_cvtusepi32_epi16(a);
+        if constexpr (bytes == 4 && sizeof(D) == 1)
+            return std::is_signed_v<D> ? _mm512_cvtsepi32_epi8(a) : _mm512_cvtusepi32_epi8(a);
+        if constexpr (bytes == 2 && sizeof(D) == 1)
+            return std::is_signed_v<D> ? _mm512_cvtsepi16_epi8(a) : _mm512_cvtusepi16_epi8(a);
+    }
+
+    static __m512 to_float(R a) {
+        static_assert(bytes == 4 && is_signed);
+        return _mm512_cvtepi32_ps(a);
+    }
+    static R from_float_nearest(__m512 a) { return _mm512_cvtps_epi32(a); }
+    static R from_float_trunc(__m512 a) { return _mm512_cvttps_epi32(a); }
+    static __m256i from_double_nearest(__m512d a) { return _mm512_cvtpd_epi32(a); }
+    static __m256i from_double_trunc(__m512d a) { return _mm512_cvttpd_epi32(a); }
+
+    static R reverse(R a) {
+        if constexpr (bytes < 16) a = _mm512_shuffle_epi8(a, reverse_in_quarters());
+        return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B);
+    }
+    static R shuffle_bytes(R a, R table) { return _mm512_shuffle_epi8(a, table); }
+
+  private:
+    static R reverse_in_quarters() {
+        alignas(64) uint8_t b[64];
+        for (int k = 0; k < 64; ++k)
+            b[k] = static_cast<uint8_t>((16 / bytes - 1 - (k % 16) / bytes) * bytes + k % bytes);
+        return _mm512_load_si512(b);
+    }
+    static R interleave_lo(R a, R b) {
+        if constexpr (bytes == 1) return _mm512_unpacklo_epi8(a, b);
+        if constexpr (bytes == 2) return _mm512_unpacklo_epi16(a, b);
+        if constexpr (bytes == 4) return _mm512_unpacklo_epi32(a, b);
+    }
+    static R interleave_hi(R a, R b) {
+        if constexpr (bytes == 1) return _mm512_unpackhi_epi8(a, b);
+        if constexpr (bytes == 2) return _mm512_unpackhi_epi16(a, b);
+        if constexpr (bytes == 4) return _mm512_unpackhi_epi32(a, b);
+    }
+    static R sign_fill(R a) {
+        if constexpr (bytes == 1) return _mm512_movm_epi8(_mm512_cmplt_epi8_mask(a, zero()));
+        if constexpr (bytes == 2) return _mm512_srai_epi16(a, 15);
+        if constexpr (bytes == 4) return _mm512_srai_epi32(a, 31);
+    }
+};
+
+} // namespace VEK_PER_ISA
+} // namespace veks::simd

@@ -1,0 +1,1162 @@
+// The conformance engine: the export table, the family registry, contracts, calls and checks.
+// See harness.hpp.
+#include "harness.hpp"
+
+#include <algorithm>
+#include <cfloat>
+#include <cctype>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <map>
+#include <regex>
+#include <sstream>
+
+#include "heap.hpp"
+
+#if defined(__SANITIZE_ADDRESS__)
+#define VEKS_CONF_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VEKS_CONF_ASAN 1
+#endif
+#endif
+#ifndef VEKS_CONF_ASAN
+#define VEKS_CONF_ASAN 0
+#endif
+#if VEKS_CONF_ASAN
+#include <sanitizer/asan_interface.h>
+#endif
+
+namespace conf {
+
+namespace {
+
+// ---- Generated tables -----------------------------------------------------------------------
+
+struct HeaderText {
+    const char* file;
+    const char* text;
+};
+
+#include "conformance_headers.inc" // const HeaderText kHeaders[] = {{"veks_arith.h", R"(...)"}, ...}
+
+std::vector<Export> make_table() {
+    return {
+#include "conformance_exports.inc" // entry("veksAdd_16s", &veksAdd_16s), ...
+    };
+}
+
+std::string trim(const std::string& s) {
+    const size_t a = s.find_first_not_of(" \t\r\n");
+    if (a == std::string::npos) return "";
+    const size_t b = s.find_last_not_of(" \t\r\n");
+    return s.substr(a, b - a + 1);
+}
+
+// The declarations of the public headers: name -> (parameter names, parameter types).
+std::map<std::string, std::pair<std::vector<std::string>, std::vector<std::string>>>
+read_declarations() {
+    std::map<std::string, std::pair<std::vector<std::string>, std::vector<std::string>>> out;
+    for (const HeaderText& h : kHeaders) {
+        // Comments and preprocessor lines out, whitespace folded.
+        std::string src = h.text, code;
+        for (size_t i = 0; i < src.size();) {
+            if (src.compare(i, 2, "/*") == 0) {
+                const size_t end = src.find("*/", i + 2);
+                i = end == std::string::npos ? src.size() : end + 2;
+                code += ' ';
+            } else if (src.compare(i, 2, "//") == 0 ||
+                       (src[i] == '#' && (i == 0 || src[i - 1] == '\n'))) {
+                // a directive may continue on the next line
+                while (i < src.size() && src[i] != '\n')
+                    i += src[i] == '\\' && i + 1 < src.size() ? 2 : 1;
+            } else {
+                code += src[i] == '\n' || src[i] == '\t' || src[i] == '\r' ? ' ' : src[i];
+                ++i;
+            }
+        }
+        size_t at = 0;
+        while ((at = code.find("VEK_API ", at)) != std::string::npos) {
+            const size_t end = code.find(';', at);
+            if (end == std::string::npos) break;
+            const std::string decl = code.substr(at + 8, end - at - 8);
+            at = end;
+            const size_t open = decl.find('('), close = decl.rfind(')');
+            if (open == std::string::npos || close == std::string::npos) continue;
+            std::string head = trim(decl.substr(0, open));
+            const size_t name_at = head.find_last_of(" *");
+            const std::string name = head.substr(name_at == std::string::npos ? 0 : name_at + 1);
+            std::vector<std::string> names, types;
+            std::stringstream params(decl.substr(open + 1, close - open - 1));
+            for (std::string p; std::getline(params, p, ',');) {
+                p = trim(p);
+                if (p.empty() || p == "void") continue;
+                size_t k = p.size();
+                while (k > 0 &&
+                       (std::isalnum(static_cast<unsigned char>(p[k - 1])) || p[k - 1] == '_'))
+                    --k;
+                names.push_back(p.substr(k));
+                types.push_back(trim(p.substr(0, k)));
+            }
+            out[name] = {names, types};
+        }
+    }
+    return out;
+}
+
+std::vector<std::string> g_table_problems;
+
+std::vector<Kind>& kind_list() {
+    static std::vector<Kind> v;
+    return v;
+}
+std::vector<Family>& family_list() {
+    static std::vector<Family> v;
+    return v;
+}
+
+// The struct name of an object parameter's type text: "const VeksFFTSpec_C_32fc*" -> the name.
+std::string struct_name(const std::string& text) {
+    std::string s;
+    std::stringstream ss(text);
+    for (std::string w; ss >> w;) {
+        w.erase(std::remove(w.begin(), w.end(), '*'), w.end());
+        if (!w.empty() && w != "const") s = w;
+    }
+    return s;
+}
+
+bool is_single_value(const std::string& name) {
+    static const std::regex re(R"(^p(Sum|Mean|StdDev|Max|Min|Indx|Order|Norm|Dp|Size|DstVal|)"
+                               R"(SrcDstVal|TapsFactor|DlyLineIndex|DlyIndex|Previous|Val|Phase|)"
+                               R"(DstLen|Seed)$)");
+    return std::regex_match(name, re);
+}
+
+bool is_length_name(const std::string& name) {
+    static const std::regex re(R"(^(len\w*|\w+Len|numIters)$)");
+    return std::regex_match(name, re);
+}
+
+bool comp_is_int(Comp c) { return c != Comp::f32 && c != Comp::f64 && c != Comp::none; }
+size_t comp_bytes(Comp c) {
+    switch (c) {
+    case Comp::u8:
+    case Comp::s8: return 1;
+    case Comp::u16:
+    case Comp::s16: return 2;
+    case Comp::u32:
+    case Comp::s32:
+    case Comp::f32: return 4;
+    case Comp::u64:
+    case Comp::s64:
+    case Comp::f64: return 8;
+    default: return 1;
+    }
+}
+
+// Stores v in the component type at p: integers clamped to the type, floats rounded.
+void store_comp(Comp c, void* p, double v) {
+    auto clamp_int = [&](auto tag) {
+        using T = decltype(tag);
+        T x;
+        if (std::isnan(v))
+            x = 0;
+        else if (v <= static_cast<double>(std::numeric_limits<T>::min()))
+            x = std::numeric_limits<T>::min();
+        else if (v >= static_cast<double>(std::numeric_limits<T>::max()))
+            x = std::numeric_limits<T>::max();
+        else
+            x = static_cast<T>(v);
+        std::memcpy(p, &x, sizeof x);
+    };
+    switch (c) {
+    case Comp::u8: clamp_int(uint8_t{}); break;
+    case Comp::s8: clamp_int(int8_t{}); break;
+    case Comp::u16: clamp_int(uint16_t{}); break;
+    case Comp::s16: clamp_int(int16_t{}); break;
+    case Comp::u32: clamp_int(uint32_t{}); break;
+    case Comp::s32: clamp_int(int32_t{}); break;
+    case Comp::u64: clamp_int(uint64_t{}); break;
+    case Comp::s64: clamp_int(int64_t{}); break;
+    case Comp::f32: {
+        float x = std::fabs(v) > FLT_MAX && std::isfinite(v) ? (v > 0 ? INFINITY : -INFINITY)
+                                                             : static_cast<float>(v);
+        std::memcpy(p, &x, sizeof x);
+        break;
+    }
+    case Comp::f64: std::memcpy(p, &v, sizeof v); break;
+    default: break;
+    }
+}
+
+double load_comp(Comp c, const void* p) {
+    auto get = [&](auto tag) {
+        decltype(tag) x;
+        std::memcpy(&x, p, sizeof x);
+        return static_cast<double>(x);
+    };
+    switch (c) {
+    case Comp::u8: return get(uint8_t{});
+    case Comp::s8: return get(int8_t{});
+    case Comp::u16: return get(uint16_t{});
+    case Comp::s16: return get(int16_t{});
+    case Comp::u32: return get(uint32_t{});
+    case Comp::s32: return get(int32_t{});
+    case Comp::u64: return get(uint64_t{});
+    case Comp::s64: return get(int64_t{});
+    case Comp::f32: return get(float{});
+    case Comp::f64: return get(double{});
+    default: return 0;
+    }
+}
+
+// xorshift64*, for the suite's data.
+struct Rng final : Source {
+    uint64_t s;
+    explicit Rng(uint64_t seed) : s(seed | 1) {}
+    uint64_t bits() override {
+        s ^= s >> 12;
+        s ^= s << 25;
+        s ^= s >> 27;
+        return s * 0x2545F4914F6CDD1Dull;
+    }
+};
+
+constexpr size_t kGuard = 32;
+constexpr unsigned char kGuardByte = 0xA5;
+constexpr double kSame = 1e308; // "the imaginary part is the real part"
+
+} // namespace
+
+// ---- Export table -------------------------------------------------------------------------------
+
+int Export::index(const std::string& param) const {
+    for (size_t i = 0; i < names.size(); ++i)
+        if (names[i] == param) return static_cast<int>(i);
+    return -1;
+}
+
+const std::vector<Export>& exports() {
+    static const std::vector<Export> table = [] {
+        std::vector<Export> t = make_table();
+        const auto decls = read_declarations();
+        for (Export& e : t) {
+            const auto it = decls.find(e.name);
+            if (it == decls.end()) {
+                g_table_problems.push_back(e.name + ": no declaration in the public headers");
+                continue;
+            }
+            if (it->second.first.size() != e.types.size()) {
+                g_table_problems.push_back(e.name + ": parameter names not read from the header");
+                continue;
+            }
+            e.names = it->second.first;
+            e.texts = it->second.second;
+        }
+        return t;
+    }();
+    return table;
+}
+
+const std::vector<std::string>& table_problems() {
+    exports();
+    return g_table_problems;
+}
+
+// ---- Registries ---------------------------------------------------------------------------------
+
+void add_kind(Kind k) { kind_list().push_back(std::move(k)); }
+const std::vector<Kind>& kinds() { return kind_list(); }
+const Kind* find_kind(const std::string& name) {
+    for (const Kind& k : kind_list())
+        if (k.name == name) return &k;
+    return nullptr;
+}
+
+Rules::Rules(void (*define)()) { define(); }
+
+void family(const std::string& name, const std::string& pattern,
+            std::function<void(Contract&)> fill) {
+    family_list().push_back({name, pattern, std::move(fill)});
+}
+const std::vector<Family>& families() { return family_list(); }
+
+std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched) {
+    const Family* found = nullptr;
+    for (const Family& f : family_list())
+        if (std::regex_search(e.name, std::regex(f.pattern))) {
+            if (matched != nullptr) matched->push_back(f.name);
+            if (found == nullptr) found = &f;
+        }
+    if (found == nullptr) return nullptr;
+    auto c = std::make_unique<Contract>(e);
+    found->fill(*c);
+    c->steps();
+    return c;
+}
+
+// ---- Contract -----------------------------------------------------------------------------------
+
+Contract::Contract(const Export& e) : exp(e) {
+    params_.resize(e.types.size());
+    int lengths = 0;
+    for (size_t i = 0; i < e.types.size(); ++i) {
+        const TypeInfo& t = e.types[i];
+        const std::string nm = i < e.names.size() ? e.names[i] : "";
+        ParamRule& r = params_[i];
+        if (t.depth == 2) {
+            r.role = t.object ? Role::object_out : Role::output;
+            r.size = [](const Call&) { return int64_t{1}; };
+            r.has_size = true;
+        } else if (t.depth == 1) {
+            if (t.object)
+                r.role = Role::object;
+            else if (nm == "pBuffer")
+                r.role = Role::work, r.nullable = true;
+            else if (t.is_const)
+                r.role = Role::input;
+            else
+                r.role = nm.rfind("pSrcDst", 0) == 0 ? Role::inout : Role::output;
+            if (is_single_value(nm)) {
+                r.size = [](const Call&) { return int64_t{1}; };
+                r.has_size = true;
+            }
+        } else if (comp_is_int(t.comp) && !t.complex && is_length_name(nm)) {
+            r.role = Role::length;
+            r.integer = true;
+            r.re = r.im = 5;
+            r.suite = {1, 2, 3, 16, 67};
+            r.lo = 1;
+            r.hi = 300;
+            ++lengths;
+        } else {
+            r.integer = comp_is_int(t.comp);
+        }
+    }
+    // One length: every vector holds that many elements.
+    if (lengths == 1)
+        for (size_t i = 0; i < params_.size(); ++i)
+            if (params_[i].role == Role::length) {
+                const std::string len = e.names[i];
+                for (ParamRule& r : params_)
+                    if ((r.role == Role::input || r.role == Role::output ||
+                         r.role == Role::inout) &&
+                        !r.has_size) {
+                        r.size = [len](const Call& c) { return c.i(len); };
+                        r.has_size = true;
+                    }
+            }
+}
+
+bool Contract::is(const char* regex) const {
+    return std::regex_search(exp.name, std::regex(regex));
+}
+
+int Contract::need(const std::string& param) {
+    const int i = exp.index(param);
+    if (i < 0)
+        problems.push_back(exp.name + ": the rule names a parameter '" + param + "' it lacks");
+    return i;
+}
+
+std::vector<int> Contract::names_to_indices(const std::string& params, bool all_if_empty, Role role,
+                                            bool present_only) {
+    std::vector<int> out;
+    std::stringstream ss(params);
+    for (std::string w; ss >> w;)
+        if (const int i = present_only ? exp.index(w) : need(w); i >= 0) out.push_back(i);
+    if (out.empty() && all_if_empty)
+        for (size_t i = 0; i < params_.size(); ++i)
+            if (params_[i].role == role) out.push_back(static_cast<int>(i));
+    return out;
+}
+
+Contract& Contract::knob(const std::string& name, int64_t lo, int64_t hi, int64_t dflt,
+                         std::vector<int64_t> suite) {
+    knobs_.push_back({name, lo, hi, dflt, std::move(suite)});
+    return *this;
+}
+
+Contract& Contract::value(const std::string& param, double re, double im) {
+    if (const int i = need(param); i >= 0) {
+        params_[i].re = re;
+        params_[i].im = im == kSame ? re : im;
+    }
+    return *this;
+}
+
+Contract& Contract::suite_values(const std::string& param, std::vector<double> v) {
+    if (const int i = need(param); i >= 0) params_[i].suite = std::move(v);
+    return *this;
+}
+
+Contract& Contract::range(const std::string& param, double lo, double hi) {
+    if (const int i = need(param); i >= 0) {
+        params_[i].lo = lo;
+        params_[i].hi = hi;
+    }
+    return *this;
+}
+
+Contract& Contract::length(const std::string& param, int64_t min, VekStatus status) {
+    if (const int i = need(param); i >= 0) {
+        ParamRule& r = params_[i];
+        r.role = Role::length;
+        r.integer = true;
+        r.min = min;
+        r.status = status;
+        if (r.re < min) r.re = r.im = static_cast<double>(min);
+        if (r.lo < min) r.lo = static_cast<double>(min);
+        r.suite.erase(
+            std::remove_if(r.suite.begin(), r.suite.end(), [min](double v) { return v < min; }),
+            r.suite.end());
+    }
+    return *this;
+}
+
+Contract& Contract::size(const std::string& params, SizeFn fn) {
+    for (int i : names_to_indices(params, false, Role::value, true)) {
+        params_[i].size = fn;
+        params_[i].has_size = true;
+    }
+    return *this;
+}
+
+Contract& Contract::nullable(const std::string& params) {
+    for (int i : names_to_indices(params, false, Role::value, true)) params_[i].nullable = true;
+    return *this;
+}
+
+Contract& Contract::fill(const std::string& param, FillFn fn) {
+    if (const int i = need(param); i >= 0) params_[i].fill = std::move(fn);
+    return *this;
+}
+
+Contract& Contract::align(const std::string& params, size_t bytes) {
+    for (int i : names_to_indices(params, false, Role::value, true)) params_[i].min_align = bytes;
+    return *this;
+}
+
+Contract& Contract::accepts(const std::string& param, std::vector<std::string> kind_names) {
+    if (const int i = need(param); i >= 0) params_[i].accepts = std::move(kind_names);
+    return *this;
+}
+
+Contract& Contract::creates(const std::string& param, const std::string& kind) {
+    if (const int i = need(param); i >= 0) params_[i].creates = kind;
+    return *this;
+}
+
+Contract& Contract::frees(const std::string& param) {
+    if (const int i = need(param); i >= 0) params_[i].frees = true;
+    return *this;
+}
+
+Contract& Contract::check(const std::string& param, Pred valid, VekStatus status,
+                          std::vector<double> bad) {
+    if (const int i = need(param); i >= 0) {
+        params_[i].valid = std::move(valid);
+        params_[i].check_status = status;
+        params_[i].bad = std::move(bad);
+        checks_in_order_.push_back(i);
+    }
+    return *this;
+}
+
+Contract& Contract::order(std::vector<Step> steps) {
+    steps_ = std::move(steps);
+    ordered_ = true;
+    return *this;
+}
+
+Step Contract::nulls(const std::string& params, VekStatus status) {
+    std::vector<int> idx = names_to_indices(params, false, Role::value);
+    if (params.empty())
+        for (size_t i = 0; i < params_.size(); ++i)
+            if (exp.types[i].depth >= 1 && !params_[i].nullable &&
+                std::find(in_null_steps_.begin(), in_null_steps_.end(), int(i)) ==
+                    in_null_steps_.end())
+                idx.push_back(static_cast<int>(i));
+    in_null_steps_.insert(in_null_steps_.end(), idx.begin(), idx.end());
+    Step s;
+    s.status = status;
+    s.what = "null pointer";
+    std::vector<std::string> names;
+    for (int i : idx) names.push_back(exp.names[i]);
+    s.fails = [names](const Call& c) {
+        return std::any_of(names.begin(), names.end(), [&](auto& n) { return c.is_null(n); });
+    };
+    for (const std::string& n : names)
+        s.faults.push_back({n + " null", [n](Call& c) { c.set_null(n); }});
+    return s;
+}
+
+Step Contract::kinds(const std::string& param, VekStatus status) {
+    Step s;
+    s.status = status;
+    s.what = "object of another kind";
+    const int i = need(param);
+    if (i < 0) return s;
+    const std::string n = param;
+    s.fails = [n](const Call& c) {
+        if (c.is_null(n)) return false;
+        const Kind* k = c.kind_of(n);
+        const auto& acc = c.c.rule(c.e.index(n)).accepts;
+        return k == nullptr || std::find(acc.begin(), acc.end(), k->name) == acc.end();
+    };
+    // The faults are made when the contract is complete (accepts may follow).
+    s.faults.push_back({n + " of another kind", nullptr});
+    return s;
+}
+
+Step Contract::lengths(const std::string& params) {
+    std::vector<int> idx = names_to_indices(params, true, Role::length);
+    Step s;
+    s.what = "length too small";
+    s.status = idx.empty() ? vekStsDataSizeErr : params_[idx[0]].status;
+    std::vector<std::pair<std::string, int64_t>> mins;
+    for (int i : idx) {
+        if (params_[i].role != Role::length)
+            problems.push_back(exp.name + ": " + exp.names[i] + " is not a length");
+        if (params_[i].status != s.status)
+            problems.push_back(exp.name + ": lengths of one step with different statuses");
+        mins.emplace_back(exp.names[i], params_[i].min);
+    }
+    s.fails = [mins](const Call& c) {
+        return std::any_of(mins.begin(), mins.end(),
+                           [&](auto& m) { return c.i(m.first) < m.second; });
+    };
+    for (const auto& [n, min] : mins) {
+        std::vector<int64_t> bad{min - 1, 0, -1, INT_MIN};
+        std::sort(bad.begin(), bad.end());
+        bad.erase(std::unique(bad.begin(), bad.end()), bad.end());
+        for (int64_t v : bad)
+            if (v < min)
+                s.faults.push_back(
+                    {n + " = " + std::to_string(v), [n = n, v](Call& c) { c.set_int(n, v); }});
+    }
+    return s;
+}
+
+Step Contract::param(const std::string& name) {
+    Step s;
+    const int i = need(name);
+    if (i < 0) return s;
+    const ParamRule& r = params_[i];
+    if (!r.valid) {
+        problems.push_back(exp.name + ": param(" + name + ") without a check()");
+        return s;
+    }
+    s.what = name + " out of range";
+    s.status = r.check_status;
+    s.fails = [valid = r.valid](const Call& c) { return !valid(c); };
+    for (double v : r.bad) {
+        std::ostringstream os;
+        os << name << " = " << v;
+        s.faults.push_back({os.str(), [name, v](Call& c) { c.set(name, v); }});
+    }
+    return s;
+}
+
+Step Contract::custom(const std::string& what, VekStatus status, Pred fails,
+                      std::vector<Fault> faults) {
+    Step s;
+    s.what = what;
+    s.status = status;
+    s.fails = std::move(fails);
+    s.faults = std::move(faults);
+    return s;
+}
+
+Contract& Contract::probe(const std::string& what, Mutation m) {
+    probes_.push_back({what, std::move(m)});
+    return *this;
+}
+
+Contract& Contract::special(std::function<std::vector<std::string>()> test) {
+    special_ = std::move(test);
+    return *this;
+}
+
+const std::vector<Step>& Contract::steps() const {
+    auto* self = const_cast<Contract*>(this);
+    if (!ordered_) {
+        std::vector<Step> s;
+        s.push_back(self->nulls());
+        for (size_t i = 0; i < params_.size(); ++i)
+            if (params_[i].role == Role::object) s.push_back(self->kinds(exp.names[i]));
+        bool any_length = std::any_of(params_.begin(), params_.end(),
+                                      [](const ParamRule& r) { return r.role == Role::length; });
+        if (any_length) s.push_back(self->lengths());
+        for (int i : checks_in_order_) s.push_back(self->param(exp.names[i]));
+        steps_ = std::move(s);
+        ordered_ = true;
+    }
+    // Objects: the accepted kinds default to every kind of the parameter's struct type; the
+    // faults of a kinds() step are every other kind and a foreign block.
+    for (size_t i = 0; i < params_.size(); ++i) {
+        ParamRule& r = self->params_[i];
+        if (r.role == Role::object && r.accepts.empty()) {
+            const std::string t = struct_name(exp.texts.size() > i ? exp.texts[i] : "");
+            for (const Kind& k : kind_list())
+                if (k.type == t) r.accepts.push_back(k.name);
+        }
+        if (r.role == Role::object && r.accepts.empty())
+            self->problems.push_back(exp.name + ": no kind of object registered for " +
+                                     exp.names[i]);
+    }
+    for (Step& s : steps_)
+        if (s.faults.size() == 1 && !s.faults[0].apply) {
+            const std::string n = s.faults[0].what.substr(0, s.faults[0].what.find(' '));
+            const auto& acc = params_[exp.index(n)].accepts;
+            s.faults.clear();
+            for (const Kind& k : kind_list())
+                if (std::find(acc.begin(), acc.end(), k.name) == acc.end())
+                    s.faults.push_back(
+                        {n + " of kind " + k.name, [n, kp = &k](Call& c) { c.use_kind(n, kp); }});
+            s.faults.push_back({n + " a foreign block", [n](Call& c) { c.use_kind(n, nullptr); }});
+        }
+    return steps_;
+}
+
+// ---- Call ---------------------------------------------------------------------------------------
+
+Call::Call(const Contract& con) : c(con), e(con.exp) { args.resize(e.types.size()); }
+
+Call::~Call() {
+    for (Object& o : objects)
+        if (!o.released) {
+            if (o.kind != nullptr)
+                o.kind->release(o.p);
+            else
+                std::free(o.p);
+        }
+    for (Buffer& b : buffers) {
+#if VEKS_CONF_ASAN
+        ASAN_UNPOISON_MEMORY_REGION(b.block, b.lead);
+#endif
+        std::free(b.block);
+    }
+}
+
+void Call::set_raw(int i, const void* bytes, size_t size) {
+    std::memset(args[i].b, 0, sizeof args[i].b);
+    std::memcpy(args[i].b, bytes, size);
+}
+void Call::set_pointer(int i, const void* p) { set_raw(i, &p, sizeof p); }
+const void* Call::pointer(int i) const {
+    const void* p;
+    std::memcpy(&p, args[i].b, sizeof p);
+    return p;
+}
+
+int64_t Call::i(const std::string& param) const {
+    const int k = e.index(param);
+    if (k < 0) return 0;
+    return static_cast<int64_t>(load_comp(e.types[k].comp, args[k].b));
+}
+
+double Call::f(const std::string& param, bool imag) const {
+    const int k = e.index(param);
+    if (k < 0) return 0;
+    const TypeInfo& t = e.types[k];
+    return load_comp(t.comp, args[k].b + (imag && t.complex ? comp_bytes(t.comp) : 0));
+}
+
+int64_t Call::n(const std::string& name, int64_t fallback) const {
+    if (e.index(name) >= 0) return i(name);
+    for (const auto& [k, v] : knob_values)
+        if (k == name) return v;
+    return fallback;
+}
+
+bool Call::is_null(const std::string& param) const {
+    const int k = e.index(param);
+    return k >= 0 && e.types[k].depth >= 1 && pointer(k) == nullptr;
+}
+
+void* Call::ptr(const std::string& param) const {
+    const int k = e.index(param);
+    return k < 0 ? nullptr : const_cast<void*>(pointer(k));
+}
+
+void Call::set(const std::string& param, double re, double im) {
+    const int k = e.index(param);
+    if (k < 0) return;
+    const TypeInfo& t = e.types[k];
+    Arg a;
+    store_comp(t.comp, a.b, re);
+    if (t.complex) store_comp(t.comp, a.b + comp_bytes(t.comp), im == kSame ? re : im);
+    args[k] = a;
+}
+
+void Call::set_int(const std::string& param, int64_t v) { set(param, static_cast<double>(v)); }
+
+void Call::set_null(const std::string& param) {
+    if (const int k = e.index(param); k >= 0) set_pointer(k, nullptr);
+}
+
+void Call::use_kind(const std::string& param, const Kind* kind) {
+    const int k = e.index(param);
+    if (k < 0) return;
+    Object o;
+    o.param = k;
+    o.kind = kind;
+    if (kind == nullptr) {
+        o.p = std::malloc(4); // the size of an identifier, nothing more
+        std::memset(o.p, 0, 4);
+        o.blocks.emplace_back(o.p, 4);
+    } else {
+        heap::Watch w;
+        const VekStatus st = kind->create(*this, &o.p);
+        o.blocks = w.blocks();
+        if (st != vekStsOk || o.p == nullptr) {
+            notes.push_back("the factory of " + kind->name + " failed (" + std::to_string(st) +
+                            ")");
+            return;
+        }
+    }
+    objects.push_back(o);
+    set_pointer(k, o.p);
+}
+
+const Kind* Call::kind_of(const std::string& param) const {
+    const int k = e.index(param);
+    const void* p = k < 0 ? nullptr : pointer(k);
+    for (const Object& o : objects)
+        if (o.p == p && !o.released) return o.kind;
+    return nullptr;
+}
+
+void* Call::object(const std::string& param) const { return ptr(param); }
+
+// ---- Building calls ---------------------------------------------------------------------------
+
+double extreme_value(Source& s, Comp comp) {
+    if (comp == Comp::f32 || comp == Comp::f64) {
+        const bool single = comp == Comp::f32;
+        const double big = single ? FLT_MAX : DBL_MAX;
+        const double tiny = single ? FLT_MIN : DBL_MIN;
+        const double den = single ? static_cast<double>(std::numeric_limits<float>::denorm_min())
+                                  : std::numeric_limits<double>::denorm_min();
+        const double sign = s.chance(2) ? -1.0 : 1.0;
+        switch (s.pick(0, 11)) {
+        case 0: return std::numeric_limits<double>::quiet_NaN();
+        case 1: return sign * INFINITY;
+        case 2: return sign * 0.0;
+        case 3: return sign * big;
+        case 4: return sign * tiny;
+        case 5: return sign * den * static_cast<double>(s.pick(1, 1000));
+        case 6: return sign;
+        case 7: return sign * std::ldexp(1.0, static_cast<int>(s.pick(-60, 60)));
+        case 8: return sign * static_cast<double>(s.pick(0, 40000));
+        default:
+            return sign * std::ldexp(static_cast<double>(s.bits() >> 11), -53) *
+                   std::ldexp(1.0, static_cast<int>(s.pick(-20, 20)));
+        }
+    }
+    const size_t bytes = comp_bytes(comp);
+    const bool sig =
+        comp == Comp::s8 || comp == Comp::s16 || comp == Comp::s32 || comp == Comp::s64;
+    const double max = std::ldexp(1.0, static_cast<int>(8 * bytes - (sig ? 1 : 0))) - 1;
+    const double min = sig ? -max - 1 : 0;
+    switch (s.pick(0, 7)) {
+    case 0: return min;
+    case 1: return max;
+    case 2: return static_cast<double>(s.pick(-2, 2));
+    case 3: return sig ? min + 1 : max - 1;
+    default: {
+        // random bits of the type
+        unsigned char raw[8];
+        const uint64_t b = s.bits();
+        std::memcpy(raw, &b, sizeof raw);
+        return load_comp(comp, raw);
+    }
+    }
+}
+
+namespace {
+
+// The data of a buffer: ordinary values for the suite; for the fuzzer, extreme values, random
+// bytes or ordinary values, chosen per buffer.
+void fill_data(const TypeInfo& t, unsigned char* p, size_t bytes, Source& s, bool fuzz) {
+    const size_t cb = comp_bytes(t.comp);
+    const size_t n = bytes / cb;
+    const int style = fuzz ? static_cast<int>(s.pick(0, 3)) : 0;
+    for (size_t k = 0; k < n; ++k) {
+        double v;
+        if (style == 1 || (style == 2 && s.chance(8))) {
+            v = extreme_value(s, t.comp);
+        } else if (style == 3) {
+            const uint64_t b = s.bits();
+            std::memcpy(p + k * cb, &b, cb);
+            continue;
+        } else if (t.comp == Comp::f32 || t.comp == Comp::f64) {
+            v = static_cast<double>(static_cast<int64_t>(s.pick(-1000, 1000))) / 1000.0;
+        } else {
+            const bool sig = t.comp == Comp::s8 || t.comp == Comp::s16 || t.comp == Comp::s32 ||
+                             t.comp == Comp::s64;
+            v = static_cast<double>(s.pick(sig ? -100 : 0, 100));
+        }
+        store_comp(t.comp, p + k * cb, v);
+    }
+    for (size_t k = n * cb; k < bytes; ++k) p[k] = static_cast<unsigned char>(s.bits());
+}
+
+// A fuzzed value of a scalar parameter: mostly valid and cheap, sometimes a documented bad
+// value or an extreme one.
+double fuzz_value(const ParamRule& r, const TypeInfo& t, Source& s, const Call& call, int index) {
+    double v;
+    switch (s.pick(0, 5)) {
+    case 0: v = r.re; break;
+    case 1:
+        v = r.suite.empty() ? r.re : r.suite[static_cast<size_t>(s.pick(0, r.suite.size() - 1))];
+        break;
+    case 2:
+        v = r.bad.empty() ? extreme_value(s, t.comp)
+                          : r.bad[static_cast<size_t>(s.pick(0, r.bad.size() - 1))];
+        break;
+    case 3: v = extreme_value(s, t.comp); break;
+    default:
+        if (std::isfinite(r.lo) && std::isfinite(r.hi) && r.hi - r.lo < 1e15) {
+            v = r.integer ? static_cast<double>(
+                                s.pick(static_cast<int64_t>(r.lo), static_cast<int64_t>(r.hi)))
+                          : r.lo + (r.hi - r.lo) * static_cast<double>(s.bits() >> 11) * 0x1p-53;
+        } else {
+            v = extreme_value(s, t.comp);
+        }
+    }
+    // A valid value outside the cheap range is replaced by one inside it.
+    if (r.valid && (v < r.lo || v > r.hi)) {
+        Call& mut = const_cast<Call&>(call);
+        const Arg saved = mut.args[index];
+        mut.set(call.e.names[index], v, v);
+        const bool valid = r.valid(call);
+        mut.args[index] = saved;
+        if (valid) v = r.re;
+    } else if (!r.valid && r.role == Role::value && (v < r.lo || v > r.hi)) {
+        v = r.re;
+    }
+    return v;
+}
+
+} // namespace
+
+std::unique_ptr<Call> build(const Contract& c, Source* src,
+                            const std::vector<std::pair<std::string, double>>& set) {
+    auto call = std::make_unique<Call>(c);
+    const Export& e = c.exp;
+    Rng suite_rng(std::hash<std::string>{}(e.name));
+    Source& s = src != nullptr ? *src : suite_rng;
+    auto override_of = [&](const std::string& name, double* v) {
+        for (const auto& [k, x] : set)
+            if (k == name) {
+                *v = x;
+                return true;
+            }
+        return false;
+    };
+    for (const Knob& k : c.knobs()) {
+        double v = static_cast<double>(src != nullptr ? s.pick(k.lo, k.hi) : k.dflt);
+        override_of(k.name, &v);
+        call->knob_values.emplace_back(k.name, static_cast<int64_t>(v));
+    }
+    // Scalars: lengths and values.
+    for (size_t i = 0; i < e.types.size(); ++i) {
+        const ParamRule& r = c.rule(static_cast<int>(i));
+        if (r.role != Role::length && r.role != Role::value) continue;
+        double re = r.re, im = r.im;
+        if (src != nullptr) {
+            if (r.role == Role::length) {
+                re =
+                    s.chance(16)
+                        ? static_cast<double>(s.chance(2) ? r.min - 1 - s.pick(0, 2) : INT_MIN)
+                        : static_cast<double>(s.pick(
+                              r.min,
+                              std::max<int64_t>(r.min, static_cast<int64_t>(std::min(r.hi, 1e9)))));
+                im = re;
+            } else {
+                re = fuzz_value(r, e.types[i], s, *call, static_cast<int>(i));
+                im = e.types[i].complex ? fuzz_value(r, e.types[i], s, *call, static_cast<int>(i))
+                                        : re;
+            }
+        }
+        if (override_of(e.names[i], &re)) im = re;
+        call->set(e.names[i], re, im);
+    }
+    // Objects.
+    for (size_t i = 0; i < e.types.size(); ++i) {
+        const ParamRule& r = c.rule(static_cast<int>(i));
+        if (r.role != Role::object || r.accepts.empty()) continue;
+        const std::string& kn =
+            r.accepts[src != nullptr ? static_cast<size_t>(s.pick(0, r.accepts.size() - 1)) : 0];
+        call->use_kind(e.names[i], find_kind(kn));
+    }
+    // Buffers, exactly sized.
+    double offset_elems = 0;
+    override_of("$offset", &offset_elems);
+    for (size_t i = 0; i < e.types.size(); ++i) {
+        const ParamRule& r = c.rule(static_cast<int>(i));
+        const TypeInfo& t = e.types[i];
+        if (t.depth == 0 || r.role == Role::object) continue;
+        int64_t count = 0;
+        size_t elem = t.depth == 2 ? sizeof(void*) : t.size;
+        if (r.role == Role::work) {
+            const int oi = [&] {
+                for (size_t k = 0; k < e.types.size(); ++k)
+                    if (c.rule(static_cast<int>(k)).role == Role::object)
+                        return static_cast<int>(k);
+                return -1;
+            }();
+            const Kind* k = oi >= 0 ? call->kind_of(e.names[oi]) : nullptr;
+            if (k != nullptr && k->buf_size) count = k->buf_size(call->pointer(oi));
+            elem = 1;
+        } else if (r.has_size) {
+            count = r.size(*call);
+        } else {
+            call->notes.push_back("no size rule for " + e.names[i]);
+        }
+        if (count < 0) count = 0;
+        const int64_t bytes64 = count * static_cast<int64_t>(elem);
+        if (bytes64 > (int64_t{1} << 28)) {
+            call->notes.push_back(e.names[i] + ": buffer too large for a test");
+            continue;
+        }
+        const size_t bytes = static_cast<size_t>(bytes64);
+        const size_t unit = t.depth == 2 ? sizeof(void*) : comp_bytes(t.comp);
+        size_t off = static_cast<size_t>(offset_elems) * unit;
+        if (src != nullptr) off = static_cast<size_t>(s.pick(0, 63 / unit)) * unit;
+        if (r.min_align > 0) off = 0;
+        Call::Buffer b;
+        b.param = static_cast<int>(i);
+#if VEKS_CONF_ASAN
+        b.lead = off;
+        b.block = static_cast<unsigned char*>(std::malloc(off + bytes + (off + bytes == 0)));
+        b.data = b.block + off;
+        if (r.min_align > 0) {
+            // An aligned block of exactly that size: the data start at the block.
+            std::free(b.block);
+            const size_t al = std::max(r.min_align, sizeof(void*));
+            b.block =
+                static_cast<unsigned char*>(std::aligned_alloc(al, (bytes + al - 1) / al * al));
+            b.data = b.block;
+        }
+        ASAN_POISON_MEMORY_REGION(b.block, b.lead);
+#else
+        const size_t al = std::max<size_t>(r.min_align, 1);
+        b.block = static_cast<unsigned char*>(std::malloc(kGuard + al + off + bytes + kGuard));
+        uintptr_t d = reinterpret_cast<uintptr_t>(b.block) + kGuard + off;
+        d = (d + al - 1) / al * al;
+        b.data = reinterpret_cast<unsigned char*>(d);
+        b.lead = static_cast<size_t>(b.data - b.block);
+        std::memset(b.block, kGuardByte, b.lead);
+        std::memset(b.data + bytes, kGuardByte, kGuard);
+#endif
+        b.bytes = bytes;
+        if (r.fill)
+            r.fill(*call, b.data, count);
+        else if (r.role == Role::object_out || t.depth == 2)
+            std::memset(b.data, 0xA5, bytes);
+        else if (count == 1 && is_single_value(e.names[i]) && comp_is_int(t.comp))
+            store_comp(t.comp, b.data,
+                       src != nullptr && s.chance(4) ? extreme_value(s, t.comp) : 0);
+        else
+            fill_data(t, b.data, bytes, s, src != nullptr);
+        call->buffers.push_back(b);
+        call->set_pointer(static_cast<int>(i), b.data);
+    }
+    return call;
+}
+
+const Step* first_failure(const Contract& c, const Call& call) {
+    for (const Step& s : c.steps())
+        if (s.fails && s.fails(call)) return &s;
+    return nullptr;
+}
+
+Outcome run(const Contract& c, Call& call, long fail_at) {
+    Outcome out;
+    const Export& e = c.exp;
+    auto problem = [&](const std::string& p) { out.problems.push_back(p); };
+    for (const std::string& n : call.notes) problem("cannot build the call: " + n);
+    if (!out.problems.empty()) return out;
+    for (Call::Buffer& b : call.buffers) b.before.assign(b.data, b.data + b.bytes);
+    for (Call::Object& o : call.objects) {
+        o.before.clear();
+        for (const auto& [p, n] : o.blocks)
+            o.before.emplace_back(static_cast<unsigned char*>(p),
+                                  static_cast<unsigned char*>(p) + n);
+    }
+    const Step* expect = first_failure(c, call);
+    Step alloc_failure;
+    if (expect == nullptr && fail_at > 0) {
+        alloc_failure.what = "allocation " + std::to_string(fail_at) + " failing";
+        alloc_failure.status = vekStsMemAllocErr;
+        expect = &alloc_failure;
+    }
+    std::vector<std::pair<void*, size_t>> left;
+    {
+        heap::Watch w;
+        heap::fail_at(fail_at);
+        out.result = e.call(e.fn, call.args.data());
+        const VekStatus st = static_cast<VekStatus>(out.result);
+        // Objects handed out are released while the heap is still watched.
+        if (expect == nullptr && st >= 0)
+            for (size_t i = 0; i < e.types.size(); ++i) {
+                const ParamRule& r = c.rule(static_cast<int>(i));
+                if (r.role != Role::object_out || r.creates.empty()) continue;
+                void* obj = nullptr;
+                std::memcpy(&obj, call.pointer(static_cast<int>(i)), sizeof obj);
+                const Kind* k = find_kind(r.creates);
+                if (obj == nullptr || k == nullptr) {
+                    problem("no object stored through " + e.names[i]);
+                    continue;
+                }
+                const VekStatus rs = k->release(obj);
+                if (rs != vekStsOk)
+                    problem("the object made is not of kind " + r.creates + " (its Free gave " +
+                            std::to_string(rs) + ")");
+            }
+        if (!w.overflowed()) left = w.blocks();
+        out.requests = w.requests();
+    }
+    const VekStatus st = static_cast<VekStatus>(out.result);
+    // Guards.
+    for (const Call::Buffer& b : call.buffers) {
+#if !VEKS_CONF_ASAN
+        bool ok = true;
+        for (size_t k = 0; k < b.lead; ++k) ok &= b.block[k] == kGuardByte;
+        for (size_t k = 0; k < kGuard; ++k) ok &= b.data[b.bytes + k] == kGuardByte;
+        if (!ok) problem("written outside " + e.names[b.param]);
+#endif
+    }
+    if (expect != nullptr) {
+        if (st != expect->status)
+            problem("status " + std::to_string(st) + ", expected " +
+                    std::to_string(expect->status) + " (" + expect->what + ")");
+        for (const Call::Buffer& b : call.buffers)
+            if (b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+                problem(e.names[b.param] + " written on error");
+        for (const Call::Object& o : call.objects) {
+            if (o.released) continue;
+            for (size_t k = 0; k < o.blocks.size(); ++k)
+                if (std::memcmp(o.before[k].data(), o.blocks[k].first, o.blocks[k].second) != 0)
+                    problem("object " + e.names[o.param] + " changed on error");
+        }
+    } else if (st < 0) {
+        problem("status " + std::to_string(st) + " for a valid call");
+    } else {
+        for (size_t i = 0; i < e.types.size(); ++i)
+            if (c.rule(static_cast<int>(i)).frees)
+                for (Call::Object& o : call.objects)
+                    if (o.p == call.pointer(static_cast<int>(i))) o.released = true;
+    }
+    if (!left.empty())
+        problem(std::to_string(left.size()) + " heap block(s) of " +
+                std::to_string(left[0].second) + " bytes left behind");
+    return out;
+}
+
+namespace {
+
+std::string describe(const std::vector<std::pair<std::string, double>>& set) {
+    std::ostringstream os;
+    for (const auto& [k, v] : set) os << (os.tellp() > 0 ? ", " : "") << k << " = " << v;
+    return os.str();
+}
+
+} // namespace
+
+std::vector<std::string> check_export(const Contract& c, int* cases) {
+    if (c.special_test()) {
+        ++*cases;
+        return c.special_test()();
+    }
+    std::vector<std::string> problems = c.problems;
+    if (c.exp.ret != Ret::status)
+        problems.push_back("does not return a status: its family needs a special() rule");
+    if (!problems.empty()) return problems;
+    const Export& e = c.exp;
+    if (const auto probe = build(c, nullptr, {}); !probe->notes.empty()) {
+        for (const std::string& n : probe->notes) problems.push_back("cannot build the call: " + n);
+        return problems;
+    }
+    auto report = [&](const std::string& what, const Outcome& o) {
+        for (const std::string& p : o.problems) problems.push_back(what + ": " + p);
+    };
+    auto once = [&](const std::string& what, const std::vector<std::pair<std::string, double>>& set,
+                    const std::vector<const Fault*>& faults) {
+        auto call = build(c, nullptr, set);
+        for (const Fault* f : faults) f->apply(*call);
+        ++*cases;
+        report(what, run(c, *call));
+    };
+
+    // Valid calls: the defaults, then each suite value of each knob and scalar, an offset
+    // buffer, and each nullable pointer null.
+    std::vector<std::vector<std::pair<std::string, double>>> valid{{}};
+    for (const Knob& k : c.knobs())
+        for (int64_t v : k.suite) valid.push_back({{k.name, static_cast<double>(v)}});
+    for (size_t i = 0; i < e.types.size(); ++i)
+        for (double v : c.rule(static_cast<int>(i)).suite) valid.push_back({{e.names[i], v}});
+    valid.push_back({{"$offset", 1}});
+    for (const auto& set : valid) once("valid call " + describe(set), set, {});
+    for (size_t i = 0; i < e.types.size(); ++i)
+        if (c.rule(static_cast<int>(i)).nullable) {
+            const Fault f{e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }};
+            once(f.what, {}, {&f});
+        }
+
+    // Each fault alone, then with a fault of every later step.
+    const auto& steps = c.steps();
+    for (size_t a = 0; a < steps.size(); ++a)
+        for (const Fault& f : steps[a].faults) {
+            {
+                auto call = build(c, nullptr, {});
+                f.apply(*call);
+                const Step* got = first_failure(c, *call);
+                if (got != &steps[a])
+                    problems.push_back(f.what + ": the rule's own step does not see this fault");
+            }
+            once(f.what, {}, {&f});
+            for (size_t b = a + 1; b < steps.size(); ++b)
+                for (size_t k = 0; k < steps[b].faults.size() && k < 2; ++k)
+                    once(f.what + " and " + steps[b].faults[k].what, {}, {&steps[b].faults[k], &f});
+        }
+    for (const Fault& p : c.probes()) once(p.what, {}, {&p});
+
+    // Each allocation of the valid calls failing in turn.
+    if (heap::watched()) {
+        std::vector<std::pair<std::string, const Fault*>> variants{{"", nullptr}};
+        std::vector<Fault> nulls;
+        nulls.reserve(e.types.size());
+        for (size_t i = 0; i < e.types.size(); ++i)
+            if (c.rule(static_cast<int>(i)).nullable)
+                nulls.push_back(
+                    {e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }});
+        for (const Fault& f : nulls) variants.emplace_back(f.what, &f);
+        for (const auto& [what, f] : variants) {
+            long requests = 0;
+            {
+                auto call = build(c, nullptr, {});
+                if (f != nullptr) f->apply(*call);
+                if (first_failure(c, *call) != nullptr) continue;
+                requests = run(c, *call).requests;
+            }
+            for (long k = 1; k <= requests && k <= 12; ++k) {
+                auto call = build(c, nullptr, {});
+                if (f != nullptr) f->apply(*call);
+                ++*cases;
+                report((what.empty() ? "" : what + ", ") + "allocation " + std::to_string(k) +
+                           " failing",
+                       run(c, *call, k));
+            }
+        }
+    }
+    return problems;
+}
+
+} // namespace conf

@@ -1,0 +1,110 @@
+// Library and processor services. They return pointers or records rather than a status, so
+// their rules are tests of their own: what a caller may pass, and what comes back.
+#include <climits>
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "harness.hpp"
+
+namespace {
+
+using Problems = std::vector<std::string>;
+
+const conf::Export& named(const std::string& name) {
+    for (const conf::Export& e : conf::exports())
+        if (e.name == name) return e;
+    static conf::Export none;
+    return none;
+}
+
+int64_t call1(const conf::Export& e, int64_t v) {
+    conf::Arg a[1];
+    std::memcpy(a[0].b, &v, e.types.empty() ? 0 : e.types[0].size);
+    return e.call(e.fn, a);
+}
+
+// veksMalloc_*: storage for len elements, 32-byte aligned and writable, for len >= 1; null for
+// len < 1.
+Problems malloc_rule(const std::string& name) {
+    static const std::map<std::string, int> bytes{
+        {"8u", 1},  {"8s", 1},   {"16u", 2},  {"16s", 2},   {"8sc", 2},
+        {"32u", 4}, {"32s", 4},  {"32f", 4},  {"16sc", 4},  {"64s", 8},
+        {"64f", 8}, {"32sc", 8}, {"32fc", 8}, {"64sc", 16}, {"64fc", 16}};
+    Problems p;
+    const conf::Export& e = named(name);
+    const auto it = bytes.find(name.substr(name.find('_') + 1));
+    if (it == bytes.end()) return {"unknown element type"};
+    for (int len : {1, 3, 1000}) {
+        auto* q = reinterpret_cast<unsigned char*>(static_cast<intptr_t>(call1(e, len)));
+        if (q == nullptr || reinterpret_cast<uintptr_t>(q) % 32 != 0) {
+            p.push_back("len " + std::to_string(len) + ": not 32-byte aligned storage");
+        } else {
+            std::memset(q, 0x3C, static_cast<size_t>(len) * static_cast<size_t>(it->second));
+        }
+        veksFree(q);
+    }
+    for (int len : {0, -1, INT_MIN})
+        if (call1(e, len) != 0) p.push_back("len " + std::to_string(len) + ": not null");
+    return p;
+}
+
+const conf::Rules core([] {
+    conf::family("allocation", R"(^veksMalloc_)", [](conf::Contract& c) {
+        c.special([name = c.exp.name] { return malloc_rule(name); });
+    });
+    conf::family("release", R"(^veksFree$)", [](conf::Contract& c) {
+        c.special([] {
+            veksFree(nullptr); // ignored
+            veksFree(veksMalloc_64fc(7));
+            return Problems{};
+        });
+    });
+    conf::family("status messages", R"(^vekGetStatusString$)", [](conf::Contract& c) {
+        c.special([] {
+            Problems p;
+            for (int64_t s : {int64_t{INT_MIN}, int64_t{-10000}, int64_t{-9999}, int64_t{-9998},
+                              int64_t{-109}, int64_t{INT_MAX}})
+                if (vekGetStatusString(static_cast<VekStatus>(s)) == nullptr)
+                    p.push_back("null message for " + std::to_string(s));
+            for (int s = -120; s <= 30; ++s) {
+                const char* m = vekGetStatusString(s);
+                if (m == nullptr || *m == '\0') p.push_back("no message for " + std::to_string(s));
+            }
+            return p;
+        });
+    });
+    conf::family("version", R"(^veksGetLibVersion$)", [](conf::Contract& c) {
+        c.special([] {
+            const VekLibraryVersion* v = veksGetLibVersion();
+            if (v == nullptr || v != veksGetLibVersion() || v->moduleName == nullptr)
+                return Problems{"not one constant record"};
+            return Problems{};
+        });
+    });
+    conf::family("processor class", R"(^vekGetCpuType$)", [](conf::Contract& c) {
+        c.special([] {
+            const int t = vekGetCpuType();
+            if ((t < 0 || t > 6) && t != 16 && t != 17)
+                return Problems{"class " + std::to_string(t) + " is not a VekCpuType"};
+            return Problems{};
+        });
+    });
+    conf::family("cycle counter", R"(^vekGetCpuClocks$)", [](conf::Contract& c) {
+        // No argument and no failure; two reads on one thread never go backwards.
+        c.special([] {
+            const Vek64u a = vekGetCpuClocks(), b = vekGetCpuClocks();
+            return b >= a ? Problems{} : Problems{"the counter went backwards"};
+        });
+    });
+    // The modes are not switched by this build: every call answers -9998 and writes nothing.
+    conf::family("floating-point modes", R"(^vekSet(FlushToZero|DenormAreZeros)$)",
+                 [](conf::Contract& c) {
+                     if (c.has("pPrevious")) c.nullable("pPrevious");
+                     c.suite_values("value", {0, -1, INT_MIN, INT_MAX});
+                     c.order({c.custom("modes are not switched", vekStsCpuNotSupportedErr,
+                                       [](const conf::Call&) { return true; }, {})});
+                 });
+});
+
+} // namespace
