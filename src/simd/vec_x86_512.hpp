@@ -193,6 +193,10 @@ struct Vec<double, 8> {
     static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R slide_up(R a, R below) {
+        return _mm512_castsi512_pd(
+            _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
+    }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
     static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
