@@ -17,6 +17,9 @@
 
 #include "filters/iir/iir.hpp"
 #include "simd/numeric.hpp"
+#if VEK_ISA_LEVEL >= 1
+#include "simd/vec.hpp"
+#endif
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -100,73 +103,21 @@ void bq_ref(const double* tp, int K, double* d, const D* src, D* dst, size_t n, 
 
 // ---- BiQuad, pipelined across lanes --------------------------------------------------------
 
-// N doubles per register; fixed-size loops that the compiler turns into vector operations.
-template <int N>
-struct Lanes {
-    double v[N];
-};
-template <int N>
-struct Vd {
-    using R = Lanes<N>;
-    static constexpr int lanes = N;
-    static R load(const double* p) {
-        R r;
-        std::memcpy(r.v, p, sizeof r.v);
-        return r;
-    }
-    static void store(double* p, R a) { std::memcpy(p, a.v, sizeof a.v); }
-    static R add(R a, R b) {
-        R r;
-        for (int i = 0; i < N; ++i) r.v[i] = a.v[i] + b.v[i];
-        return r;
-    }
-    static R sub(R a, R b) {
-        R r;
-        for (int i = 0; i < N; ++i) r.v[i] = a.v[i] - b.v[i];
-        return r;
-    }
-    static R mul(R a, R b) {
-        R r;
-        for (int i = 0; i < N; ++i) r.v[i] = a.v[i] * b.v[i];
-        return r;
-    }
-    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, lane 0 from `below`.
-    static R slide_up(R a, R below) {
-        R r;
-        r.v[0] = below.v[N - 1];
-        for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
-        return r;
-    }
-    static R splat(double x) {
-        R r;
-        for (int i = 0; i < N; ++i) r.v[i] = x;
-        return r;
-    }
-};
+constexpr int kLag = 2;       // steps between a section and the next on the same sample
+constexpr int kMaxLanes = 16; // lanes of the widest pipeline: two of the widest registers
 
-#if VEK_ISA_LEVEL >= 3
-constexpr int kLanes = 8;
-#elif VEK_ISA_LEVEL == 2
-constexpr int kLanes = 4;
-#else
-constexpr int kLanes = 2;
-#endif
-using V = Vd<kLanes>;
-constexpr int kLag = 2; // steps between a section and the next on the same sample
-
-// The pipeline of K sections (K <= G * lanes) in lane arrays: coefficients, the two state values
-// and the outputs of the last two steps (slot t & 1 holds step t-2's until step t replaces it).
-template <int G>
+// The pipeline of K sections in lane arrays: coefficients, the two state values and the outputs
+// of the last two steps (slot t & 1 holds step t-2's until step t replaces it). Lanes from K on
+// hold zeros and compute nothing that reaches an output.
 struct Pipe {
-    static constexpr int S = G * kLanes;
-    alignas(64) double a1[S], a2[S], b1[S], b2[S], w1[S], w2[S];
-    alignas(64) double ring[2][S];
+    alignas(64) double a1[kMaxLanes], a2[kMaxLanes], b1[kMaxLanes], b2[kMaxLanes];
+    alignas(64) double w1[kMaxLanes], w2[kMaxLanes], ring[2][kMaxLanes];
 };
 
 // Step t for the sections that have a sample at that step, one at a time, highest first (so
 // that each reads its input before the section below overwrites it).
-template <int G, class D>
-void scalar_step(Pipe<G>& p, int K, double g, size_t t, const D* src, D* dst, size_t n,
+template <class D>
+void scalar_step(Pipe& p, int K, double g, size_t t, const D* src, D* dst, size_t n,
                  const Rule& r) {
     double* ring = p.ring[t & 1];
     for (int k = K - 1; k >= 0; --k) {
@@ -183,11 +134,13 @@ void scalar_step(Pipe<G>& p, int K, double g, size_t t, const D* src, D* dst, si
     }
 }
 
-template <int G, class D>
+// K sections in G registers of V (K <= G * V::lanes).
+template <class V, int G, class D>
 void bq_pipe(const double* tp, int K, double* d, const D* src, D* dst, size_t n, int sf) {
-    using R = V::R;
+    using R = typename V::R;
+    constexpr int N = V::lanes;
     const Rule r(sf);
-    Pipe<G> p;
+    Pipe p;
     std::memset(static_cast<void*>(&p), 0, sizeof p);
     for (int k = 0; k < K; ++k) {
         p.a1[k] = tp[1 + 4 * k];
@@ -206,17 +159,17 @@ void bq_pipe(const double* tp, int K, double* d, const D* src, D* dst, size_t n,
         // Every section has a sample at steps lag .. n-1.
         R a1[G], a2[G], b1[G], b2[G], w1[G], w2[G], even[G], odd[G];
         for (int j = 0; j < G; ++j) {
-            a1[j] = V::load(p.a1 + j * kLanes);
-            a2[j] = V::load(p.a2 + j * kLanes);
-            b1[j] = V::load(p.b1 + j * kLanes);
-            b2[j] = V::load(p.b2 + j * kLanes);
-            w1[j] = V::load(p.w1 + j * kLanes);
-            w2[j] = V::load(p.w2 + j * kLanes);
-            even[j] = V::load(p.ring[0] + j * kLanes);
-            odd[j] = V::load(p.ring[1] + j * kLanes);
+            a1[j] = V::load(p.a1 + j * N);
+            a2[j] = V::load(p.a2 + j * N);
+            b1[j] = V::load(p.b1 + j * N);
+            b2[j] = V::load(p.b2 + j * N);
+            w1[j] = V::load(p.w1 + j * N);
+            w2[j] = V::load(p.w2 + j * N);
+            even[j] = V::load(p.ring[0] + j * N);
+            odd[j] = V::load(p.ring[1] + j * N);
         }
-        const int top = (K - 1) / kLanes, lane = (K - 1) % kLanes;
-        alignas(64) double o[kLanes];
+        const int top = (K - 1) / N, lane = (K - 1) % N;
+        alignas(64) double o[N];
         auto step = [&](R* slot, size_t s) {
             R below = V::splat(g * in(src[s]));
             for (int j = 0; j < G; ++j) {
@@ -238,10 +191,10 @@ void bq_pipe(const double* tp, int K, double* d, const D* src, D* dst, size_t n,
         }
         if (t < n) step(even, t++);
         for (int j = 0; j < G; ++j) {
-            V::store(p.w1 + j * kLanes, w1[j]);
-            V::store(p.w2 + j * kLanes, w2[j]);
-            V::store(p.ring[0] + j * kLanes, even[j]);
-            V::store(p.ring[1] + j * kLanes, odd[j]);
+            V::store(p.w1 + j * N, w1[j]);
+            V::store(p.w2 + j * N, w2[j]);
+            V::store(p.ring[0] + j * N, even[j]);
+            V::store(p.ring[1] + j * N, odd[j]);
         }
     }
     for (; t < steps; ++t) scalar_step(p, K, g, t, src, dst, n, r);
@@ -251,17 +204,25 @@ void bq_pipe(const double* tp, int K, double* d, const D* src, D* dst, size_t n,
     }
 }
 
-// A single section, or a block too short to fill the pipeline, or more sections than two
-// registers hold: the reference.
+// Pipeline registers: at most 256 bits wide. Latency bounds the pipeline, and on processors with
+// 512-bit vectors the narrower additions finish sooner: two 256-bit groups of four sections beat
+// one 512-bit group of eight. The widest registers take the cascades beyond two narrow groups.
+using Pv = simd::Resident<double>;
+using Wd = simd::Wide<double>;
+
+// A single section, a block too short to fill the pipeline, or more sections than two of the
+// widest registers hold: the reference.
 template <class D>
 void bq(const double* tp, int K, double* d, const D* src, D* dst, size_t n, int sf) {
     const size_t lag = static_cast<size_t>(kLag) * static_cast<size_t>(K - 1);
     if (K < 2 || n <= lag)
         bq_ref(tp, K, d, src, dst, n, sf);
-    else if (K <= kLanes)
-        bq_pipe<1>(tp, K, d, src, dst, n, sf);
-    else if (K <= 2 * kLanes)
-        bq_pipe<2>(tp, K, d, src, dst, n, sf);
+    else if (K <= Pv::lanes)
+        bq_pipe<Pv, 1>(tp, K, d, src, dst, n, sf);
+    else if (K <= 2 * Pv::lanes)
+        bq_pipe<Pv, 2>(tp, K, d, src, dst, n, sf);
+    else if (Wd::lanes > Pv::lanes && K <= 2 * Wd::lanes)
+        bq_pipe<Wd, 2>(tp, K, d, src, dst, n, sf);
     else
         bq_ref(tp, K, d, src, dst, n, sf);
 }
