@@ -810,9 +810,186 @@ VEK_API VekStatus veksIIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
 
 /* ==== LMS ===================================================================================== */
 
+typedef struct VeksFIRLMSState_32f VeksFIRLMSState_32f;
+typedef struct VeksFIRLMSState32f_16s VeksFIRLMSState32f_16s;
+
+/** @name LMS adaptive filter states
+ *  @{ */
+/** States of an adaptive FIR filter trained by the least-mean-squares rule: Vek32f taps with
+ *  Vek32f samples (_32f) or Vek16s samples (32f_16s).
+ *  - InitAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyIndex): pTaps holds tapsLen taps in natural
+ *    order, h[0] first (null: zeros); the state keeps them reversed. pDlyLine holds tapsLen
+ *    samples in the state's circular order (null: zeros) and dlyIndex the position in it; both
+ *    are stored as given, the line into both halves of the state's doubled line.
+ *  - GetTaps writes the taps in natural order; GetDlyLine writes the tapsLen samples of the line
+ *    and the index as stored; SetDlyLine replaces them (null line: zeros). No reordering, so a
+ *    Get after a Set returns the line and index set.
+ *  - The index is not range-checked by InitAlloc or SetDlyLine: an index outside
+ *    0 .. tapsLen-1 is used modulo tapsLen by the next filtering call, which stores the index it
+ *    ends on.
+ *  Statuses, in check order: InitAlloc: ppState null vekStsNullPointerErr; tapsLen < 1
+ *  vekStsDataSizeErr; allocation failure vekStsMemAllocErr. Free, SetDlyLine: state null
+ *  vekStsNullPointerErr; a state of another kind vekStsContextMismatchErr. GetTaps,
+ *  GetDlyLine: state or outputs null vekStsNullPointerErr, then the kind. */
+VEK_API VekStatus veksFIRLMSInitAlloc_32f(VeksFIRLMSState_32f** ppState, const Vek32f* pTaps,
+                                          int tapsLen, const Vek32f* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSFree_32f(VeksFIRLMSState_32f* pState);
+VEK_API VekStatus veksFIRLMSGetTaps_32f(const VeksFIRLMSState_32f* pState, Vek32f* pTaps);
+VEK_API VekStatus veksFIRLMSGetDlyLine_32f(const VeksFIRLMSState_32f* pState, Vek32f* pDlyLine,
+                                           int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSSetDlyLine_32f(VeksFIRLMSState_32f* pState, const Vek32f* pDlyLine,
+                                           int dlyIndex);
+VEK_API VekStatus veksFIRLMSInitAlloc32f_16s(VeksFIRLMSState32f_16s** ppState, const Vek32f* pTaps,
+                                             int tapsLen, const Vek16s* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSFree32f_16s(VeksFIRLMSState32f_16s* pState);
+VEK_API VekStatus veksFIRLMSGetTaps32f_16s(const VeksFIRLMSState32f_16s* pState, Vek32f* pTaps);
+VEK_API VekStatus veksFIRLMSGetDlyLine32f_16s(const VeksFIRLMSState32f_16s* pState,
+                                              Vek16s* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSSetDlyLine32f_16s(VeksFIRLMSState32f_16s* pState,
+                                              const Vek16s* pDlyLine, int dlyIndex);
+/** @} */
+
+/** @name LMS adaptive filtering
+ *  @{ */
+/** Filters and adapts, one sample at a time: the block forms take len samples of pSrc and of the
+ *  reference pRef and write len outputs to pDst through a state; the direct forms take one
+ *  sample src and one reference refVal, write *pDstVal, and work on the caller's taps
+ *  (tapsLen values used as they are, in the reversed order: element k multiplies the k-th oldest
+ *  of the last tapsLen samples), the caller's line of 2*tapsLen samples and its index (start with
+ *  zeros and 0). Per sample:
+ *  - x is written at line[index] and line[index+tapsLen]; index = index+1, or 0 at tapsLen;
+ *  - y = sum over k = 0 .. tapsLen-1 of taps[k]*line[index+k], k ascending, in double precision
+ *    from 0.0; the output is y rounded to Vek32f, or for 32f_16s y limited to -32768 .. 32767
+ *    and truncated toward zero;
+ *  - e = ((ref - y) * 2) * mu in double precision, from the unrounded, unlimited y;
+ *  - each tap becomes taps[k] + line[index+k]*e, computed in double and rounded to Vek32f; the
+ *    output used the taps from before this update.
+ *  A block gives exactly the outputs, taps and line of the same samples passed one at a time.
+ *  mu = 0 leaves the taps unchanged (a plain FIR filter).
+ *  Statuses, in check order: block: pState, pSrc, pRef or pDst null vekStsNullPointerErr;
+ *  len < 1 vekStsDataSizeErr; a state of another kind vekStsContextMismatchErr. Direct: pTaps,
+ *  pDlyLine, pDlyLineIndex or pDstVal null vekStsNullPointerErr; tapsLen < 1
+ *  vekStsDataSizeErr; *pDlyLineIndex outside 0 .. tapsLen-1 vekStsDelayIndexErr. */
+VEK_API VekStatus veksFIRLMS_32f(const Vek32f* pSrc, const Vek32f* pRef, Vek32f* pDst, int len,
+                                 float mu, VeksFIRLMSState_32f* pState);
+VEK_API VekStatus veksFIRLMS32f_16s(const Vek16s* pSrc, const Vek16s* pRef, Vek16s* pDst, int len,
+                                    float mu, VeksFIRLMSState32f_16s* pState);
+VEK_API VekStatus veksFIRLMSOne_Direct_32f(Vek32f src, Vek32f refVal, Vek32f* pDstVal,
+                                           Vek32f* pTaps, int tapsLen, float mu, Vek32f* pDlyLine,
+                                           int* pDlyLineIndex);
+VEK_API VekStatus veksFIRLMSOne_Direct32f_16s(Vek16s src, Vek16s refVal, Vek16s* pDstVal,
+                                              Vek32f* pTaps, int tapsLen, float mu,
+                                              Vek16s* pDlyLine, int* pDlyLineIndex);
+/** @} */
+
+/** @name Normalised LMS step in Q15
+ *  @{ */
+/** One step of a normalised LMS filter in integers: Vek32s taps in Q15 (the caller's array,
+ *  reversed order as in the direct forms above), a Q15 step muQ15, a Vek16s line of 2*tapsLen
+ *  samples and its index.
+ *  - x is written at line[index] and line[index+tapsLen]; index = index+1, or 0 at tapsLen;
+ *  - acc = sum of taps[k]*w[k] over the window w = line + index, each product formed in 32
+ *    bits (wrapping: taps beyond +-2^16 can wrap their products) and the products added in 64
+ *    bits; energy = sum of w[k]^2 in 64 bits;
+ *  - the output is acc / 2^15 rounded half to even (acc + 16383 + bit 15 of acc, shifted
+ *    arithmetically) and saturated to 16 bits;
+ *  - when energy is not 0, with t = muQ15 * (refVal - output) in 64 bits, each tap becomes
+ *    taps[k] + (t*w[k]) / energy (division truncating toward zero), saturated to 32 bits; an
+ *    all-zero window leaves the taps unchanged.
+ *  Statuses, in check order: pTaps, pDlyLine, pDlyLineIndex or pDstVal null
+ *  vekStsNullPointerErr; tapsLen < 1 vekStsDataSizeErr; *pDlyLineIndex outside 0 .. tapsLen-1
+ *  vekStsDelayIndexErr. */
+VEK_API VekStatus veksFIRLMSOne_DirectQ15_16s(Vek16s src, Vek16s refVal, Vek16s* pDstVal,
+                                              Vek32s* pTaps, int tapsLen, int muQ15,
+                                              Vek16s* pDlyLine, int* pDlyLineIndex);
+/** @} */
+
 /* ==== end of LMS */
 
 /* ==== Multi-rate LMS ========================================================================== */
+
+typedef struct VeksFIRLMSMRState32s_16s VeksFIRLMSMRState32s_16s;
+typedef struct VeksFIRLMSMRState32sc_16sc VeksFIRLMSMRState32sc_16sc;
+
+/** @name Multi-rate LMS
+ *  @{ */
+/** An integer delayed-LMS adaptive filter with Vek32s taps (32s_16s; Vek32sc taps and Vek16sc
+ *  samples for 32sc_16sc) spaced dlyStep input samples apart, whose update uses the input
+ *  updateDly samples older. The caller drives it: PutVal enters a sample, One computes the
+ *  output, OneVal does both, UpdateTaps adapts with an error value.
+ *  - InitAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyIndex, dlyStep, updateDly, mu): pTaps in
+ *    natural order (null: zeros), kept reversed; the delay line holds dlyLen = dlyStep*tapsLen +
+ *    updateDly samples (pDlyLine null: zeros), kept twice, and dlyIndex its position. The window
+ *    line[i .. i+dlyLen-1] at the current index i holds the last dlyLen samples, oldest first.
+ *  - PutVal(val, pState): val is written at line[i] and line[i+dlyLen]; i = i+1, or 0 at dlyLen.
+ *  - One(pDstVal, pState): the sum over k ascending of the high 16 bits of taps[k] (as a signed
+ *    16-bit value) times the window's sample at offset updateDly + dlyStep - 1 + k*dlyStep, in a
+ *    32-bit accumulator that wraps; no scaling, no saturation. Complex: (ac - bd, ad + bc) of the
+ *    taps' high halves and the samples, each part wrapping.
+ *  - UpdateTaps(errVal, pState): t = mu*errVal (32 bits, wrapping; complex: each part),
+ *    u = (t + 16384) >> 15 (the sum in 64 bits, so no wrap), and every tap gets x*u added
+ *    (32 bits, wrapping) with x the sample at window offset dlyStep - 1 + k*dlyStep, updateDly
+ *    samples older than the output's. Complex taps get conj(x)*u added, the gradient step of the
+ *    output above. (The state's update pre-shift is 0, and no operation changes it.)
+ *  - SetTaps and GetTaps exchange the taps in natural order; GetTapsPointer gives the state's
+ *    own reversed array, valid until Free. SetDlyLine copies dlyLen samples (null: zeros) and
+ *    the index, which it does not check; GetDlyLine gives them back. SetMu replaces mu.
+ *  - GetDlyVal(pState, pVal, index): the window's sample at offset updateDly + dlyStep - 1 +
+ *    index for 0 <= index <= dlyLen (index 0 is the one the caller's last tap multiplies);
+ *    offsets past the window wrap around the circular line.
+ *  - Indices outside 0 .. dlyLen-1 given to SetDlyLine are taken modulo dlyLen.
+ *  Statuses, in check order: InitAlloc: ppState null vekStsNullPointerErr; tapsLen < 1,
+ *  dlyStep < 1, updateDly < 0, or dlyIndex outside 0 .. dlyLen-1 vekStsDataSizeErr; a dlyLen
+ *  beyond 32 bits, or an allocation failure, vekStsMemAllocErr. Every other operation: state
+ *  (or output, or SetTaps' taps) null vekStsNullPointerErr; a state of another kind, also for
+ *  GetTapsPointer, vekStsContextMismatchErr; GetDlyVal: index < 0 or > dlyLen
+ *  vekStsBadArgErr. */
+VEK_API VekStatus veksFIRLMSMRInitAlloc32s_16s(VeksFIRLMSMRState32s_16s** ppState,
+                                               const Vek32s* pTaps, int tapsLen,
+                                               const Vek16s* pDlyLine, int dlyIndex, int dlyStep,
+                                               int updateDly, int mu);
+VEK_API VekStatus veksFIRLMSMRFree32s_16s(VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRSetTaps32s_16s(VeksFIRLMSMRState32s_16s* pState, const Vek32s* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTaps32s_16s(const VeksFIRLMSMRState32s_16s* pState, Vek32s* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTapsPointer32s_16s(VeksFIRLMSMRState32s_16s* pState,
+                                                    Vek32s** ppTaps);
+VEK_API VekStatus veksFIRLMSMRSetDlyLine32s_16s(VeksFIRLMSMRState32s_16s* pState,
+                                                const Vek16s* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyLine32s_16s(const VeksFIRLMSMRState32s_16s* pState,
+                                                Vek16s* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyVal32s_16s(const VeksFIRLMSMRState32s_16s* pState, Vek16s* pVal,
+                                               int index);
+VEK_API VekStatus veksFIRLMSMRSetMu32s_16s(VeksFIRLMSMRState32s_16s* pState, int mu);
+VEK_API VekStatus veksFIRLMSMRPutVal32s_16s(Vek16s val, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMROne32s_16s(Vek32s* pDstVal, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMROneVal32s_16s(Vek16s val, Vek32s* pDstVal,
+                                            VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRUpdateTaps32s_16s(Vek32s errVal, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRInitAlloc32sc_16sc(VeksFIRLMSMRState32sc_16sc** ppState,
+                                                 const Vek32sc* pTaps, int tapsLen,
+                                                 const Vek16sc* pDlyLine, int dlyIndex, int dlyStep,
+                                                 int updateDly, int mu);
+VEK_API VekStatus veksFIRLMSMRFree32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMRSetTaps32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                               const Vek32sc* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTaps32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                               Vek32sc* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTapsPointer32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                                      Vek32sc** ppTaps);
+VEK_API VekStatus veksFIRLMSMRSetDlyLine32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                                  const Vek16sc* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyLine32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                                  Vek16sc* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyVal32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                                 Vek16sc* pVal, int index);
+VEK_API VekStatus veksFIRLMSMRSetMu32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState, int mu);
+VEK_API VekStatus veksFIRLMSMRPutVal32sc_16sc(Vek16sc val, VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMROne32sc_16sc(Vek32sc* pDstVal, VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMROneVal32sc_16sc(Vek16sc val, Vek32sc* pDstVal,
+                                              VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
+                                                  VeksFIRLMSMRState32sc_16sc* pState);
+/** @} */
 
 /* ==== end of Multi-rate LMS */
 
