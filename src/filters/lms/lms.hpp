@@ -27,6 +27,7 @@ struct State {
 
 // The caller's index brought into 0 .. T-1.
 inline int wrap_index(int idx, int T) {
+    if (static_cast<unsigned>(idx) < static_cast<unsigned>(T)) return idx;
     idx %= T;
     return idx < 0 ? idx + T : idx;
 }

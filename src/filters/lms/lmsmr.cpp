@@ -81,6 +81,7 @@ typename A::Smp* line_of(const MrState& s) {
     return static_cast<typename A::Smp*>(s.line);
 }
 inline int32_t position(const MrState& s) {
+    if (static_cast<uint32_t>(s.index) < static_cast<uint32_t>(s.dlyLen)) return s.index;
     const int32_t i = s.index % s.dlyLen;
     return i < 0 ? i + s.dlyLen : i;
 }
@@ -136,13 +137,17 @@ VekStatus init(H** pp, const typename A::Tap* taps, int T, const typename A::Smp
     return vekStsOk;
 }
 
-// The output sum of the current window.
+// The output sum of the current window (consecutive samples when dlyStep is 1, a loop the
+// compiler vectorises).
 template <class A>
 typename A::Acc output(const MrState& s) {
     typename A::Acc acc{};
     const auto* t = taps_of<A>(s);
     const auto* x = line_of<A>(s) + position(s) + s.updateDly + s.dlyStep - 1;
-    for (int k = 0; k < s.tapsLen; ++k) A::mac(acc, t[k], x[int64_t{k} * s.dlyStep]);
+    if (s.dlyStep == 1)
+        for (int k = 0; k < s.tapsLen; ++k) A::mac(acc, t[k], x[k]);
+    else
+        for (int k = 0; k < s.tapsLen; ++k, x += s.dlyStep) A::mac(acc, t[k], *x);
     return acc;
 }
 
@@ -160,7 +165,10 @@ void update(MrState& s, typename A::Acc err) {
     const typename A::Acc u = A::scale(s.mu, err);
     auto* t = taps_of<A>(s);
     const auto* x = line_of<A>(s) + position(s) + s.dlyStep - 1;
-    for (int k = 0; k < s.tapsLen; ++k) A::update(t[k], x[int64_t{k} * s.dlyStep], u);
+    if (s.dlyStep == 1)
+        for (int k = 0; k < s.tapsLen; ++k) A::update(t[k], x[k], u);
+    else
+        for (int k = 0; k < s.tapsLen; ++k, x += s.dlyStep) A::update(t[k], *x, u);
 }
 
 template <class H>
