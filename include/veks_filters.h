@@ -512,6 +512,11 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 
 /* ==== IIR ===================================================================================== */
 
+/** @name IIR filter state types
+ *  @{ */
+/** Opaque IIR filter states. VeksIIRState<T>_<D>: taps of type T (none: the data type)
+ *  filtering data of type D; one type for both kinds (arbitrary order and BiQuad) of a member.
+ *  Created by InitAlloc or InitAlloc_BiQuad, released by Free. */
 typedef struct VeksIIRState_32f VeksIIRState_32f;
 typedef struct VeksIIRState_32fc VeksIIRState_32fc;
 typedef struct VeksIIRState_64f VeksIIRState_64f;
@@ -526,6 +531,7 @@ typedef struct VeksIIRState32f_16s VeksIIRState32f_16s;
 typedef struct VeksIIRState32fc_16sc VeksIIRState32fc_16sc;
 typedef struct VeksIIRState32s_16s VeksIIRState32s_16s;
 typedef struct VeksIIRState32sc_16sc VeksIIRState32sc_16sc;
+/** @} */
 
 /** @name IIR filter states with floating-point taps
  *  @{ */
@@ -810,8 +816,13 @@ VEK_API VekStatus veksIIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
 
 /* ==== LMS ===================================================================================== */
 
+/** @name LMS filter state types
+ *  @{ */
+/** Opaque LMS filter states: Vek32f taps with Vek32f (_32f) or Vek16s (32f_16s) samples.
+ *  Created by InitAlloc, released by Free. */
 typedef struct VeksFIRLMSState_32f VeksFIRLMSState_32f;
 typedef struct VeksFIRLMSState32f_16s VeksFIRLMSState32f_16s;
+/** @} */
 
 /** @name LMS adaptive filter states
  *  @{ */
@@ -908,8 +919,13 @@ VEK_API VekStatus veksFIRLMSOne_DirectQ15_16s(Vek16s src, Vek16s refVal, Vek16s*
 
 /* ==== Multi-rate LMS ========================================================================== */
 
+/** @name Multi-rate LMS state types
+ *  @{ */
+/** Opaque multi-rate LMS states: Vek32s taps with Vek16s samples (32s_16s), Vek32sc taps with
+ *  Vek16sc samples (32sc_16sc). Created by InitAlloc, released by Free. */
 typedef struct VeksFIRLMSMRState32s_16s VeksFIRLMSMRState32s_16s;
 typedef struct VeksFIRLMSMRState32sc_16sc VeksFIRLMSMRState32sc_16sc;
+/** @} */
 
 /** @name Multi-rate LMS
  *  @{ */
