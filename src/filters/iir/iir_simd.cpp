@@ -85,6 +85,20 @@ template <class D>
 void bq_ref(const double* tp, int K, double* d, const D* src, D* dst, size_t n, int sf) {
     const Rule r(sf);
     const double g = tp[0];
+    if (K == 1) { // the state in registers
+        const double a1 = tp[1], a2 = tp[2], b1 = tp[3], b2 = tp[4];
+        double w1 = d[0], w2 = d[1];
+        for (size_t i = 0; i < n; ++i) {
+            const double v = g * in(src[i]);
+            const double w = (v - a1 * w1) - a2 * w2;
+            out(dst[i], (w + b1 * w1) + b2 * w2, r);
+            w2 = w1;
+            w1 = w;
+        }
+        d[0] = w1;
+        d[1] = w2;
+        return;
+    }
     for (size_t i = 0; i < n; ++i) {
         double v = g * in(src[i]);
         for (int k = 0; k < K; ++k) {
