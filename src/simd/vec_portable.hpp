@@ -214,6 +214,13 @@ struct Vec {
         return a.v[0];
     }
     static T first(R a) { return a.v[0]; }
+    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, the lowest from `below`.
+    static R slide_up(R a, R below) {
+        R r;
+        r.v[0] = below.v[N - 1];
+        for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
+        return r;
+    }
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }

@@ -256,6 +256,7 @@ struct Vec<double, 2> {
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
 
     static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
+    static R slide_up(R a, R below) { return _mm_shuffle_pd(below, a, 1); }
     static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }
     static R conj(R a) { return _mm_xor_pd(a, odd_sign()); }

@@ -221,6 +221,14 @@ struct Vec<double, 4> {
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
+    static R slide_up(R a, R below) {
+#if VEK_ISA_LEVEL >= 3
+        return _mm256_castsi256_pd(
+            _mm256_alignr_epi64(_mm256_castpd_si256(a), _mm256_castpd_si256(below), 3));
+#else
+        return _mm256_shuffle_pd(_mm256_permute2f128_pd(below, a, 0x21), a, 0x5);
+#endif
+    }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
     static R even_sign() { return _mm256_setr_pd(-0., 0., -0., 0.); }
     static R conj(R a) { return _mm256_xor_pd(a, odd_sign()); }

@@ -217,6 +217,10 @@ struct Vec<double, 8> {
     static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R slide_up(R a, R below) {
+        return _mm512_castsi512_pd(
+            _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
+    }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
     static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
