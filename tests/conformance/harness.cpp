@@ -225,8 +225,10 @@ struct Rng final : Source {
 
 const Mapper* g_mapper = nullptr;
 
+#if !VEKS_CONF_ASAN
 constexpr size_t kGuard = 32;
 constexpr unsigned char kGuardByte = 0xA5;
+#endif
 constexpr double kSame = 1e308; // "the imaginary part is the real part"
 
 } // namespace
@@ -334,6 +336,11 @@ Contract::Contract(const Export& e) : exp(e) {
             ++lengths;
         } else {
             r.integer = comp_is_int(t.comp);
+        }
+        if (nm == "hint") { // an enumeration: valid values only, from C++
+            r.lo = 0;
+            r.hi = 2;
+            r.suite = {1, 2};
         }
     }
     // One length: every vector holds that many elements.
@@ -567,6 +574,11 @@ Step Contract::custom(const std::string& what, VekStatus status, Pred fails,
     s.fails = std::move(fails);
     s.faults = std::move(faults);
     return s;
+}
+
+Step Contract::allocation() {
+    return custom("the first heap request failing", vekStsMemAllocErr,
+                  [](const Call& k) { return k.fail_at == 1; }, {});
 }
 
 Contract& Contract::probe(const std::string& what, Mutation m) {
@@ -1008,6 +1020,7 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
             ob.before.emplace_back(static_cast<unsigned char*>(p),
                                    static_cast<unsigned char*>(p) + n);
     }
+    call.fail_at = o.fail_at;
     const Step* expect = first_failure(c, call);
     Step forced;
     if (o.expect_status) {
