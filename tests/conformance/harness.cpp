@@ -460,6 +460,14 @@ Contract& Contract::frees(const std::string& param) {
     return *this;
 }
 
+Contract& Contract::nulled_on(const std::string& param, VekStatus status) {
+    if (const int i = need(param); i >= 0) {
+        params_[i].nulled = true;
+        params_[i].nulled_status = status;
+    }
+    return *this;
+}
+
 Contract& Contract::check(const std::string& param, Pred valid, VekStatus status,
                           std::vector<double> bad) {
     if (const int i = need(param); i >= 0) {
@@ -1078,9 +1086,16 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         if (st != expect->status)
             problem("status " + std::to_string(st) + ", expected " +
                     std::to_string(expect->status) + " (" + expect->what + ")");
-        for (const Call::Buffer& b : call.buffers)
-            if (!b.mapped && b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+        for (const Call::Buffer& b : call.buffers) {
+            const ParamRule& r = c.rule(b.param);
+            if (r.nulled && st == r.nulled_status) {
+                if (std::any_of(b.data, b.data + b.bytes, [](unsigned char x) { return x != 0; }))
+                    problem(e.names[b.param] + " not set to null");
+            } else if (!b.mapped && b.bytes != 0 &&
+                       std::memcmp(b.before.data(), b.data, b.bytes) != 0) {
                 problem(e.names[b.param] + " written on error");
+            }
+        }
         for (const Call::Object& ob : call.objects) {
             if (ob.released) continue;
             for (size_t k = 0; k < ob.blocks.size(); ++k)

@@ -223,6 +223,8 @@ struct ParamRule {
     std::vector<std::string> accepts;
     std::string creates;
     bool frees = false;
+    bool nulled = false; // set to null on `nulled_status`
+    VekStatus nulled_status = vekStsOk;
 };
 
 struct Knob {
@@ -264,6 +266,9 @@ class Contract {
     Contract& accepts(const std::string& param, std::vector<std::string> kind_names);
     Contract& creates(const std::string& param, const std::string& kind);
     Contract& frees(const std::string& param);
+    // A pointer-to-pointer set to null when the call fails with `status` (other errors leave it
+    // unchanged).
+    Contract& nulled_on(const std::string& param, VekStatus status);
 
     // -- the checks
     // A parameter check: `valid` false gives `status`; `bad` are values that fail it.
