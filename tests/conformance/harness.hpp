@@ -157,7 +157,7 @@ Export entry(const char* name, R (*fn)(A...)) {
 const std::vector<Export>& exports();
 const std::vector<std::string>& table_problems();
 
-// ---- Specification and state objects --------------------------------------------------------
+// ---- Transform and state objects ---------------------------------------------------------------
 
 class Call;
 
