@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "simd/vec.hpp"
 #include "stats/partial_sums.hpp"
@@ -189,13 +190,41 @@ ptrdiff_t first_ext(const T* p, size_t n, bool* unordered) {
 
 // ---- Element-wise extremes -----------------------------------------------------------------
 
+// d[i] = pick(s[i], d[i]) over the level's widest vector, two vectors a step.
+template <class T, class Pick>
+inline void every(const T* s, T* d, size_t n, Pick pick) {
+    using V = simd::Wide<T>;
+    constexpr size_t W = V::lanes;
+    size_t i = 0;
+    for (; i + 2 * W <= n; i += 2 * W) {
+        const auto a = pick(V::load(s + i), V::load(d + i));
+        const auto b = pick(V::load(s + i + W), V::load(d + i + W));
+        V::store(d + i, a);
+        V::store(d + i + W, b);
+    }
+    if (i + W <= n) {
+        V::store(d + i, pick(V::load(s + i), V::load(d + i)));
+        i += W;
+    }
+    if (i < n) V::store_n(d + i, pick(V::load_n(s + i, n - i), V::load_n(d + i, n - i)), n - i);
+}
+
+// The float forms keep d[i] when d[i] >= s[i] (max) or unless d[i] > s[i] (min), so an unordered
+// pair gives s[i] (max) or d[i] (min), and of two equal zeros d[i] stays. The min rule is the
+// layer's min(s, d); the max rule is not max(d, s) (which takes s of two equal zeros), so it
+// compares and selects.
 template <class T>
 void max_every(const T* s, T* d, size_t n) {
-    for (size_t i = 0; i < n; ++i) d[i] = d[i] >= s[i] ? d[i] : s[i];
+    using V = simd::Wide<T>;
+    if constexpr (std::is_floating_point_v<T>)
+        every(s, d, n, [](auto x, auto y) { return V::select(V::ge(y, x), y, x); });
+    else
+        every(s, d, n, [](auto x, auto y) { return V::max(x, y); });
 }
 template <class T>
 void min_every(const T* s, T* d, size_t n) {
-    for (size_t i = 0; i < n; ++i) d[i] = d[i] > s[i] ? s[i] : d[i];
+    using V = simd::Wide<T>;
+    every(s, d, n, [](auto x, auto y) { return V::min(x, y); }); // s[i] < d[i] ? s[i] : d[i]
 }
 
 // ---- Magnitude orders ----------------------------------------------------------------------
