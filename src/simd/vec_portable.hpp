@@ -276,6 +276,16 @@ struct Vec {
                 static_cast<uint32_t>(int32_t{a.v[2 * i + 1]} * b.v[2 * i + 1]));
         return r;
     }
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (T = int32_t).
+    static Lanes<int16_t, 2 * N> narrow_sat_zip(R a, R b) {
+        Lanes<int16_t, 2 * N> r;
+        for (int i = 0; i < N; ++i) {
+            r.v[2 * i] = num::saturate<int16_t>(static_cast<int64_t>(a.v[i]));
+            r.v[2 * i + 1] = num::saturate<int16_t>(static_cast<int64_t>(b.v[i]));
+        }
+        return r;
+    }
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }

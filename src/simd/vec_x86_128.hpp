@@ -552,6 +552,13 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
     }
     static R reverse_blocks(R a) { return a; }
 
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (two vectors of even and odd elements joined).
+    static R narrow_sat_zip(R a, R b) {
+        static_assert(bytes == 4 && is_signed);
+        return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
+
   private:
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm_unpacklo_epi8(a, b);

@@ -539,6 +539,13 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     // Each 16-byte half rearranged by the byte indices in `table` (within the half).
     static R shuffle_bytes(R a, R table) { return _mm256_shuffle_epi8(a, table); }
 
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (two vectors of even and odd elements joined).
+    static R narrow_sat_zip(R a, R b) {
+        static_assert(bytes == 4 && is_signed);
+        return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
+
   private:
     static int load_int32(const void* p) {
         int v;
