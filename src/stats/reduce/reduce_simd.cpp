@@ -139,20 +139,22 @@ ptrdiff_t first_extreme_16s(const Vek16s* p, size_t n, bool is_max) {
 
 // ---- Extremes with positions, float --------------------------------------------------------
 
-// Two passes over the vector layer: the extreme value among the numbers (the lane-wise max(x, m)
-// keeps m for a NaN x), then the first element equal to it. Every element equal to the extreme
-// is one of its occurrences (-0 and +0 alike), so the first match is the first occurrence; when
-// every element is NaN nothing matches and the result is -1.
+// Two passes over the vector layer, block by block: the extreme value among a block's numbers
+// (the lane-wise max(x, m) keeps m for a NaN x), then, only where it beats the extreme found so
+// far, the block's first element equal to it. Every element equal to an extreme is one of its
+// occurrences (-0 and +0 alike), so the first match is the first occurrence; when every element
+// is NaN nothing matches and the result is -1. Blocks of kExtremeBlock elements stay in the
+// first-level cache for the second look, so long vectors are read from memory once.
+constexpr size_t kExtremeBlock = 4096;
+
 template <bool IsMax, class T>
-ptrdiff_t first_ext(const T* p, size_t n, bool* unordered) {
+T block_extreme(const T* p, size_t n, T start, bool& nan) {
     using V = simd::Wide<T>;
     using R = typename V::R;
     constexpr size_t W = V::lanes;
     const auto pick = [](R x, R m) { return IsMax ? V::max(x, m) : V::min(x, m); };
-    const R start =
-        V::splat(IsMax ? -std::numeric_limits<T>::infinity() : std::numeric_limits<T>::infinity());
-    R m0 = start, m1 = start, m2 = start, m3 = start;
-    bool nan = false;
+    const R s = V::splat(start);
+    R m0 = s, m1 = s, m2 = s, m3 = s;
     size_t i = 0;
     for (; i + 4 * W <= n; i += 4 * W) {
         const R a = V::load(p + i), b = V::load(p + i + W), c = V::load(p + i + 2 * W),
@@ -169,23 +171,51 @@ ptrdiff_t first_ext(const T* p, size_t n, bool* unordered) {
         nan |= V::any(V::unordered(a, a));
     }
     if (i < n) {
-        const R a = V::select(V::first_n(n - i), V::load_n(p + i, n - i), start);
+        const R a = V::select(V::first_n(n - i), V::load_n(p + i, n - i), s);
         m0 = pick(a, m0);
         nan |= V::any(V::unordered(a, a));
     }
     const R all = pick(pick(m0, m1), pick(m2, m3));
-    const T best = IsMax ? V::max_lanes(all) : V::min_lanes(all);
-    if (nan) *unordered = true;
-    const R b = V::splat(best);
-    for (i = 0; i + W <= n; i += W)
+    return IsMax ? V::max_lanes(all) : V::min_lanes(all);
+}
+
+// The first position of v in p[0, n), or n.
+template <class T>
+size_t find_first(const T* p, size_t n, T v) {
+    using V = simd::Wide<T>;
+    constexpr size_t W = V::lanes;
+    const auto b = V::splat(v);
+    size_t i = 0;
+    for (; i + W <= n; i += W)
         if (const uint64_t hit = V::mask_bits(V::eq(V::load(p + i), b)))
-            return static_cast<ptrdiff_t>(i + static_cast<size_t>(std::countr_zero(hit)));
+            return i + static_cast<size_t>(std::countr_zero(hit));
     if (i < n) {
         const uint64_t hit =
             V::mask_bits(V::eq(V::load_n(p + i, n - i), b)) & ((uint64_t{1} << (n - i)) - 1);
-        if (hit) return static_cast<ptrdiff_t>(i + static_cast<size_t>(std::countr_zero(hit)));
+        if (hit) return i + static_cast<size_t>(std::countr_zero(hit));
     }
-    return -1;
+    return n;
+}
+
+template <bool IsMax, class T>
+ptrdiff_t first_ext(const T* p, size_t n, bool* unordered) {
+    const T start =
+        IsMax ? -std::numeric_limits<T>::infinity() : std::numeric_limits<T>::infinity();
+    T best = start;
+    ptrdiff_t at = -1;
+    bool nan = false;
+    for (size_t b = 0; b < n; b += kExtremeBlock) {
+        const size_t m = n - b < kExtremeBlock ? n - b : kExtremeBlock;
+        const T e = block_extreme<IsMax>(p + b, m, start, nan);
+        if (at >= 0 && !(IsMax ? e > best : e < best)) continue;
+        const size_t k = find_first(p + b, m, e);
+        if (k < m) {
+            best = e;
+            at = static_cast<ptrdiff_t>(b + k);
+        }
+    }
+    if (nan) *unordered = true;
+    return at;
 }
 
 // ---- Element-wise extremes -----------------------------------------------------------------
