@@ -42,7 +42,7 @@ class PartialSums {
     template <class Full, class Part>
     static size_t stream(size_t n, Full full, Part part) {
         size_t t = 0;
-        for (; t + kLanes <= n; t += kLanes)
+        for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
             for (size_t k = 0; k < kRegs; ++k) full(k, t + k * W);
         const size_t rest = n - t;
         for (size_t k = 0; k < kRegs && k * W < rest; ++k) {
