@@ -22,15 +22,15 @@ inline void select_each(const T* s, T* d, size_t n, Pick pick) {
     using V = simd::Wide<T>;
     constexpr size_t W = V::lanes;
     size_t i = 0;
-    for (; i + 2 * W <= n; i += 2 * W) {
-        const auto a = V::load(s + i), b = V::load(s + i + W);
+    for (; i + 4 * W <= n; i += 4 * W) {
+        const auto a = V::load(s + i), b = V::load(s + i + W), c = V::load(s + i + 2 * W),
+                   e = V::load(s + i + 3 * W);
         V::store(d + i, pick(a));
         V::store(d + i + W, pick(b));
+        V::store(d + i + 2 * W, pick(c));
+        V::store(d + i + 3 * W, pick(e));
     }
-    if (i + W <= n) {
-        V::store(d + i, pick(V::load(s + i)));
-        i += W;
-    }
+    for (; i + W <= n; i += W) V::store(d + i, pick(V::load(s + i)));
     if (i < n) V::store_n(d + i, pick(V::load_n(s + i, n - i)), n - i);
 }
 
