@@ -65,12 +65,28 @@ inline R add_product(R s, R x, R y) {
 
 // |x| as its bit pattern: for non-negative floats the integer order is the numeric order, and a
 // NaN sorts above infinity, so the largest pattern is the norm (a NaN if any element is one).
+// (The patterns of |x| are below 2^31, so they order as signed 32-bit lanes too; the partial
+// vector of the tail adds zeros, which never win.)
 float max_abs_32f(const Vek32f* a, size_t n) {
-    uint32_t m = 0;
-    for (size_t i = 0; i < n; ++i) {
-        const uint32_t u = std::bit_cast<uint32_t>(a[i]) & 0x7FFFFFFFu;
-        m = u > m ? u : m;
+    using VI = simd::Wide<int32_t>;
+    constexpr size_t W = VI::lanes;
+    const int32_t* p = reinterpret_cast<const int32_t*>(a);
+    const auto mask = VI::splat(0x7FFFFFFF);
+    const auto mag = [&](auto x) { return VI::bit_and(x, mask); };
+    auto m0 = VI::zero(), m1 = m0, m2 = m0, m3 = m0;
+    size_t i = 0;
+    for (; i + 4 * W <= n; i += 4 * W) {
+        m0 = VI::max(m0, mag(VI::load(p + i)));
+        m1 = VI::max(m1, mag(VI::load(p + i + W)));
+        m2 = VI::max(m2, mag(VI::load(p + i + 2 * W)));
+        m3 = VI::max(m3, mag(VI::load(p + i + 3 * W)));
     }
+    for (; i + W <= n; i += W) m0 = VI::max(m0, mag(VI::load(p + i)));
+    if (i < n) m0 = VI::max(m0, mag(VI::load_n(p + i, n - i)));
+    int32_t lanes[W];
+    VI::store(lanes, VI::max(VI::max(m0, m1), VI::max(m2, m3)));
+    int32_t m = 0;
+    for (int32_t v : lanes) m = v > m ? v : m;
     return std::bit_cast<float>(m);
 }
 
