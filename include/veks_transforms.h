@@ -611,6 +611,32 @@ VEK_API VekStatus veksDFTInv_CCSToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
 
 /* ==== Goertzel ================================================================================ */
 
+/** @name Goertzel transform
+ *  @{ */
+/** *pVal = e^{i w len} * sum_n pSrc[n] e^{-i w n}, w = 2 pi rFreq, by Goertzel's second-order
+ *  recurrence s[n] = x[n] + 2 cos(w) s[n-1] - s[n-2] on the real and imaginary parts, accumulated
+ *  in double precision, then e^{i w} s[len-1] - s[len-2] rounded once to the output type. For
+ *  rFreq = k / len this is the k-th bin of the len-point DFT. The Two forms evaluate the
+ *  frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and pVal[1]. The
+ *  16-bit forms multiply the result by 2^-scaleFactor, round each part half away from zero and
+ *  saturate. Long vectors run the recurrence on 8 interleaved subsequences at once (with
+ *  2 cos(8 w)) and join them by Horner's rule in e^{i w}; the value is the same sum.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSrc, pVal, or the Two forms' rFreq null),
+ *  vekStsDataSizeErr (len below 1), vekStsRelFreqErr (a frequency below 0, not below 1, or NaN;
+ *  the Two forms check rFreq[0] first), else vekStsOk. */
+VEK_API VekStatus veksGoertz_32fc(const Vek32fc* pSrc, int len, Vek32fc* pVal, Vek32f rFreq);
+VEK_API VekStatus veksGoertz_64fc(const Vek64fc* pSrc, int len, Vek64fc* pVal, Vek64f rFreq);
+VEK_API VekStatus veksGoertz_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pVal, Vek32f rFreq,
+                                      int scaleFactor);
+VEK_API VekStatus veksGoertzTwo_32fc(const Vek32fc* pSrc, int len, Vek32fc* pVal,
+                                     const Vek32f* rFreq);
+VEK_API VekStatus veksGoertzTwo_64fc(const Vek64fc* pSrc, int len, Vek64fc* pVal,
+                                     const Vek64f* rFreq);
+VEK_API VekStatus veksGoertzTwo_16sc_Sfs(const Vek16sc* pSrc, int len, Vek16sc* pVal,
+                                         const Vek32f* rFreq, int scaleFactor);
+/** @} */
+
 /* ==== end of Goertzel */
 
 /* ==== Wavelets ================================================================================ */
