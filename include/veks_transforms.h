@@ -607,6 +607,111 @@ VEK_API VekStatus veksDFTInv_CCSToR_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
 
 /* ==== DCT ===================================================================================== */
 
+/** @name DCT object types
+ *  @{ */
+/** Opaque DCT objects, one per direction: forward (type II) and inverse (type III), single
+ *  precision, double precision and 16-bit. Created by the InitAlloc members, released by the
+ *  Free members, read-only in between (one object may serve several threads, each call with its
+ *  own work buffer). */
+typedef struct VeksDCTFwdSpec_32f VeksDCTFwdSpec_32f;
+typedef struct VeksDCTInvSpec_32f VeksDCTInvSpec_32f;
+typedef struct VeksDCTFwdSpec_64f VeksDCTFwdSpec_64f;
+typedef struct VeksDCTInvSpec_64f VeksDCTInvSpec_64f;
+typedef struct VeksDCTFwdSpec_16s VeksDCTFwdSpec_16s;
+typedef struct VeksDCTInvSpec_16s VeksDCTInvSpec_16s;
+/** @} */
+
+/** @name DCT: create an object
+ *  @{ */
+/** *ppSpec = a new orthonormal DCT object of len points (any len >= 1) for one direction. The
+ *  object chooses its plan by the length (the same rule for both directions):
+ *  - len 1, 2, 4 or 8: the sums straight from a cosine table, in double precision; buffer 0;
+ *  - a power of two above 8: a real FFT of len points of the reordered input (even samples
+ *    forward, odd samples backward) and a rotation by exp(-i pi k / 2 len) that carries the
+ *    scales; buffer len values + 16 bytes. With hint vekAlgHintAccurate (2) and len above 512
+ *    the object also reports the inner FFT's buffer size; len 512 and below ignore the hint;
+ *  - other lengths up to 100: the sums over a table of 4 len cosines, accumulated in double
+ *    precision; buffer len values + 16 bytes;
+ *  - other lengths above 100: the reordering and rotation above through the real DFT of len
+ *    points (mixed-radix, or Bluestein's algorithm for lengths with large prime factors);
+ *    buffer len values + 16 bytes + the inner DFT's buffer size.
+ *  The 16-bit objects hold a single-precision object of the same length, direction and hint,
+ *  and report 4 len + 16 bytes plus its buffer size. Release with the matching Free.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppSpec null), vekStsDataSizeErr (len below 1),
+ *  vekStsMemAllocErr (the object, a table or an inner transform cannot be allocated, or the
+ *  buffer size would not fit an int), else vekStsOk. Nothing is stored through ppSpec on
+ *  failure. */
+VEK_API VekStatus veksDCTFwdInitAlloc_32f(VeksDCTFwdSpec_32f** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksDCTInvInitAlloc_32f(VeksDCTInvSpec_32f** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksDCTFwdInitAlloc_64f(VeksDCTFwdSpec_64f** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksDCTInvInitAlloc_64f(VeksDCTInvSpec_64f** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksDCTFwdInitAlloc_16s(VeksDCTFwdSpec_16s** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+VEK_API VekStatus veksDCTInvInitAlloc_16s(VeksDCTInvSpec_16s** ppSpec, int len,
+                                          VekHintAlgorithm hint);
+/** @} */
+
+/** @name DCT: release an object
+ *  @{ */
+/** Releases a DCT object and everything it owns. Statuses in check order: vekStsNullPointerErr
+ *  (pSpec null), vekStsContextMismatchErr (an object of another kind, or one already released),
+ *  else vekStsOk. */
+VEK_API VekStatus veksDCTFwdFree_32f(VeksDCTFwdSpec_32f* pSpec);
+VEK_API VekStatus veksDCTInvFree_32f(VeksDCTInvSpec_32f* pSpec);
+VEK_API VekStatus veksDCTFwdFree_64f(VeksDCTFwdSpec_64f* pSpec);
+VEK_API VekStatus veksDCTInvFree_64f(VeksDCTInvSpec_64f* pSpec);
+VEK_API VekStatus veksDCTFwdFree_16s(VeksDCTFwdSpec_16s* pSpec);
+VEK_API VekStatus veksDCTInvFree_16s(VeksDCTInvSpec_16s* pSpec);
+/** @} */
+
+/** @name DCT: work-buffer size
+ *  @{ */
+/** *pSize = the work-buffer bytes of the object's plan (16 spare bytes for the alignment
+ *  included; 0 for the plans that need none). Statuses in check order: vekStsNullPointerErr
+ *  (pSpec or pSize null), vekStsContextMismatchErr (an object of another kind), else vekStsOk. */
+VEK_API VekStatus veksDCTFwdGetBufSize_32f(const VeksDCTFwdSpec_32f* pSpec, int* pSize);
+VEK_API VekStatus veksDCTInvGetBufSize_32f(const VeksDCTInvSpec_32f* pSpec, int* pSize);
+VEK_API VekStatus veksDCTFwdGetBufSize_64f(const VeksDCTFwdSpec_64f* pSpec, int* pSize);
+VEK_API VekStatus veksDCTInvGetBufSize_64f(const VeksDCTInvSpec_64f* pSpec, int* pSize);
+VEK_API VekStatus veksDCTFwdGetBufSize_16s(const VeksDCTFwdSpec_16s* pSpec, int* pSize);
+VEK_API VekStatus veksDCTInvGetBufSize_16s(const VeksDCTInvSpec_16s* pSpec, int* pSize);
+/** @} */
+
+/** @name DCT: transforms
+ *  @{ */
+/** Forward: X[k] = c(k) sum_n x[n] cos(pi (2n+1) k / 2N); inverse: x[n] = sum_k c(k) X[k]
+ *  cos(pi (2n+1) k / 2N), with c(0) = 1/sqrt(N) and c(k) = sqrt(2/N) otherwise, so that the
+ *  inverse undoes the forward. pSrc == pDst runs in place. pBuffer is a work buffer of the size
+ *  GetBufSize reports, or null (the call then allocates what it needs); the call aligns it
+ *  itself. The 16-bit forms convert to single precision, transform, and convert back times
+ *  2^-scaleFactor, rounded to nearest (ties to even, whatever the caller's rounding mode) and
+ *  saturated.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSpec null), vekStsContextMismatchErr (an
+ *  object of another kind or direction, or a released one), vekStsNullPointerErr (pSrc, then
+ *  pDst null), vekStsMemAllocErr (pBuffer null and the call cannot allocate its own buffer),
+ *  else vekStsOk. */
+VEK_API VekStatus veksDCTFwd_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksDCTFwdSpec_32f* pSpec,
+                                 Vek8u* pBuffer);
+VEK_API VekStatus veksDCTInv_32f(const Vek32f* pSrc, Vek32f* pDst, const VeksDCTInvSpec_32f* pSpec,
+                                 Vek8u* pBuffer);
+VEK_API VekStatus veksDCTFwd_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksDCTFwdSpec_64f* pSpec,
+                                 Vek8u* pBuffer);
+VEK_API VekStatus veksDCTInv_64f(const Vek64f* pSrc, Vek64f* pDst, const VeksDCTInvSpec_64f* pSpec,
+                                 Vek8u* pBuffer);
+VEK_API VekStatus veksDCTFwd_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                     const VeksDCTFwdSpec_16s* pSpec, int scaleFactor,
+                                     Vek8u* pBuffer);
+VEK_API VekStatus veksDCTInv_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
+                                     const VeksDCTInvSpec_16s* pSpec, int scaleFactor,
+                                     Vek8u* pBuffer);
+/** @} */
+
 /* ==== end of DCT */
 
 /* ==== Goertzel ================================================================================ */

@@ -1,5 +1,5 @@
 // Call frames of the transforms of any length: DFT objects and transforms. Knobs of the DFT
-// objects: len (the object's points), flag (an index into 1, 2, 4, 8) and hint.
+// objects: dftLen (the object's points), flag (an index into 1, 2, 4, 8) and hint.
 #include <climits>
 #include <string>
 
@@ -18,7 +18,7 @@ void add_dft_kind(const char* name, const char* type,
                   VekStatus (*size)(const S*, int*)) {
     conf::add_kind({name, type,
                     [init](const conf::Call& c, void** p) {
-                        return init(reinterpret_cast<S**>(p), static_cast<int>(c.n("len", 6)),
+                        return init(reinterpret_cast<S**>(p), static_cast<int>(c.n("dftLen", 6)),
                                     dft_flag(c), static_cast<VekHintAlgorithm>(c.n("hint", 0)));
                     },
                     [release](void* p) { return release(static_cast<S*>(p)); },
@@ -29,7 +29,7 @@ void add_dft_kind(const char* name, const char* type,
                     }});
 }
 
-int64_t points(const conf::Call& c) { return c.n("len"); }
+int64_t points(const conf::Call& c) { return c.n("dftLen"); }
 // A CCS spectrum of N points: N + 2 values for even N, N + 1 for odd N.
 int64_t ccs_length(const conf::Call& c) { return points(c) % 2 ? points(c) + 1 : points(c) + 2; }
 
@@ -74,7 +74,7 @@ const conf::Rules dft([] {
     });
 
     conf::family("DFT transforms", R"(^veksDFT(Fwd|Inv)_)", [](conf::Contract& c) {
-        c.knob("len", 1, 300, 6, {1, 2, 3, 5, 7, 8, 12, 149, 150, 151, 180, 181, 1000, 1009});
+        c.knob("dftLen", 1, 300, 6, {1, 2, 3, 5, 7, 8, 12, 149, 150, 151, 180, 181, 1000, 1009});
         c.knob("flag", 0, 3, 1, {0, 2, 3});
         c.knob("hint", 0, 2, 0, {1});
         c.size("pSrc pDst pSrcRe pSrcIm pDstRe pDstIm", points);
