@@ -625,16 +625,17 @@ typedef struct VeksDCTInvSpec_16s VeksDCTInvSpec_16s;
  *  @{ */
 /** *ppSpec = a new orthonormal DCT object of len points (any len >= 1) for one direction. The
  *  object chooses its plan by the length (the same rule for both directions):
- *  - len 1, 2, 4 or 8: the sums straight from a cosine table, in double precision; buffer 0;
- *  - a power of two above 8: a real FFT of len points of the reordered input (even samples
- *    forward, odd samples backward) and a rotation by exp(-i pi k / 2 len) that carries the
- *    scales; buffer len values + 16 bytes. With hint vekAlgHintAccurate (2) and len above 512
- *    the object also reports the inner FFT's buffer size; len 512 and below ignore the hint;
- *  - other lengths up to 100: the sums over a table of 4 len cosines, accumulated in double
- *    precision; buffer len values + 16 bytes;
- *  - other lengths above 100: the reordering and rotation above through the real DFT of len
- *    points (mixed-radix, or Bluestein's algorithm for lengths with large prime factors);
- *    buffer len values + 16 bytes + the inner DFT's buffer size.
+ *  - len 1, 2, 4 or 8: buffer size 0;
+ *  - a power of two above 8: buffer len values + 16 bytes. With hint vekAlgHintAccurate (2) and
+ *    len above 512 the object also reports the inner FFT's buffer size; len 512 and below ignore
+ *    the hint;
+ *  - other lengths up to 100: buffer len values + 16 bytes;
+ *  - other lengths above 100: buffer len values + 16 bytes + the buffer size of the inner real
+ *    DFT of len points.
+ *  Every length but 1 runs the real DFT (or, for powers of two, the real FFT) of len points of
+ *  the reordered input (even samples forward, odd samples backward), followed by a rotation by
+ *  exp(-i pi k / 2 len) that carries the scales; the inverse runs the mirror image. Lengths up to
+ *  100 keep their data on the stack and may be given a null pBuffer at no cost.
  *  The 16-bit objects hold a single-precision object of the same length, direction and hint,
  *  and report 4 len + 16 bytes plus its buffer size. Release with the matching Free.
  *

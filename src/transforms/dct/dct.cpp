@@ -1,18 +1,19 @@
 // Orthonormal DCT of any length: forward (type II) and inverse (type III) objects of single and
 // double precision and their 16-bit forms.
 //
-// Plans (the same rule for both directions):
-// - small: N = 1, 2, 4 or 8: the sums straight from a cosine table, in double; buffer size 0.
-// - fast: N a power of two above 8 (hint 2: up to 512): the N-point real FFT of the reordered
-//   input v[n] = x[2n], v[N-1-n] = x[2n+1], whose spectrum rotated by exp(-i pi k / 2N) gives
-//   the outputs (and the mirror image for the inverse). Buffer size N values + 16 bytes.
+// Plans (the same rule for both directions). Every length but 1 runs the N-point real DFT of
+// the reordered input v[n] = x[2n], v[N-1-n] = x[2n+1], whose spectrum rotated by
+// exp(-i pi k / 2N) gives the outputs (the inverse runs the mirror image):
+// - small: N = 1 (the sum itself, in double), 2, 4 or 8; buffer size 0 (v lives on the stack).
+// - fast: N a power of two above 8 (hint 2: up to 512), through the real FFT; buffer size N
+//   values + 16 bytes.
 // - fft: N a power of two above 512 with hint 2: the same arrangement; the reported buffer
 //   also holds the inner FFT's reported buffer.
-// - direct: N not a power of two, up to 100: the sums over the 4N-point cosine table, in double;
-//   buffer size N values + 16 bytes.
-// - dft: N not a power of two, above 100: the reordering above through the N-point real DFT
-//   (mixed-radix for lengths with small prime factors, else Bluestein's algorithm); buffer
-//   size N values + 16 bytes + the inner DFT's buffer.
+// - direct: N not a power of two, up to 100: v on the stack, the DFT's direct or mixed-radix
+//   plan; buffer size N values + 16 bytes.
+// - dft: N not a power of two, above 100: through the real DFT (mixed-radix for lengths with
+//   small prime factors, else Bluestein's algorithm); buffer size N values + 16 bytes + the
+//   inner DFT's buffer.
 // The rotation factors carry the orthonormal scales (1/sqrt(N) for element 0, sqrt(2/N) for
 // the others), computed in double and rounded once.
 #include <cmath>
@@ -159,10 +160,19 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
     }
     VEK_CHECK(require(bytes <= INT32_MAX && b->work <= INT32_MAX, vekStsMemAllocErr));
     b->buf_size = static_cast<int32_t>(bytes);
-    if (b->plan == DctPlan::small || b->plan == DctPlan::direct) {
+    if (n == 1) {
         VEK_CHECK(b.alloc(b->cos_tab, 4 * n));
         for (int64_t m = 0; m < 4 * n; ++m) b->cos_tab[m] = cos_quarter(m, n);
     } else {
+        if (b->plan == DctPlan::small || b->plan == DctPlan::direct) {
+            // The short lengths run through the real DFT too, in a work area on the stack (the
+            // DFT of up to 100 points needs none of its own).
+            dft::Plan<T>* d = nullptr;
+            const VekStatus st = dft::create(&d, fft::Shape::real, len, fft::kNoDiv, 0);
+            VEK_CHECK(require(st == vekStsOk, vekStsMemAllocErr));
+            VEK_CHECK(b.adopt(d));
+            b->dftp = d;
+        }
         VEK_CHECK(b.alloc(b->rot, 2 * n));
         make_rotation(b->rot, n, inverse);
     }
@@ -187,8 +197,8 @@ void direct(const DctRec<T>& p, const T* src, T* dst) {
         int64_t idx = p.inverse ? 0 : k;
         for (int64_t j = 0; j < n; ++j) {
             s += x[j] * p.cos_tab[idx];
-            idx += step;
-            if (idx >= q) idx %= q;
+            idx += step; // step < q
+            if (idx >= q) idx -= q;
         }
         dst[k] = static_cast<T>(p.inverse ? s : s * (k == 0 ? c0 : c));
     }
@@ -198,19 +208,19 @@ template <class T>
 void through_real(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
     const int64_t n = p.len, h = (n - 1) / 2;
     T* v = reinterpret_cast<T*>(work);
-    std::byte* inner = work + p.inner_at;
+    std::byte* inner = p.inner_at != 0 ? work + p.inner_at : nullptr;
     const T* r = p.rot;
     // The Perm layout of a real spectrum of n points: V_0 at 0, V_{n/2} at 1 for even n, the
     // pairs (Re V_k, Im V_k), k = 1 .. h, from `at`.
     const int64_t at = n % 2 == 0 ? 2 : 1;
     auto real_fwd = [&] {
-        if (p.plan == DctPlan::dft)
+        if (p.dftp != nullptr)
             dft::forward_real(*p.dftp, v, v, fft::Layout::perm, inner);
         else
             fft::forward_real(*p.fft, v, v, fft::Layout::perm, inner);
     };
     auto real_inv = [&] {
-        if (p.plan == DctPlan::dft)
+        if (p.dftp != nullptr)
             dft::inverse_real(*p.dftp, v, v, fft::Layout::perm, inner);
         else
             fft::inverse_real(*p.fft, v, v, fft::Layout::perm, inner);
@@ -245,7 +255,11 @@ void through_real(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
 
 template <class T>
 void run(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
-    if (p.plan == DctPlan::small || p.plan == DctPlan::direct) return direct(p, src, dst);
+    if (p.len == 1) return direct(p, src, dst);
+    if (p.plan == DctPlan::small || p.plan == DctPlan::direct) {
+        alignas(64) T local[kDirectLimit];
+        return through_real(p, src, dst, reinterpret_cast<std::byte*>(local));
+    }
     through_real(p, src, dst, work);
 }
 

@@ -34,6 +34,12 @@ cd turn(double f) {
     return {c, s};
 }
 
+// a b, written out (the library's complex product, without the checks for infinite parts
+// that the standard operator makes).
+inline cd mul(cd a, cd b) {
+    return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
+}
+
 template <class E>
 cd sample(const E* x, size_t n) {
     return {static_cast<double>(x[2 * n]), static_cast<double>(x[2 * n + 1])};
@@ -56,7 +62,7 @@ void goertzel(const C* src, size_t len, const double* freq, size_t nf, cd* out,
                 const double r = (v.real() - s2r) + c2 * s1r, i = (v.imag() - s2i) + c2 * s1i;
                 s2r = s1r, s2i = s1i, s1r = r, s1i = i;
             }
-            out[f] = w[f] * cd(s1r, s1i) - cd(s2r, s2i);
+            out[f] = mul(w[f], cd(s1r, s1i)) - cd(s2r, s2i);
         }
         return;
     }
@@ -83,9 +89,9 @@ void goertzel(const C* src, size_t len, const double* freq, size_t nf, cd* out,
         for (size_t j = 0; j < K; ++j) {
             const cd s1(st[f].s1[2 * j], st[f].s1[2 * j + 1]);
             const cd s2(st[f].s2[2 * j], st[f].s2[2 * j + 1]);
-            acc = acc * wm[f] + (w[f] * s1 - s2);
+            acc = mul(acc, wm[f]) + (mul(w[f], s1) - s2);
         }
-        for (size_t n = nb; n < len; ++n) acc = (acc + sample(x, n)) * w[f];
+        for (size_t n = nb; n < len; ++n) acc = mul(acc + sample(x, n), w[f]);
         out[f] = acc;
     }
 }
