@@ -2,6 +2,7 @@
 // plan boundary, round trips, in place, the hint's effect on the plan, and the 16-bit forms
 // against the pipeline of exported conversions and the single-precision transform.
 #include <cfenv>
+#include <climits>
 #include <cmath>
 
 #include "dft_ref.hpp"
@@ -203,6 +204,23 @@ TEST(Dct, SixteenBitEqualsFloatPipeline) {
                 veksConvert_32f16s_Sfs(fx.data(), want.data(), n, 1, sf);
                 EXPECT_TRUE(vt::bits_equal(got, want)) << "inverse " << inverse << " sf " << sf;
             }
+}
+
+} // namespace
+
+namespace {
+
+// Lengths whose buffer size would not fit an int are refused before any table is built.
+TEST(Dct, HugeLengthsAreRefused) {
+    for (int n : {INT_MAX, 1 << 30, (1 << 29) + 1}) {
+        VeksDCTFwdSpec_32f* f = nullptr;
+        VeksDCTInvSpec_64f* g = nullptr;
+        VeksDCTFwdSpec_16s* h = nullptr;
+        EXPECT_EQ(veksDCTFwdInitAlloc_32f(&f, n, vekAlgHintNone), vekStsMemAllocErr) << n;
+        EXPECT_EQ(veksDCTInvInitAlloc_64f(&g, n, vekAlgHintAccurate), vekStsMemAllocErr) << n;
+        EXPECT_EQ(veksDCTFwdInitAlloc_16s(&h, n, vekAlgHintNone), vekStsMemAllocErr) << n;
+        EXPECT_TRUE(f == nullptr && g == nullptr && h == nullptr);
+    }
 }
 
 } // namespace

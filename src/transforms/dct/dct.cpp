@@ -17,6 +17,7 @@
 // The rotation factors carry the orthonormal scales (1/sqrt(N) for element 0, sqrt(2/N) for
 // the others), computed in double and rounded once.
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 
 #include "arith/convert/convert.hpp"
@@ -135,6 +136,9 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
         b->plan = DctPlan::small;
     } else if (is_pow2(n)) {
         b->plan = hint == vekAlgHintAccurate && n > kFftHintLimit ? DctPlan::fft : DctPlan::fast;
+        // Refused before the inner FFT's tables are built when the buffer size cannot fit.
+        VEK_CHECK(
+            require(n * static_cast<int64_t>(sizeof(T)) + 16 <= INT32_MAX, vekStsMemAllocErr));
         fft::Plan<T>* f = nullptr;
         const VekStatus st = fft::create(&f, fft::Shape::real, log2_of(n), fft::kNoDiv, 0);
         VEK_CHECK(require(st == vekStsOk, vekStsMemAllocErr));
