@@ -625,14 +625,14 @@ typedef struct VeksDCTInvSpec_16s VeksDCTInvSpec_16s;
  *  @{ */
 /** *ppSpec = a new orthonormal DCT object of len points (any len >= 1) for one direction. The
  *  object chooses its plan by the length (the same rule for both directions):
- *  - len 1, 2, 4 or 8: buffer size 0;
+ *  - len 1, 2, 4 or 8: the product with the matrix of the transform, in double; buffer size 0;
  *  - a power of two above 8: buffer len values + 16 bytes. With hint vekAlgHintAccurate (2) and
  *    len above 512 the object also reports the inner FFT's buffer size; len 512 and below ignore
  *    the hint;
  *  - other lengths up to 100: buffer len values + 16 bytes;
  *  - other lengths above 100: buffer len values + 16 bytes + the buffer size of the inner real
  *    DFT of len points.
- *  Every length but 1 runs the real DFT (or, for powers of two, the real FFT) of len points of
+ *  The other lengths run the real DFT (or, for powers of two, the real FFT) of len points of
  *  the reordered input (even samples forward, odd samples backward), followed by a rotation by
  *  exp(-i pi k / 2 len) that carries the scales; the inverse runs the mirror image. Lengths up to
  *  100 keep their data on the stack and may be given a null pBuffer at no cost.

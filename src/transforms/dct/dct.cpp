@@ -1,10 +1,11 @@
 // Orthonormal DCT of any length: forward (type II) and inverse (type III) objects of single and
 // double precision and their 16-bit forms.
 //
-// Plans (the same rule for both directions). Every length but 1 runs the N-point real DFT of
+// Plans (the same rule for both directions). Every length above 8 runs the N-point real DFT of
 // the reordered input v[n] = x[2n], v[N-1-n] = x[2n+1], whose spectrum rotated by
 // exp(-i pi k / 2N) gives the outputs (the inverse runs the mirror image):
-// - small: N = 1 (the sum itself, in double), 2, 4 or 8; buffer size 0 (v lives on the stack).
+// - small: N = 1, 2, 4 or 8: the product with the N x N matrix of the transform, in double;
+//   buffer size 0.
 // - fast: N a power of two above 8 (hint 2: up to 512), through the real FFT; buffer size N
 //   values + 16 bytes.
 // - fft: N a power of two above 512 with hint 2: the same arrangement; the reported buffer
@@ -49,7 +50,7 @@ struct DctRec {
     DctPlan plan;
     int64_t work;       // bytes a call allocates when given no buffer
     int64_t inner_at;   // offset of the inner transform's work area in the work area
-    double* cos_tab;    // small, direct: cos(2 pi m / 4N), m < 4N
+    double* mat;        // small: out[i] = sum_j in[j] mat[j N + i] (scales included)
     T* rot;             // fast, fft, dft: 2 N rotation factors (see make_rotation)
     fft::Plan<T>* fft;  // fast, fft: owned real FFT of N points
     dft::Plan<T>* dftp; // dft: owned real DFT of N points
@@ -164,11 +165,18 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
     }
     VEK_CHECK(require(bytes <= INT32_MAX && b->work <= INT32_MAX, vekStsMemAllocErr));
     b->buf_size = static_cast<int32_t>(bytes);
-    if (n == 1) {
-        VEK_CHECK(b.alloc(b->cos_tab, 4 * n));
-        for (int64_t m = 0; m < 4 * n; ++m) b->cos_tab[m] = cos_quarter(m, n);
+    if (b->plan == DctPlan::small) {
+        VEK_CHECK(b.alloc(b->mat, n * n));
+        const double c0 = 1.0 / std::sqrt(static_cast<double>(n));
+        const double c = std::sqrt(2.0 / static_cast<double>(n));
+        for (int64_t j = 0; j < n; ++j)
+            for (int64_t i = 0; i < n; ++i) {
+                // Forward: j a sample, i an output; inverse: j a coefficient, i a sample.
+                const int64_t k = inverse ? j : i, t = inverse ? i : j;
+                b->mat[j * n + i] = (k == 0 ? c0 : c) * cos_quarter((2 * t + 1) * k, n);
+            }
     } else {
-        if (b->plan == DctPlan::small || b->plan == DctPlan::direct) {
+        if (b->plan == DctPlan::direct) {
             // The short lengths run through the real DFT too, in a work area on the stack (the
             // DFT of up to 100 points needs none of its own).
             dft::Plan<T>* d = nullptr;
@@ -184,28 +192,15 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
     return vekStsOk;
 }
 
-// The sums over the cosine table, in double: forward X[k] = c(k) sum_n x[n] cos((2n+1) k pi /
-// 2N), inverse x[n] = sum_k c(k) X[k] cos((2n+1) k pi / 2N). src may equal dst.
-template <class T>
-void direct(const DctRec<T>& p, const T* src, T* dst) {
-    const int64_t n = p.len, q = 4 * n;
-    double x[kDirectLimit];
-    const double c0 = 1.0 / std::sqrt(static_cast<double>(n)),
-                 c = std::sqrt(2.0 / static_cast<double>(n));
-    for (int64_t i = 0; i < n; ++i)
-        x[i] = static_cast<double>(src[i]) * (p.inverse ? (i == 0 ? c0 : c) : 1.0);
-    for (int64_t k = 0; k < n; ++k) {
-        double s = 0;
-        // Forward: index (2j+1) k over j; inverse: (2k+1) j over j.
-        const int64_t step = p.inverse ? 2 * k + 1 : 2 * k;
-        int64_t idx = p.inverse ? 0 : k;
-        for (int64_t j = 0; j < n; ++j) {
-            s += x[j] * p.cos_tab[idx];
-            idx += step; // step < q
-            if (idx >= q) idx -= q;
-        }
-        dst[k] = static_cast<T>(p.inverse ? s : s * (k == 0 ? c0 : c));
+// The small plan: the matrix product in double, the N outputs side by side.
+template <int N, class T>
+void small(const double* m, const T* src, T* dst) {
+    double acc[N] = {};
+    for (int j = 0; j < N; ++j) {
+        const double x = static_cast<double>(src[j]);
+        for (int i = 0; i < N; ++i) acc[i] += x * m[j * N + i];
     }
+    for (int i = 0; i < N; ++i) dst[i] = static_cast<T>(acc[i]);
 }
 
 template <class T>
@@ -259,12 +254,20 @@ void through_real(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
 
 template <class T>
 void run(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
-    if (p.len == 1) return direct(p, src, dst);
-    if (p.plan == DctPlan::small || p.plan == DctPlan::direct) {
+    switch (p.plan) {
+    case DctPlan::small:
+        switch (p.len) {
+        case 1: return small<1>(p.mat, src, dst);
+        case 2: return small<2>(p.mat, src, dst);
+        case 4: return small<4>(p.mat, src, dst);
+        default: return small<8>(p.mat, src, dst);
+        }
+    case DctPlan::direct: {
         alignas(64) T local[kDirectLimit];
         return through_real(p, src, dst, reinterpret_cast<std::byte*>(local));
     }
-    through_real(p, src, dst, work);
+    default: return through_real(p, src, dst, work);
+    }
 }
 
 // ---- 16-bit ---------------------------------------------------------------------------------
