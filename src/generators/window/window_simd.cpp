@@ -225,11 +225,11 @@ inline double exp_decided(double x) {
     rl *= 0x1p-8;
     double p, pe;
     two_prod(rh, rh, p, pe);
-    const double q =
-        rh * rh * rh *
-        (0x1.5555555555555p-3 +
-         rh * (0x1.5555555555555p-5 +
-               rh * (0x1.1111111111111p-7 + rh * (0x1.6c16c16c16c17p-10 + rh * 0x1.a01a01a01a01ap-13))));
+    const double q = rh * rh * rh *
+                     (0x1.5555555555555p-3 +
+                      rh * (0x1.5555555555555p-5 +
+                            rh * (0x1.1111111111111p-7 +
+                                  rh * (0x1.6c16c16c16c17p-10 + rh * 0x1.a01a01a01a01ap-13))));
     const double a = 1.0 + rh, b = rh - (a - 1.0); // 1 + rh exactly
     const double ph = 0.5 * p;
     const double a2 = a + ph, bw = a2 - a, b2 = (a - (a2 - bw)) + (ph - bw);
