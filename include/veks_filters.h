@@ -508,6 +508,222 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 
 /* ==== FIR multi-rate ========================================================================== */
 
+/** @page fir_mr_rules FIR filters: multi-rate
+ *  Rational-rate filtering: the input is up-sampled by upFactor (input m stands at high-rate time
+ *  upPhase + m*upFactor, zeros elsewhere), filtered at the high rate with h[0 .. tapsLen-1] and
+ *  down-sampled by downFactor (output k is the high-rate sample at downPhase + k*downFactor). One
+ *  iteration reads downFactor inputs and writes upFactor outputs; numIters counts iterations.
+ *  Output k sums h[p + j*upFactor] * x[m - j] over the taps of its phase p, j ascending (newest
+ *  sample first), from 0.0 in double precision, and rounds once as the single-rate filters do
+ *  (@ref fir_rules, @ref fir_int_rules: integer taps sum exactly modulo 2^32). The state and
+ *  direct forms give the same values on every processor; phases without taps (tapsLen <
+ *  upFactor) give 0.
+ *  The delay line holds dlyLen = (tapsLen + upFactor - 1) / upFactor input samples, newest first
+ *  (element 0 is the latest input), both as the direct forms' pDlyLine and as what InitAlloc,
+ *  GetDlyLine and SetDlyLine exchange for a multi-rate state; SetDlyLine's null line means zeros.
+ *  A multi-rate state runs through the single-rate entry points veksFIR<T>_<D>, veksFIRGetTaps,
+ *  veksFIRGetDlyLine, veksFIRSetDlyLine and veksFIRFree of its member; veksFIROne refuses it
+ *  (vekStsContextMismatchErr). Block calls continue the stream: two calls of one iteration give
+ *  the outputs of one call of two. The in-place forms read numIters*downFactor inputs from the
+ *  buffer and write numIters*upFactor outputs over it, so the buffer holds
+ *  numIters*max(upFactor, downFactor) elements; the inputs are first copied to a temporary block
+ *  (allocation failure: vekStsMemAllocErr, nothing written). */
+
+/** @name FIR multi-rate states
+ *  @{ */
+/** Creates a multi-rate state (@ref fir_mr_rules): *ppState = a state with a copy of the tapsLen
+ *  taps (natural order), the factors and phases, and the optional delay line pDlyLine (dlyLen
+ *  samples, newest first; null: zeros). The 32s/32sc members take integer taps and their
+ *  tapsFactor, normalised as the single-rate integer states; the 16s32f/16sc32fc members convert
+ *  floating-point taps first (@ref fir_int_rules). With upFactor = downFactor = 1 the state made
+ *  is the single-rate state of the member (the same taps and line). The state holds its
+ *  polyphase tables (about tapsLen + upFactor entries and a working block of the size of a few
+ *  thousand samples); above 2^24 output positions (or a working block above 2^22 values) it
+ *  keeps none and computes each output on its own, with the same values.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppState or the taps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsMrFactorErr (upFactor < 1 or downFactor < 1),
+ *  vekStsMrPhaseErr (upPhase outside 0 .. upFactor-1 or downPhase outside 0 .. downFactor-1),
+ *  vekStsMemAllocErr (allocation failure: everything allocated is released and a null state is
+ *  stored through ppState; no other failure stores anything), else vekStsOk. */
+VEK_API VekStatus veksFIRMRInitAlloc_32f(VeksFIRState_32f** ppState, const Vek32f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_32fc(VeksFIRState_32fc** ppState, const Vek32fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_64f(VeksFIRState_64f** ppState, const Vek64f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, const Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_64fc(VeksFIRState_64fc** ppState, const Vek64fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_16s(VeksFIRState64f_16s** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_32f(VeksFIRState64f_32f** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_32s(VeksFIRState64f_32s** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek32s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_16sc(VeksFIRState64fc_16sc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_32fc(VeksFIRState64fc_32fc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_32sc(VeksFIRState64fc_32sc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek32sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32f_16s(VeksFIRState32f_16s** ppState, const Vek32f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32fc_16sc(VeksFIRState32fc_16sc** ppState, const Vek32fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps,
+                                            int tapsLen, int tapsFactor, int upFactor, int upPhase,
+                                            int downFactor, int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState,
+                                               const Vek32f* pTaps32f, int tapsLen, int upFactor,
+                                               int upPhase, int downFactor, int downPhase,
+                                               const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState, const Vek32sc* pTaps,
+                                              int tapsLen, int tapsFactor, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState,
+                                                  const Vek32fc* pTaps32fc, int tapsLen,
+                                                  int upFactor, int upPhase, int downFactor,
+                                                  int downPhase, const Vek16sc* pDlyLine);
+/** @} */
+
+/** @name FIR multi-rate direct forms
+ *  @{ */
+/** Stateless multi-rate filtering (@ref fir_mr_rules) with the caller's taps and delay line
+ *  (dlyLen samples, newest first, updated): numIters iterations read numIters*downFactor
+ *  samples of pSrc and write numIters*upFactor outputs to pDst (in-place forms: over pSrcDst).
+ *  Integer data (_Sfs) round as the single-rate filters; the 32s/32sc members take integer taps
+ *  with their tapsFactor and normalise them on every call (a temporary copy above 256 taps). The
+ *  call builds its polyphase tables for itself (in temporary memory beyond a few kilobytes), or
+ *  computes each output on its own when they would be too large (same values).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a vector null), vekStsDataSizeErr
+ *  (numIters < 1), vekStsNullPointerErr (pTaps null), vekStsFirIterationsErr (tapsLen < 1),
+ *  vekStsMrFactorErr, vekStsMrPhaseErr, vekStsNullPointerErr (pDlyLine null), vekStsMemAllocErr
+ *  (the temporary tables, the in-place copy of the inputs or the integer taps' copy; nothing
+ *  written), else vekStsOk. */
+VEK_API VekStatus veksFIRMR_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                       const Vek32f* pTaps, int tapsLen, int upFactor, int upPhase,
+                                       int downFactor, int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek32f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                        const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                        int upPhase, int downFactor, int downPhase,
+                                        Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek32fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters,
+                                       const Vek64f* pTaps, int tapsLen, int upFactor, int upPhase,
+                                       int downFactor, int downPhase, Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64f_I(Vek64f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters,
+                                        const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                        int upPhase, int downFactor, int downPhase,
+                                        Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64fc_I(Vek64fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                          const Vek64f* pTaps, int tapsLen, int upFactor,
+                                          int upPhase, int downFactor, int downPhase,
+                                          Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters,
+                                              const Vek64f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek32s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_32s_ISfs(Vek32s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek32s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek64f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek16s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                            const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                            int upPhase, int downFactor, int downPhase,
+                                            Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64fc_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase, Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64fc_Direct_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters,
+                                                const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek32sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_32sc_ISfs(Vek32sc* pSrcDst, int numIters,
+                                                 const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek32sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek32f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek16s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR32fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek32s* pTaps, int tapsLen, int tapsFactor,
+                                              int upFactor, int upPhase, int downFactor,
+                                              int downPhase, Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps,
+                                               int tapsLen, int tapsFactor, int upFactor,
+                                               int upPhase, int downFactor, int downPhase,
+                                               Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                int upFactor, int upPhase, int downFactor,
+                                                int downPhase, Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                 int upFactor, int upPhase, int downFactor,
+                                                 int downPhase, Vek16sc* pDlyLine, int scaleFactor);
+/** @} */
+
 /* ==== end of FIR multi-rate */
 
 /* ==== IIR ===================================================================================== */
