@@ -1,0 +1,201 @@
+// The FFT methods of convolution and correlation, on the library's transform plans
+// (transforms/fft/plan.hpp: real plans to and from the Pack layout, inverse divided by N,
+// complex plans for complex data) and its packed multiply. Every plan and buffer lives for the
+// call and is released on every path; a plan or buffer that cannot be had gives
+// vekStsMemAllocErr.
+//
+// Correlation r(n0 + t), t < m: with x = a[i0 .. i1) (the indices that meet some lag) and
+// y[v] = b[i0 + n0 + v] (zero outside b), r(n0 + t) = sum over u of x[u] * y[u + t]. x is cut
+// into blocks of B values; block k contributes the circular correlation of x[kB .. kB+B) with
+// y[kB .. kB+B+m-1) over N >= B + m - 1 points, exact for t < m. The blocks' spectra
+// conj(X) * Y are summed and transformed back once. N is the power of two that covers the whole
+// of x in one block, or, when x is much longer than the lags, about 4m (blocks of about 3m).
+//
+// Convolution: overlap-add. The short vector's spectrum (N points) multiplies the spectrum of
+// each block of B = N - S + 1 values of the long one; each block's N - 1 first values are added
+// into the output. N covers everything in one block unless the long vector is much longer than
+// the short one (then N is about 4S).
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include "core/alloc.hpp"
+#include "core/frame.hpp"
+#include "transforms/fft/plan.hpp"
+#include "transforms/work.hpp"
+#include "veks_types.h"
+
+namespace veks::conv {
+
+template <class T>
+inline constexpr bool is_cplx = std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
+
+inline int order_of(int64_t n) {
+    int o = 0;
+    while ((int64_t{1} << o) < n) ++o;
+    return o;
+}
+
+// The transform length for a correlation of `len` values of x against m lags, or a convolution
+// of a long vector of `len` values with a short one of m: one block when that is not much
+// longer than about 4m points, else blocks of about 4m points.
+inline int64_t fft_length(int64_t len, int64_t m) {
+    const int64_t whole = int64_t{1} << order_of(len + m - 1);
+    int64_t block = int64_t{1} << order_of(4 * m);
+    if (block < 64) block = 64;
+    return block * 2 < whole ? block : whole;
+}
+
+// A call's plan and buffers: the plan of N points (real or complex shape), three blocks of N
+// values of the transform's type and the transform's work area.
+template <class C, bool Cplx>
+class FftSetup {
+  public:
+    using E = std::conditional_t<Cplx, fft::Cplx<C>, C>;
+    explicit FftSetup(int64_t n)
+        : n_(n), plan_(make_plan(n)), work_(nullptr, plan_ ? fft::work_size(*plan_) : 0),
+          blocks_(plan_ ? 3 * n : 0) {}
+    ~FftSetup() {
+        if (plan_ != nullptr) obj::release(&plan_->head);
+    }
+    FftSetup(const FftSetup&) = delete;
+    FftSetup& operator=(const FftSetup&) = delete;
+
+    VekStatus status() const {
+        return plan_ != nullptr && work_.status() == vekStsOk && static_cast<bool>(blocks_)
+                   ? vekStsOk
+                   : vekStsMemAllocErr;
+    }
+    int64_t n() const { return n_; }
+    E* block(int k) const { return blocks_.get() + k * n_; }
+    void forward(const E* s, E* d) const {
+        if constexpr (Cplx)
+            fft::forward(*plan_, s, d, work_.get());
+        else
+            fft::forward_real(*plan_, s, d, fft::Layout::pack, work_.get());
+    }
+    void inverse(const E* s, E* d) const {
+        if constexpr (Cplx)
+            fft::inverse(*plan_, s, d, work_.get());
+        else
+            fft::inverse_real(*plan_, s, d, fft::Layout::pack, work_.get());
+    }
+
+  private:
+    static fft::Plan<C>* make_plan(int64_t n) {
+        fft::Plan<C>* p = nullptr;
+        const VekStatus st = fft::create(&p, Cplx ? fft::Shape::complex : fft::Shape::real,
+                                         order_of(n), fft::kDivInvByN, 0);
+        return st == vekStsOk ? p : nullptr;
+    }
+    int64_t n_;
+    fft::Plan<C>* plan_;
+    transforms::Work work_;
+    mem::Scratch<E> blocks_;
+};
+
+// v of the data type in the transform's element type.
+template <class E, class Dat>
+inline E to_elem(const Dat& v) {
+    if constexpr (is_cplx<Dat>)
+        return E{static_cast<decltype(E{}.re)>(v.re), static_cast<decltype(E{}.re)>(v.im)};
+    else
+        return static_cast<E>(v);
+}
+
+// d[0 .. n) = s[0 .. count) converted, then zeros.
+template <class E, class Dat>
+void load_padded(const Dat* s, int64_t count, E* d, int64_t n) {
+    for (int64_t i = 0; i < count; ++i) d[i] = to_elem<E>(s[i]);
+    std::memset(static_cast<void*>(d + count), 0, size_t(n - count) * sizeof(E));
+}
+
+// d[i] = b[first + i] for 0 <= first + i < nb, else 0, i < count; zeros up to n.
+template <class E, class Dat>
+void load_window(const Dat* b, int64_t nb, int64_t first, int64_t count, E* d, int64_t n) {
+    std::memset(static_cast<void*>(d), 0, size_t(n) * sizeof(E));
+    const int64_t lo = first < 0 ? -first : 0, hi = nb - first < count ? nb - first : count;
+    for (int64_t i = lo; i < hi; ++i) d[i] = to_elem<E>(b[first + i]);
+}
+
+// acc (+)= conj(X) * Y over a spectrum: the packed multiply for real spectra, complex products
+// for complex ones.
+template <class C, bool Cplx>
+void conj_product(const typename FftSetup<C, Cplx>::E* x, typename FftSetup<C, Cplx>::E* y,
+                  typename FftSetup<C, Cplx>::E* acc, int64_t n, bool first) {
+    if constexpr (Cplx) {
+        for (int64_t k = 0; k < n; ++k) {
+            const double xr = x[k].re, xi = x[k].im, yr = y[k].re, yi = y[k].im;
+            const C re = static_cast<C>(xr * yr + xi * yi), im = static_cast<C>(xr * yi - xi * yr);
+            if (first) {
+                acc[k].re = re;
+                acc[k].im = im;
+            } else {
+                acc[k].re += re;
+                acc[k].im += im;
+            }
+        }
+    } else {
+        fft::mul_packed(y, x, first ? acc : y, static_cast<int>(n), fft::Layout::pack, true);
+        if (!first)
+            for (int64_t k = 0; k < n; ++k) acc[k] += y[k];
+    }
+}
+
+// r(n0 + t) for t < m into out[t] (the transform's element type), every lag within the
+// overlap. a == b with n0 = 0 (autocorrelation) transforms a single block once.
+template <class C, class Dat>
+VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n0, int64_t m,
+                   typename FftSetup<C, is_cplx<Dat>>::E* out) {
+    constexpr bool Cplx = is_cplx<Dat>;
+    using E = typename FftSetup<C, Cplx>::E;
+    const int64_t i0 = n0 + m - 1 < 0 ? -(n0 + m - 1) : 0;
+    const int64_t i1 = na < nb - n0 ? na : nb - n0;
+    const int64_t len = i1 - i0;
+    const FftSetup<C, Cplx> f(fft_length(len, m));
+    VEK_CHECK(f.status());
+    const int64_t n = f.n(), B = n - m + 1;
+    E *acc = f.block(0), *x = f.block(1), *y = f.block(2);
+    for (int64_t u0 = 0; u0 < len; u0 += B) {
+        const int64_t cnt = len - u0 < B ? len - u0 : B;
+        load_padded(a + i0 + u0, cnt, x, n);
+        f.forward(x, x);
+        if (a == b && n0 == 0 && cnt == len) { // the whole of x against itself
+            std::memcpy(static_cast<void*>(y), x, size_t(n) * sizeof(E));
+        } else {
+            load_window(b, nb, i0 + n0 + u0, cnt + m - 1, y, n);
+            f.forward(y, y);
+        }
+        conj_product<C, Cplx>(x, y, acc, n, u0 == 0);
+    }
+    f.inverse(acc, acc);
+    std::memcpy(static_cast<void*>(out), acc, size_t(m) * sizeof(E));
+    return vekStsOk;
+}
+
+// Linear convolution of l (nl values) and s (ns <= nl values) into out[0 .. nl+ns-1) (the
+// transform's type), overlap-add.
+template <class C, class Dat>
+VekStatus conv_fft(const Dat* l, int64_t nl, const Dat* s, int64_t ns, C* out) {
+    const FftSetup<C, false> f(fft_length(nl, ns));
+    VEK_CHECK(f.status());
+    const int64_t n = f.n(), B = n - ns + 1, total = nl + ns - 1;
+    C *h = f.block(0), *x = f.block(1);
+    load_padded(s, ns, h, n);
+    f.forward(h, h);
+    std::memset(static_cast<void*>(out), 0, size_t(total) * sizeof(C));
+    for (int64_t j0 = 0; j0 < nl; j0 += B) {
+        const int64_t cnt = nl - j0 < B ? nl - j0 : B;
+        load_padded(l + j0, cnt, x, n);
+        f.forward(x, x);
+        fft::mul_packed(x, h, x, static_cast<int>(n), fft::Layout::pack, false);
+        f.inverse(x, x);
+        const int64_t outs = cnt + ns - 1;
+        for (int64_t t = 0; t < outs; ++t) out[j0 + t] += x[t];
+    }
+    return vekStsOk;
+}
+
+} // namespace veks::conv
