@@ -695,9 +695,282 @@ VEK_API VekStatus veksConjFlip_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len)
 
 /* ==== Elementary functions ==================================================================== */
 
+/* The elementary functions round to nearest whatever the caller's rounding mode (each call
+ * holds round-to-nearest for its duration). Float results of Sqrt, Exp, Ln, Cubrt and Arctan are
+ * correctly rounded: each is evaluated in double and rounded once, and the arguments whose
+ * double result lies within 2^-46 of a float rounding boundary are decided by a double-double
+ * evaluation (tools/exhaustive_f32 checks all 2^32 inputs). Integer members scale by
+ * 2^-scaleFactor, round half to even and saturate, with every 32-bit scale factor accepted. */
+
+/** @name Square
+ *  @{ */
+/** pDst[n] = pSrc[n]^2 (in place: pSrcDst). Complex members square the complex number:
+ *  (a^2 - b^2, 2ab). Float results are computed in double and rounded once (the _32f product
+ *  is exact in double, so it is correctly rounded). Integer members form the exact square
+ *  (complex: both parts exactly in 64 bits), scale it by 2^-scaleFactor, round half to even and
+ *  saturate to the destination type.
+ *  Statuses, in check order: vekStsNullPointerErr (-8) for a null pointer, vekStsDataSizeErr
+ *  (-6) for len < 1; otherwise vekStsOk. */
+VEK_API VekStatus veksSqr_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksSqr_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksSqr_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksSqr_64f_I(Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksSqr_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksSqr_32fc_I(Vek32fc* pSrcDst, int len);
+VEK_API VekStatus veksSqr_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+VEK_API VekStatus veksSqr_64fc_I(Vek64fc* pSrcDst, int len);
+VEK_API VekStatus veksSqr_8u_Sfs(const Vek8u* pSrc, Vek8u* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_8u_ISfs(Vek8u* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16u_Sfs(const Vek16u* pSrc, Vek16u* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16u_ISfs(Vek16u* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqr_16sc_ISfs(Vek16sc* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Square root
+ *  @{ */
+/** pDst[n] = sqrt(pSrc[n]) (in place: pSrcDst).
+ *  - _32f, _64f: the IEEE square root (correctly rounded); sqrt(-0) = -0. A negative element
+ *    (below -0) gives NaN and the call returns vekStsSqrtNegArgWrn (3) after the whole vector;
+ *    a NaN element gives NaN without a warning.
+ *  - _32fc, _64fc: the principal square root (real part >= 0, imaginary part with the sign of
+ *    the source's), computed in double as w = sqrt((|z| + |re|)/2), then (w, im/2w) or
+ *    (|im|/2w, +-w); huge and tiny _64fc elements are scaled by an even power of 2 first, so
+ *    nothing overflows. Within a few ulps; no warning.
+ *  - Integer members: sqrt(x) * 2^-scaleFactor rounded half to even, decided exactly with
+ *    integer arithmetic for every x and scale factor, then saturated. A negative element of
+ *    _16s_Sfs or _64s_Sfs gives 0 and the call returns vekStsSqrtNegArgWrn (3). _16sc_Sfs
+ *    takes the complex principal root in double, then scales, rounds half to even and
+ *    saturates each part (no warning).
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  then vekStsSqrtNegArgWrn or vekStsOk. */
+VEK_API VekStatus veksSqrt_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksSqrt_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksSqrt_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksSqrt_64f_I(Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksSqrt_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len);
+VEK_API VekStatus veksSqrt_32fc_I(Vek32fc* pSrcDst, int len);
+VEK_API VekStatus veksSqrt_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len);
+VEK_API VekStatus veksSqrt_64fc_I(Vek64fc* pSrcDst, int len);
+VEK_API VekStatus veksSqrt_8u_Sfs(const Vek8u* pSrc, Vek8u* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_8u_ISfs(Vek8u* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16u_Sfs(const Vek16u* pSrc, Vek16u* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16u_ISfs(Vek16u* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_16sc_ISfs(Vek16sc* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksSqrt_64s_Sfs(const Vek64s* pSrc, Vek64s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Exponential
+ *  @{ */
+/** pDst[n] = e^pSrc[n] (in place: pSrcDst).
+ *  - _32f: correctly rounded for every input (round to nearest even); overflow gives +inf,
+ *    underflow rounds to the subnormals or +0; NaN gives NaN, -inf gives +0.
+ *  - _64f: evaluated in double-double to within 2^-98 relative before one final rounding, so
+ *    the result is the correctly rounded one unless e^x lies that close to a rounding boundary
+ *    (no incorrectly rounded result found on 4 10^6 random arguments); overflow +inf,
+ *    underflow to the subnormals or +0.
+ *  - _16s_Sfs, _32s_Sfs: e^x * 2^-scaleFactor rounded half to even (decided on a double-double
+ *    value) and saturated; e.g. Exp_16s_Sfs of 10 with scale factor 2 gives 5507.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk (overflow and underflow are silent). */
+VEK_API VekStatus veksExp_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksExp_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksExp_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksExp_64f_I(Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksExp_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksExp_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksExp_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksExp_32s_ISfs(Vek32s* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Natural logarithm
+ *  @{ */
+/** pDst[n] = ln(pSrc[n]) (in place: pSrcDst).
+ *  - _32f: correctly rounded for every input; _64f: within one ulp (measured maximum in the
+ *    README). ln(+inf) = +inf, ln(1) = +0, NaN gives NaN (no warning).
+ *  - A zero element (either sign) gives -inf for the float members and the type's minimum for
+ *    the integer members, and is reported as vekStsLnZeroArgWrn (7).
+ *  - A negative element gives NaN for the float members and 0 for the integer members, and is
+ *    reported as vekStsLnNegArgWrn (8). When both kinds occur in one call the negative-argument
+ *    warning is returned.
+ *  - _16s_Sfs, _32s_Sfs: ln(x) * 2^-scaleFactor rounded half to even (decided on a
+ *    double-double value) and saturated.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  then vekStsLnNegArgWrn, vekStsLnZeroArgWrn or vekStsOk, after the whole vector. */
+VEK_API VekStatus veksLn_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksLn_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksLn_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksLn_64f_I(Vek64f* pSrcDst, int len);
+VEK_API VekStatus veksLn_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksLn_16s_ISfs(Vek16s* pSrcDst, int len, int scaleFactor);
+VEK_API VekStatus veksLn_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksLn_32s_ISfs(Vek32s* pSrcDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Cube root
+ *  @{ */
+/** pDst[n] = cbrt(pSrc[n]), the real cube root (negative for negative elements).
+ *  - _32f: correctly rounded for every input; +-0, +-inf and NaN give themselves.
+ *  - _32s16s_Sfs: cbrt(x) * 2^-scaleFactor rounded half to even (decided exactly in integers),
+ *    saturated to Vek16s.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk. */
+VEK_API VekStatus veksCubrt_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksCubrt_32s16s_Sfs(const Vek32s* pSrc, Vek16s* pDst, int len, int scaleFactor);
+/** @} */
+
+/** @name Arctangent
+ *  @{ */
+/** pDst[n] = atan(pSrc[n]) in radians, in [-pi/2, pi/2] (in place: pSrcDst). _32f is
+ *  correctly rounded for every input (so +-inf give the float nearest +-pi/2, which lies just
+ *  outside the exact interval); _64f is within one ulp. NaN gives NaN.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk. */
+VEK_API VekStatus veksArctan_32f(const Vek32f* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksArctan_32f_I(Vek32f* pSrcDst, int len);
+VEK_API VekStatus veksArctan_64f(const Vek64f* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksArctan_64f_I(Vek64f* pSrcDst, int len);
+/** @} */
+
+/** @name Sum of natural logarithms
+ *  @{ */
+/** *pSum = ln(pSrc[0]) + ... + ln(pSrc[len-1]), each logarithm evaluated in double (within an
+ *  ulp) and accumulated in double, then rounded once to the result type (_32f64f reads floats
+ *  and returns a double; _16s32f reads 16-bit integers and returns a float). A zero element
+ *  contributes -inf and a negative one NaN (so the sum is -inf or NaN); they are reported as
+ *  for Ln: vekStsLnNegArgWrn (8) when a negative element occurred, else vekStsLnZeroArgWrn (7).
+ *  Statuses, in check order: vekStsNullPointerErr (-8) for a null pSrc or pSum,
+ *  vekStsDataSizeErr (-6) for len < 1; then the warnings above or vekStsOk. */
+VEK_API VekStatus veksSumLn_32f(const Vek32f* pSrc, int len, Vek32f* pSum);
+VEK_API VekStatus veksSumLn_64f(const Vek64f* pSrc, int len, Vek64f* pSum);
+VEK_API VekStatus veksSumLn_32f64f(const Vek32f* pSrc, int len, Vek64f* pSum);
+VEK_API VekStatus veksSumLn_16s32f(const Vek16s* pSrc, int len, Vek32f* pSum);
+/** @} */
+
 /* ==== end of Elementary functions */
 
 /* ==== Magnitude, phase and polar conversion =================================================== */
+
+/* Complex magnitude, phase and polar conversion, from interleaved complex vectors (_32fc,
+ * _64fc, _16sc...) or from split real and imaginary vectors (_32f, _64f, _16s...). Every member
+ * rounds to nearest whatever the caller's rounding mode. */
+
+/** @name Magnitude
+ *  @{ */
+/** pDst[n] = |re + i im| = sqrt(re^2 + im^2) of each complex element, interleaved (pSrc) or
+ *  split (pSrcRe, pSrcIm). No intermediate overflows or underflows: elements near the type's
+ *  limits give the right finite result.
+ *  - _32fc, _32f: correctly rounded (re^2 + im^2 is exact in double-double and the rounding is
+ *    decided exactly); _64fc, _64f: within one ulp. An infinite part gives +inf even with a NaN
+ *    in the other part; otherwise NaN gives NaN.
+ *  - _16sc32f: the float magnitude of integer parts, correctly rounded.
+ *  - _16sc_Sfs, _16s_Sfs, _32sc_Sfs: sqrt(re^2 + im^2) * 2^-scaleFactor rounded half to even,
+ *    decided exactly in integers, saturated to the destination type.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk. */
+VEK_API VekStatus veksMagnitude_32fc(const Vek32fc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksMagnitude_64fc(const Vek64fc* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksMagnitude_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDst,
+                                    int len);
+VEK_API VekStatus veksMagnitude_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDst,
+                                    int len);
+VEK_API VekStatus veksMagnitude_16sc_Sfs(const Vek16sc* pSrc, Vek16s* pDst, int len,
+                                         int scaleFactor);
+VEK_API VekStatus veksMagnitude_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16s* pDst,
+                                        int len, int scaleFactor);
+VEK_API VekStatus veksMagnitude_16sc32f(const Vek16sc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksMagnitude_32sc_Sfs(const Vek32sc* pSrc, Vek32s* pDst, int len,
+                                         int scaleFactor);
+/** @} */
+
+/** @name Phase
+ *  @{ */
+/** pDst[n] = the angle of re + i im in radians, in (-pi, pi] (atan2(im, re)), interleaved or
+ *  split sources. A zero imaginary part counts as +0 whatever its sign: (x, +-0) gives +0 for
+ *  x >= +0 and pi for x < 0 or x = -0. Infinite parts give the limiting angle (multiples of
+ *  pi/4); NaN gives NaN.
+ *  - _32fc, _32f, _16sc32f, _16s32f: correctly rounded (pi itself rounds to the float just
+ *    above pi); _64fc, _64f: within one ulp.
+ *  - _16sc_Sfs, _16s_Sfs: angle * 2^-scaleFactor rounded half to even (decided on a
+ *    double-double angle) and saturated; e.g. scale factor -13 gives the angle in Q13
+ *    (pi -> 25736). (0, 0) gives 0.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk. */
+VEK_API VekStatus veksPhase_32fc(const Vek32fc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksPhase_64fc(const Vek64fc* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksPhase_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDst, int len);
+VEK_API VekStatus veksPhase_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDst, int len);
+VEK_API VekStatus veksPhase_16sc_Sfs(const Vek16sc* pSrc, Vek16s* pDst, int len, int scaleFactor);
+VEK_API VekStatus veksPhase_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16s* pDst,
+                                    int len, int scaleFactor);
+VEK_API VekStatus veksPhase_16sc32f(const Vek16sc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksPhase_16s32f(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek32f* pDst,
+                                   int len);
+/** @} */
+
+/** @name Power spectrum
+ *  @{ */
+/** pDst[n] = re^2 + im^2 of each complex element, interleaved or split sources. _32fc and _32f
+ *  add the exact squares in double and round the sum to float; _64fc and _64f in double
+ *  (overflow gives +inf). _16sc32f and _16s32f round the exact integer sum to float.
+ *  _16sc_Sfs and _16s_Sfs scale the exact integer sum by 2^-scaleFactor, round half to even and
+ *  saturate.
+ *  Statuses, in check order: vekStsNullPointerErr (-8), vekStsDataSizeErr (-6) for len < 1;
+ *  otherwise vekStsOk. */
+VEK_API VekStatus veksPowerSpectr_32fc(const Vek32fc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksPowerSpectr_64fc(const Vek64fc* pSrc, Vek64f* pDst, int len);
+VEK_API VekStatus veksPowerSpectr_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDst,
+                                      int len);
+VEK_API VekStatus veksPowerSpectr_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDst,
+                                      int len);
+VEK_API VekStatus veksPowerSpectr_16sc_Sfs(const Vek16sc* pSrc, Vek16s* pDst, int len,
+                                           int scaleFactor);
+VEK_API VekStatus veksPowerSpectr_16s_Sfs(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek16s* pDst,
+                                          int len, int scaleFactor);
+VEK_API VekStatus veksPowerSpectr_16sc32f(const Vek16sc* pSrc, Vek32f* pDst, int len);
+VEK_API VekStatus veksPowerSpectr_16s32f(const Vek16s* pSrcRe, const Vek16s* pSrcIm, Vek32f* pDst,
+                                         int len);
+/** @} */
+
+/** @name Cartesian to polar
+ *  @{ */
+/** pDstMagn[n] and pDstPhase[n] = the magnitude and phase of each complex element (interleaved
+ *  pSrc or split pSrcRe, pSrcIm), exactly as Magnitude and Phase of the same type give them.
+ *  Statuses, in check order: vekStsNullPointerErr (-8) for any null pointer,
+ *  vekStsDataSizeErr (-6) for len < 1; otherwise vekStsOk. */
+VEK_API VekStatus veksCartToPolar_32fc(const Vek32fc* pSrc, Vek32f* pDstMagn, Vek32f* pDstPhase,
+                                       int len);
+VEK_API VekStatus veksCartToPolar_64fc(const Vek64fc* pSrc, Vek64f* pDstMagn, Vek64f* pDstPhase,
+                                       int len);
+VEK_API VekStatus veksCartToPolar_32f(const Vek32f* pSrcRe, const Vek32f* pSrcIm, Vek32f* pDstMagn,
+                                      Vek32f* pDstPhase, int len);
+VEK_API VekStatus veksCartToPolar_64f(const Vek64f* pSrcRe, const Vek64f* pSrcIm, Vek64f* pDstMagn,
+                                      Vek64f* pDstPhase, int len);
+/** @} */
+
+/** @name Polar to Cartesian
+ *  @{ */
+/** The complex element pSrcMagn[n] * (cos(pSrcPhase[n]) + i sin(pSrcPhase[n])), written
+ *  interleaved (pDst) or split (pDstRe, pDstIm). The phase may be any finite value: it is
+ *  reduced modulo pi/2 exactly (an infinite or NaN phase gives NaN parts). _32fc and _32f:
+ *  both parts correctly rounded, for every magnitude and phase; _64fc and _64f: within one
+ *  ulp. An infinite magnitude gives infinite parts with the signs of cos and sin.
+ *  Statuses, in check order: vekStsNullPointerErr (-8) for any null pointer,
+ *  vekStsDataSizeErr (-6) for len < 1; otherwise vekStsOk. */
+VEK_API VekStatus veksPolarToCart_32fc(const Vek32f* pSrcMagn, const Vek32f* pSrcPhase,
+                                       Vek32fc* pDst, int len);
+VEK_API VekStatus veksPolarToCart_64fc(const Vek64f* pSrcMagn, const Vek64f* pSrcPhase,
+                                       Vek64fc* pDst, int len);
+VEK_API VekStatus veksPolarToCart_32f(const Vek32f* pSrcMagn, const Vek32f* pSrcPhase,
+                                      Vek32f* pDstRe, Vek32f* pDstIm, int len);
+VEK_API VekStatus veksPolarToCart_64f(const Vek64f* pSrcMagn, const Vek64f* pSrcPhase,
+                                      Vek64f* pDstRe, Vek64f* pDstIm, int len);
+/** @} */
 
 /* ==== end of Magnitude, phase and polar conversion */
 

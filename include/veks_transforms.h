@@ -403,6 +403,167 @@ VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int
 
 /* ==== Wavelets ================================================================================ */
 
+/** @name Haar wavelet, one level
+ *  @{ */
+/** One level of the Haar transform and its inverse. Forward: `len` samples give (len+1)/2 low
+ *  and len/2 high values, low[k] = (x[2k] + x[2k+1]) / 2, high[k] = (x[2k] - x[2k+1]) / 2; an
+ *  odd last sample is paired with itself and becomes the last low value. Inverse (len = number
+ *  of output samples): x[2k] = low[k] + high[k], x[2k+1] = low[k] - high[k], and for an odd len
+ *  x[len-1] = low[len/2].
+ *  Arithmetic: _32f and _64f form 0.5*a ± 0.5*b (inverse l ± h) in double and round once, so
+ *  the inverse reconstructs to within 1.5 ulps of the larger sample of each pair; _8s halves the
+ *  exact a ± b with round-half-to-even and saturation (only (127 - (-128)) / 2 saturates),
+ *  its inverse saturates l ± h; _16s_Sfs multiplies the exact value by 2^-scaleFactor with
+ *  the library's scaling rule (round half to even, saturate): forward (a ± b) * 2^-(sf+1) and
+ *  the odd sample a * 2^-sf, inverse (l ± h) * 2^-sf and l * 2^-sf. Forward with sf = -1 keeps
+ *  the full sums and differences, and the inverse with sf = 1 then restores the input exactly
+ *  (while |a ± b| <= 32767). Every scale factor is accepted.
+ *  Checks: any pointer null -> vekStsNullPointerErr (all three are required, even when the high
+ *  band is empty); len < 1 -> vekStsDataSizeErr. Outputs must not overlap the inputs. */
+VEK_API VekStatus veksWTHaarFwd_8s(const Vek8s* pSrc, Vek8s* pDstLow, Vek8s* pDstHigh, int len);
+VEK_API VekStatus veksWTHaarFwd_16s_Sfs(const Vek16s* pSrc, Vek16s* pDstLow, Vek16s* pDstHigh,
+                                        int len, int scaleFactor);
+VEK_API VekStatus veksWTHaarFwd_32f(const Vek32f* pSrc, Vek32f* pDstLow, Vek32f* pDstHigh, int len);
+VEK_API VekStatus veksWTHaarFwd_64f(const Vek64f* pSrc, Vek64f* pDstLow, Vek64f* pDstHigh, int len);
+VEK_API VekStatus veksWTHaarInv_8s(const Vek8s* pSrcLow, const Vek8s* pSrcHigh, Vek8s* pDst,
+                                   int len);
+VEK_API VekStatus veksWTHaarInv_16s_Sfs(const Vek16s* pSrcLow, const Vek16s* pSrcHigh, Vek16s* pDst,
+                                        int len, int scaleFactor);
+VEK_API VekStatus veksWTHaarInv_32f(const Vek32f* pSrcLow, const Vek32f* pSrcHigh, Vek32f* pDst,
+                                    int len);
+VEK_API VekStatus veksWTHaarInv_64f(const Vek64f* pSrcLow, const Vek64f* pSrcHigh, Vek64f* pDst,
+                                    int len);
+/** @} */
+
+/** @name Wavelet analysis bank state types
+ *  @{ */
+/** Opaque states of the analysis bank: VeksWTFwdState_32f, _8s32f and _16s32f split float, 8-bit
+ *  or 16-bit samples into float bands. Created by veksWTFwdInitAlloc_*, released by
+ * veksWTFwdFree_*; one state per stream. */
+typedef struct VeksWTFwdState_32f VeksWTFwdState_32f;
+typedef struct VeksWTFwdState_8s32f VeksWTFwdState_8s32f;
+typedef struct VeksWTFwdState_16s32f VeksWTFwdState_16s32f;
+/** @} */
+
+/** @name Wavelet analysis filter bank
+ *  @{ */
+/** Two-channel analysis bank: filters the signal with a low-pass and a high-pass filter and keeps
+ *  every second output, continuing the stream from call to call:
+ *    low[k]  = sum over j < lenLow  of pTapsLow[j]  * x[2k + offsLow - j]
+ *    high[k] = sum over j < lenHigh of pTapsHigh[j] * x[2k + offsHigh - j]
+ *  The offset is the index of the tap that meets the even sample x[2k]: 0 .. len-1 of its filter
+ *  (0: causal, ending at x[2k]; 1: causal, ending at x[2k+1]; (len-1)/2: centred; len-1: the
+ *  correlation form sum t[len-1-m] x[2k+m]).
+ *  Lookahead and delay line: the bank holds A = max(0, offsLow-1, offsHigh-1) samples of
+ *  lookahead. The samples passed to veksWTFwd_* are x[A], x[A+1], ...; the delay line is the
+ *  dlyLen = A + max(lenLow-1-offsLow, lenHigh-1-offsHigh) samples x[A-dlyLen .. A-1] before
+ *  them, oldest first (zeros after InitAlloc). For a finite signal of even length N with periodic
+ *  extension, set the line to x[(A-dlyLen) mod N ..] (wrapping), pass x[A .. N-1] then x[0 .. A-1]:
+ *  the outputs are the sums above with indices modulo N. A stream passed from a zero line comes
+ *  out delayed by A samples.
+ *  veksWTFwd_*(pSrc, pDstLow, pDstHigh, dstLen, pState) reads 2*dstLen samples and writes dstLen
+ *  values to each band; consecutive calls give the bits of one call over the joined input,
+ *  whatever the split. Get/SetDlyLine exchange the dlyLen samples, oldest first, in the source
+ *  type (8s/16s members: integers, stored exactly); a line of length 0 is legal (nothing copied).
+ *  Arithmetic: taps are float; products are summed in double, oldest sample first, from 0.0, and
+ *  rounded once to float.
+ *  Checks: InitAlloc: ppState, pTapsLow, pTapsHigh null -> vekStsNullPointerErr; lenLow or
+ *  lenHigh < 1 -> vekStsDataSizeErr; an offset outside 0 .. len-1 -> vekStsWaveletOffsetErr;
+ *  allocation -> vekStsMemAllocErr (nothing stored through ppState on failure). Free: null -> -8,
+ *  another kind -> vekStsContextMismatchErr. Get/SetDlyLine: state or line null -> -8, kind ->
+ *  -17. WTFwd: pSrc, pDstLow, pDstHigh, pState null -> -8; dstLen < 1 -> -6; kind -> -17. The
+ *  outputs must not overlap the source. A state serves one stream at a time. */
+VEK_API VekStatus veksWTFwdInitAlloc_32f(VeksWTFwdState_32f** ppState, const Vek32f* pTapsLow,
+                                         int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                         int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTFwdInitAlloc_8s32f(VeksWTFwdState_8s32f** ppState, const Vek32f* pTapsLow,
+                                           int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                           int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTFwdInitAlloc_16s32f(VeksWTFwdState_16s32f** ppState, const Vek32f* pTapsLow,
+                                            int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                            int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTFwdFree_32f(VeksWTFwdState_32f* pState);
+VEK_API VekStatus veksWTFwdFree_8s32f(VeksWTFwdState_8s32f* pState);
+VEK_API VekStatus veksWTFwdFree_16s32f(VeksWTFwdState_16s32f* pState);
+VEK_API VekStatus veksWTFwdSetDlyLine_32f(VeksWTFwdState_32f* pState, const Vek32f* pDlyLine);
+VEK_API VekStatus veksWTFwdSetDlyLine_8s32f(VeksWTFwdState_8s32f* pState, const Vek8s* pDlyLine);
+VEK_API VekStatus veksWTFwdSetDlyLine_16s32f(VeksWTFwdState_16s32f* pState, const Vek16s* pDlyLine);
+VEK_API VekStatus veksWTFwdGetDlyLine_32f(const VeksWTFwdState_32f* pState, Vek32f* pDlyLine);
+VEK_API VekStatus veksWTFwdGetDlyLine_8s32f(const VeksWTFwdState_8s32f* pState, Vek8s* pDlyLine);
+VEK_API VekStatus veksWTFwdGetDlyLine_16s32f(const VeksWTFwdState_16s32f* pState, Vek16s* pDlyLine);
+VEK_API VekStatus veksWTFwd_32f(const Vek32f* pSrc, Vek32f* pDstLow, Vek32f* pDstHigh, int dstLen,
+                                VeksWTFwdState_32f* pState);
+VEK_API VekStatus veksWTFwd_8s32f(const Vek8s* pSrc, Vek32f* pDstLow, Vek32f* pDstHigh, int dstLen,
+                                  VeksWTFwdState_8s32f* pState);
+VEK_API VekStatus veksWTFwd_16s32f(const Vek16s* pSrc, Vek32f* pDstLow, Vek32f* pDstHigh,
+                                   int dstLen, VeksWTFwdState_16s32f* pState);
+/** @} */
+
+/** @name Wavelet synthesis bank state types
+ *  @{ */
+/** Opaque states of the synthesis bank: VeksWTInvState_32f, _32f8s and _32f16s merge float bands
+ *  into float, 8-bit or 16-bit samples. Created by veksWTInvInitAlloc_*, released by
+ * veksWTInvFree_*; one state per stream. */
+typedef struct VeksWTInvState_32f VeksWTInvState_32f;
+typedef struct VeksWTInvState_32f8s VeksWTInvState_32f8s;
+typedef struct VeksWTInvState_32f16s VeksWTInvState_32f16s;
+/** @} */
+
+/** @name Wavelet synthesis filter bank
+ *  @{ */
+/** Two-channel synthesis bank: upsamples both bands by two (band[m] at instant 2m, zeros between),
+ *  filters them and adds, continuing the stream from call to call:
+ *    y[n] = sum over j of pTapsLow[j] * uLow[n + offsLow - j] + sum over j of pTapsHigh[j] *
+ *           uHigh[n + offsHigh - j],   uLow[2m] = low[m], uLow[2m+1] = 0 (the same for high).
+ *  Offsets range over 0 .. len-1 of their filter; a high band whose values belong to the odd
+ *  instants takes an offset one below its filter's centre.
+ *  Lookahead and delay lines: the bank holds B = max(floor((offsLow+1)/2), floor((offsHigh+1)/2))
+ *  band samples of lookahead: the band samples passed are low[B], low[B+1], ... (likewise high),
+ *  and each band's delay line holds the dlyLen = B + max(floor((lenLow-1-offsLow)/2),
+ *  floor((lenHigh-1-offsHigh)/2)) samples band[B-dlyLen .. B-1] before them, oldest first (zeros
+ *  after InitAlloc). With the periodic set-up of the analysis bank the output is y[0 .. N-1].
+ *  veksWTInv_*(pSrcLow, pSrcHigh, pDst, srcLen, pState) reads srcLen samples of each band and
+ *  writes 2*srcLen output samples; consecutive calls give the bits of one call over the joined
+ *  bands. Get/SetDlyLine exchange both lines (dlyLen float samples each, oldest first).
+ *  Arithmetic: products summed in double, low band first, then high, each oldest band sample
+ *  first, from 0.0, rounded once: to float (_32f), or to 8- or 16-bit integers half away from
+ *  zero with saturation (_32f8s, _32f16s; NaN gives 0).
+ *  Checks: InitAlloc as the analysis bank (-8, -6, vekStsWaveletOffsetErr, -9). Free: null -> -8,
+ *  another kind -> -17. Get/SetDlyLine: state or either line null -> -8, kind -> -17. WTInv:
+ *  pSrcLow, pSrcHigh, pDst, pState null -> -8; srcLen < 1 -> -6; kind -> -17. The output must
+ *  not overlap the bands. A state serves one stream at a time. */
+VEK_API VekStatus veksWTInvInitAlloc_32f(VeksWTInvState_32f** ppState, const Vek32f* pTapsLow,
+                                         int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                         int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTInvInitAlloc_32f8s(VeksWTInvState_32f8s** ppState, const Vek32f* pTapsLow,
+                                           int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                           int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTInvInitAlloc_32f16s(VeksWTInvState_32f16s** ppState, const Vek32f* pTapsLow,
+                                            int lenLow, int offsLow, const Vek32f* pTapsHigh,
+                                            int lenHigh, int offsHigh);
+VEK_API VekStatus veksWTInvFree_32f(VeksWTInvState_32f* pState);
+VEK_API VekStatus veksWTInvFree_32f8s(VeksWTInvState_32f8s* pState);
+VEK_API VekStatus veksWTInvFree_32f16s(VeksWTInvState_32f16s* pState);
+VEK_API VekStatus veksWTInvSetDlyLine_32f(VeksWTInvState_32f* pState, const Vek32f* pDlyLow,
+                                          const Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInvSetDlyLine_32f8s(VeksWTInvState_32f8s* pState, const Vek32f* pDlyLow,
+                                            const Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInvSetDlyLine_32f16s(VeksWTInvState_32f16s* pState, const Vek32f* pDlyLow,
+                                             const Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInvGetDlyLine_32f(const VeksWTInvState_32f* pState, Vek32f* pDlyLow,
+                                          Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInvGetDlyLine_32f8s(const VeksWTInvState_32f8s* pState, Vek32f* pDlyLow,
+                                            Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInvGetDlyLine_32f16s(const VeksWTInvState_32f16s* pState, Vek32f* pDlyLow,
+                                             Vek32f* pDlyHigh);
+VEK_API VekStatus veksWTInv_32f(const Vek32f* pSrcLow, const Vek32f* pSrcHigh, Vek32f* pDst,
+                                int srcLen, VeksWTInvState_32f* pState);
+VEK_API VekStatus veksWTInv_32f8s(const Vek32f* pSrcLow, const Vek32f* pSrcHigh, Vek8s* pDst,
+                                  int srcLen, VeksWTInvState_32f8s* pState);
+VEK_API VekStatus veksWTInv_32f16s(const Vek32f* pSrcLow, const Vek32f* pSrcHigh, Vek16s* pDst,
+                                   int srcLen, VeksWTInvState_32f16s* pState);
+/** @} */
+
 /* ==== end of Wavelets */
 
 #ifdef __cplusplus

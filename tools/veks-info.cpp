@@ -51,9 +51,9 @@ const char* level_of(const Table& in_use, const Table& scalar_table
 #endif
 
 void print_levels() {
-    const Level best = veks::isa::best();
     std::printf("kernel level: %s\n", veks::isa::name(veks::isa::active()));
 #if VEKS_HAVE_X86_KERNELS
+    const Level best = veks::isa::best();
     struct Feature {
         const char* name;
         bool present;

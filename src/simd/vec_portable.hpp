@@ -74,6 +74,16 @@ struct Vec {
         return r;
     }
     static R zero() { return R{}; }
+    // N floats widened (double vectors), and N lanes stored as floats (rounded by the current
+    // mode).
+    static R load_float(const float* p) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = static_cast<T>(p[i]);
+        return r;
+    }
+    static void store_float(float* p, R a) {
+        for (int i = 0; i < N; ++i) p[i] = static_cast<float>(a.v[i]);
+    }
 
     // ---- lane-wise arithmetic (integers wrap) ----
     template <class F>
@@ -204,6 +214,13 @@ struct Vec {
         return a.v[0];
     }
     static T first(R a) { return a.v[0]; }
+    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, the lowest from `below`.
+    static R slide_up(R a, R below) {
+        R r;
+        r.v[0] = below.v[N - 1];
+        for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
+        return r;
+    }
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }

@@ -189,6 +189,14 @@ struct Vec<double, 2> {
     static void store_n(double* p, R a, size_t n) {
         if (n) _mm_store_sd(p, a);
     }
+    // 2 floats widened, and 2 lanes stored as floats (rounded by the current mode).
+    // (64-bit moves that accept any alignment.)
+    static R load_float(const float* p) {
+        return _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
+    }
+    static void store_float(float* p, R a) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(_mm_cvtpd_ps(a)));
+    }
     static R splat(double x) { return _mm_set1_pd(x); }
     static R zero() { return _mm_setzero_pd(); }
 
@@ -248,6 +256,7 @@ struct Vec<double, 2> {
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
 
     static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
+    static R slide_up(R a, R below) { return _mm_shuffle_pd(below, a, 1); }
     static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }
     static R conj(R a) { return _mm_xor_pd(a, odd_sign()); }

@@ -216,9 +216,19 @@ struct Vec<double, 4> {
     // current mode).
     static R from_float(__m128 a) { return _mm256_cvtps_pd(a); }
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
+    static R load_float(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a)); }
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
+    static R slide_up(R a, R below) {
+#if VEK_ISA_LEVEL >= 3
+        return _mm256_castsi256_pd(
+            _mm256_alignr_epi64(_mm256_castpd_si256(a), _mm256_castpd_si256(below), 3));
+#else
+        return _mm256_shuffle_pd(_mm256_permute2f128_pd(below, a, 0x21), a, 0x5);
+#endif
+    }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
     static R even_sign() { return _mm256_setr_pd(-0., 0., -0., 0.); }
     static R conj(R a) { return _mm256_xor_pd(a, odd_sign()); }

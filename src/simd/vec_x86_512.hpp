@@ -207,6 +207,9 @@ struct Vec<double, 8> {
 
     static R from_float(__m256 a) { return _mm512_cvtps_pd(a); }
     static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
+    // 8 floats widened, and 8 lanes stored as floats (rounded by the current mode).
+    static R load_float(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm256_storeu_ps(p, _mm512_cvtpd_ps(a)); }
     // Rounded to nearest (ties to even) whatever the caller's rounding mode.
     static __m256 to_float_nearest(R a) {
         return _mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
@@ -214,6 +217,10 @@ struct Vec<double, 8> {
     static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R slide_up(R a, R below) {
+        return _mm512_castsi512_pd(
+            _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
+    }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
     static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }

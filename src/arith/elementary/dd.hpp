@@ -72,5 +72,17 @@ inline DD mul(DD a, double b) noexcept {
     return fast_two_sum(p.hi, p.lo + a.lo * b);
 }
 
+inline DD neg(DD a) noexcept { return {-a.hi, -a.lo}; }
+inline DD sub(DD a, DD b) noexcept { return add(a, neg(b)); }
+
+// Quotient of two double-doubles, relative error below 2^-103 (b.hi not zero).
+inline DD div(DD a, DD b) noexcept {
+    const double q1 = a.hi / b.hi;
+    const DD r = sub(a, mul(b, q1));
+    const double q2 = r.hi / b.hi;
+    const DD r2 = sub(r, mul(b, q2));
+    return add(fast_two_sum(q1, q2), r2.hi / b.hi);
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks::elem
