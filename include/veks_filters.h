@@ -1239,11 +1239,12 @@ VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
  *  times the short length per transform), else the transform covers everything. AutoCorr sums
  *  directly below 600 lags, by the FFT from 600. CrossCorr computes the lags that have an
  *  overlap directly when m*min(len1,len2)/max(len1,len2) (m such lags; 64-bit product,
- *  truncated quotient) is at most 383, else by the FFT, the first vector cut into blocks of about
- *  three times m when it is much longer. The direct sums run in double precision from 0.0 in
- *  ascending index order and are rounded once; the FFT methods compute in the data's precision
- *  (32-bit float data in single precision) and differ from the direct sums by the transform's
- *  rounding, which is relative to the size of the whole correlation, not of each lag.
+ *  truncated quotient) is at most 383, else by the FFT. The FFT methods of both correlations cut
+ *  the (first) vector into blocks of at least m + 1 values, on transforms of the power of two from
+ *  2m points, when it is much longer than the m lags. The direct sums run in double precision
+ *  from 0.0 in ascending index order and are rounded once; the FFT methods compute in the data's
+ *  precision (32-bit float data in single precision) and differ from the direct sums by the
+ *  transform's rounding, which is relative to the size of the whole correlation, not of each lag.
  *  16-bit data: the direct sums are exact (64 bits); the FFT methods compute in double
  *  precision and round each sum to the nearest integer (exact unless the transform's error
  *  reaches one half, which takes inputs of full-scale samples in the tens of thousands); the

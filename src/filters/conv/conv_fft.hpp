@@ -9,7 +9,8 @@
 // into blocks of B values; block k contributes the circular correlation of x[kB .. kB+B) with
 // y[kB .. kB+B+m-1) over N >= B + m - 1 points, exact for t < m. The blocks' spectra
 // conj(X) * Y are summed and transformed back once. N is the power of two that covers the whole
-// of x in one block, or, when x is much longer than the lags, about 4m (blocks of about 3m).
+// of x in one block, or, when x is much longer than the lags, the power of two from 2m (blocks of
+// N - m + 1 values, at least m + 1).
 //
 // Convolution: overlap-add. The short vector's spectrum (N points) multiplies the spectrum of
 // each block of B = N - S + 1 values of the long one; each block's N - 1 first values are added
@@ -40,10 +41,12 @@ inline int order_of(int64_t n) {
 
 // The transform length for a correlation of `len` values of x against m lags, or a convolution
 // of a long vector of `len` values with a short one of m: one block when that is not much
-// longer than about 4m points, else blocks of about 4m points.
-inline int64_t fft_length(int64_t len, int64_t m) {
+// longer than about per*m points, else blocks of about per*m points. The transform tables are
+// made for every call and cost about as much as a few transforms of their length, so shorter
+// transforms pay even where they take more of them: correlations use per = 2, convolutions 4.
+inline int64_t fft_length(int64_t len, int64_t m, int64_t per = 4) {
     const int64_t whole = int64_t{1} << order_of(len + m - 1);
-    int64_t block = int64_t{1} << order_of(4 * m);
+    int64_t block = int64_t{1} << order_of(per * m);
     if (block < 64) block = 64;
     return block * 2 < whole ? block : whole;
 }
@@ -154,7 +157,7 @@ VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n
     const int64_t i0 = n0 + m - 1 < 0 ? -(n0 + m - 1) : 0;
     const int64_t i1 = na < nb - n0 ? na : nb - n0;
     const int64_t len = i1 - i0;
-    const FftSetup<C, Cplx> f(fft_length(len, m));
+    const FftSetup<C, Cplx> f(fft_length(len, m, 2));
     VEK_CHECK(f.status());
     const int64_t n = f.n(), B = n - m + 1;
     E *acc = f.block(0), *x = f.block(1), *y = f.block(2);
