@@ -202,6 +202,18 @@ TEST(CrossCorr, AroundTheCostEstimateAndOutsideTheOverlap) {
     all(1, 1, 0, 1);
 }
 
+// One vector passed as both sources with different lengths: the second's values beyond the
+// first's length count (estimate 1000 * 1000 / 2000 = 500: the FFT method).
+TEST(CrossCorr, OneVectorAsBothSources) {
+    vt::Rng rng(9);
+    const auto v = rvec<Vek32f>(rng, 2000, 1.0);
+    const std::vector<Vek32f> head(v.begin(), v.begin() + 1000);
+    std::vector<Vek32f> d(1000);
+    ASSERT_EQ(veksCrossCorr_32f(v.data(), 1000, v.data(), 2000, d.data(), 1000, 0), vekStsOk);
+    const long double tol = fft_allowance<Vek32f>(energy(head), energy(v), 3000);
+    for (int k = 0; k < 1000; ++k) ASSERT_TRUE(near(d[size_t(k)], corr_at(head, v, k), tol)) << k;
+}
+
 // Direct sums: the same bits on every level (lags in vector lanes and one by one). 439 lags
 // with an overlap: the estimate 439 * 257 / 300 = 376 keeps the direct method.
 TEST(CrossCorr, DirectSumsOnEveryLevel) {
@@ -309,7 +321,8 @@ TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
 
 TEST(AutoCorr, Exact16Bit) {
     vt::Rng rng(7);
-    for (auto [n, lags] : std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}})
+    for (auto [n, lags] :
+         std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}, {3000, 640}})
         for (int sf : {-1, 0, 12}) {
             const auto x = rvec<Vek16s>(rng, n, 32767);
             std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());

@@ -51,7 +51,7 @@ inline int64_t fft_length(int64_t len, int64_t m, int64_t per = 4) {
     return block * 2 < whole ? block : whole;
 }
 
-// A call's plan and buffers: the plan of N points (real or complex shape), three blocks of N
+// A call's plan and buffers: the plan of N points (real or complex shape), four blocks of N
 // values of the transform's type and the transform's work area.
 template <class C, bool Cplx>
 class FftSetup {
@@ -59,7 +59,7 @@ class FftSetup {
     using E = std::conditional_t<Cplx, fft::Cplx<C>, C>;
     explicit FftSetup(int64_t n)
         : n_(n), plan_(make_plan(n)), work_(nullptr, plan_ ? fft::work_size(*plan_) : 0),
-          blocks_(plan_ ? 3 * n : 0) {}
+          blocks_(plan_ ? 4 * n : 0) {}
     ~FftSetup() {
         if (plan_ != nullptr) obj::release(&plan_->head);
     }
@@ -147,8 +147,54 @@ void conj_product(const typename FftSetup<C, Cplx>::E* x, typename FftSetup<C, C
     }
 }
 
+// The autocorrelation of x (len values) in blocks of h = N/2 >= m values: block k's window
+// x[kh .. kh+2h) is block k plus block k+1 moved by h points, and a move by N/2 multiplies bin j
+// of a spectrum by (-1)^j, so each block is transformed once: Y_k = X_k + (-1)^j X_{k+1}.
+template <class C, bool Cplx, class Dat>
+void autocorr_blocks(const FftSetup<C, Cplx>& f, const Dat* x, int64_t len, int64_t m,
+                     typename FftSetup<C, Cplx>::E* out) {
+    using E = typename FftSetup<C, Cplx>::E;
+    const int64_t n = f.n(), h = n / 2;
+    E *acc = f.block(0), *cur = f.block(1), *nxt = f.block(2), *y = f.block(3);
+    load_padded(x, len < h ? len : h, cur, n);
+    f.forward(cur, cur);
+    for (int64_t u0 = 0; u0 < len; u0 += h) {
+        const bool more = u0 + h < len;
+        if (more) {
+            const int64_t cnt = len - u0 - h < h ? len - u0 - h : h;
+            load_padded(x + u0 + h, cnt, nxt, n);
+            f.forward(nxt, nxt);
+            if constexpr (Cplx) { // bin j at element j
+                for (int64_t e = 0; e < n; e += 2) {
+                    y[e] = E{cur[e].re + nxt[e].re, cur[e].im + nxt[e].im};
+                    y[e + 1] = E{cur[e + 1].re - nxt[e + 1].re, cur[e + 1].im - nxt[e + 1].im};
+                }
+            } else { // Pack: bin 0, then bins 1 .. N/2-1 as pairs from element 1, then bin N/2
+                y[0] = cur[0] + nxt[0];
+                int64_t e = 1;
+                for (; e + 4 <= n - 1; e += 4) {
+                    y[e] = cur[e] - nxt[e];
+                    y[e + 1] = cur[e + 1] - nxt[e + 1];
+                    y[e + 2] = cur[e + 2] + nxt[e + 2];
+                    y[e + 3] = cur[e + 3] + nxt[e + 3];
+                }
+                for (; e < n - 1; ++e) y[e] = ((e + 1) / 2) & 1 ? cur[e] - nxt[e] : cur[e] + nxt[e];
+                y[n - 1] = cur[n - 1] + nxt[n - 1];
+            }
+        } else {
+            std::memcpy(static_cast<void*>(y), cur, size_t(n) * sizeof(E));
+        }
+        conj_product<C, Cplx>(cur, y, acc, n, u0 == 0);
+        E* t = cur;
+        cur = nxt;
+        nxt = t;
+    }
+    f.inverse(acc, acc);
+    std::memcpy(static_cast<void*>(out), acc, size_t(m) * sizeof(E));
+}
+
 // r(n0 + t) for t < m into out[t] (the transform's element type), every lag within the
-// overlap. a == b with n0 = 0 (autocorrelation) transforms a single block once.
+// overlap. a == b with n0 = 0 (autocorrelation) transforms each block once.
 template <class C, class Dat>
 VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n0, int64_t m,
                    typename FftSetup<C, is_cplx<Dat>>::E* out) {
@@ -161,11 +207,16 @@ VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n
     VEK_CHECK(f.status());
     const int64_t n = f.n(), B = n - m + 1;
     E *acc = f.block(0), *x = f.block(1), *y = f.block(2);
+    const bool self = a == b && na == nb && n0 == 0; // x against itself: autocorrelation
+    if (self && B < len) {
+        autocorr_blocks<C, Cplx>(f, a, len, m, out);
+        return vekStsOk;
+    }
     for (int64_t u0 = 0; u0 < len; u0 += B) {
         const int64_t cnt = len - u0 < B ? len - u0 : B;
         load_padded(a + i0 + u0, cnt, x, n);
         f.forward(x, x);
-        if (a == b && n0 == 0 && cnt == len) { // the whole of x against itself
+        if (self && cnt == len) { // the whole of x against itself
             std::memcpy(static_cast<void*>(y), x, size_t(n) * sizeof(E));
         } else {
             load_window(b, nb, i0 + n0 + u0, cnt + m - 1, y, n);
