@@ -1236,7 +1236,10 @@ VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
  *  ascending order, its products with the longer input are added into the destination. From 150
  *  outputs it uses the real FFT (inverse divided by N) and the packed spectrum product; the long
  *  input is cut into blocks when it is much longer than the short one (overlap-add with about 4
- *  times the short length per transform), else the transform covers everything. AutoCorr sums
+ *  times the short length per transform); otherwise, when the short input has 2048 values or
+ *  more, both are cut into blocks of 1024 values on 2048-point transforms, each block transformed
+ *  once and each output block transformed back from the sum of its block products; else one
+ *  transform covers everything. AutoCorr sums
  *  directly below 600 lags, by the FFT from 600. CrossCorr computes the lags that have an
  *  overlap directly when m*min(len1,len2)/max(len1,len2) (m such lags; 64-bit product,
  *  truncated quotient) is at most 383, else by the FFT. The FFT methods of both correlations cut

@@ -1,6 +1,6 @@
 // Call frames of convolution and correlation, up- and down-sampling, the median filter and
 // pre-emphasis. The valid calls of Conv, CrossCorr and AutoCorr are large enough to take the FFT
-// method (so that its allocations fail in turn); the suite's shorter lengths take the direct one.
+// method (so that its allocations fail in turn); shorter lengths take the direct one.
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -21,11 +21,17 @@ void set_phase(conf::Call& k, int v) {
 
 const conf::Rules conv([] {
     conf::family("convolution", R"(^veksConv_)", [](conf::Contract& c) {
-        c.value("len1", 200).value("len2", 9); // 208 outputs: the FFT method
+        // Both long: the FFT method with both inputs in blocks; the suite's shorter second
+        // vectors take overlap-add, the probe the direct sums.
+        c.value("len1", 2200).value("len2", 2100);
+        c.probe("64 x 16: the direct sums", [](conf::Call& k) {
+            k.set_int("len1", 64);
+            k.set_int("len2", 16);
+        });
         c.size("pSrc1", [](const conf::Call& k) { return k.i("len1"); });
         c.size("pSrc2", [](const conf::Call& k) { return k.i("len2"); });
         c.size("pDst", [](const conf::Call& k) { return k.i("len1") + k.i("len2") - 1; });
-        c.range("len1", 1, 300).range("len2", 1, 300);
+        c.range("len1", 1, 2500).range("len2", 1, 2500);
         if (c.has("scaleFactor")) c.suite_values("scaleFactor", {0, -5, 20, INT_MIN, INT_MAX});
     });
 

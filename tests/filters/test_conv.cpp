@@ -95,8 +95,8 @@ int16_t scale16(int64_t v, int sf) {
 TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
     vt::Rng rng(1);
     const std::vector<std::pair<int, int>> sizes = {
-        {1, 1},   {1, 7},   {7, 1},   {75, 75},     {74, 76},    {100, 49},   {49, 101},
-        {75, 76}, {3, 147}, {148, 3}, {4096, 4096}, {60000, 40}, {2000, 1500}};
+        {1, 1},   {1, 7},   {7, 1},   {75, 75},     {74, 76},    {100, 49},    {49, 101},
+        {75, 76}, {3, 147}, {148, 3}, {4096, 4096}, {60000, 40}, {2000, 1500}, {3000, 5000}};
     for (auto [l1, l2] : sizes) {
         SCOPED_TRACE(std::to_string(l1) + " x " + std::to_string(l2));
         const auto a = rvec<Vek32f>(rng, l1, 1.0), b = rvec<Vek32f>(rng, l2, 1.0);
@@ -132,8 +132,8 @@ TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
 
 TEST(Conv, Exact16BitSums) {
     vt::Rng rng(2);
-    for (auto [l1, l2] :
-         std::vector<std::pair<int, int>>{{5, 9}, {75, 75}, {75, 76}, {700, 300}, {3000, 20}})
+    for (auto [l1, l2] : std::vector<std::pair<int, int>>{
+             {5, 9}, {75, 75}, {75, 76}, {700, 300}, {3000, 20}, {3000, 2500}})
         for (int sf : {-3, 0, 4, 15}) {
             const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
             const int L = l1 + l2 - 1;

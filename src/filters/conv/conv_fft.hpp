@@ -229,11 +229,53 @@ VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n
     return vekStsOk;
 }
 
+// Both inputs long (the short one from kPartitionFrom values, where overlap-add would take one
+// transform of the whole): both cut into blocks of h values, each block transformed once on
+// N = 2h points; output block j (N - 1 values from jh on) is the inverse transform of the sum of
+// the products of the blocks p of s and q of l with p + q = j.
+inline constexpr int64_t kPartitionFrom = 2048, kPartition = 1024;
+
+template <class C, class Dat>
+VekStatus conv_partitioned(const Dat* l, int64_t nl, const Dat* s, int64_t ns, C* out) {
+    const int64_t h = kPartition, n = 2 * h, total = nl + ns - 1;
+    const int64_t P = (ns + h - 1) / h, Q = (nl + h - 1) / h;
+    const FftSetup<C, false> f(n);
+    VEK_CHECK(f.status());
+    mem::Scratch<C> spectra((P + Q) * n);
+    VEK_CHECK(require(static_cast<bool>(spectra), vekStsMemAllocErr));
+    C *S = spectra.get(), *L = S + P * n, *y = f.block(0), *t = f.block(1);
+    for (int64_t p = 0; p < P; ++p) {
+        load_padded(s + p * h, ns - p * h < h ? ns - p * h : h, S + p * n, n);
+        f.forward(S + p * n, S + p * n);
+    }
+    for (int64_t q = 0; q < Q; ++q) {
+        load_padded(l + q * h, nl - q * h < h ? nl - q * h : h, L + q * n, n);
+        f.forward(L + q * n, L + q * n);
+    }
+    std::memset(static_cast<void*>(out), 0, size_t(total) * sizeof(C));
+    for (int64_t j = 0; j < P + Q - 1; ++j) {
+        const int64_t p0 = j - Q + 1 > 0 ? j - Q + 1 : 0, p1 = j < P - 1 ? j : P - 1;
+        for (int64_t p = p0; p <= p1; ++p) {
+            fft::mul_packed(L + (j - p) * n, S + p * n, p == p0 ? y : t, static_cast<int>(n),
+                            fft::Layout::pack, false);
+            if (p != p0)
+                for (int64_t k = 0; k < n; ++k) y[k] += t[k];
+        }
+        f.inverse(y, y);
+        const int64_t outs = total - j * h < n - 1 ? total - j * h : n - 1;
+        for (int64_t k = 0; k < outs; ++k) out[j * h + k] += y[k];
+    }
+    return vekStsOk;
+}
+
 // Linear convolution of l (nl values) and s (ns <= nl values) into out[0 .. nl+ns-1) (the
-// transform's type), overlap-add.
+// transform's type): overlap-add, or both inputs in blocks when both are long.
 template <class C, class Dat>
 VekStatus conv_fft(const Dat* l, int64_t nl, const Dat* s, int64_t ns, C* out) {
-    const FftSetup<C, false> f(fft_length(nl, ns));
+    const int64_t len = fft_length(nl, ns);
+    if (ns >= kPartitionFrom && len == int64_t{1} << order_of(nl + ns - 1))
+        return conv_partitioned(l, nl, s, ns, out);
+    const FftSetup<C, false> f(len);
     VEK_CHECK(f.status());
     const int64_t n = f.n(), B = n - ns + 1, total = nl + ns - 1;
     C *h = f.block(0), *x = f.block(1);
