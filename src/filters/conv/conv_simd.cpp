@@ -71,7 +71,7 @@ void corr_pass(const T* a, int64_t na, const T* b, int64_t nb, int64_t n0, doubl
     for (int r = 0; r < R; ++r) acc[r] = V::load(s + r * W);
     for (int64_t i = clo; i < chi; ++i) {
         const V::R x = V::splat(double(a[i]));
-        const T* y = b + i + n0;
+        const T* y = b + (i + n0);
         for (int r = 0; r < R; ++r) acc[r] = madd<T>(x, load_d(y + r * W), acc[r]);
     }
     for (int r = 0; r < R; ++r) V::store(s + r * W, acc[r]);
