@@ -508,6 +508,222 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 
 /* ==== FIR multi-rate ========================================================================== */
 
+/** @page fir_mr_rules FIR filters: multi-rate
+ *  Rational-rate filtering: the input is up-sampled by upFactor (input m stands at high-rate time
+ *  upPhase + m*upFactor, zeros elsewhere), filtered at the high rate with h[0 .. tapsLen-1] and
+ *  down-sampled by downFactor (output k is the high-rate sample at downPhase + k*downFactor). One
+ *  iteration reads downFactor inputs and writes upFactor outputs; numIters counts iterations.
+ *  Output k sums h[p + j*upFactor] * x[m - j] over the taps of its phase p, j ascending (newest
+ *  sample first), from 0.0 in double precision, and rounds once as the single-rate filters do
+ *  (@ref fir_rules, @ref fir_int_rules: integer taps sum exactly modulo 2^32). The state and
+ *  direct forms give the same values on every processor; phases without taps (tapsLen <
+ *  upFactor) give 0.
+ *  The delay line holds dlyLen = (tapsLen + upFactor - 1) / upFactor input samples, newest first
+ *  (element 0 is the latest input), both as the direct forms' pDlyLine and as what InitAlloc,
+ *  GetDlyLine and SetDlyLine exchange for a multi-rate state; SetDlyLine's null line means zeros.
+ *  A multi-rate state runs through the single-rate entry points veksFIR<T>_<D>, veksFIRGetTaps,
+ *  veksFIRGetDlyLine, veksFIRSetDlyLine and veksFIRFree of its member; veksFIROne refuses it
+ *  (vekStsContextMismatchErr). Block calls continue the stream: two calls of one iteration give
+ *  the outputs of one call of two. The in-place forms read numIters*downFactor inputs from the
+ *  buffer and write numIters*upFactor outputs over it, so the buffer holds
+ *  numIters*max(upFactor, downFactor) elements; the inputs are first copied to a temporary block
+ *  (allocation failure: vekStsMemAllocErr, nothing written). */
+
+/** @name FIR multi-rate states
+ *  @{ */
+/** Creates a multi-rate state (@ref fir_mr_rules): *ppState = a state with a copy of the tapsLen
+ *  taps (natural order), the factors and phases, and the optional delay line pDlyLine (dlyLen
+ *  samples, newest first; null: zeros). The 32s/32sc members take integer taps and their
+ *  tapsFactor, normalised as the single-rate integer states; the 16s32f/16sc32fc members convert
+ *  floating-point taps first (@ref fir_int_rules). With upFactor = downFactor = 1 the state made
+ *  is the single-rate state of the member (the same taps and line). The state holds its
+ *  polyphase tables (about tapsLen + upFactor entries and a working block of the size of a few
+ *  thousand samples); above 2^24 output positions (or a working block above 2^22 values) it
+ *  keeps none and computes each output on its own, with the same values.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (ppState or the taps null),
+ *  vekStsFirIterationsErr (tapsLen < 1), vekStsMrFactorErr (upFactor < 1 or downFactor < 1),
+ *  vekStsMrPhaseErr (upPhase outside 0 .. upFactor-1 or downPhase outside 0 .. downFactor-1),
+ *  vekStsMemAllocErr (allocation failure: everything allocated is released and a null state is
+ *  stored through ppState; no other failure stores anything), else vekStsOk. */
+VEK_API VekStatus veksFIRMRInitAlloc_32f(VeksFIRState_32f** ppState, const Vek32f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_32fc(VeksFIRState_32fc** ppState, const Vek32fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_64f(VeksFIRState_64f** ppState, const Vek64f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, const Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc_64fc(VeksFIRState_64fc** ppState, const Vek64fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_16s(VeksFIRState64f_16s** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_32f(VeksFIRState64f_32f** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64f_32s(VeksFIRState64f_32s** ppState, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek32s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_16sc(VeksFIRState64fc_16sc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_32fc(VeksFIRState64fc_32fc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc64fc_32sc(VeksFIRState64fc_32sc** ppState, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek32sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32f_16s(VeksFIRState32f_16s** ppState, const Vek32f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32fc_16sc(VeksFIRState32fc_16sc** ppState, const Vek32fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32s_16s(VeksFIRState32s_16s** ppState, const Vek32s* pTaps,
+                                            int tapsLen, int tapsFactor, int upFactor, int upPhase,
+                                            int downFactor, int downPhase, const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32s_16s32f(VeksFIRState32s_16s** ppState,
+                                               const Vek32f* pTaps32f, int tapsLen, int upFactor,
+                                               int upPhase, int downFactor, int downPhase,
+                                               const Vek16s* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32sc_16sc(VeksFIRState32sc_16sc** ppState, const Vek32sc* pTaps,
+                                              int tapsLen, int tapsFactor, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              const Vek16sc* pDlyLine);
+VEK_API VekStatus veksFIRMRInitAlloc32sc_16sc32fc(VeksFIRState32sc_16sc** ppState,
+                                                  const Vek32fc* pTaps32fc, int tapsLen,
+                                                  int upFactor, int upPhase, int downFactor,
+                                                  int downPhase, const Vek16sc* pDlyLine);
+/** @} */
+
+/** @name FIR multi-rate direct forms
+ *  @{ */
+/** Stateless multi-rate filtering (@ref fir_mr_rules) with the caller's taps and delay line
+ *  (dlyLen samples, newest first, updated): numIters iterations read numIters*downFactor
+ *  samples of pSrc and write numIters*upFactor outputs to pDst (in-place forms: over pSrcDst).
+ *  Integer data (_Sfs) round as the single-rate filters; the 32s/32sc members take integer taps
+ *  with their tapsFactor and normalise them on every call (a temporary copy above 256 taps). The
+ *  call builds its polyphase tables for itself (in temporary memory beyond a few kilobytes), or
+ *  computes each output on its own when they would be too large (same values).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a vector null), vekStsDataSizeErr
+ *  (numIters < 1), vekStsNullPointerErr (pTaps null), vekStsFirIterationsErr (tapsLen < 1),
+ *  vekStsMrFactorErr, vekStsMrPhaseErr, vekStsNullPointerErr (pDlyLine null), vekStsMemAllocErr
+ *  (the temporary tables, the in-place copy of the inputs or the integer taps' copy; nothing
+ *  written), else vekStsOk. */
+VEK_API VekStatus veksFIRMR_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                       const Vek32f* pTaps, int tapsLen, int upFactor, int upPhase,
+                                       int downFactor, int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek32f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                        const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                        int upPhase, int downFactor, int downPhase,
+                                        Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek32fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64f(const Vek64f* pSrc, Vek64f* pDst, int numIters,
+                                       const Vek64f* pTaps, int tapsLen, int upFactor, int upPhase,
+                                       int downFactor, int downPhase, Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64f_I(Vek64f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                         int tapsLen, int upFactor, int upPhase, int downFactor,
+                                         int downPhase, Vek64f* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int numIters,
+                                        const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                        int upPhase, int downFactor, int downPhase,
+                                        Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMR_Direct_64fc_I(Vek64fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                          int tapsLen, int upFactor, int upPhase, int downFactor,
+                                          int downPhase, Vek64fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32f(const Vek32f* pSrc, Vek32f* pDst, int numIters,
+                                          const Vek64f* pTaps, int tapsLen, int upFactor,
+                                          int upPhase, int downFactor, int downPhase,
+                                          Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32f_I(Vek32f* pSrcDst, int numIters, const Vek64f* pTaps,
+                                            int tapsLen, int upFactor, int upPhase, int downFactor,
+                                            int downPhase, Vek32f* pDlyLine);
+VEK_API VekStatus veksFIRMR64f_Direct_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int numIters,
+                                              const Vek64f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek32s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_32s_ISfs(Vek32s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek32s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek64f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek64f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek16s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int numIters,
+                                            const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                            int upPhase, int downFactor, int downPhase,
+                                            Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64fc_Direct_32fc_I(Vek32fc* pSrcDst, int numIters, const Vek64fc* pTaps,
+                                              int tapsLen, int upFactor, int upPhase,
+                                              int downFactor, int downPhase, Vek32fc* pDlyLine);
+VEK_API VekStatus veksFIRMR64fc_Direct_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int numIters,
+                                                const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek32sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_32sc_ISfs(Vek32sc* pSrcDst, int numIters,
+                                                 const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek32sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR64fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek64fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32f_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek32f* pTaps, int tapsLen, int upFactor,
+                                              int upPhase, int downFactor, int downPhase,
+                                              Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32f_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32f* pTaps,
+                                               int tapsLen, int upFactor, int upPhase,
+                                               int downFactor, int downPhase, Vek16s* pDlyLine,
+                                               int scaleFactor);
+VEK_API VekStatus veksFIRMR32fc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                                int upPhase, int downFactor, int downPhase,
+                                                Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32fc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek32fc* pTaps, int tapsLen, int upFactor,
+                                                 int upPhase, int downFactor, int downPhase,
+                                                 Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32s_Direct_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int numIters,
+                                              const Vek32s* pTaps, int tapsLen, int tapsFactor,
+                                              int upFactor, int upPhase, int downFactor,
+                                              int downPhase, Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32s_Direct_16s_ISfs(Vek16s* pSrcDst, int numIters, const Vek32s* pTaps,
+                                               int tapsLen, int tapsFactor, int upFactor,
+                                               int upPhase, int downFactor, int downPhase,
+                                               Vek16s* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32sc_Direct_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int numIters,
+                                                const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                int upFactor, int upPhase, int downFactor,
+                                                int downPhase, Vek16sc* pDlyLine, int scaleFactor);
+VEK_API VekStatus veksFIRMR32sc_Direct_16sc_ISfs(Vek16sc* pSrcDst, int numIters,
+                                                 const Vek32sc* pTaps, int tapsLen, int tapsFactor,
+                                                 int upFactor, int upPhase, int downFactor,
+                                                 int downPhase, Vek16sc* pDlyLine, int scaleFactor);
+/** @} */
+
 /* ==== end of FIR multi-rate */
 
 /* ==== IIR ===================================================================================== */
@@ -1011,9 +1227,201 @@ VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
 
 /* ==== Convolution and correlation ============================================================= */
 
+/** @page conv_rules Convolution and correlation: methods and rounding
+ *  Definitions: conv[n] = sum over i of src1[i]*src2[n-i]; r(n) = sum over i of src1[i]*src2[i+n]
+ *  (complex: conj(src1[i])*src2[i+n]); a(k) = sum over i of x[i]*x[i+k] (complex: conj(x[i])*
+ *  x[i+k]), each over the indices inside both vectors.
+ *  Methods. Conv sums directly below 150 outputs (len1+len2-1), with single-precision products
+ *  and running sums: for each element of the shorter input (the second on equal lengths), in
+ *  ascending order, its products with the longer input are added into the destination. From 150
+ *  outputs it uses the real FFT (inverse divided by N) and the packed spectrum product; the long
+ *  input is cut into blocks when it is much longer than the short one (overlap-add with about 4
+ *  times the short length per transform); otherwise, when the short input has 2048 values or
+ *  more, both are cut into blocks of 1024 values on 2048-point transforms, each block transformed
+ *  once and each output block transformed back from the sum of its block products; else one
+ *  transform covers everything. AutoCorr sums
+ *  directly below 600 lags, by the FFT from 600. CrossCorr computes the lags that have an
+ *  overlap directly when m*min(len1,len2)/max(len1,len2) (m such lags; 64-bit product,
+ *  truncated quotient) is at most 383, else by the FFT. The FFT methods of both correlations cut
+ *  the (first) vector into blocks of at least m + 1 values, on transforms of the power of two from
+ *  2m points, when it is much longer than the m lags. The direct sums run in double precision
+ *  from 0.0 in ascending index order and are rounded once; the FFT methods compute in the data's
+ *  precision (32-bit float data in single precision) and differ from the direct sums by the
+ *  transform's rounding, which is relative to the size of the whole correlation, not of each lag.
+ *  16-bit data: the direct sums are exact (64 bits); the FFT methods compute in double
+ *  precision and round each sum to the nearest integer (exact unless the transform's error
+ *  reaches one half, which takes inputs of full-scale samples in the tens of thousands); the
+ *  result is then scaled by 2^-scaleFactor with rounding half to even and saturated, the rule
+ *  of the element-wise arithmetic.
+ *  The FFT methods allocate their transform tables and buffers for the call and release them
+ *  before returning (failure: vekStsMemAllocErr, nothing written). The destination must not
+ *  overlap the sources. */
+
+/** @name Linear convolution
+ *  @{ */
+/** pDst[0 .. len1+len2-2] = the linear convolution of pSrc1 (len1 values) and pSrc2 (len2
+ *  values); methods and rounding in @ref conv_rules.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a pointer null), vekStsDataSizeErr (len1 < 1 or
+ *  len2 < 1), vekStsMemAllocErr (the FFT method's tables or buffers), else vekStsOk. */
+VEK_API VekStatus veksConv_32f(const Vek32f* pSrc1, int len1, const Vek32f* pSrc2, int len2,
+                               Vek32f* pDst);
+VEK_API VekStatus veksConv_16s_Sfs(const Vek16s* pSrc1, int len1, const Vek16s* pSrc2, int len2,
+                                   Vek16s* pDst, int scaleFactor);
+/** @} */
+
+/** @name Cross-correlation
+ *  @{ */
+/** pDst[k] = r(lowLag + k) for k < dstLen (@ref conv_rules). Lags below 1 - len1 and from len2 on
+ *  have no overlap and give 0; when no lag has an overlap the call only writes zeros.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a pointer null), vekStsDataSizeErr (len1, len2
+ *  or dstLen < 1), vekStsMemAllocErr (the FFT method), else vekStsOk. */
+VEK_API VekStatus veksCrossCorr_32f(const Vek32f* pSrc1, int len1, const Vek32f* pSrc2, int len2,
+                                    Vek32f* pDst, int dstLen, int lowLag);
+VEK_API VekStatus veksCrossCorr_64f(const Vek64f* pSrc1, int len1, const Vek64f* pSrc2, int len2,
+                                    Vek64f* pDst, int dstLen, int lowLag);
+VEK_API VekStatus veksCrossCorr_32fc(const Vek32fc* pSrc1, int len1, const Vek32fc* pSrc2, int len2,
+                                     Vek32fc* pDst, int dstLen, int lowLag);
+VEK_API VekStatus veksCrossCorr_64fc(const Vek64fc* pSrc1, int len1, const Vek64fc* pSrc2, int len2,
+                                     Vek64fc* pDst, int dstLen, int lowLag);
+VEK_API VekStatus veksCrossCorr_16s_Sfs(const Vek16s* pSrc1, int len1, const Vek16s* pSrc2,
+                                        int len2, Vek16s* pDst, int dstLen, int lowLag,
+                                        int scaleFactor);
+/** @} */
+
+/** @name Autocorrelation
+ *  @{ */
+/** pDst[k] = a(k) for k < min(srcLen, dstLen) (@ref conv_rules), and 0 for the lags from srcLen
+ *  on. NormA divides every lag by srcLen (as a multiplication by 1/srcLen computed in double),
+ *  NormB lag k by srcLen - k (the number of its products); the normalisation is applied to the
+ *  double-precision sum (direct method) or to the transform's value (FFT method) and the result
+ *  rounded once to the destination (16-bit: the quotient times 2^-scaleFactor, computed in double
+ *  precision from the exact sum and rounded half to even).
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a pointer null), vekStsDataSizeErr (srcLen < 1 or
+ *  dstLen < 1), vekStsMemAllocErr (the FFT method), else vekStsOk. */
+VEK_API VekStatus veksAutoCorr_32f(const Vek32f* pSrc, int srcLen, Vek32f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_64f(const Vek64f* pSrc, int srcLen, Vek64f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_32fc(const Vek32fc* pSrc, int srcLen, Vek32fc* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_64fc(const Vek64fc* pSrc, int srcLen, Vek64fc* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_16s_Sfs(const Vek16s* pSrc, int srcLen, Vek16s* pDst, int dstLen,
+                                       int scaleFactor);
+VEK_API VekStatus veksAutoCorr_NormA_32f(const Vek32f* pSrc, int srcLen, Vek32f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_NormA_64f(const Vek64f* pSrc, int srcLen, Vek64f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_NormA_32fc(const Vek32fc* pSrc, int srcLen, Vek32fc* pDst,
+                                          int dstLen);
+VEK_API VekStatus veksAutoCorr_NormA_64fc(const Vek64fc* pSrc, int srcLen, Vek64fc* pDst,
+                                          int dstLen);
+VEK_API VekStatus veksAutoCorr_NormA_16s_Sfs(const Vek16s* pSrc, int srcLen, Vek16s* pDst,
+                                             int dstLen, int scaleFactor);
+VEK_API VekStatus veksAutoCorr_NormB_32f(const Vek32f* pSrc, int srcLen, Vek32f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_NormB_64f(const Vek64f* pSrc, int srcLen, Vek64f* pDst, int dstLen);
+VEK_API VekStatus veksAutoCorr_NormB_32fc(const Vek32fc* pSrc, int srcLen, Vek32fc* pDst,
+                                          int dstLen);
+VEK_API VekStatus veksAutoCorr_NormB_64fc(const Vek64fc* pSrc, int srcLen, Vek64fc* pDst,
+                                          int dstLen);
+VEK_API VekStatus veksAutoCorr_NormB_16s_Sfs(const Vek16s* pSrc, int srcLen, Vek16s* pDst,
+                                             int dstLen, int scaleFactor);
+/** @} */
+
+/** @name Cyclic convolution of 8 and 4 points
+ *  @{ */
+/** pDst[k] = sum over j of pX[j]*pH[(k-j) mod N] for N = 8 (8x8) or 4 (4x4), j ascending. Float
+ *  sums run in double precision and are rounded once; the 4x4 form writes the real result as
+ *  complex values with zero imaginary parts. The 16-bit form sums in 32 bits with wrap-around, then
+ *  shifts right arithmetically by min(scaleFactor, 31) (toward minus infinity) for a positive
+ *  scale factor, left for a negative one, and saturates to 16 bits. The destination may be one of
+ *  the sources.
+ *
+ *  Statuses: vekStsNullPointerErr (a pointer null: these fixed-size forms have no other check),
+ *  else vekStsOk. */
+VEK_API VekStatus veksConvCyclic8x8_32f(const Vek32f* pX, const Vek32f* pH, Vek32f* pDst);
+VEK_API VekStatus veksConvCyclic8x8_16s_Sfs(const Vek16s* pX, const Vek16s* pH, Vek16s* pDst,
+                                            int scaleFactor);
+VEK_API VekStatus veksConvCyclic4x4_32f32fc(const Vek32f* pX, const Vek32f* pH, Vek32fc* pDst);
+/** @} */
+
 /* ==== end of Convolution and correlation */
 
 /* ==== Resampling and small filters ============================================================ */
+
+/** @name Up- and down-sampling by an integer factor
+ *  @{ */
+/** SampleUp writes factor*srcLen outputs: pDst[i*factor + *pPhase] = pSrc[i] and zeros elsewhere
+ *  (factor 1: a copy); *pDstLen receives the count, the phase is not changed. SampleDown copies
+ *  pSrc[*pPhase], pSrc[*pPhase + factor], ... below srcLen (factor 1: a copy), stores their count
+ *  in *pDstLen and sets *pPhase to the index of the next sample it would take minus srcLen, so
+ *  that the next call continues the same sampling grid.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSrc, pDst, pDstLen or pPhase null),
+ *  vekStsDataSizeErr (srcLen < 1), vekStsSampleFactorErr (factor < 1), vekStsSamplePhaseErr
+ *  (*pPhase < 0 or *pPhase >= factor), vekStsDataSizeErr (SampleUp: factor*srcLen above INT_MAX,
+ *  a count *pDstLen cannot hold), else vekStsOk. */
+VEK_API VekStatus veksSampleUp_32f(const Vek32f* pSrc, int srcLen, Vek32f* pDst, int* pDstLen,
+                                   int factor, int* pPhase);
+VEK_API VekStatus veksSampleUp_32fc(const Vek32fc* pSrc, int srcLen, Vek32fc* pDst, int* pDstLen,
+                                    int factor, int* pPhase);
+VEK_API VekStatus veksSampleUp_64f(const Vek64f* pSrc, int srcLen, Vek64f* pDst, int* pDstLen,
+                                   int factor, int* pPhase);
+VEK_API VekStatus veksSampleUp_64fc(const Vek64fc* pSrc, int srcLen, Vek64fc* pDst, int* pDstLen,
+                                    int factor, int* pPhase);
+VEK_API VekStatus veksSampleUp_16s(const Vek16s* pSrc, int srcLen, Vek16s* pDst, int* pDstLen,
+                                   int factor, int* pPhase);
+VEK_API VekStatus veksSampleUp_16sc(const Vek16sc* pSrc, int srcLen, Vek16sc* pDst, int* pDstLen,
+                                    int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_32f(const Vek32f* pSrc, int srcLen, Vek32f* pDst, int* pDstLen,
+                                     int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_32fc(const Vek32fc* pSrc, int srcLen, Vek32fc* pDst, int* pDstLen,
+                                      int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_64f(const Vek64f* pSrc, int srcLen, Vek64f* pDst, int* pDstLen,
+                                     int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_64fc(const Vek64fc* pSrc, int srcLen, Vek64fc* pDst, int* pDstLen,
+                                      int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_16s(const Vek16s* pSrc, int srcLen, Vek16s* pDst, int* pDstLen,
+                                     int factor, int* pPhase);
+VEK_API VekStatus veksSampleDown_16sc(const Vek16sc* pSrc, int srcLen, Vek16sc* pDst, int* pDstLen,
+                                      int factor, int* pPhase);
+/** @} */
+
+/** @name Median filter
+ *  @{ */
+/** pDst[i] = the median of the maskSize samples centred on pSrc[i]; the signal is extended by
+ *  copies of its first sample on the left and of its last sample on the right. An even maskSize
+ *  is reduced by one and the call returns vekStsEvenMedianMaskWrn after filtering. A mask of 1
+ *  (or 2), or len < 3, copies the input. The _I forms filter in place; the out-of-place forms
+ *  leave pSrc unchanged. Masks 3 to 9 use selection networks; larger masks keep a sorted window
+ *  (temporary memory of twice the mask, at most 4*len + 2 samples: masks beyond 2*len + 1 give
+ *  the same outputs as 2*len + 1), whose cost per sample grows with the logarithm of the mask
+ *  and the rank distance between the sample that leaves and the one that enters. Integer and
+ *  NaN-free floating-point data give the exact median; a window holding NaN gives one of its
+ *  values.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (a pointer null), vekStsDataSizeErr (len < 1 or
+ *  maskSize < 1), vekStsMemAllocErr (the sorted window, masks above 9), else
+ *  vekStsEvenMedianMaskWrn (even maskSize) or vekStsOk. */
+VEK_API VekStatus veksFilterMedian_32f(const Vek32f* pSrc, Vek32f* pDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_64f(const Vek64f* pSrc, Vek64f* pDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_16s(const Vek16s* pSrc, Vek16s* pDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_8u(const Vek8u* pSrc, Vek8u* pDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_32f_I(Vek32f* pSrcDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_64f_I(Vek64f* pSrcDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_16s_I(Vek16s* pSrcDst, int len, int maskSize);
+VEK_API VekStatus veksFilterMedian_8u_I(Vek8u* pSrcDst, int len, int maskSize);
+/** @} */
+
+/** @name Pre-emphasis
+ *  @{ */
+/** In place: y[0] = x[0] and y[n] = x[n] - val*x[n-1] for n >= 1, each computed in double
+ *  precision from the original samples; 32-bit outputs are rounded once, 16-bit outputs rounded
+ *  half away from zero and saturated to -32768 .. 32767 (NaN gives 0). No history is kept: the
+ *  first sample of every call passes unchanged.
+ *
+ *  Statuses in check order: vekStsNullPointerErr (pSrcDst null), vekStsDataSizeErr (len < 1), else
+ *  vekStsOk. */
+VEK_API VekStatus veksPreemphasize_32f(Vek32f* pSrcDst, int len, Vek32f val);
+VEK_API VekStatus veksPreemphasize_16s(Vek16s* pSrcDst, int len, Vek32f val);
+/** @} */
 
 /* ==== end of Resampling and small filters */
 

@@ -1,6 +1,9 @@
 // Call frames of the single-rate FIR filters: states (with their kinds), block and single-sample
-// filtering, direct forms. Knob of the states: tapsLen (40 taps and more take the FFT path of
+// filtering, direct forms; the multi-rate states (rules_firmr.cpp) through the shared entry
+// points. Knob of the states: tapsLen (40 taps and more take the FFT path of
 // the floating-point members).
+#include <algorithm>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -48,6 +51,30 @@ void add_fir_int_kind(const char* name, const char* type,
                     [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
 }
 
+// Multi-rate states (kinds FIRMR*, rules_firmr.cpp) read numIters*down samples, write
+// numIters*up and keep (tapsLen + up - 1) / up in their line; the knobs give their factors.
+bool multi_rate(const conf::Call& k) {
+    const conf::Kind* kd = k.kind_of("pState");
+    return kd != nullptr && kd->name.starts_with("FIRMR");
+}
+int64_t up_of(const conf::Call& k) { return multi_rate(k) ? k.n("upFactor", 3) : 1; }
+int64_t down_of(const conf::Call& k) { return multi_rate(k) ? k.n("downFactor", 2) : 1; }
+void rate_knobs(conf::Contract& c) {
+    c.knob("upFactor", 1, 6, 3, {1, 2, 5});
+    c.knob("downFactor", 1, 6, 2, {1, 3});
+}
+
+// The struct name of the pState parameter ("const VeksFIRState_32f*" gives VeksFIRState_32f).
+std::string state_type(const conf::Contract& c) {
+    std::stringstream ss(c.exp.texts[size_t(c.exp.index("pState"))]);
+    std::string name;
+    for (std::string w; ss >> w;) {
+        std::erase(w, '*');
+        if (!w.empty() && w != "const") name = w;
+    }
+    return name;
+}
+
 // The state kind an InitAlloc makes: the 16s32f / 16sc32fc forms make the integer-taps state.
 std::string int_kind(const std::string& n) {
     if (n.ends_with("16s32f")) return n.substr(0, n.size() - 3);
@@ -77,24 +104,26 @@ const conf::Rules filters([] {
     add_fir_int_kind("FIR32sc_16sc", "VeksFIRState32sc_16sc", veksFIRInitAlloc32sc_16sc,
                      veksFIRFree32sc_16sc);
 
-    conf::family("FIR states",
-                 R"(^veksFIR(InitAlloc|Free|GetTaps|GetDlyLine|SetDlyLine))"
-                 R"((32f|32fc|32s|32sc|64f|64fc)?_)",
-                 [](conf::Contract& c) {
-                     c.knob("tapsLen", 1, 80, 5, {1, 40});
-                     c.size("pTaps pTaps32f pTaps32fc pDlyLine",
-                            [](const conf::Call& k) { return k.n("tapsLen"); });
-                     if (c.is("^veksFIRInitAlloc")) {
-                         const std::string n =
-                             c.exp.name.substr(std::string("veksFIRInitAlloc").size());
-                         c.creates("ppState", "FIR" + int_kind(n));
-                         c.length("tapsLen", 1, vekStsFirIterationsErr);
-                         c.suite_values("tapsLen", {1, 2, 31, 32, 40, 67, 300});
-                         c.nullable("pDlyLine");
-                     }
-                     if (c.is("^veksFIRSetDlyLine")) c.nullable("pDlyLine");
-                     if (c.is("^veksFIRFree")) c.frees("pState");
-                 });
+    conf::family(
+        "FIR states",
+        R"(^veksFIR(InitAlloc|Free|GetTaps|GetDlyLine|SetDlyLine))"
+        R"((32f|32fc|32s|32sc|64f|64fc)?_)",
+        [](conf::Contract& c) {
+            c.knob("tapsLen", 1, 80, 5, {1, 40});
+            rate_knobs(c);
+            c.size("pTaps pTaps32f pTaps32fc", [](const conf::Call& k) { return k.n("tapsLen"); });
+            c.size("pDlyLine",
+                   [](const conf::Call& k) { return (k.n("tapsLen") + up_of(k) - 1) / up_of(k); });
+            if (c.is("^veksFIRInitAlloc")) {
+                const std::string n = c.exp.name.substr(std::string("veksFIRInitAlloc").size());
+                c.creates("ppState", "FIR" + int_kind(n));
+                c.length("tapsLen", 1, vekStsFirIterationsErr);
+                c.suite_values("tapsLen", {1, 2, 31, 32, 40, 67, 300});
+                c.nullable("pDlyLine");
+            }
+            if (c.is("^veksFIRSetDlyLine")) c.nullable("pDlyLine");
+            if (c.is("^veksFIRFree")) c.frees("pState");
+        });
 
     conf::family(
         "FIR filtering", R"(^veksFIR(One)?(32f|32fc|32s|32sc|64f|64fc)?_)", [](conf::Contract& c) {
@@ -114,18 +143,21 @@ const conf::Rules filters([] {
                              c.lengths("tapsLen"), c.nulls()});
                 return;
             }
-            // State forms: the state, its kind, then the vectors and the length.
+            // State forms: the state, its kind, then the vectors and the length. The block forms
+            // take multi-rate states too, the single-sample forms single-rate states only.
             c.knob("tapsLen", 1, 80, 5, {1, 40});
+            rate_knobs(c);
             if (c.has("numIters")) c.suite_values("numIters", {1, 2, 3, 67, 300});
-            // The block forms also take the member's multi-rate states (kinds named FIRMR...);
-            // the single-sample forms refuse them.
-            if (!c.has("numIters")) {
-                std::string type = c.exp.texts[c.exp.index("pState")];
-                type = type.substr(type.rfind("const ", 0) == 0 ? 6 : 0);
-                type = type.substr(0, type.find('*'));
+            c.size("pSrc", [](const conf::Call& k) { return k.i("numIters") * down_of(k); });
+            c.size("pDst", [](const conf::Call& k) { return k.i("numIters") * up_of(k); });
+            c.size("pSrcDst", [](const conf::Call& k) {
+                return k.i("numIters") * std::max(up_of(k), down_of(k));
+            });
+            if (c.is("^veksFIROne")) {
                 std::vector<std::string> single;
                 for (const conf::Kind& k : conf::kinds())
-                    if (k.type == type && k.name.rfind("FIRMR", 0) != 0) single.push_back(k.name);
+                    if (!k.name.starts_with("FIRMR") && k.type == state_type(c))
+                        single.push_back(k.name);
                 c.accepts("pState", single);
             }
             c.order({c.nulls("pState"), c.kinds("pState"), c.nulls(), c.lengths()});

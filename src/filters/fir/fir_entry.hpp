@@ -3,7 +3,9 @@
 // is one line: `return fir::block(pSrc, pDst, numIters, pState, 0);`.
 //
 // Check order of the state forms: the state (null, kind), then the vectors, then the length;
-// InitAlloc: ppState and pTaps, then tapsLen (vekStsFirIterationsErr). Direct forms: vectors,
+// InitAlloc: ppState and pTaps, then tapsLen (vekStsFirIterationsErr). Block filtering, GetTaps,
+// GetDlyLine, SetDlyLine and Free serve multi-rate states too (fir_mr_run.hpp), the
+// single-sample forms single-rate states only. Direct forms: vectors,
 // length, taps, taps length, line and index.
 #pragma once
 
@@ -15,6 +17,7 @@
 #include "core/kinds.hpp"
 #include "core/object.hpp"
 #include "filters/fir/fir_fft.hpp"
+#include "filters/fir/fir_mr_run.hpp"
 #include "filters/fir/fir_state.hpp"
 #include "veks_filters.h"
 
@@ -57,11 +60,19 @@ template <class Handle>
 using DatOf = typename M<Handle>::Dat;
 
 // Opens a caller's state for an operation of this member: the typed record, or
-// vekStsNullPointerErr / vekStsContextMismatchErr. Only single-rate states exist so far (see
-// fir_multirate.hpp for how the multi-rate kind joins here).
+// vekStsNullPointerErr / vekStsContextMismatchErr. open_state accepts both kinds (single- and
+// multi-rate, fir_multirate.hpp), open_single the single-rate kind alone.
 template <class Handle>
 auto open_state(Handle* pState) {
+    return obj::open<typename M<Handle>::Rec>(pState, M<Handle>::ids.single, M<Handle>::ids.multi);
+}
+template <class Handle>
+auto open_single(Handle* pState) {
     return obj::open<typename M<Handle>::Rec>(pState, M<Handle>::ids.single);
+}
+template <class Rec>
+bool is_multi_rate(const Rec& s, kind::Pair ids) {
+    return s.head.id == ids.multi;
 }
 
 // ---- state forms ----------------------------------------------------------------------------
@@ -77,7 +88,7 @@ VekStatus init_alloc(Handle** ppState, const TapOf<Handle>* pTaps, int tapsLen,
 
 template <class Handle>
 VekStatus free_state(Handle* pState) {
-    return obj::free<typename M<Handle>::Rec>(pState, M<Handle>::ids.single);
+    return obj::free<typename M<Handle>::Rec>(pState, M<Handle>::ids.single, M<Handle>::ids.multi);
 }
 
 // GetTaps: tapsLen taps in natural order.
@@ -91,23 +102,37 @@ VekStatus get_taps(const Handle* pState, TapOf<Handle>* pTaps) {
     return vekStsOk;
 }
 
-// GetDlyLine: the last tapsLen inputs, newest first.
+// GetDlyLine: the last tapsLen inputs (multi-rate: dlyLen), newest first.
 template <class Handle>
 VekStatus get_dly(const Handle* pState, DatOf<Handle>* pDlyLine) {
     VEK_CHECK(non_null(pState, pDlyLine));
     const auto s = open_state(pState);
     VEK_CHECK(s.status());
+    if (is_multi_rate(*s, M<Handle>::ids)) {
+        std::memcpy(static_cast<void*>(pDlyLine), s->dly,
+                    size_t(s->rate.dlyLen) * sizeof(DatOf<Handle>));
+        return vekStsOk;
+    }
     const int T = s->tapsLen;
     const auto* buf = s->dly + s->index;
     for (int i = 0; i < T; ++i) pDlyLine[i] = buf[T - 1 - i];
     return vekStsOk;
 }
 
-// SetDlyLine: a line newest first (null: zeros); the position restarts at 0.
+// SetDlyLine: a line newest first (null: zeros); the position restarts at 0. A multi-rate
+// state takes dlyLen samples and has no position.
 template <class Handle>
 VekStatus set_dly(Handle* pState, const DatOf<Handle>* pDlyLine) {
     const auto s = open_state(pState);
     VEK_CHECK(s.status());
+    if (is_multi_rate(*s, M<Handle>::ids)) {
+        const size_t bytes = size_t(s->rate.dlyLen) * sizeof(DatOf<Handle>);
+        if (pDlyLine == nullptr)
+            std::memset(static_cast<void*>(s->dly), 0, bytes);
+        else
+            std::memcpy(static_cast<void*>(s->dly), pDlyLine, bytes);
+        return vekStsOk;
+    }
     const int T = s->tapsLen;
     s->index = 0;
     if (pDlyLine == nullptr)
@@ -132,6 +157,7 @@ VekStatus block(const DatOf<Handle>* pSrc, DatOf<Handle>* pDst, int numIters, Ha
     VEK_CHECK(non_null(pSrc, pDst));
     VEK_CHECK(length_at_least(numIters));
     const int param = output_param(*s, scaleFactor);
+    if (is_multi_rate(*s, M<Handle>::ids)) return mr_block(*s, pSrc, pDst, numIters, param);
     if (pSrc != pDst) {
         if constexpr (has_fft_path<Tap>)
             if (s->fftLen >= 1 && s->fftLen < numIters)
@@ -151,7 +177,7 @@ VekStatus block(const DatOf<Handle>* pSrc, DatOf<Handle>* pDst, int numIters, Ha
 // One sample: FIROne (source by value) and its in-place form (*pSrcDstVal in and out).
 template <class Handle>
 VekStatus one(DatOf<Handle> src, DatOf<Handle>* pDstVal, Handle* pState, int scaleFactor) {
-    const auto s = open_state(pState);
+    const auto s = open_single(pState);
     VEK_CHECK(s.status());
     VEK_CHECK(non_null(pDstVal));
     run_one(*s, src, pDstVal, output_param(*s, scaleFactor));
@@ -159,7 +185,7 @@ VekStatus one(DatOf<Handle> src, DatOf<Handle>* pDstVal, Handle* pState, int sca
 }
 template <class Handle>
 VekStatus one_i(DatOf<Handle>* pSrcDstVal, Handle* pState, int scaleFactor) {
-    const auto s = open_state(pState);
+    const auto s = open_single(pState);
     VEK_CHECK(s.status());
     VEK_CHECK(non_null(pSrcDstVal));
     run_one(*s, *pSrcDstVal, pSrcDstVal, output_param(*s, scaleFactor));

@@ -8,49 +8,20 @@
 // saturated to 16 bits. The direct forms normalise the caller's taps in the same way on every
 // call, so a direct and a state filter with the same taps give the same outputs. Free,
 // GetDlyLine, SetDlyLine and the filtering forms are the templates of fir_entry.hpp.
-#include <climits>
 #include <cmath>
 
 #include "filters/fir/fir_entry.hpp"
-#include "simd/numeric.hpp"
+#include "filters/fir/fir_int.hpp"
 #include "veks_filters.h"
 
 using namespace veks;
+using fir::add_sat;
 using fir::DatOf;
+using fir::net_shift;
+using fir::normalise;
 using fir::TapOf;
 
 namespace {
-
-inline uint32_t magnitude(int32_t v) {
-    return v < 0 ? 0u - static_cast<uint32_t>(v) : static_cast<uint32_t>(v);
-}
-inline uint32_t mag_of(const Vek32s& v) { return magnitude(v); }
-inline uint32_t mag_of(const Vek32sc& v) {
-    const uint32_t a = magnitude(v.re), b = magnitude(v.im);
-    return a > b ? a : b;
-}
-inline Vek32s shifted(Vek32s v, int s) { return v >> s; }
-inline Vek32sc shifted(Vek32sc v, int s) { return Vek32sc{v.re >> s, v.im >> s}; }
-
-// Normalises T taps into `out` and returns the shift.
-template <class Tap>
-int normalise(const Tap* h, int T, Tap* out) {
-    uint32_t m = 0;
-    for (int i = 0; i < T; ++i)
-        if (mag_of(h[i]) > m) m = mag_of(h[i]);
-    int s = 0;
-    while (m > 32766) {
-        m >>= 1;
-        ++s;
-    }
-    for (int i = 0; i < T; ++i) out[i] = shifted(h[i], s);
-    return s;
-}
-
-inline int32_t add_sat(int64_t a, int64_t b) {
-    const int64_t v = a + b;
-    return static_cast<int32_t>(v < INT32_MIN ? INT32_MIN : v > INT32_MAX ? INT32_MAX : v);
-}
 
 // A state from checked integer taps: normalised in a temporary copy, then built with the
 // effective factor.
@@ -72,22 +43,6 @@ VekStatus init_int(Handle** ppState, const TapOf<Handle>* pTaps, int tapsLen, in
     return create_int(ppState, pTaps, tapsLen, tapsFactor, pDlyLine);
 }
 
-// Floating-point taps to integer taps and a factor: scaled by a power of two so that the
-// largest magnitude m lands in [32767/2, 32767] (or halved down to at most 32767), each
-// rounded half away from zero. All-zero taps take factor 0; NaN taps become 0.
-inline double fmag(const Vek32f& v) { return std::fabs(double(v)); }
-inline double fmag(const Vek32fc& v) {
-    const double a = std::fabs(double(v.re)), b = std::fabs(double(v.im));
-    return a > b ? a : b;
-}
-inline Vek32s conv(const Vek32f& v, double sc) {
-    return num::round_away_saturate<Vek32s>(double(v) * sc);
-}
-inline Vek32sc conv(const Vek32fc& v, double sc) {
-    return Vek32sc{num::round_away_saturate<Vek32s>(double(v.re) * sc),
-                   num::round_away_saturate<Vek32s>(double(v.im) * sc)};
-}
-
 template <class Handle, class TapF>
 VekStatus init_from_float(Handle** ppState, const TapF* pTaps, int tapsLen,
                           const DatOf<Handle>* pDlyLine) {
@@ -97,27 +52,7 @@ VekStatus init_from_float(Handle** ppState, const TapF* pTaps, int tapsLen,
     // The converted taps' block first: taps beyond the heap are refused before they are read.
     mem::Scratch<TapOf<Handle>> converted(T);
     VEK_CHECK(require(static_cast<bool>(converted), vekStsMemAllocErr));
-    double m = 0.0;
-    for (int i = 0; i < T; ++i)
-        if (fmag(pTaps[i]) > m) m = fmag(pTaps[i]);
-    double scale = 1.0;
-    int factor = 0;
-    if (m <= 32767.0) {
-        int p = 0;
-        if (m > 0.0)
-            while (std::ldexp(2.0 * m, p) < 32767.0) ++p;
-        scale = std::ldexp(1.0, p);
-        factor = -p;
-    } else {
-        int q = 0;
-        while (m > 32767.0 && q < 2100) {
-            m *= 0.5;
-            ++q;
-        }
-        scale = std::ldexp(1.0, -q);
-        factor = q;
-    }
-    for (int i = 0; i < T; ++i) converted.get()[i] = conv(pTaps[i], scale);
+    const int factor = fir::float_taps_to_int(pTaps, T, converted.get());
     return create_int(ppState, static_cast<const TapOf<Handle>*>(converted.get()), T, factor,
                       pDlyLine);
 }
@@ -149,11 +84,6 @@ VekStatus get_taps_float(const Handle* pState, TapF* pTaps) {
     const int T = s->tapsLen;
     for (int i = 0; i < T; ++i) pTaps[i] = scaled_tap(s->taps[T - 1 - i], s->tapsFactor);
     return vekStsOk;
-}
-
-inline int net_shift(int64_t factor, int scaleFactor) {
-    const int64_t sh = factor - scaleFactor;
-    return static_cast<int>(sh < -31 ? -31 : sh > 31 ? 31 : sh);
 }
 
 // Direct forms: the caller's taps normalised for the call, then the direct filter.

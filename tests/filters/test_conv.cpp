@@ -1,0 +1,388 @@
+// Convolution and correlation: the direct methods against their arithmetic written out (single-
+// precision running sums for Conv, double sums rounded once for the correlations), every method
+// against a long-double reference around each switch (150 outputs, 600 lags, the cost estimate
+// 383), the blocked FFT paths, the lags without overlap, the normalisations, exact 16-bit
+// results with the scale factor rule, the cyclic forms, and every kernel level.
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <tuple>
+
+#include "testutil.hpp"
+
+namespace {
+
+using cld = std::complex<long double>;
+
+template <class T>
+constexpr bool is_cplx = std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
+
+template <class T>
+cld to_c(const T& v) {
+    if constexpr (is_cplx<T>)
+        return cld(v.re, v.im);
+    else
+        return cld(static_cast<long double>(v), 0.0L);
+}
+
+template <class T>
+std::vector<T> rvec(vt::Rng& r, int n, double amp) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) {
+        if constexpr (is_cplx<T>)
+            x = T{static_cast<decltype(T{}.re)>(r.uniform(-amp, amp)),
+                  static_cast<decltype(T{}.re)>(r.uniform(-amp, amp))};
+        else if constexpr (std::is_floating_point_v<T>)
+            x = static_cast<T>(r.uniform(-amp, amp));
+        else
+            x = static_cast<T>(r.range(int64_t(-amp), int64_t(amp)));
+    }
+    return v;
+}
+
+// r(n) = sum a[i]*b[i+n] (conjugating a) over the overlap, in long double.
+template <class T>
+cld corr_at(const std::vector<T>& a, const std::vector<T>& b, int64_t n) {
+    cld s{};
+    for (int64_t i = 0; i < int64_t(a.size()); ++i)
+        if (i + n >= 0 && i + n < int64_t(b.size()))
+            s += std::conj(to_c(a[size_t(i)])) * to_c(b[size_t(i + n)]);
+    return s;
+}
+
+long double energy(const auto& v) {
+    long double e = 0;
+    for (const auto& x : v) e += std::norm(to_c(x));
+    return std::sqrt(e);
+}
+
+// got within the FFT method's error (relative to |a| |b|) or, for the direct method, within the
+// final rounding of a double sum.
+template <class T>
+::testing::AssertionResult near(const T& got, cld want, long double fft_scale) {
+    const long double eps =
+        std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc> ? 0x1p-24L : 0x1p-53L;
+    const cld g = to_c(got);
+    const long double tol = eps * std::abs(want) + 0x1p-45L * std::abs(want) + fft_scale + 1e-30L;
+    if (std::abs(g.real() - want.real()) <= tol && std::abs(g.imag() - want.imag()) <= tol)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << "got (" << double(g.real()) << ", " << double(g.imag()) << ") want ("
+           << double(want.real()) << ", " << double(want.imag()) << ")";
+}
+
+// The FFT method's error allowance: 16 log2(N) eps |a| |b|.
+template <class T>
+long double fft_allowance(long double na, long double nb, int64_t len) {
+    const long double eps =
+        std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc> ? 0x1p-24L : 0x1p-53L;
+    return 16 * std::log2(static_cast<long double>(len) + 2) * eps * na * nb;
+}
+
+// The scale factor rule: v * 2^-sf rounded half to even, saturated to 16 bits.
+int16_t scale16(int64_t v, int sf) {
+    long double x = std::ldexp(static_cast<long double>(v), -sf);
+    long double f = std::floor(x);
+    if (x - f > 0.5L || (x - f == 0.5L && std::fmod(f, 2.0L) != 0)) f += 1;
+    return static_cast<int16_t>(std::clamp<long double>(f, -32768, 32767));
+}
+
+// ---- Conv
+// ----------------------------------------------------------------------------------------
+
+// Below 150 outputs: the single-precision running sums, the shorter input (the second on equal
+// lengths) driving; from 150 the FFT within its error; on every level.
+TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
+    vt::Rng rng(1);
+    const std::vector<std::pair<int, int>> sizes = {
+        {1, 1},   {1, 7},   {7, 1},   {75, 75},     {74, 76},    {100, 49},    {49, 101},
+        {75, 76}, {3, 147}, {148, 3}, {4096, 4096}, {60000, 40}, {2000, 1500}, {3000, 5000}};
+    for (auto [l1, l2] : sizes) {
+        SCOPED_TRACE(std::to_string(l1) + " x " + std::to_string(l2));
+        const auto a = rvec<Vek32f>(rng, l1, 1.0), b = rvec<Vek32f>(rng, l2, 1.0);
+        const int L = l1 + l2 - 1;
+        std::vector<float> want(static_cast<size_t>(L), 0.0f);
+        if (L < 150) {
+            const auto& s = l1 < l2 ? a : b;
+            const auto& g = l1 < l2 ? b : a;
+            for (size_t i = 0; i < s.size(); ++i)
+                for (size_t j = 0; j < g.size(); ++j) {
+                    const float p = g[j] * s[i];
+                    want[i + j] = want[i + j] + p;
+                }
+        }
+        const long double tol = fft_allowance<Vek32f>(energy(a), energy(b), L);
+        vt::for_each_level([&](auto) {
+            vt::Buf<Vek32f> d(L, 4);
+            ASSERT_EQ(veksConv_32f(a.data(), l1, b.data(), l2, d.data()), vekStsOk);
+            ASSERT_TRUE(d.guards_intact());
+            if (L < 150) { // the direct sums: the same bits on every level
+                ASSERT_TRUE(vt::bits_equal(d.vec(), want));
+                return;
+            }
+            for (int n = 0; n < L; n += (L > 3000 ? 7 : 1)) {
+                cld w{};
+                for (int i = std::max(0, n - l2 + 1); i <= std::min(n, l1 - 1); ++i)
+                    w += to_c(a[size_t(i)]) * to_c(b[size_t(n - i)]);
+                ASSERT_TRUE(near(d[n], w, tol)) << "output " << n;
+            }
+        });
+    }
+}
+
+TEST(Conv, Exact16BitSums) {
+    vt::Rng rng(2);
+    for (auto [l1, l2] : std::vector<std::pair<int, int>>{
+             {5, 9}, {75, 75}, {75, 76}, {700, 300}, {3000, 20}, {3000, 2500}})
+        for (int sf : {-3, 0, 4, 15}) {
+            const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
+            const int L = l1 + l2 - 1;
+            std::vector<Vek16s> d(static_cast<size_t>(L)), want(static_cast<size_t>(L));
+            ASSERT_EQ(veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf), vekStsOk);
+            for (int n = 0; n < L; ++n) {
+                int64_t s = 0;
+                for (int i = std::max(0, n - l2 + 1); i <= std::min(n, l1 - 1); ++i)
+                    s += int64_t(a[size_t(i)]) * b[size_t(n - i)];
+                want[size_t(n)] = scale16(s, sf);
+            }
+            ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
+        }
+}
+
+// ---- CrossCorr
+// -----------------------------------------------------------------------------------
+
+template <class T>
+void cross_case(vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
+    SCOPED_TRACE(std::to_string(l1) + " x " + std::to_string(l2) + " lags " +
+                 std::to_string(lowLag) + " + " + std::to_string(dstLen));
+    const auto a = rvec<T>(rng, l1, 1.0), b = rvec<T>(rng, l2, 1.0);
+    vt::Buf<T> d(dstLen, alignof(T), T{});
+    VekStatus st;
+    if constexpr (std::is_same_v<T, Vek32f>)
+        st = veksCrossCorr_32f(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
+    else if constexpr (std::is_same_v<T, Vek64f>)
+        st = veksCrossCorr_64f(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
+    else if constexpr (std::is_same_v<T, Vek32fc>)
+        st = veksCrossCorr_32fc(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
+    else
+        st = veksCrossCorr_64fc(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
+    ASSERT_EQ(st, vekStsOk);
+    ASSERT_TRUE(d.guards_intact());
+    const long double tol = fft_allowance<T>(energy(a), energy(b), 2 * (l1 + l2));
+    for (int k = 0; k < dstLen; ++k) {
+        const int64_t n = int64_t(lowLag) + k;
+        if (n < 1 - l1 || n >= l2) {
+            ASSERT_TRUE(vt::same_bits(d[k], T{})) << "lag " << n << " has no overlap";
+            continue;
+        }
+        ASSERT_TRUE(near(d[k], corr_at(a, b, n), tol)) << "lag " << n;
+    }
+}
+
+// Around the cost estimate (m * min / max: 383 direct, 384 FFT), lags wholly outside the
+// overlap, leading and trailing zeros, every member.
+TEST(CrossCorr, AroundTheCostEstimateAndOutsideTheOverlap) {
+    vt::Rng rng(3);
+    auto all = [&](int l1, int l2, int low, int n) {
+        cross_case<Vek32f>(rng, l1, l2, low, n);
+        cross_case<Vek64f>(rng, l1, l2, low, n);
+        cross_case<Vek32fc>(rng, l1, l2, low, n);
+        cross_case<Vek64fc>(rng, l1, l2, low, n);
+    };
+    all(1000, 1000, -200, 383); // estimate 383: direct
+    all(1000, 1000, -200, 384); // 384: FFT
+    all(500, 1000, -100, 766);  // 766 * 500 / 1000 = 383
+    all(500, 1000, -100, 768);  // 384
+    all(40, 5000, -10, 3000);   // a long second vector, the FFT in blocks
+    all(5000, 40, -4990, 5000); // a long first vector
+    all(10, 20, -40, 80);       // zeros on both sides
+    all(10, 20, -100, 50);      // every lag below 1 - len1: all zeros
+    all(10, 20, 20, 5);         // every lag from len2 on
+    all(1, 1, 0, 1);
+}
+
+// One vector passed as both sources with different lengths: the second's values beyond the
+// first's length count (estimate 1000 * 1000 / 2000 = 500: the FFT method).
+TEST(CrossCorr, OneVectorAsBothSources) {
+    vt::Rng rng(9);
+    const auto v = rvec<Vek32f>(rng, 2000, 1.0);
+    const std::vector<Vek32f> head(v.begin(), v.begin() + 1000);
+    std::vector<Vek32f> d(1000);
+    ASSERT_EQ(veksCrossCorr_32f(v.data(), 1000, v.data(), 2000, d.data(), 1000, 0), vekStsOk);
+    const long double tol = fft_allowance<Vek32f>(energy(head), energy(v), 3000);
+    for (int k = 0; k < 1000; ++k) ASSERT_TRUE(near(d[size_t(k)], corr_at(head, v, k), tol)) << k;
+}
+
+// Direct sums: the same bits on every level (lags in vector lanes and one by one). 439 lags
+// with an overlap: the estimate 439 * 257 / 300 = 376 keeps the direct method.
+TEST(CrossCorr, DirectSumsOnEveryLevel) {
+    vt::Rng rng(4);
+    const auto a = rvec<Vek32f>(rng, 300, 1.0), b = rvec<Vek32f>(rng, 257, 1.0);
+    std::vector<Vek32f> first;
+    vt::for_each_level([&](auto) {
+        std::vector<Vek32f> d(450);
+        ASSERT_EQ(veksCrossCorr_32f(a.data(), 300, b.data(), 257, d.data(), 450, -310), vekStsOk);
+        if (first.empty()) first = d;
+        ASSERT_TRUE(vt::bits_equal(d, first));
+    });
+    for (int k = 0; k < 450; ++k) { // a double sum in ascending index, rounded once
+        const int n = k - 310;
+        double s = 0.0;
+        for (int i = 0; i < 300; ++i)
+            if (i + n >= 0 && i + n < 257) s = s + double(a[size_t(i)]) * double(b[size_t(i + n)]);
+        ASSERT_EQ(first[size_t(k)], static_cast<float>(s)) << "lag " << n;
+    }
+}
+
+TEST(CrossCorr, Exact16Bit) {
+    vt::Rng rng(5);
+    for (auto [l1, l2, low, n] : std::vector<std::tuple<int, int, int, int>>{
+             {30, 50, -40, 100}, {1000, 1000, -300, 383}, {1000, 1000, -300, 600}})
+        for (int sf : {-2, 0, 9}) {
+            const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
+            std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
+            ASSERT_EQ(veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
+                      vekStsOk);
+            for (int k = 0; k < n; ++k) {
+                int64_t s = 0;
+                for (int i = 0; i < l1; ++i)
+                    if (i + low + k >= 0 && i + low + k < l2)
+                        s += int64_t(a[size_t(i)]) * b[size_t(i + low + k)];
+                want[size_t(k)] = scale16(s, sf);
+            }
+            ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
+        }
+}
+
+// ---- AutoCorr
+// ------------------------------------------------------------------------------------
+
+enum class Nm { plain, a, b };
+
+template <class T>
+VekStatus autocorr(Nm nm, const T* x, int n, T* d, int dn) {
+    if constexpr (std::is_same_v<T, Vek32f>)
+        return nm == Nm::plain ? veksAutoCorr_32f(x, n, d, dn)
+               : nm == Nm::a   ? veksAutoCorr_NormA_32f(x, n, d, dn)
+                               : veksAutoCorr_NormB_32f(x, n, d, dn);
+    else if constexpr (std::is_same_v<T, Vek64f>)
+        return nm == Nm::plain ? veksAutoCorr_64f(x, n, d, dn)
+               : nm == Nm::a   ? veksAutoCorr_NormA_64f(x, n, d, dn)
+                               : veksAutoCorr_NormB_64f(x, n, d, dn);
+    else if constexpr (std::is_same_v<T, Vek32fc>)
+        return nm == Nm::plain ? veksAutoCorr_32fc(x, n, d, dn)
+               : nm == Nm::a   ? veksAutoCorr_NormA_32fc(x, n, d, dn)
+                               : veksAutoCorr_NormB_32fc(x, n, d, dn);
+    else
+        return nm == Nm::plain ? veksAutoCorr_64fc(x, n, d, dn)
+               : nm == Nm::a   ? veksAutoCorr_NormA_64fc(x, n, d, dn)
+                               : veksAutoCorr_NormB_64fc(x, n, d, dn);
+}
+
+template <class T>
+void auto_case(vt::Rng& rng, int srcLen, int dstLen) {
+    SCOPED_TRACE(std::to_string(srcLen) + " samples, " + std::to_string(dstLen) + " lags");
+    const auto x = rvec<T>(rng, srcLen, 1.0);
+    const long double e = energy(x), tol = fft_allowance<T>(e, e, 2 * srcLen);
+    for (Nm nm : {Nm::plain, Nm::a, Nm::b}) {
+        vt::Buf<T> d(dstLen, alignof(T), T{});
+        ASSERT_EQ(autocorr(nm, x.data(), srcLen, d.data(), dstLen), vekStsOk);
+        ASSERT_TRUE(d.guards_intact());
+        for (int k = 0; k < dstLen; ++k) {
+            if (k >= srcLen) {
+                ASSERT_TRUE(vt::same_bits(d[k], T{})) << "lag " << k;
+                continue;
+            }
+            const long double div = nm == Nm::plain ? 1 : nm == Nm::a ? srcLen : srcLen - k;
+            ASSERT_TRUE(near(d[k], corr_at(x, x, k) / div, tol / div)) << "lag " << k;
+        }
+    }
+}
+
+// Around 600 lags (direct below, FFT from 600), lags from srcLen on, both normalisations (NormB's
+// last lag divided by 1), every member.
+TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
+    vt::Rng rng(6);
+    for (auto [n, lags] : std::vector<std::pair<int, int>>{{1, 1},
+                                                           {1, 4},
+                                                           {700, 599},
+                                                           {700, 600},
+                                                           {599, 700},
+                                                           {600, 900},
+                                                           {4096, 1024},
+                                                           {20000, 650}}) {
+        auto_case<Vek32f>(rng, n, lags);
+        auto_case<Vek64f>(rng, n, lags);
+        auto_case<Vek32fc>(rng, n, lags);
+        auto_case<Vek64fc>(rng, n, lags);
+    }
+}
+
+TEST(AutoCorr, Exact16Bit) {
+    vt::Rng rng(7);
+    for (auto [n, lags] :
+         std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}, {3000, 640}})
+        for (int sf : {-1, 0, 12}) {
+            const auto x = rvec<Vek16s>(rng, n, 32767);
+            std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());
+            ASSERT_EQ(veksAutoCorr_16s_Sfs(x.data(), n, p.data(), lags, sf), vekStsOk);
+            ASSERT_EQ(veksAutoCorr_NormA_16s_Sfs(x.data(), n, a.data(), lags, sf), vekStsOk);
+            ASSERT_EQ(veksAutoCorr_NormB_16s_Sfs(x.data(), n, b.data(), lags, sf), vekStsOk);
+            for (int k = 0; k < lags; ++k) {
+                int64_t s = 0;
+                for (int i = 0; i + k < n; ++i) s += int64_t(x[size_t(i)]) * x[size_t(i + k)];
+                ASSERT_EQ(p[size_t(k)], k < n ? scale16(s, sf) : 0) << "lag " << k;
+                // The quotients in long double (exact here) rounded half to even.
+                auto q = [&](long double d) {
+                    long double v = std::ldexp(static_cast<long double>(s) / d, -sf),
+                                f = std::floor(v);
+                    if (v - f > 0.5L || (v - f == 0.5L && std::fmod(f, 2.0L) != 0)) f += 1;
+                    return static_cast<int16_t>(std::clamp<long double>(f, -32768, 32767));
+                };
+                ASSERT_EQ(a[size_t(k)], k < n ? q(n) : 0) << "NormA lag " << k;
+                ASSERT_EQ(b[size_t(k)], k < n ? q(n - k) : 0) << "NormB lag " << k;
+            }
+        }
+}
+
+// ---- cyclic
+// --------------------------------------------------------------------------------------
+
+TEST(ConvCyclic, EightAndFourPoints) {
+    vt::Rng rng(8);
+    const auto x = rvec<Vek32f>(rng, 8, 10.0), h = rvec<Vek32f>(rng, 8, 10.0);
+    Vek32f d[8];
+    Vek32fc c[4];
+    ASSERT_EQ(veksConvCyclic8x8_32f(x.data(), h.data(), d), vekStsOk);
+    ASSERT_EQ(veksConvCyclic4x4_32f32fc(x.data(), h.data(), c), vekStsOk);
+    for (int k = 0; k < 8; ++k) {
+        double s = 0.0;
+        for (int j = 0; j < 8; ++j)
+            s = s + double(x[size_t(j)]) * double(h[size_t((k - j + 8) % 8)]);
+        EXPECT_EQ(d[k], static_cast<float>(s));
+    }
+    for (int k = 0; k < 4; ++k) {
+        double s = 0.0;
+        for (int j = 0; j < 4; ++j)
+            s = s + double(x[size_t(j)]) * double(h[size_t((k - j + 4) % 4)]);
+        EXPECT_EQ(c[k].re, static_cast<float>(s));
+        EXPECT_EQ(c[k].im, 0.0f);
+    }
+    // 16 bits: wrapping 32-bit sums, shifts toward minus infinity, saturation.
+    const Vek16s xs[8] = {-32768, -32768, -32768, -32768, -32768, -32768, -32768, -32768};
+    const Vek16s hs[8] = {-32768, 1, 2, 3, -4, 5, -7, 100};
+    for (int sf : {-3, 0, 1, 5, 40}) {
+        Vek16s ds[8];
+        ASSERT_EQ(veksConvCyclic8x8_16s_Sfs(xs, hs, ds, sf), vekStsOk);
+        for (int k = 0; k < 8; ++k) {
+            uint32_t s = 0;
+            for (int j = 0; j < 8; ++j) s += uint32_t(int32_t(xs[j]) * hs[(k - j + 8) % 8]);
+            int64_t v = int32_t(s);
+            v = sf >= 0 ? (v >> std::min(sf, 31)) : v * (int64_t{1} << -sf);
+            EXPECT_EQ(ds[k], std::clamp<int64_t>(v, -32768, 32767)) << "sf " << sf << " k " << k;
+        }
+    }
+}
+
+} // namespace

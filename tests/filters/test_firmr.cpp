@@ -1,0 +1,455 @@
+// Multi-rate FIR filters: every member against a plain high-rate reference (zero-stuffed input,
+// filtered in long double, or exactly in integers for integer taps, then picked), for
+// interpolators, decimators and rational factors with every phase pair, taps shorter than,
+// equal to and longer than the up-sampling factor; state and direct forms giving the same bits on
+// every kernel level; streams carried across calls; the in-place buffer rule; equal factors of 1.
+#include <algorithm>
+
+#include "fir_members.hpp"
+#include "test_fir_util.hpp"
+
+namespace {
+
+using ft::cld;
+
+// ---- members --------------------------------------------------------------------------------
+
+// A multi-rate member: its single-rate sibling (state type and the shared entry points), its
+// InitAlloc and its two direct forms.
+template <class Base, auto Init, auto Dir, auto DirI>
+struct Mr : Base {
+    using Tap = typename Base::Tap;
+    using Dat = typename Base::Dat;
+    using St = typename Base::St;
+    static constexpr bool int_taps = std::is_same_v<Tap, Vek32s> || std::is_same_v<Tap, Vek32sc>;
+
+    // InitAlloc (integer taps with a taps factor of `tf`).
+    static VekStatus init(St** st, const Tap* h, int T, int U, int up, int D, int dp,
+                          const Dat* line, int tf = 0) {
+        if constexpr (int_taps)
+            return Init(st, h, T, tf, U, up, D, dp, line);
+        else
+            return Init(st, h, T, U, up, D, dp, line);
+    }
+    // A direct form (in place when src == dst).
+    static VekStatus direct(const Dat* src, Dat* dst, int n, const Tap* h, int T, int U, int up,
+                            int D, int dp, Dat* line, int sf, int tf = 0) {
+        if (src == dst) {
+            if constexpr (int_taps)
+                return DirI(dst, n, h, T, tf, U, up, D, dp, line, sf);
+            else
+                return ft::Form<DirI, Base::sfs>{}(dst, n, h, T, U, up, D, dp, line, sf);
+        }
+        if constexpr (int_taps)
+            return Dir(src, dst, n, h, T, tf, U, up, D, dp, line, sf);
+        else
+            return ft::Form<Dir, Base::sfs>{}(src, dst, n, h, T, U, up, D, dp, line, sf);
+    }
+};
+
+// clang-format off
+using Mr_32f = Mr<ft::Fir_32f, veksFIRMRInitAlloc_32f, veksFIRMR_Direct_32f, veksFIRMR_Direct_32f_I>;
+using Mr_32fc = Mr<ft::Fir_32fc, veksFIRMRInitAlloc_32fc, veksFIRMR_Direct_32fc, veksFIRMR_Direct_32fc_I>;
+using Mr_64f = Mr<ft::Fir_64f, veksFIRMRInitAlloc_64f, veksFIRMR_Direct_64f, veksFIRMR_Direct_64f_I>;
+using Mr_64fc = Mr<ft::Fir_64fc, veksFIRMRInitAlloc_64fc, veksFIRMR_Direct_64fc, veksFIRMR_Direct_64fc_I>;
+using Mr64f_32f = Mr<ft::Fir64f_32f, veksFIRMRInitAlloc64f_32f, veksFIRMR64f_Direct_32f, veksFIRMR64f_Direct_32f_I>;
+using Mr64f_16s = Mr<ft::Fir64f_16s, veksFIRMRInitAlloc64f_16s, veksFIRMR64f_Direct_16s_Sfs, veksFIRMR64f_Direct_16s_ISfs>;
+using Mr64f_32s = Mr<ft::Fir64f_32s, veksFIRMRInitAlloc64f_32s, veksFIRMR64f_Direct_32s_Sfs, veksFIRMR64f_Direct_32s_ISfs>;
+using Mr64fc_32fc = Mr<ft::Fir64fc_32fc, veksFIRMRInitAlloc64fc_32fc, veksFIRMR64fc_Direct_32fc, veksFIRMR64fc_Direct_32fc_I>;
+using Mr64fc_16sc = Mr<ft::Fir64fc_16sc, veksFIRMRInitAlloc64fc_16sc, veksFIRMR64fc_Direct_16sc_Sfs, veksFIRMR64fc_Direct_16sc_ISfs>;
+using Mr64fc_32sc = Mr<ft::Fir64fc_32sc, veksFIRMRInitAlloc64fc_32sc, veksFIRMR64fc_Direct_32sc_Sfs, veksFIRMR64fc_Direct_32sc_ISfs>;
+using Mr32f_16s = Mr<ft::Fir32f_16s, veksFIRMRInitAlloc32f_16s, veksFIRMR32f_Direct_16s_Sfs, veksFIRMR32f_Direct_16s_ISfs>;
+using Mr32fc_16sc = Mr<ft::Fir32fc_16sc, veksFIRMRInitAlloc32fc_16sc, veksFIRMR32fc_Direct_16sc_Sfs, veksFIRMR32fc_Direct_16sc_ISfs>;
+using Mr32s_16s = Mr<ft::Fir32s_16s, veksFIRMRInitAlloc32s_16s, veksFIRMR32s_Direct_16s_Sfs, veksFIRMR32s_Direct_16s_ISfs>;
+using Mr32sc_16sc = Mr<ft::Fir32sc_16sc, veksFIRMRInitAlloc32sc_16sc, veksFIRMR32sc_Direct_16sc_Sfs, veksFIRMR32sc_Direct_16sc_ISfs>;
+// clang-format on
+
+template <class F>
+void for_each_member(F&& body) {
+    ft::for_each<Mr_32f, Mr_32fc, Mr_64f, Mr_64fc, Mr64f_32f, Mr64f_16s, Mr64f_32s, Mr64fc_32fc,
+                 Mr64fc_16sc, Mr64fc_32sc, Mr32f_16s, Mr32fc_16sc, Mr32s_16s, Mr32sc_16sc>(body);
+}
+
+// ---- the high-rate reference ------------------------------------------------------------------
+
+struct Shape {
+    int U, up, D, dp, T;
+    int dly() const { return (T + U - 1) / U; }
+    std::string text() const {
+        return "up " + std::to_string(U) + "/" + std::to_string(up) + " down " + std::to_string(D) +
+               "/" + std::to_string(dp) + " taps " + std::to_string(T);
+    }
+};
+
+// The input sample standing at high-rate time t (0 between samples): x[m] at up + m*U, the line
+// (newest first) before the first input.
+template <class Dat>
+const Dat* sample_at(const Shape& s, int64_t t, const std::vector<Dat>& line,
+                     const std::vector<Dat>& x) {
+    const int64_t r = t - s.up;
+    if (((r % s.U) + s.U) % s.U != 0) return nullptr;
+    const int64_t m = (r - ((r % s.U) + s.U) % s.U) / s.U;
+    if (m >= 0) return &x[size_t(m)];
+    return -m - 1 < int64_t(line.size()) ? &line[size_t(-m - 1)] : nullptr;
+}
+
+// Floating-point taps: y[k] = sum h[i] * x_high(dp + k*D - i) in long double, and the bound of
+// the sum of magnitudes for the error allowance.
+template <class Tap, class Dat>
+void reference(const Shape& s, const std::vector<Tap>& h, const std::vector<Dat>& line,
+               const std::vector<Dat>& x, int n, std::vector<cld>& y,
+               std::vector<long double>& mag) {
+    y.assign(size_t(n) * size_t(s.U), cld{});
+    mag.assign(y.size(), 0.0L);
+    for (size_t k = 0; k < y.size(); ++k) {
+        cld acc{};
+        long double m = 0;
+        for (int i = 0; i < s.T; ++i) {
+            const Dat* v = sample_at(s, s.dp + int64_t(k) * s.D - i, line, x);
+            if (v == nullptr) continue;
+            const cld a = ft::to_c(h[size_t(i)]), b = ft::to_c(*v);
+            acc += a * b;
+            m += (std::fabs(a.real()) + std::fabs(a.imag())) *
+                 (std::fabs(b.real()) + std::fabs(b.imag()));
+        }
+        y[k] = acc;
+        mag[k] = m;
+    }
+}
+
+// Integer taps: the normalisation shift, floor division and the output rule, in plain integers.
+int norm_shift(int64_t m) {
+    int s = 0;
+    for (; m > 32766; m /= 2) ++s;
+    return s;
+}
+int64_t floor_shift(int64_t v, int s) {
+    const int64_t d = int64_t{1} << s;
+    return v >= 0 ? v / d : -((-v + d - 1) / d);
+}
+int16_t out_rule(uint32_t acc, int64_t factor, int sf) {
+    const int64_t sh = std::clamp<int64_t>(factor - sf, -31, 31);
+    int64_t v = static_cast<int32_t>(acc);
+    if (sh > 0) {
+        v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
+    } else if (sh < 0) {
+        const int k = static_cast<int>(-sh);
+        int64_t q = floor_shift(v, k);
+        const int64_t r = v - q * (int64_t{1} << k), half = int64_t{1} << (k - 1);
+        if (r > half || (r == half && (q & 1))) ++q;
+        v = q;
+    }
+    return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
+}
+
+template <class Tap, class Dat>
+std::vector<Dat> int_reference(const Shape& s, const std::vector<Tap>& h, int tf, int sf,
+                               const std::vector<Dat>& line, const std::vector<Dat>& x, int n) {
+    int64_t m = 0;
+    for (const Tap& t : h) {
+        const cld c = ft::to_c(t);
+        m = std::max({m, int64_t(std::fabs(c.real())), int64_t(std::fabs(c.imag()))});
+    }
+    const int sh = norm_shift(m);
+    std::vector<Dat> y(size_t(n) * size_t(s.U));
+    for (size_t k = 0; k < y.size(); ++k) {
+        uint32_t re = 0, im = 0;
+        for (int i = 0; i < s.T; ++i) {
+            const Dat* v = sample_at(s, s.dp + int64_t(k) * s.D - i, line, x);
+            if (v == nullptr) continue;
+            const cld a = ft::to_c(h[size_t(i)]), b = ft::to_c(*v);
+            const int64_t hr = floor_shift(int64_t(a.real()), sh),
+                          hi = floor_shift(int64_t(a.imag()), sh);
+            const int64_t xr = int64_t(b.real()), xi = int64_t(b.imag());
+            re += uint32_t(hr * xr - hi * xi);
+            im += uint32_t(hr * xi + hi * xr);
+        }
+        if constexpr (ft::is_cplx<Dat>)
+            y[k] = Dat{out_rule(re, int64_t(tf) + sh, sf), out_rule(im, int64_t(tf) + sh, sf)};
+        else
+            y[k] = out_rule(re, int64_t(tf) + sh, sf);
+    }
+    return y;
+}
+
+// got equals the reference: exactly for integer taps, within rounding for floating-point taps.
+template <class M>
+::testing::AssertionResult matches(const Shape& s, const std::vector<typename M::Tap>& h, int sf,
+                                   const std::vector<typename M::Dat>& line,
+                                   const std::vector<typename M::Dat>& x, int n,
+                                   const std::vector<typename M::Dat>& got) {
+    if constexpr (M::int_taps) {
+        return vt::bits_equal(got, int_reference(s, h, 0, sf, line, x, n));
+    } else {
+        std::vector<cld> want;
+        std::vector<long double> mag;
+        reference(s, h, line, x, n, want, mag);
+        return ft::close_vec(got.data(), want.data(), mag.data(), n * s.U, sf);
+    }
+}
+
+template <class M>
+std::vector<typename M::Tap> taps_for(vt::Rng& rng, int T) {
+    return ft::rvec<typename M::Tap>(rng, T, M::int_taps ? 40000.0 : 1.0);
+}
+
+// Factor pairs of each kernel kind: interpolators, decimators, rational.
+const std::vector<std::pair<int, int>>& factor_pairs() {
+    static const std::vector<std::pair<int, int>> v = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3},
+                                                       {1, 4}, {3, 2}, {2, 3}, {4, 6}, {5, 3}};
+    return v;
+}
+std::vector<int> taps_around(int U) { // shorter than, equal to and longer than U
+    std::vector<int> v = {1, U, U + 1, 2 * U + 3, 23};
+    if (U > 2) v.push_back(U - 1);
+    return v;
+}
+
+// ---- tests --------------------------------------------------------------------------------------
+
+// Every member, factor pair, phase pair and taps length: the state's block call against the
+// reference, the direct form and the in-place forms giving the same bits, on every level; the
+// lines after the calls hold the last inputs, newest first.
+TEST(FirMultiRate, EveryShapeMatchesReference) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(M::name);
+        vt::Rng rng(11);
+        for (const auto& [U, D] : factor_pairs())
+            for (int T : taps_around(U))
+                for (int up = 0; up < U; ++up)
+                    for (int dp = 0; dp < D; ++dp) {
+                        const Shape s{U, up, D, dp, T};
+                        SCOPED_TRACE(s.text());
+                        const int n = int(rng.range(1, 9)), sf = M::sfs ? int(rng.range(-2, 3)) : 0;
+                        const auto h = taps_for<M>(rng, T);
+                        const auto line = ft::rvec<Dat>(rng, s.dly(), M::amp);
+                        const auto x = ft::rvec<Dat>(rng, n * D, M::amp);
+                        std::vector<Dat> first;
+                        vt::for_each_level([&](auto) {
+                            typename M::St* st = nullptr;
+                            ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data()),
+                                      vekStsOk);
+                            vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n * U, ft::off<Dat>(2));
+                            ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+                            ASSERT_TRUE(dst.guards_intact());
+                            const auto got = dst.vec();
+                            if (first.empty()) {
+                                ASSERT_TRUE((matches<M>(s, h, sf, line, x, n, got)));
+                                first = got;
+                            }
+                            ASSERT_TRUE(vt::bits_equal(got, first));
+                            std::vector<Dat> kept(size_t(s.dly()));
+                            ASSERT_EQ(M::get_dly(st, kept.data()), vekStsOk);
+                            ASSERT_EQ(M::fre(st), vekStsOk);
+                            // The direct form, out of place and in place, on the same line.
+                            auto dline = line;
+                            vt::Buf<Dat> ddst(n * U, ft::off<Dat>(3));
+                            ASSERT_EQ(M::direct(x.data(), ddst.data(), n, h.data(), T, U, up, D, dp,
+                                                dline.data(), sf),
+                                      vekStsOk);
+                            ASSERT_TRUE(vt::bits_equal(ddst.vec(), first));
+                            ASSERT_TRUE(vt::bits_equal(dline, kept));
+                            auto iline = line;
+                            std::vector<Dat> buf(size_t(n) * size_t(std::max(U, D)));
+                            std::copy(x.begin(), x.end(), buf.begin());
+                            ASSERT_EQ(M::direct(buf.data(), buf.data(), n, h.data(), T, U, up, D,
+                                                dp, iline.data(), sf),
+                                      vekStsOk);
+                            buf.resize(size_t(n) * size_t(U));
+                            ASSERT_TRUE(vt::bits_equal(buf, first));
+                        });
+                        std::vector<Dat> last(size_t(s.dly()));
+                        for (int i = 0; i < s.dly(); ++i)
+                            last[size_t(i)] =
+                                i < n * D ? x[size_t(n * D - 1 - i)] : line[size_t(i - n * D)];
+                        typename M::St* st = nullptr;
+                        ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data()), vekStsOk);
+                        std::vector<Dat> y(size_t(n) * size_t(U)), kept(size_t(s.dly()));
+                        ASSERT_EQ(M::blk(x.data(), y.data(), n, st, sf), vekStsOk);
+                        ASSERT_EQ(M::get_dly(st, kept.data()), vekStsOk);
+                        ASSERT_TRUE(vt::bits_equal(kept, last));
+                        ASSERT_EQ(M::fre(st), vekStsOk);
+                    }
+    });
+}
+
+// numIters 1 .. 20 in one call, and the same stream cut into calls of 1 .. 20 iterations; the
+// in-place state form over a buffer of numIters * max(up, down) elements.
+TEST(FirMultiRate, StreamsAcrossCallsAndInPlace) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(M::name);
+        vt::Rng rng(5);
+        for (const auto& [U, D] :
+             std::vector<std::pair<int, int>>{{3, 1}, {1, 3}, {3, 2}, {2, 5}}) {
+            const Shape s{U, U - 1, D, D / 2, 3 * U + 2};
+            SCOPED_TRACE(s.text());
+            const auto h = taps_for<M>(rng, s.T);
+            const auto line = ft::rvec<Dat>(rng, s.dly(), M::amp);
+            const int total = 20 * 21 / 2, sf = M::sfs ? 1 : 0;
+            const auto x = ft::rvec<Dat>(rng, total * D, M::amp);
+            typename M::St* st = nullptr;
+            ASSERT_EQ(M::init(&st, h.data(), s.T, U, s.up, D, s.dp, line.data()), vekStsOk);
+            std::vector<Dat> whole(size_t(total) * size_t(U));
+            ASSERT_EQ(M::blk(x.data(), whole.data(), total, st, sf), vekStsOk);
+            ASSERT_TRUE((matches<M>(s, h, sf, line, x, total, whole)));
+            ASSERT_EQ(M::set_dly(st, line.data()), vekStsOk);
+            int at = 0;
+            for (int n = 1; n <= 20; ++n) {
+                std::vector<Dat> buf(size_t(n) * size_t(std::max(U, D)) + 1);
+                std::copy(x.begin() + at * D, x.begin() + (at + n) * D, buf.begin());
+                const Dat guard = buf.back();
+                ASSERT_EQ(M::blk_i(buf.data(), n, st, sf), vekStsOk);
+                ASSERT_TRUE(vt::same_bits(buf.back(), guard));
+                buf.resize(size_t(n) * size_t(U));
+                ASSERT_TRUE(vt::bits_equal(
+                    buf, std::vector<Dat>(whole.begin() + at * U, whole.begin() + (at + n) * U)))
+                    << "numIters " << n;
+                at += n;
+            }
+            ASSERT_EQ(M::fre(st), vekStsOk);
+            for (int n = 1; n <= 20; ++n) { // each length from the start, against the reference
+                auto dline = line;
+                std::vector<Dat> y(size_t(n) * size_t(U));
+                ASSERT_EQ(M::direct(x.data(), y.data(), n, h.data(), s.T, U, s.up, D, s.dp,
+                                    dline.data(), sf),
+                          vekStsOk);
+                ASSERT_TRUE(
+                    vt::bits_equal(y, std::vector<Dat>(whole.begin(), whole.begin() + n * U)));
+            }
+        }
+    });
+}
+
+// Long filters and long calls (several chunks of the polyphase engine), a decimation factor
+// whose streams exceed the engine's limit (each output computed on its own), and taps,
+// delay line and factors read back.
+TEST(FirMultiRate, LongFiltersAndLargeFactors) {
+    vt::Rng rng(3);
+    const std::vector<Shape> shapes = {{2, 1, 1, 0, 700},
+                                       {1, 0, 3, 2, 301},
+                                       {7, 3, 5, 4, 96},
+                                       {160, 17, 147, 100, 640},
+                                       {3, 2, 131072, 5000, 7}};
+    for (const Shape& s : shapes) {
+        SCOPED_TRACE(s.text());
+        const int n = s.D > 1000 ? 2 : 3000 / s.D + 1;
+        const auto h = ft::rvec<Vek32f>(rng, s.T, 1.0);
+        const auto line = ft::rvec<Vek32f>(rng, s.dly(), 1000.0);
+        const auto x = ft::rvec<Vek32f>(rng, n * s.D, 1000.0);
+        VeksFIRState_32f* st = nullptr;
+        ASSERT_EQ(veksFIRMRInitAlloc_32f(&st, h.data(), s.T, s.U, s.up, s.D, s.dp, line.data()),
+                  vekStsOk);
+        std::vector<Vek32f> y(size_t(n) * size_t(s.U)), yd(y.size());
+        ASSERT_EQ(veksFIR_32f(x.data(), y.data(), n, st), vekStsOk);
+        ASSERT_TRUE((matches<Mr_32f>(s, h, 0, line, x, n, y)));
+        auto dline = line;
+        ASSERT_EQ(veksFIRMR_Direct_32f(x.data(), yd.data(), n, h.data(), s.T, s.U, s.up, s.D, s.dp,
+                                       dline.data()),
+                  vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(yd, y));
+        std::vector<Vek32f> taps(size_t(s.T)), kept(size_t(s.dly()));
+        ASSERT_EQ(veksFIRGetTaps_32f(st, taps.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(taps, h));
+        ASSERT_EQ(veksFIRGetDlyLine_32f(st, kept.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(kept, dline));
+        ASSERT_EQ(veksFIRFree_32f(st), vekStsOk);
+    }
+}
+
+// Integer taps: the taps factor and the scale factor meet in the output shift; the 16s32f form
+// converts floating-point taps as the single-rate state does; GetTaps gives the normalised taps.
+TEST(FirMultiRate, IntegerTapsFactors) {
+    vt::Rng rng(9);
+    const Shape s{3, 1, 2, 1, 11};
+    const auto h = ft::rvec<Vek32s>(rng, s.T, 200000.0);
+    const auto line = ft::rvec<Vek16s>(rng, s.dly(), 30000.0);
+    const auto x = ft::rvec<Vek16s>(rng, 8 * s.D, 30000.0);
+    for (int tf : {-20, -3, 0, 2, 40})
+        for (int sf : {-5, 0, 1, 7}) {
+            VeksFIRState32s_16s* st = nullptr;
+            ASSERT_EQ(veksFIRMRInitAlloc32s_16s(&st, h.data(), s.T, tf, s.U, s.up, s.D, s.dp,
+                                                line.data()),
+                      vekStsOk);
+            std::vector<Vek16s> y(8 * size_t(s.U)), yd(y.size());
+            ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), y.data(), 8, st, sf), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(y, int_reference(s, h, tf, sf, line, x, 8)))
+                << "tapsFactor " << tf << " scaleFactor " << sf;
+            auto dline = line;
+            ASSERT_EQ(veksFIRMR32s_Direct_16s_Sfs(x.data(), yd.data(), 8, h.data(), s.T, tf, s.U,
+                                                  s.up, s.D, s.dp, dline.data(), sf),
+                      vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(yd, y));
+            ASSERT_EQ(veksFIRFree32s_16s(st), vekStsOk);
+        }
+    // Float taps: the converted state equals a state made from the taps GetTaps returns.
+    const auto hf = ft::rvec<Vek32f>(rng, s.T, 3.0);
+    VeksFIRState32s_16s *a = nullptr, *b = nullptr;
+    ASSERT_EQ(veksFIRMRInitAlloc32s_16s32f(&a, hf.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),
+              vekStsOk);
+    std::vector<Vek32s> hi(size_t(s.T));
+    int factor = 0;
+    ASSERT_EQ(veksFIRGetTaps32s_16s(a, hi.data(), &factor), vekStsOk);
+    double hmax = 0; // the conversion's power of two: 2 * max |h| * 2^p >= 32767, p smallest
+    for (Vek32f v : hf) hmax = std::max(hmax, std::fabs(double(v)));
+    int p = 0;
+    while (2 * hmax * std::ldexp(1.0, p) < 32767) ++p;
+    ASSERT_EQ(factor, std::floor(hmax * std::ldexp(1.0, p) + 0.5) > 32766 ? 1 - p : -p);
+    ASSERT_EQ(veksFIRMRInitAlloc32s_16s(&b, hi.data(), s.T, factor, s.U, s.up, s.D, s.dp, nullptr),
+              vekStsOk);
+    std::vector<Vek16s> ya(8 * size_t(s.U)), yb(ya.size());
+    ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), ya.data(), 8, a, -12), vekStsOk);
+    ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), yb.data(), 8, b, -12), vekStsOk);
+    ASSERT_TRUE(vt::bits_equal(ya, yb));
+    ASSERT_TRUE(vt::bits_equal(
+        ya, int_reference(s, hi, factor, -12, std::vector<Vek16s>(size_t(s.dly())), x, 8)));
+    ASSERT_EQ(veksFIRFree32s_16s(a), vekStsOk);
+    ASSERT_EQ(veksFIRFree32s_16s(b), vekStsOk);
+    VeksFIRState32sc_16sc* c = nullptr;
+    const auto hc = ft::rvec<Vek32fc>(rng, s.T, 3.0);
+    ASSERT_EQ(veksFIRMRInitAlloc32sc_16sc32fc(&c, hc.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),
+              vekStsOk);
+    ASSERT_EQ(veksFIRFree32sc_16sc(c), vekStsOk);
+}
+
+// Factors of 1 make the single-rate state: the single-sample form accepts it and both give the
+// single-rate filter's outputs; a multi-rate state is refused by the single-sample form.
+TEST(FirMultiRate, UnitFactorsMakeSingleRateState) {
+    vt::Rng rng(4);
+    const auto h = ft::rvec<Vek64f>(rng, 40, 1.0);
+    const auto line = ft::rvec<Vek64f>(rng, 40, 1.0);
+    const auto x = ft::rvec<Vek64f>(rng, 300, 1.0);
+    VeksFIRState_64f *mr = nullptr, *sr = nullptr;
+    ASSERT_EQ(veksFIRMRInitAlloc_64f(&mr, h.data(), 40, 1, 0, 1, 0, line.data()), vekStsOk);
+    ASSERT_EQ(veksFIRInitAlloc_64f(&sr, h.data(), 40, line.data()), vekStsOk);
+    std::vector<Vek64f> a(300), b(300);
+    ASSERT_EQ(veksFIR_64f(x.data(), a.data(), 299, mr), vekStsOk);
+    ASSERT_EQ(veksFIR_64f(x.data(), b.data(), 299, sr), vekStsOk);
+    ASSERT_EQ(veksFIROne_64f(x[299], &a[299], mr), vekStsOk);
+    ASSERT_EQ(veksFIROne_64f(x[299], &b[299], sr), vekStsOk);
+    ASSERT_TRUE(vt::bits_equal(a, b));
+    ASSERT_EQ(veksFIRFree_64f(mr), vekStsOk);
+    ASSERT_EQ(veksFIRFree_64f(sr), vekStsOk);
+    ASSERT_EQ(veksFIRMRInitAlloc_64f(&mr, h.data(), 40, 2, 1, 1, 0, nullptr), vekStsOk);
+    Vek64f out = 7.0;
+    EXPECT_EQ(veksFIROne_64f(1.0, &out, mr), vekStsContextMismatchErr);
+    EXPECT_EQ(out, 7.0);
+    ASSERT_EQ(veksFIRFree_64f(mr), vekStsOk);
+}
+
+// Documented values: up-sampling by 3 with phase 2 puts each input on the last slot of its
+// iteration; phases without taps give 0.
+TEST(FirMultiRate, PhasesPlaceTheSamples) {
+    const Vek32f h[2] = {1.0f, 0.5f}; // tapsLen 2 < upFactor 3: phase 2 has no tap
+    const Vek32f x[2] = {4.0f, 8.0f};
+    Vek32f y[6] = {}, line[1] = {2.0f};
+    ASSERT_EQ(veksFIRMR_Direct_32f(x, y, 2, h, 2, 3, 2, 1, 0, line), vekStsOk);
+    // High-rate input: line 2 at t = -1, 4 at t = 2, 8 at t = 5.
+    EXPECT_TRUE(vt::starts_with(y, {1.0f, 0.0f, 4.0f, 2.0f, 0.0f, 8.0f}));
+    EXPECT_EQ(line[0], 8.0f);
+}
+
+} // namespace

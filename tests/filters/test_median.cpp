@@ -1,0 +1,111 @@
+// Median filter: every mask up to 31 and a few large ones against a sort-based reference
+// (borders extended by copies of the first and last samples), all four types, in and out of
+// place, every kernel level; the even-mask warning, masks of 1 and 2, and lengths below 3.
+#include <algorithm>
+
+#include "testutil.hpp"
+
+namespace {
+
+// The out-of-place and in-place forms of each type.
+template <class T>
+struct Median;
+template <>
+struct Median<Vek8u> {
+    static constexpr auto run = veksFilterMedian_8u;
+    static constexpr auto run_i = veksFilterMedian_8u_I;
+};
+template <>
+struct Median<Vek16s> {
+    static constexpr auto run = veksFilterMedian_16s;
+    static constexpr auto run_i = veksFilterMedian_16s_I;
+};
+template <>
+struct Median<Vek32f> {
+    static constexpr auto run = veksFilterMedian_32f;
+    static constexpr auto run_i = veksFilterMedian_32f_I;
+};
+template <>
+struct Median<Vek64f> {
+    static constexpr auto run = veksFilterMedian_64f;
+    static constexpr auto run_i = veksFilterMedian_64f_I;
+};
+
+template <class T>
+std::vector<T> reference(const std::vector<T>& x, int mask) {
+    const int n = int(x.size()), h = (mask - (mask % 2 == 0)) / 2;
+    std::vector<T> y(x.size());
+    for (int i = 0; i < n; ++i) {
+        std::vector<T> w;
+        for (int j = i - h; j <= i + h; ++j) w.push_back(x[size_t(std::clamp(j, 0, n - 1))]);
+        std::sort(w.begin(), w.end());
+        y[size_t(i)] = n < 3 ? x[size_t(i)] : w[w.size() / 2];
+    }
+    return y;
+}
+
+// Random samples from a small range (many equal values) or a wide one.
+template <class T>
+std::vector<T> data(vt::Rng& r, int n, bool narrow) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) {
+        if constexpr (std::is_floating_point_v<T>)
+            x = static_cast<T>(narrow ? double(r.range(-3, 3)) : r.uniform(-1e6, 1e6));
+        else
+            x = narrow ? static_cast<T>(r.range(0, 5)) : r.any<T>();
+    }
+    return v;
+}
+
+template <class T>
+void check(vt::Rng& rng, int n, int mask) {
+    for (bool narrow : {false, true}) {
+        const auto x = data<T>(rng, n, narrow);
+        const auto want = reference(x, mask);
+        const VekStatus st = mask % 2 == 0 ? vekStsEvenMedianMaskWrn : vekStsOk;
+        vt::Buf<T> src(x, sizeof(T)), dst(n, 3 * sizeof(T));
+        ASSERT_EQ(Median<T>::run(src.data(), dst.data(), n, mask), st);
+        ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "len " << n << " mask " << mask;
+        ASSERT_TRUE(vt::bits_equal(src.vec(), x)); // the source is left as it was
+        ASSERT_TRUE(dst.guards_intact());
+        ASSERT_EQ(Median<T>::run_i(src.data(), n, mask), st);
+        ASSERT_TRUE(vt::bits_equal(src.vec(), want)) << "in place, len " << n << " mask " << mask;
+        ASSERT_TRUE(src.guards_intact());
+    }
+}
+
+template <class T>
+void every_mask() {
+    vt::Rng rng(sizeof(T));
+    vt::for_each_level([&](auto) {
+        for (int mask = 1; mask <= 31; ++mask)
+            for (int n : {1, 2, 3, 4, 9, 10, 17, 100, 600}) check<T>(rng, n, mask);
+    });
+    for (int mask : {63, 255, 256, 1001})
+        for (int n : {5, 300, 3000}) check<T>(rng, n, mask);
+}
+
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_8u) { every_mask<Vek8u>(); }
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_16s) { every_mask<Vek16s>(); }
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_32f) { every_mask<Vek32f>(); }
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_64f) { every_mask<Vek64f>(); }
+
+// Documented cases: a mask of 2 behaves as 1 with the warning; infinities and signed zeros.
+TEST(FilterMedian, DocumentedCases) {
+    const Vek32f x[5] = {3.0f, -1.0f, 7.0f, 2.0f, 5.0f};
+    Vek32f y[7];
+    EXPECT_EQ(veksFilterMedian_32f(x, y, 5, 2), vekStsEvenMedianMaskWrn);
+    EXPECT_TRUE(vt::starts_with(y, {3.0f, -1.0f, 7.0f, 2.0f, 5.0f}));
+    EXPECT_EQ(veksFilterMedian_32f(x, y, 5, 3), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(y, {3.0f, 3.0f, 2.0f, 5.0f, 5.0f}));
+    const float inf = std::numeric_limits<float>::infinity();
+    const Vek32f z[7] = {inf, -inf, -0.0f, 0.0f, inf, 1.0f, -inf};
+    for (int mask : {3, 11}) {
+        const auto want = reference(std::vector<Vek32f>(z, z + 7), mask);
+        EXPECT_EQ(veksFilterMedian_32f(z, y, 7, mask), vekStsOk);
+        for (int i = 0; i < 7; ++i)
+            EXPECT_EQ(y[i], want[size_t(i)]) << "mask " << mask << " at " << i;
+    }
+}
+
+} // namespace
