@@ -5,6 +5,7 @@
 // is the reference and serves the few blocks too short for a full vector.
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "transforms/fft/fft.hpp"
 #include "simd/numeric.hpp"
@@ -370,6 +371,11 @@ void stages(T* x, size_t len, size_t leaf, const T* tw) {
     }
 }
 
+// In place, transforms of up to this many bytes copy their input to the stack and run the fused
+// bit-reversal and leaf pass out of place from the copy: a copy within the level-1 cache costs
+// less than the tiled bit reversal followed by a separate leaf pass.
+inline constexpr size_t kCopyInPlaceBytes = 16384;
+
 template <class V, class T, int S, bool INV>
 void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     constexpr int lb = S == 16 ? 4 : 3;
@@ -377,6 +383,10 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     const size_t nb = n / S;
     if (src != dst) {
         leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
+    } else if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
+        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
+        std::memcpy(copy, src, 2 * n * sizeof(T));
+        leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
     } else {
         bit_reverse_in_place<V, T>(dst, order);
         leaf_in_place<V, T, S, INV>(dst, nb);
