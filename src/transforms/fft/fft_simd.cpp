@@ -513,12 +513,12 @@ void scale(T* x, size_t n, T s) {
 // (the inverse keeps the factor 2 of both halves, so that the half-length inverse transform
 // yields N times the signal). Index 0 and the self-mirrored N/4 are handled apart.
 template <class V, class T, bool INV>
-inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+inline void split_values(const T* z, size_t n, const T* fr, const T* fi, size_t k,
+                         typename V::R& lo, typename V::R& hi) {
     const size_t km = n / 2 - k - (kPairs<V> - 1); // first complex of the mirrored vector
     const auto p = V::load(z + 2 * k);
     const auto q = V::conj(V::reverse_pairs(V::load(z + 2 * km)));
     const auto t = V::mul_twiddle(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
-    typename V::R lo, hi;
     if constexpr (INV) {
         const auto sum = V::add(p, q);
         lo = V::add(sum, t);
@@ -527,8 +527,16 @@ inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
         lo = V::add(q, t);
         hi = V::conj(V::sub(p, t));
     }
+    hi = V::reverse_pairs(hi);
+}
+
+// Split pair k: the results at k and at the mirrored block.
+template <class V, class T, bool INV>
+inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+    typename V::R lo, hi;
+    split_values<V, T, INV>(z, n, fr, fi, k, lo, hi);
     V::store(z + 2 * k, lo);
-    V::store(z + 2 * km, V::reverse_pairs(hi));
+    V::store(z + 2 * (n / 2 - k - (kPairs<V> - 1)), hi);
 }
 
 // Split pairs k, k + 1, ... below N/4 with vectors of V while the block [k, k + W) stays below
@@ -540,11 +548,28 @@ void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
     if constexpr (kPairs<V> >= 2) split_pairs<Narrower<V>, T, INV>(z, n, fr, fi, k);
 }
 
+// The inverse split of 16 reals (8 complex values) feeds the transform's short pass, which loads
+// rows of two complex values: the results are joined in registers and stored as those rows, so
+// that each load is served by one store (a load that straddles several smaller stores waits
+// until they reach the cache). Same arithmetic as the general steps below.
+template <class T>
+void rsplit_inv16(T* z, const T* fr, const T* fi) {
+    using C = One<T>;
+    using Row = simd::Vec<T, 4>;
+    typename C::R r[8];
+    r[0] = C::splat_pair(z[0] + z[1], z[0] - z[1]);
+    for (size_t k = 1; k < 4; ++k) split_values<C, T, true>(z, 16, fr, fi, k, r[k], r[8 - k]);
+    r[4] = C::mul(C::load(z + 8), C::splat_pair(T(2), T(-2)));
+    for (int j = 0; j < 4; ++j) Row::store(z + 4 * j, Row::join(r[2 * j], r[2 * j + 1]));
+}
+
 template <class V, class T, bool INV>
 void rsplit(T* z, size_t n, const T* tab) {
     const size_t quarter_n = n / 4;
     const T* fr = tab;
     const T* fi = tab + 2 * quarter_n;
+    if constexpr (INV && kPairs<V> >= 2)
+        if (n == 16) return rsplit_inv16(z, fr, fi);
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
