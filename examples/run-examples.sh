@@ -72,13 +72,13 @@ else
         run "$dir/veks_reverb" "$out/voice.wav" "$out/voice-reverb.wav" 0.6 &&
         [ -s "$out/clicks-reverb.wav" ] && passed=$((passed + 1)) || fail veks_reverb
 
-    if have veks_spectrogram; then
-        run "$dir/veks_spectrogram" "$out/chirp.wav" "$out/chirp.png" &&
-            run "$dir/veks_spectrogram" "$out/voice.wav" "$out/voice.png" 9 &&
-            run "$dir/veks_spectrogram" "$out/clicks-reverb.wav" "$out/clicks-reverb.png" &&
-            [ -s "$out/chirp.png" ] && passed=$((passed + 1)) || fail veks_spectrogram
+    if have veks_sonogram; then
+        run "$dir/veks_sonogram" "$out/chirp.wav" "$out/chirp.png" &&
+            run "$dir/veks_sonogram" "$out/voice.wav" "$out/voice.png" 9 &&
+            run "$dir/veks_sonogram" "$out/clicks-reverb.wav" "$out/clicks-reverb.png" &&
+            [ -s "$out/chirp.png" ] && passed=$((passed + 1)) || fail veks_sonogram
     else
-        echo "skipped: veks_spectrogram: stb was not found"
+        echo "skipped: veks_sonogram: stb was not found"
         skipped=$((skipped + 1))
     fi
 fi

@@ -707,6 +707,13 @@ void* Call::ptr(const std::string& param) const {
     return k < 0 ? nullptr : const_cast<void*>(pointer(k));
 }
 
+size_t Call::bytes(const std::string& param) const {
+    const int k = e.index(param);
+    for (const Buffer& b : buffers)
+        if (b.param == k && b.data == pointer(k)) return b.bytes;
+    return 0;
+}
+
 void Call::set(const std::string& param, double re, double im) {
     const int k = e.index(param);
     if (k < 0) return;
@@ -944,7 +951,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         } else {
             call->notes.push_back("no size rule for " + e.names[i]);
         }
-        if (count < 0) count = 0;
+        count = std::clamp<int64_t>(count, 0, int64_t{1} << 48); // beyond any mapping anyway
         const int64_t bytes64 = count * static_cast<int64_t>(elem);
         if (bytes64 > (int64_t{1} << 28)) {
             if (g_mapper == nullptr) {

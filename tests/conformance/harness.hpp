@@ -157,7 +157,7 @@ Export entry(const char* name, R (*fn)(A...)) {
 const std::vector<Export>& exports();
 const std::vector<std::string>& table_problems();
 
-// ---- Specification and state objects --------------------------------------------------------
+// ---- Transform and state objects ---------------------------------------------------------------
 
 class Call;
 
@@ -371,6 +371,7 @@ class Call {
     int64_t n(const std::string& name, int64_t fallback = 0) const;
     bool is_null(const std::string& param) const;
     void* ptr(const std::string& param) const;
+    size_t bytes(const std::string& param) const; // of the buffer the argument points to (or 0)
     void set(const std::string& param, double re, double im = 1e308);
     void set_int(const std::string& param, int64_t v);
     void set_null(const std::string& param);

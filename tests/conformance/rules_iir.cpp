@@ -106,7 +106,7 @@ bool biquad_state(const conf::Call& k) {
 bool zero_at(const conf::Call& k, const std::string& p, int64_t i) {
     const conf::TypeInfo& t = k.e.types[static_cast<size_t>(k.e.index(p))];
     const auto* d = static_cast<const unsigned char*>(k.ptr(p));
-    if (d == nullptr) return false;
+    if (d == nullptr || (static_cast<size_t>(i) + 1) * t.size > k.bytes(p)) return false;
     const size_t part = t.complex ? t.size / 2 : t.size;
     auto is_zero = [&](const unsigned char* q) {
         switch (t.comp) {

@@ -1,5 +1,6 @@
 // Call frames of the trellis-decoder support: sizes of the tables, their range checks (-11) and
 // the checks of their contents (-5). The tables of the valid calls hold valid entries.
+#include <algorithm>
 #include <string>
 
 #include "harness.hpp"
@@ -22,15 +23,19 @@ bool out_of_range(const conf::Call& k, const std::string& table, std::string fir
                   std::string second, int64_t count) {
     const auto* p = static_cast<const Vek8u*>(k.ptr(table));
     if (p == nullptr) return false;
+    count = std::min(count, static_cast<int64_t>(k.bytes(table)));
     for (int64_t i = 0; i < count; ++i)
         if (p[i] >= k.i(i % 2 == 0 ? first : second)) return true;
     return false;
 }
 
+// A count argument, negative ones (drawn as bad values) as 0: products of three stay in range.
+int64_t cnt(const conf::Call& k, const char* p) { return std::max<int64_t>(0, k.i(p)); }
+
 // A fault that makes the first entry of a table equal to its limit (when a byte can hold it).
 conf::Fault entry_at_limit(std::string table, std::string limit) {
     return {table + "[0] out of range", [table, limit](conf::Call& k) {
-                if (k.ptr(table) != nullptr && k.i(limit) < 256)
+                if (k.bytes(table) != 0 && k.i(limit) < 256)
                     static_cast<Vek8u*>(k.ptr(table))[0] = static_cast<Vek8u>(k.i(limit));
             }};
 }
@@ -67,14 +72,16 @@ const conf::Rules trellis([] {
                     c.length(p, 1).range(p, 1, 300);
                 c.value("numSubsets2D", 4).value("numSubsets4D", 8).value("numPairs", 2);
                 c.suite_values("numPairs", {1, 256}).suite_values("numSubsets4D", {1, 256});
-                c.size("pSrcIndex pSrcDist",
-                       [](const conf::Call& k) { return 2 * k.i("len") * k.i("numSubsets2D"); });
+                c.size("pSrcIndex pSrcDist", [](const conf::Call& k) {
+                    return 2 * cnt(k, "len") * cnt(k, "numSubsets2D");
+                });
                 c.size("pDstMetric",
                        [](const conf::Call& k) { return k.i("len") * k.i("numSubsets4D"); });
-                c.size("pDstIndex",
-                       [](const conf::Call& k) { return 2 * k.i("len") * k.i("numSubsets4D"); });
+                c.size("pDstIndex", [](const conf::Call& k) {
+                    return 2 * cnt(k, "len") * cnt(k, "numSubsets4D");
+                });
                 c.size("pPairs", [](const conf::Call& k) {
-                    return 2 * k.i("numSubsets4D") * k.i("numPairs");
+                    return 2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs");
                 });
                 c.fill("pPairs", cycle("numSubsets2D", "numSubsets2D"));
                 upto256("numSubsets2D");
@@ -86,7 +93,7 @@ const conf::Rules trellis([] {
                                   [](const conf::Call& k) {
                                       return out_of_range(
                                           k, "pPairs", "numSubsets2D", "numSubsets2D",
-                                          2 * k.i("numSubsets4D") * k.i("numPairs"));
+                                          2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs"));
                                   },
                                   {entry_at_limit("pPairs", "numSubsets2D")})});
             } else {
@@ -103,7 +110,7 @@ const conf::Rules trellis([] {
                        [](const conf::Call& k) { return k.i("histLen") * k.i("numStates"); });
                 c.size("pDecision", [](const conf::Call&) { return int64_t{3}; });
                 c.size("pTrellis", [](const conf::Call& k) {
-                    return 2 * k.i("numStates") * k.i("numBranches");
+                    return 2 * cnt(k, "numStates") * cnt(k, "numBranches");
                 });
                 c.fill("pTrellis", cycle("numStates", "numLabels"));
                 c.fill("pSurvivor", [](const conf::Call&, void* d, int64_t n) {

@@ -46,6 +46,8 @@ inline C widen(Vek64fc v) { return v; }
 
 inline bool is_zero(double v) { return v == 0.0; }
 inline bool is_zero(C v) { return v.re == 0.0 && v.im == 0.0; }
+inline bool is_zero(Vek32f v) { return v == 0.0f; }
+inline bool is_zero(Vek32fc v) { return v.re == 0.0f && v.im == 0.0f; }
 inline double recip(double v) { return 1.0 / v; }
 inline C recip(C v) {
     const double m = v.re * v.re + v.im * v.im;
@@ -138,6 +140,17 @@ inline bool is_unit(Vek32s a0, int factor) { return a0 == unit_of(factor); }
 inline bool is_unit(Vek32sc a0, int factor) { return a0.re == unit_of(factor) && a0.im == 0; }
 inline bool is_zero(Vek32s v) { return v == 0; }
 inline bool is_zero(Vek32sc v) { return v.re == 0 && v.im == 0; }
+
+// Whether a BiQuad section has a0 or b0 zero (it cannot be normalised). Checked before anything
+// is allocated, so that the taps' status does not depend on the heap.
+template <class T>
+bool has_zero_section(const T* taps, int K) {
+    for (int k = 0; k < K; ++k) {
+        const T* s = taps + 6 * int64_t{k};
+        if (is_zero(s[3]) || is_zero(s[0])) return true;
+    }
+    return false;
+}
 
 // Arbitrary order: b0 .. bN, a1 .. aN, each t * 2^-factor / a0 (trunc), or as given when a0 is
 // the unit or zero.
@@ -244,6 +257,8 @@ VekStatus init_arb(H** pp, const typename M::TapIn* taps, int order, int factor,
     using In = Inner<M>;
     VEK_CHECK(non_null(pp, taps));
     VEK_CHECK(require(order >= 0, vekStsIirOrderErr));
+    if constexpr (!In::int_taps)
+        VEK_CHECK(require(!is_zero(taps[order + 1]), vekStsDivideByZeroErr)); // a0
     obj::Builder<State> b;
     VEK_CHECK(allocate<M>(b, 2 * int64_t{order} + 1, order));
     b->order = order;
@@ -265,6 +280,7 @@ VekStatus init_bq(H** pp, const typename M::TapIn* taps, int K, int factor,
     using In = Inner<M>;
     VEK_CHECK(non_null(pp, taps));
     VEK_CHECK(require(K >= 1, vekStsIirOrderErr));
+    VEK_CHECK(require(!has_zero_section(taps, K), vekStsDivideByZeroErr));
     obj::Builder<State> b;
     const int64_t count = In::int_taps ? 5 * int64_t{K} : 4 * int64_t{K} + 1;
     if (2 * int64_t{K} > INT32_MAX) return vekStsMemAllocErr;
@@ -312,6 +328,7 @@ VekStatus init_bq_from_float(H** pp, const F* taps, int K, const typename M::Lin
     using T = decltype(widen(F{}));
     VEK_CHECK(non_null(pp, taps));
     VEK_CHECK(require(K >= 1, vekStsIirOrderErr));
+    VEK_CHECK(require(!has_zero_section(taps, K), vekStsDivideByZeroErr));
     obj::Builder<State> b;
     const int64_t count = 5 * int64_t{K};
     if (2 * int64_t{K} > INT32_MAX) return vekStsMemAllocErr;
