@@ -548,18 +548,22 @@ void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
     if constexpr (kPairs<V> >= 2) split_pairs<Narrower<V>, T, INV>(z, n, fr, fi, k);
 }
 
-// The inverse split of 16 reals (8 complex values) feeds the transform's short pass, which loads
-// rows of two complex values: the results are joined in registers and stored as those rows, so
-// that each load is served by one store (a load that straddles several smaller stores waits
-// until they reach the cache). Same arithmetic as the general steps below.
-template <class T>
-void rsplit_inv16(T* z, const T* fr, const T* fi) {
+// The split steps of 16 reals (8 complex values) next to the transform's short pass, which
+// stores (forward) or loads (inverse) rows of two complex values: the results are joined in
+// registers and stored as such rows, so that each later load of the rows, by the short pass or
+// by the Pack layout's move, is served by one store (a load that straddles several smaller
+// stores waits until they reach the cache). Same arithmetic as the general steps below.
+template <class T, bool INV>
+void rsplit16(T* z, const T* fr, const T* fi) {
     using C = One<T>;
     using Row = simd::Vec<T, 4>;
     typename C::R r[8];
     r[0] = C::splat_pair(z[0] + z[1], z[0] - z[1]);
-    for (size_t k = 1; k < 4; ++k) split_values<C, T, true>(z, 16, fr, fi, k, r[k], r[8 - k]);
-    r[4] = C::mul(C::load(z + 8), C::splat_pair(T(2), T(-2)));
+    for (size_t k = 1; k < 4; ++k) split_values<C, T, INV>(z, 16, fr, fi, k, r[k], r[8 - k]);
+    if constexpr (INV)
+        r[4] = C::mul(C::load(z + 8), C::splat_pair(T(2), T(-2)));
+    else
+        r[4] = C::conj(C::load(z + 8));
     for (int j = 0; j < 4; ++j) Row::store(z + 4 * j, Row::join(r[2 * j], r[2 * j + 1]));
 }
 
@@ -568,8 +572,8 @@ void rsplit(T* z, size_t n, const T* tab) {
     const size_t quarter_n = n / 4;
     const T* fr = tab;
     const T* fi = tab + 2 * quarter_n;
-    if constexpr (INV && kPairs<V> >= 2)
-        if (n == 16) return rsplit_inv16(z, fr, fi);
+    if constexpr (kPairs<V> >= 2)
+        if (n == 16) return rsplit16<T, INV>(z, fr, fi);
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
