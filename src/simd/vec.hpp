@@ -16,7 +16,9 @@
 //   (one lane on the scalar level); simd::Resident<T> is at most 256 bits wide (on the
 //   development machine 512-bit vectors won clearly for streaming element-wise loops, L1 and
 //   memory alike, while some shuffle-heavy complex kernels were steadier at 256 bits: measure).
-//   Vec<T, N> for an N the level has no register for is the portable array version.
+//   Vec<T, N> for an N the level has no register for is the portable array version, except
+//   that x86 keeps Vec<float, 2> (one interleaved complex value) in the low half of an SSE
+//   register, with the memory, lane-wise arithmetic, bit and complex operations only.
 // - Code that does not compile on every level (an operation only some vectors have) goes under
 //   `#if VEK_ISA_LEVEL >= n` or in a template whose vector type is a parameter: `if constexpr`
 //   in a plain function still checks both branches.

@@ -360,6 +360,15 @@ struct Vec {
         }
         return r;
     }
+    // The vector whose low N/2 lanes are lo's and high N/2 lanes hi's (registers of the vector
+    // with half as many lanes), without a trip through memory on the native vectors.
+    template <class H = Vec<T, N / 2>>
+    static R join(typename H::R lo, typename H::R hi) {
+        R r;
+        H::store(r.v, lo);
+        H::store(r.v + N / 2, hi);
+        return r;
+    }
     // Treats r[0 .. N/2) as a square matrix of complex values (row j = r[j]) and transposes it.
     static void transpose_pairs(R* r) {
         constexpr int C = N / 2;

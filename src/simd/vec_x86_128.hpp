@@ -176,12 +176,74 @@ struct Vec<float, 4> {
         x3 = _mm_add_ps(a, mul_pos_i(b));
     }
     static R reverse_pairs(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    // Lanes 0, 1 of lo then lanes 0, 1 of hi (two Vec<float, 2> registers).
+    static R join(R lo, R hi) { return _mm_movelh_ps(lo, hi); }
     static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R* r) {
         const R a = _mm_movelh_ps(r[0], r[1]), b = _mm_movehl_ps(r[1], r[0]);
         r[0] = a;
         r[1] = b;
     }
+};
+
+// ---- float x 2 -------------------------------------------------------------------------------
+
+// Two floats in the low half of a 128-bit register (the upper lanes are zero after a load and
+// never reach memory): one interleaved complex value, for the complex kernels' blocks shorter
+// than a full vector. It has the memory, lane-wise arithmetic, bit and complex operations only;
+// kernels that need more use Vec<float, 4> with load_n/store_n. mul_add rounds the product
+// first, as the portable two-lane vector it replaces does.
+template <>
+struct Vec<float, 2> {
+    using value_type = float;
+    using R = __m128;
+    static constexpr int lanes = 2;
+    static constexpr bool fused = false;
+
+    // (64-bit moves that accept any alignment.)
+    static R load(const float* p) {
+        return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
+    }
+    static void store(float* p, R a) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(a));
+    }
+    static R load_n(const float* p, size_t n) {
+        return n >= 2 ? load(p) : n == 1 ? _mm_load_ss(p) : _mm_setzero_ps();
+    }
+    static void store_n(float* p, R a, size_t n) {
+        if (n >= 2)
+            store(p, a);
+        else if (n == 1)
+            _mm_store_ss(p, a);
+    }
+    static R splat(float x) { return _mm_set1_ps(x); }
+    static R zero() { return _mm_setzero_ps(); }
+    static R add(R a, R b) { return _mm_add_ps(a, b); }
+    static R sub(R a, R b) { return _mm_sub_ps(a, b); }
+    static R mul(R a, R b) { return _mm_mul_ps(a, b); }
+    static R mul_add(R a, R b, R c) { return _mm_add_ps(_mm_mul_ps(a, b), c); }
+    static R mul_sub(R a, R b, R c) { return _mm_sub_ps(_mm_mul_ps(a, b), c); }
+    static R bit_and(R a, R b) { return _mm_and_ps(a, b); }
+    static R bit_or(R a, R b) { return _mm_or_ps(a, b); }
+    static R bit_xor(R a, R b) { return _mm_xor_ps(a, b); }
+    static R bit_andnot(R a, R b) { return _mm_andnot_ps(a, b); }
+
+    // Interleaved complex values (see the portable vector): the same operations as Vec<float, 4>
+    // on its low complex value.
+    using Full = Vec<float, 4>;
+    static R swap_pairs(R a) { return Full::swap_pairs(a); }
+    static R conj(R a) { return Full::conj(a); }
+    static R mul_neg_i(R a) { return Full::mul_neg_i(a); }
+    static R mul_pos_i(R a) { return Full::mul_pos_i(a); }
+    static R splat_pair(float re, float im) { return Full::splat_pair(re, im); }
+    static R dup_re(R a) { return Full::dup_re(a); }
+    static R dup_im(R a) { return Full::dup_im(a); }
+    static R mul_twiddle(R a, R wr, R wi) { return Full::mul_twiddle(a, wr, wi); }
+    static R mul_conj_twiddle(R a, R wr, R wi) { return Full::mul_conj_twiddle(a, wr, wi); }
+    static void rotate(R a, R b, R& x1, R& x3) { Full::rotate(a, b, x1, x3); }
+    static R reverse_pairs(R a) { return a; }
+    static R bit_reverse_pairs(R a) { return a; }
+    static void transpose_pairs(R*) {}
 };
 
 // ---- double x 2 ------------------------------------------------------------------------------

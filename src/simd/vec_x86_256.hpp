@@ -283,6 +283,10 @@ struct Vec<double, 4> {
         x3 = _mm256_fmaddsub_pd(a, one, sb);
     }
     static R reverse_pairs(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    // lo in lanes 0, 1 and hi in lanes 2, 3.
+    static R join(__m128d lo, __m128d hi) {
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(lo), hi, 1);
+    }
     static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R* r) {
         const R a = _mm256_permute2f128_pd(r[0], r[1], 0x20);

@@ -1,15 +1,16 @@
 // FFT kernels, compiled once per instruction-set level (VEK_ISA). The butterflies are written
-// once over a small "complex vector" interface (V::R holds V::W complex values); each level
-// supplies that interface with its widest registers, and the scalar one-lane version is the
-// reference and serves the few blocks too short for a full vector.
+// once over vectors of interleaved complex values from the shared vector layer (simd/vec.hpp:
+// lanes 2k and 2k + 1 of a vector hold one complex value); each level runs them with its widest
+// registers, and the one-complex vector (two lanes, the portable version on the scalar level)
+// is the reference and serves the few blocks too short for a full vector.
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 #include "transforms/fft/fft.hpp"
 #include "simd/numeric.hpp"
+#include "simd/vec.hpp"
 
-#if VEK_ISA_LEVEL >= 1
-#include <immintrin.h>
-#endif
 #if VEK_ISA_LEVEL >= 3 && defined(__GNUC__) && !defined(__clang__)
 // GCC 12's AVX-512 permute intrinsics pass an undefined vector as the unused merge source,
 // which its own flow analysis then reports.
@@ -20,289 +21,26 @@
 namespace veks::kern::VEK_ISA {
 namespace {
 
-// ---- one complex value per "vector" ---------------------------------------------------------
+// ---- vectors of complex values --------------------------------------------------------------
 
+// Complex values per vector of V.
+template <class V>
+inline constexpr int kPairs = V::lanes / 2;
+
+// The vector of V's type with half as many complex values.
+template <class V>
+using Narrower = simd::Vec<typename V::value_type, V::lanes / 2>;
+
+// One complex value: the reference vector, and the one for blocks shorter than a full vector.
 template <class T>
-struct C1 {
-    T re, im;
-};
+using One = simd::Vec<T, 2>;
 
+// The level's widest vector of complex values (one complex value on the scalar level).
 template <class T>
-struct Scalar {
-    using R = C1<T>;
-    static constexpr int W = 1;
-    static R load(const T* p) { return {p[0], p[1]}; }
-    static void store(T* p, R a) {
-        p[0] = a.re;
-        p[1] = a.im;
-    }
-    static R set(T re, T im) { return {re, im}; }
-    static R add(R a, R b) { return {a.re + b.re, a.im + b.im}; }
-    static R sub(R a, R b) { return {a.re - b.re, a.im - b.im}; }
-    // Twiddle given as duplicated real parts wr = (c, c) and imaginary parts wi = (s, s).
-    static R mulw(R a, R wr, R wi) {
-        return {a.re * wr.re - a.im * wi.re, a.re * wi.re + a.im * wr.re};
-    }
-    static R mulwc(R a, R wr, R wi) {
-        return {a.re * wr.re + a.im * wi.re, a.im * wr.re - a.re * wi.re};
-    }
-    static R mul_neg_i(R a) { return {a.im, -a.re}; }
-    static R mul_pos_i(R a) { return {-a.im, a.re}; }
-    static R conj(R a) { return {a.re, -a.im}; }
-    static R reverse(R a) { return a; }
-    static R rev_lanes(R a) { return a; }
-    static void transpose(R*) {}
-};
+using Widest = simd::Vec<T, std::max(2, simd::Wide<T>::lanes)>;
 
-#if VEK_ISA_LEVEL >= 1
-struct F128 {
-    using R = __m128;
-    static constexpr int W = 2;
-    static R load(const float* p) { return _mm_loadu_ps(p); }
-    static void store(float* p, R a) { _mm_storeu_ps(p, a); }
-    static R set(float re, float im) { return _mm_setr_ps(re, im, re, im); }
-    static R add(R a, R b) { return _mm_add_ps(a, b); }
-    static R sub(R a, R b) { return _mm_sub_ps(a, b); }
-    static R swap(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(2, 3, 0, 1)); }
-    static R even_neg() { return _mm_castsi128_ps(_mm_setr_epi32(INT32_MIN, 0, INT32_MIN, 0)); }
-    static R odd_neg() { return _mm_castsi128_ps(_mm_setr_epi32(0, INT32_MIN, 0, INT32_MIN)); }
-    static R mulw(R a, R wr, R wi) {
-        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), even_neg()));
-    }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm_add_ps(_mm_mul_ps(a, wr), _mm_xor_ps(_mm_mul_ps(swap(a), wi), odd_neg()));
-    }
-    using Narrow = Scalar<float>;
-    static R conj(R a) { return _mm_xor_ps(a, odd_neg()); }
-    static R reverse(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
-    static R rev_lanes(R a) { return a; }
-    static R mul_neg_i(R a) { return _mm_xor_ps(swap(a), odd_neg()); }
-    static R mul_pos_i(R a) { return _mm_xor_ps(swap(a), even_neg()); }
-    static void transpose(R* r) {
-        const R a = _mm_movelh_ps(r[0], r[1]), b = _mm_movehl_ps(r[1], r[0]);
-        r[0] = a;
-        r[1] = b;
-    }
-};
-struct D128 {
-    using R = __m128d;
-    static constexpr int W = 1;
-    static R load(const double* p) { return _mm_loadu_pd(p); }
-    static void store(double* p, R a) { _mm_storeu_pd(p, a); }
-    static R set(double re, double im) { return _mm_setr_pd(re, im); }
-    static R add(R a, R b) { return _mm_add_pd(a, b); }
-    static R sub(R a, R b) { return _mm_sub_pd(a, b); }
-    static R swap(R a) { return _mm_shuffle_pd(a, a, 1); }
-    static R even_neg() { return _mm_setr_pd(-0.0, 0.0); }
-    static R odd_neg() { return _mm_setr_pd(0.0, -0.0); }
-    static R mulw(R a, R wr, R wi) {
-        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), even_neg()));
-    }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm_add_pd(_mm_mul_pd(a, wr), _mm_xor_pd(_mm_mul_pd(swap(a), wi), odd_neg()));
-    }
-    static R conj(R a) { return _mm_xor_pd(a, odd_neg()); }
-    static R reverse(R a) { return a; }
-    static R rev_lanes(R a) { return a; }
-    static R mul_neg_i(R a) { return _mm_xor_pd(swap(a), odd_neg()); }
-    static R mul_pos_i(R a) { return _mm_xor_pd(swap(a), even_neg()); }
-    static void transpose(R*) {}
-};
-#endif
-#if VEK_ISA_LEVEL >= 2
-struct F256 {
-    using R = __m256;
-    static constexpr int W = 4;
-    static R load(const float* p) { return _mm256_loadu_ps(p); }
-    static void store(float* p, R a) { _mm256_storeu_ps(p, a); }
-    static R set(float re, float im) { return _mm256_setr_ps(re, im, re, im, re, im, re, im); }
-    static R add(R a, R b) { return _mm256_add_ps(a, b); }
-    static R sub(R a, R b) { return _mm256_sub_ps(a, b); }
-    static R swap(R a) { return _mm256_permute_ps(a, 0xB1); }
-    static R odd_neg() { return _mm256_setr_ps(0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f); }
-    static R even_neg() { return _mm256_setr_ps(-0.f, 0.f, -0.f, 0.f, -0.f, 0.f, -0.f, 0.f); }
-    static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_ps(a, wr, _mm256_mul_ps(swap(a), wi)); }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm256_fmsubadd_ps(a, wr, _mm256_mul_ps(swap(a), wi));
-    }
-    // x1 = a - i b, x3 = a + i b in one fused add/subtract each.
-    static void rot(R a, R b, R& x1, R& x3) {
-        const R one = _mm256_set1_ps(1.0f), sb = swap(b);
-        x1 = _mm256_fmsubadd_ps(a, one, sb);
-        x3 = _mm256_fmaddsub_ps(a, one, sb);
-    }
-    using Narrow = F128;
-    static R conj(R a) { return _mm256_xor_ps(a, odd_neg()); }
-    static R reverse(R a) {
-        return _mm256_permutevar8x32_ps(a, _mm256_setr_epi32(6, 7, 4, 5, 2, 3, 0, 1));
-    }
-    // Lane l moves to lane bit_reverse(l) (2 bits).
-    static R rev_lanes(R a) {
-        return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a), 0xD8));
-    }
-    static R mul_neg_i(R a) { return _mm256_xor_ps(swap(a), odd_neg()); }
-    static R mul_pos_i(R a) { return _mm256_xor_ps(swap(a), even_neg()); }
-    static void transpose(R* r) {
-        const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
-        const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
-        const __m256d t2 = _mm256_unpacklo_pd(_mm256_castps_pd(r[2]), _mm256_castps_pd(r[3]));
-        const __m256d t3 = _mm256_unpackhi_pd(_mm256_castps_pd(r[2]), _mm256_castps_pd(r[3]));
-        r[0] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x20));
-        r[1] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x20));
-        r[2] = _mm256_castpd_ps(_mm256_permute2f128_pd(t0, t2, 0x31));
-        r[3] = _mm256_castpd_ps(_mm256_permute2f128_pd(t1, t3, 0x31));
-    }
-};
-struct D256 {
-    using R = __m256d;
-    static constexpr int W = 2;
-    static R load(const double* p) { return _mm256_loadu_pd(p); }
-    static void store(double* p, R a) { _mm256_storeu_pd(p, a); }
-    static R set(double re, double im) { return _mm256_setr_pd(re, im, re, im); }
-    static R add(R a, R b) { return _mm256_add_pd(a, b); }
-    static R sub(R a, R b) { return _mm256_sub_pd(a, b); }
-    static R swap(R a) { return _mm256_permute_pd(a, 0x5); }
-    static R mulw(R a, R wr, R wi) { return _mm256_fmaddsub_pd(a, wr, _mm256_mul_pd(swap(a), wi)); }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm256_fmsubadd_pd(a, wr, _mm256_mul_pd(swap(a), wi));
-    }
-    static void rot(R a, R b, R& x1, R& x3) {
-        const R one = _mm256_set1_pd(1.0), sb = swap(b);
-        x1 = _mm256_fmsubadd_pd(a, one, sb);
-        x3 = _mm256_fmaddsub_pd(a, one, sb);
-    }
-    using Narrow = D128;
-    static R conj(R a) { return _mm256_xor_pd(a, _mm256_setr_pd(0., -0., 0., -0.)); }
-    static R reverse(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(1, 0, 3, 2)); }
-    static R rev_lanes(R a) { return a; }
-    static R mul_neg_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(0., -0., 0., -0.)); }
-    static R mul_pos_i(R a) { return _mm256_xor_pd(swap(a), _mm256_setr_pd(-0., 0., -0., 0.)); }
-    static void transpose(R* r) {
-        const R a = _mm256_permute2f128_pd(r[0], r[1], 0x20);
-        const R b = _mm256_permute2f128_pd(r[0], r[1], 0x31);
-        r[0] = a;
-        r[1] = b;
-    }
-};
-#endif
-#if VEK_ISA_LEVEL >= 3
-struct F512 {
-    using R = __m512;
-    static constexpr int W = 8;
-    static R load(const float* p) { return _mm512_loadu_ps(p); }
-    static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
-    static R set(float re, float im) { return _mm512_setr4_ps(re, im, re, im); }
-    static R add(R a, R b) { return _mm512_add_ps(a, b); }
-    static R sub(R a, R b) { return _mm512_sub_ps(a, b); }
-    static R swap(R a) { return _mm512_permute_ps(a, 0xB1); }
-    static R odd_neg() {
-        return _mm512_castsi512_ps(
-            _mm512_set1_epi64(static_cast<long long>(0x8000000000000000ull)));
-    }
-    static R even_neg() { return _mm512_castsi512_ps(_mm512_set1_epi64(0x80000000ll)); }
-    static R mulw(R a, R wr, R wi) { return _mm512_fmaddsub_ps(a, wr, _mm512_mul_ps(swap(a), wi)); }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm512_fmsubadd_ps(a, wr, _mm512_mul_ps(swap(a), wi));
-    }
-    static void rot(R a, R b, R& x1, R& x3) {
-        const R one = _mm512_set1_ps(1.0f), sb = swap(b);
-        x1 = _mm512_fmsubadd_ps(a, one, sb);
-        x3 = _mm512_fmaddsub_ps(a, one, sb);
-    }
-    using Narrow = F256;
-    static R conj(R a) { return _mm512_xor_ps(a, odd_neg()); }
-    static R reverse(R a) {
-        return _mm512_permutexvar_ps(
-            _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
-    }
-    // Lane l moves to lane bit_reverse(l) (3 bits).
-    static R rev_lanes(R a) {
-        return _mm512_castpd_ps(
-            _mm512_permutexvar_pd(_mm512_setr_epi64(0, 4, 2, 6, 1, 5, 3, 7), _mm512_castps_pd(a)));
-    }
-    static R mul_neg_i(R a) { return _mm512_xor_ps(swap(a), odd_neg()); }
-    static R mul_pos_i(R a) { return _mm512_xor_ps(swap(a), even_neg()); }
-    static void transpose(R* r) {
-        __m512d t[8], u[8];
-        for (int i = 0; i < 8; i += 2) {
-            t[i] = _mm512_unpacklo_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
-            t[i + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(r[i]), _mm512_castps_pd(r[i + 1]));
-        }
-        // u[0..3]: rows 0-3, column pairs {0,4}, {2,6}, {1,5}, {3,7}; u[4..7]: rows 4-7.
-        for (int h = 0; h < 8; h += 4) {
-            u[h + 0] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0x88);
-            u[h + 1] = _mm512_shuffle_f64x2(t[h + 0], t[h + 2], 0xDD);
-            u[h + 2] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0x88);
-            u[h + 3] = _mm512_shuffle_f64x2(t[h + 1], t[h + 3], 0xDD);
-        }
-        r[0] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0x88));
-        r[4] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[0], u[4], 0xDD));
-        r[2] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0x88));
-        r[6] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[1], u[5], 0xDD));
-        r[1] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0x88));
-        r[5] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[2], u[6], 0xDD));
-        r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
-        r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
-    }
-};
-struct D512 {
-    using R = __m512d;
-    static constexpr int W = 4;
-    static R load(const double* p) { return _mm512_loadu_pd(p); }
-    static void store(double* p, R a) { _mm512_storeu_pd(p, a); }
-    static R set(double re, double im) { return _mm512_setr_pd(re, im, re, im, re, im, re, im); }
-    static R add(R a, R b) { return _mm512_add_pd(a, b); }
-    static R sub(R a, R b) { return _mm512_sub_pd(a, b); }
-    static R swap(R a) { return _mm512_permute_pd(a, 0x55); }
-    static R mulw(R a, R wr, R wi) { return _mm512_fmaddsub_pd(a, wr, _mm512_mul_pd(swap(a), wi)); }
-    static R mulwc(R a, R wr, R wi) {
-        return _mm512_fmsubadd_pd(a, wr, _mm512_mul_pd(swap(a), wi));
-    }
-    static void rot(R a, R b, R& x1, R& x3) {
-        const R one = _mm512_set1_pd(1.0), sb = swap(b);
-        x1 = _mm512_fmsubadd_pd(a, one, sb);
-        x3 = _mm512_fmaddsub_pd(a, one, sb);
-    }
-    using Narrow = D256;
-    static R conj(R a) {
-        return _mm512_xor_pd(a, _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
-    }
-    static R reverse(R a) {
-        return _mm512_permutexvar_pd(_mm512_setr_epi64(6, 7, 4, 5, 2, 3, 0, 1), a);
-    }
-    // Lane l moves to lane bit_reverse(l) (2 bits).
-    static R rev_lanes(R a) { return _mm512_shuffle_f64x2(a, a, 0xD8); }
-    static R mul_neg_i(R a) {
-        return _mm512_xor_pd(swap(a), _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.));
-    }
-    static R mul_pos_i(R a) {
-        return _mm512_xor_pd(swap(a), _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.));
-    }
-    static void transpose(R* r) {
-        const R t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44);
-        const R t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
-        const R t2 = _mm512_shuffle_f64x2(r[2], r[3], 0x44);
-        const R t3 = _mm512_shuffle_f64x2(r[2], r[3], 0xEE);
-        r[0] = _mm512_shuffle_f64x2(t0, t2, 0x88);
-        r[1] = _mm512_shuffle_f64x2(t0, t2, 0xDD);
-        r[2] = _mm512_shuffle_f64x2(t1, t3, 0x88);
-        r[3] = _mm512_shuffle_f64x2(t1, t3, 0xDD);
-    }
-};
-#endif
-#if VEK_ISA_LEVEL >= 3
-using VF = F512;
-using VD = D512;
-#elif VEK_ISA_LEVEL == 2
-using VF = F256;
-using VD = D256;
-#elif VEK_ISA_LEVEL == 1
-using VF = F128;
-using VD = D128;
-#else
-using VF = Scalar<float>;
-using VD = Scalar<double>;
-#endif
+using VF = Widest<float>;
+using VD = Widest<double>;
 
 // ---- bit reversal ---------------------------------------------------------------------------
 
@@ -338,19 +76,20 @@ inline typename V::R quarter(typename V::R a) {
         return V::mul_neg_i(a);
 }
 
+// Whether V rotates with one fused add/subtract per output (V::rotate on the 256- and 512-bit
+// registers). Narrower vectors add and subtract the quarter-turned value instead, which the
+// fused form matches bit for bit on finite values.
 template <class V>
-concept FusedRotation = requires(typename V::R a) {
-    V::rot(a, a, a, a);
-};
+inline constexpr bool kFusedRotation = V::fused && sizeof(typename V::R) >= 32;
 
 // x1 = a + q b and x3 = a - q b, q the transform's quarter turn (-i forward, +i inverse).
 template <class V, bool INV>
 inline void rotate_pair(typename V::R a, typename V::R b, typename V::R& x1, typename V::R& x3) {
-    if constexpr (FusedRotation<V>) {
+    if constexpr (kFusedRotation<V>) {
         if constexpr (INV)
-            V::rot(a, b, x3, x1);
+            V::rotate(a, b, x3, x1);
         else
-            V::rot(a, b, x1, x3);
+            V::rotate(a, b, x1, x3);
     } else {
         const auto qb = quarter<V, INV>(b);
         x1 = V::add(a, qb);
@@ -361,9 +100,9 @@ inline void rotate_pair(typename V::R a, typename V::R b, typename V::R& x1, typ
 template <class V, bool INV>
 inline typename V::R twiddle_split(typename V::R a, typename V::R wr, typename V::R wi) {
     if constexpr (INV)
-        return V::mulwc(a, wr, wi);
+        return V::mul_conj_twiddle(a, wr, wi);
     else
-        return V::mulw(a, wr, wi);
+        return V::mul_twiddle(a, wr, wi);
 }
 
 // 4-point transform, natural order in and out.
@@ -392,9 +131,9 @@ inline void dft8(typename V::R* x) {
     typename V::R o0 = x[1], o1 = x[3], o2 = x[5], o3 = x[7];
     dft4<V, INV>(e0, e1, e2, e3);
     dft4<V, INV>(o0, o1, o2, o3);
-    o1 = twiddle_split<V, INV>(o1, V::set(K::r, K::r), V::set(-K::r, -K::r));
+    o1 = twiddle_split<V, INV>(o1, V::splat(K::r), V::splat(-K::r));
     o2 = quarter<V, INV>(o2);
-    o3 = twiddle_split<V, INV>(o3, V::set(-K::r, -K::r), V::set(-K::r, -K::r));
+    o3 = twiddle_split<V, INV>(o3, V::splat(-K::r), V::splat(-K::r));
     x[0] = V::add(e0, o0);
     x[4] = V::sub(e0, o0);
     x[1] = V::add(e1, o1);
@@ -419,15 +158,15 @@ inline void dft16(typename V::R* x) {
         y[4 * n2 + 3] = a3;
     }
     // y[4*n2 + k1] *= W16^(n2*k1)
-    y[5] = twiddle_split<V, INV>(y[5], V::set(K::c1, K::c1), V::set(-K::s1, -K::s1));
-    y[6] = twiddle_split<V, INV>(y[6], V::set(K::r, K::r), V::set(-K::r, -K::r));
-    y[7] = twiddle_split<V, INV>(y[7], V::set(K::s1, K::s1), V::set(-K::c1, -K::c1));
-    y[9] = twiddle_split<V, INV>(y[9], V::set(K::r, K::r), V::set(-K::r, -K::r));
+    y[5] = twiddle_split<V, INV>(y[5], V::splat(K::c1), V::splat(-K::s1));
+    y[6] = twiddle_split<V, INV>(y[6], V::splat(K::r), V::splat(-K::r));
+    y[7] = twiddle_split<V, INV>(y[7], V::splat(K::s1), V::splat(-K::c1));
+    y[9] = twiddle_split<V, INV>(y[9], V::splat(K::r), V::splat(-K::r));
     y[10] = quarter<V, INV>(y[10]);
-    y[11] = twiddle_split<V, INV>(y[11], V::set(-K::r, -K::r), V::set(-K::r, -K::r));
-    y[13] = twiddle_split<V, INV>(y[13], V::set(K::s1, K::s1), V::set(-K::c1, -K::c1));
-    y[14] = twiddle_split<V, INV>(y[14], V::set(-K::r, -K::r), V::set(-K::r, -K::r));
-    y[15] = twiddle_split<V, INV>(y[15], V::set(-K::c1, -K::c1), V::set(K::s1, K::s1));
+    y[11] = twiddle_split<V, INV>(y[11], V::splat(-K::r), V::splat(-K::r));
+    y[13] = twiddle_split<V, INV>(y[13], V::splat(K::s1), V::splat(-K::c1));
+    y[14] = twiddle_split<V, INV>(y[14], V::splat(-K::r), V::splat(-K::r));
+    y[15] = twiddle_split<V, INV>(y[15], V::splat(-K::c1), V::splat(K::s1));
     for (int k1 = 0; k1 < 4; ++k1) {
         typename V::R a0 = y[k1], a1 = y[4 + k1], a2 = y[8 + k1], a3 = y[12 + k1];
         dft4<V, INV>(a0, a1, a2, a3);
@@ -447,14 +186,14 @@ inline void leaf_dft(typename V::R* x) {
 }
 
 // Out of place: bit-reversal permutation and the S-point leaf transforms in one pass. Leaf
-// block b (dst[S*b ..]) is the S-point transform of src[rev(b) + p*nb], p = 0..S-1; V::W
+// block b (dst[S*b ..]) is the S-point transform of src[rev(b) + p*nb], p = 0..S-1; kPairs<V>
 // consecutive rev(b) values are loaded as one vector per p and transposed on the way out.
 template <class V, class T, int S, bool INV>
 void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
-    constexpr int W = V::W;
+    constexpr int W = kPairs<V>;
     if constexpr (W > 1) {
         if (nb < static_cast<size_t>(W))
-            return leaf_out_of_place<typename V::Narrow, T, S, INV>(src, dst, nb, bbits);
+            return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
     }
     // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is
     // l reversed over log2(W) bits, times nb / W.
@@ -469,7 +208,7 @@ void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
         for (int c = 0; c < S / W; ++c) {
             typename V::R t[W];
             for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
-            V::transpose(t);
+            V::transpose_pairs(t);
             for (int l = 0; l < W; ++l)
                 V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
         }
@@ -480,9 +219,9 @@ void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
 // bit-reversed order; W blocks are transposed into lanes, transformed and transposed back.
 template <class V, class T, int S, bool INV>
 void leaf_in_place(T* x, size_t nb) {
-    constexpr int W = V::W;
+    constexpr int W = kPairs<V>;
     if constexpr (W > 1) {
-        if (nb < static_cast<size_t>(W)) return leaf_in_place<typename V::Narrow, T, S, INV>(x, nb);
+        if (nb < static_cast<size_t>(W)) return leaf_in_place<Narrower<V>, T, S, INV>(x, nb);
     }
     constexpr int lb = S == 16 ? 4 : 3;
     for (size_t b0 = 0; b0 < nb; b0 += W) {
@@ -490,7 +229,7 @@ void leaf_in_place(T* x, size_t nb) {
         for (int c = 0; c < S / W; ++c) {
             typename V::R t[W];
             for (int l = 0; l < W; ++l) t[l] = V::load(x + 2 * ((b0 + l) * S + c * W));
-            V::transpose(t);
+            V::transpose_pairs(t);
             for (int i = 0; i < W; ++i) q[c * W + i] = t[i];
         }
         for (int p = 0; p < S; ++p) y[p] = q[bit_reverse(static_cast<size_t>(p), lb)];
@@ -498,7 +237,7 @@ void leaf_in_place(T* x, size_t nb) {
         for (int c = 0; c < S / W; ++c) {
             typename V::R t[W];
             for (int i = 0; i < W; ++i) t[i] = y[c * W + i];
-            V::transpose(t);
+            V::transpose_pairs(t);
             for (int l = 0; l < W; ++l) V::store(x + 2 * ((b0 + l) * S + c * W), t[l]);
         }
     }
@@ -521,11 +260,11 @@ void bit_reverse_in_place_scalar(T* x, int order) {
 
 // Bit reversal in W x W tiles: an index is (a, m, c) with a and c of lb = log2(W) bits, and
 // rev(a, m, c) = (rev c, rev m, rev a). Rows a of the tile at middle m are vectors over c;
-// transposed, row c holds lanes a, which rev_lanes puts in rev(a) order for row rev(c) of the
-// tile at rev(m). Tiles m and rev(m) are exchanged together.
+// transposed, row c holds lanes a, which bit_reverse_pairs puts in rev(a) order for row rev(c) of
+// the tile at rev(m). Tiles m and rev(m) are exchanged together.
 template <class V, class T>
 void bit_reverse_in_place(T* x, int order) {
-    constexpr int W = V::W;
+    constexpr int W = kPairs<V>;
     constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
     if constexpr (W == 1) {
         bit_reverse_in_place_scalar(x, order);
@@ -540,12 +279,12 @@ void bit_reverse_in_place(T* x, int order) {
             typename V::R t[W], u[W];
             for (int i = 0; i < W; ++i) t[i] = V::load(at(i, m, 0));
             for (int i = 0; i < W; ++i) u[i] = V::load(at(i, mr, 0));
-            V::transpose(t);
-            V::transpose(u);
+            V::transpose_pairs(t);
+            V::transpose_pairs(u);
             for (int c = 0; c < W; ++c) {
                 const size_t rc = bit_reverse(static_cast<size_t>(c), lb);
-                V::store(at(rc, mr, 0), V::rev_lanes(t[c]));
-                if (mr != m) V::store(at(rc, m, 0), V::rev_lanes(u[c]));
+                V::store(at(rc, mr, 0), V::bit_reverse_pairs(t[c]));
+                if (mr != m) V::store(at(rc, m, 0), V::bit_reverse_pairs(u[c]));
             }
         }
     }
@@ -574,7 +313,7 @@ inline void butterfly4(typename V::R& a0, typename V::R& a1, typename V::R& a2, 
 
 template <class V, class T, bool INV>
 void radix4_stage(T* x, size_t m, const T* tw) {
-    for (size_t j = 0; j < 2 * m; j += 2 * V::W) {
+    for (size_t j = 0; j < 2 * m; j += 2 * kPairs<V>) {
         auto a0 = V::load(x + j), a1 = V::load(x + 2 * m + j);
         auto a2 = V::load(x + 4 * m + j), a3 = V::load(x + 6 * m + j);
         butterfly4<V, T, INV>(a0, a1, a2, a3, tw, j / 2);
@@ -589,7 +328,7 @@ void radix4_stage(T* x, size_t m, const T* tw) {
 // sixteen points j + k m (k < 16) are closed under both stages, so they stay in registers.
 template <class V, class T, bool INV>
 void radix16_stage(T* x, size_t m, const T* tw_m, const T* tw_4m) {
-    for (size_t j = 0; j < 2 * m; j += 2 * V::W) {
+    for (size_t j = 0; j < 2 * m; j += 2 * kPairs<V>) {
         typename V::R v[16];
         for (int k = 0; k < 16; ++k) v[k] = V::load(x + 2 * m * k + j);
         for (int b = 0; b < 4; ++b)
@@ -632,6 +371,11 @@ void stages(T* x, size_t len, size_t leaf, const T* tw) {
     }
 }
 
+// In place, transforms of up to this many bytes copy their input to the stack and run the fused
+// bit-reversal and leaf pass out of place from the copy: a copy within the level-1 cache costs
+// less than the tiled bit reversal followed by a separate leaf pass.
+inline constexpr size_t kCopyInPlaceBytes = 16384;
+
 template <class V, class T, int S, bool INV>
 void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     constexpr int lb = S == 16 ? 4 : 3;
@@ -639,6 +383,10 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     const size_t nb = n / S;
     if (src != dst) {
         leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
+    } else if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
+        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
+        std::memcpy(copy, src, 2 * n * sizeof(T));
+        leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
     } else {
         bit_reverse_in_place<V, T>(dst, order);
         leaf_in_place<V, T, S, INV>(dst, nb);
@@ -649,7 +397,7 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
 // 1, 2 and 4 points.
 template <class T, bool INV>
 void cfft_tiny(const T* src, T* dst, int order) {
-    using V = Scalar<T>;
+    using V = One<T>;
     if (order == 0) {
         dst[0] = src[0];
         dst[1] = src[1];
@@ -667,14 +415,14 @@ void cfft_tiny(const T* src, T* dst, int order) {
     }
 }
 
-// The short pass of orders 3 to 7 (N = L R points in R rows of L = V::W complex values): with
+// The short pass of orders 3 to 7 (N = L R points in R rows of L = kPairs<V> complex values): with
 // n = L n1 + n2 (row n1, lane n2), R-point transforms across the rows, the twiddles
 // W_N^(n2 k1), an L x L transpose of each group of L rows and L-point transforms across them
 // leave X[k1 + R k2] in row L (k1 / L) + k2, lane k1 % L: natural order, so every row stores
 // whole. All N points stay in registers, which is why it may run in place.
 template <class V, class T, int R, bool INV>
 void cfft_short(const T* src, T* dst, const T* tw) {
-    constexpr int L = V::W;
+    constexpr int L = kPairs<V>;
     static_assert((L == 2 || L == 4 || L == 8) && R >= L);
     typename V::R x[R];
     for (int p = 0; p < R; ++p) x[p] = V::load(src + 2 * L * p);
@@ -689,7 +437,7 @@ void cfft_short(const T* src, T* dst, const T* tw) {
         x[k] = twiddle_split<V, INV>(x[k], V::load(w), V::load(w + 2 * L));
     }
     for (int b = 0; b < R; b += L) {
-        V::transpose(x + b);
+        V::transpose_pairs(x + b);
         if constexpr (L == 8) {
             dft8<V, T, INV>(x + b);
         } else if constexpr (L == 4) {
@@ -703,13 +451,13 @@ void cfft_short(const T* src, T* dst, const T* tw) {
     }
 }
 
-// The short pass in rows of V::W complex values, when that is the order's lane count.
+// The short pass in rows of kPairs<V> complex values, when that is the order's lane count.
 template <class V, class T, bool INV>
 bool short_in(const T* src, T* dst, int order, const T* tw) {
-    if (!fft_has_short_pass(order) || fft_short_lanes(order) != V::W) return false;
+    if (!fft_has_short_pass(order) || fft_short_lanes(order) != kPairs<V>) return false;
     tw += fft_stage_values(order);
-    const int rows = (1 << order) / V::W; // at least V::W, by the lane counts
-    if constexpr (V::W <= 4)
+    const int rows = (1 << order) / kPairs<V>; // at least kPairs<V>, by the lane counts
+    if constexpr (kPairs<V> <= 4)
         if (rows == 4) return cfft_short<V, T, 4, INV>(src, dst, tw), true;
     if (rows == 8) return cfft_short<V, T, 8, INV>(src, dst, tw), true;
     if (rows == 16) return cfft_short<V, T, 16, INV>(src, dst, tw), true;
@@ -717,35 +465,22 @@ bool short_in(const T* src, T* dst, int order, const T* tw) {
 }
 
 // Runs the short pass where this level has registers of the order's lane count (two, four or
-// eight complex values).
-template <class T, bool INV>
+// eight complex values): from the widest vector down to two complex values.
+template <class V, class T, bool INV>
 bool try_short(const T* src, T* dst, int order, const T* tw) {
-    if constexpr (sizeof(T) == 4) {
-#if VEK_ISA_LEVEL >= 3
-        if (short_in<F512, T, INV>(src, dst, order, tw)) return true;
-#endif
-#if VEK_ISA_LEVEL >= 2
-        if (short_in<F256, T, INV>(src, dst, order, tw)) return true;
-#endif
-#if VEK_ISA_LEVEL >= 1
-        if (short_in<F128, T, INV>(src, dst, order, tw)) return true;
-#endif
+    if constexpr (kPairs<V> >= 2) {
+        if (short_in<V, T, INV>(src, dst, order, tw)) return true;
+        return try_short<Narrower<V>, T, INV>(src, dst, order, tw);
     } else {
-#if VEK_ISA_LEVEL >= 3
-        if (short_in<D512, T, INV>(src, dst, order, tw)) return true;
-#endif
-#if VEK_ISA_LEVEL >= 2
-        if (short_in<D256, T, INV>(src, dst, order, tw)) return true;
-#endif
+        (void)src, (void)dst, (void)order, (void)tw;
+        return false;
     }
-    (void)src, (void)dst, (void)order, (void)tw;
-    return false;
 }
 
 template <class V, class T>
 void cfft(const T* src, T* dst, int order, const T* tw, bool inverse) {
-    if (inverse ? try_short<T, true>(src, dst, order, tw)
-                : try_short<T, false>(src, dst, order, tw))
+    if (inverse ? try_short<V, T, true>(src, dst, order, tw)
+                : try_short<V, T, false>(src, dst, order, tw))
         return;
     if (order < 3) {
         if (inverse)
@@ -778,12 +513,12 @@ void scale(T* x, size_t n, T s) {
 // (the inverse keeps the factor 2 of both halves, so that the half-length inverse transform
 // yields N times the signal). Index 0 and the self-mirrored N/4 are handled apart.
 template <class V, class T, bool INV>
-inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
-    const size_t km = n / 2 - k - (V::W - 1); // first complex of the mirrored vector
+inline void split_values(const T* z, size_t n, const T* fr, const T* fi, size_t k,
+                         typename V::R& lo, typename V::R& hi) {
+    const size_t km = n / 2 - k - (kPairs<V> - 1); // first complex of the mirrored vector
     const auto p = V::load(z + 2 * k);
-    const auto q = V::conj(V::reverse(V::load(z + 2 * km)));
-    const auto t = V::mulw(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
-    typename V::R lo, hi;
+    const auto q = V::conj(V::reverse_pairs(V::load(z + 2 * km)));
+    const auto t = V::mul_twiddle(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
     if constexpr (INV) {
         const auto sum = V::add(p, q);
         lo = V::add(sum, t);
@@ -792,17 +527,44 @@ inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
         lo = V::add(q, t);
         hi = V::conj(V::sub(p, t));
     }
+    hi = V::reverse_pairs(hi);
+}
+
+// Split pair k: the results at k and at the mirrored block.
+template <class V, class T, bool INV>
+inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+    typename V::R lo, hi;
+    split_values<V, T, INV>(z, n, fr, fi, k, lo, hi);
     V::store(z + 2 * k, lo);
-    V::store(z + 2 * km, V::reverse(hi));
+    V::store(z + 2 * (n / 2 - k - (kPairs<V> - 1)), hi);
 }
 
 // Split pairs k, k + 1, ... below N/4 with vectors of V while the block [k, k + W) stays below
 // its mirrored block, then with narrower vectors down to one lane.
 template <class V, class T, bool INV>
 void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
-    for (; k + 2 * V::W <= n / 2 - k + 1 && k + V::W <= n / 4; k += V::W)
+    for (; k + 2 * kPairs<V> <= n / 2 - k + 1 && k + kPairs<V> <= n / 4; k += kPairs<V>)
         split_pair<V, T, INV>(z, n, fr, fi, k);
-    if constexpr (V::W > 1) split_pairs<typename V::Narrow, T, INV>(z, n, fr, fi, k);
+    if constexpr (kPairs<V> >= 2) split_pairs<Narrower<V>, T, INV>(z, n, fr, fi, k);
+}
+
+// The split steps of 16 reals (8 complex values) next to the transform's short pass, which
+// stores (forward) or loads (inverse) rows of two complex values: the results are joined in
+// registers and stored as such rows, so that each later load of the rows, by the short pass or
+// by the Pack layout's move, is served by one store (a load that straddles several smaller
+// stores waits until they reach the cache). Same arithmetic as the general steps below.
+template <class T, bool INV>
+void rsplit16(T* z, const T* fr, const T* fi) {
+    using C = One<T>;
+    using Row = simd::Vec<T, 4>;
+    typename C::R r[8];
+    r[0] = C::splat_pair(z[0] + z[1], z[0] - z[1]);
+    for (size_t k = 1; k < 4; ++k) split_values<C, T, INV>(z, 16, fr, fi, k, r[k], r[8 - k]);
+    if constexpr (INV)
+        r[4] = C::mul(C::load(z + 8), C::splat_pair(T(2), T(-2)));
+    else
+        r[4] = C::conj(C::load(z + 8));
+    for (int j = 0; j < 4; ++j) Row::store(z + 4 * j, Row::join(r[2 * j], r[2 * j + 1]));
 }
 
 template <class V, class T, bool INV>
@@ -810,6 +572,8 @@ void rsplit(T* z, size_t n, const T* tab) {
     const size_t quarter_n = n / 4;
     const T* fr = tab;
     const T* fi = tab + 2 * quarter_n;
+    if constexpr (kPairs<V> >= 2)
+        if (n == 16) return rsplit16<T, INV>(z, fr, fi);
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
@@ -818,7 +582,7 @@ void rsplit(T* z, size_t n, const T* tab) {
     if (n >= 32)
         split_pairs<V, T, INV>(z, n, fr, fi, 1);
     else
-        split_pairs<Scalar<T>, T, INV>(z, n, fr, fi, 1);
+        split_pairs<One<T>, T, INV>(z, n, fr, fi, 1);
     if constexpr (INV) {
         z[n / 2] = 2 * z[n / 2];
         z[n / 2 + 1] = -2 * z[n / 2 + 1];
