@@ -207,6 +207,28 @@ struct Vec {
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }
+    // Integer arithmetic on the lanes' bit patterns (wrapping), for floating-point lanes: the
+    // exponent and significand fields of table-driven evaluations.
+    static R add_bits(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return static_cast<decltype(x)>(x + y); });
+    }
+    static R sub_bits(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return static_cast<decltype(x)>(x - y); });
+    }
+    static R shift_left_bits(R a, int k) { // logical, 0 <= k < bits of T
+        return bitwise(a, a, [k](auto x, auto) { return static_cast<decltype(x)>(x << k); });
+    }
+    static R shift_right_bits(R a, int k) { // logical, 0 <= k < bits of T
+        return bitwise(a, a, [k](auto x, auto) { return static_cast<decltype(x)>(x >> k); });
+    }
+    // table[i] per lane, i the low `b` bits of the lane's bit pattern (1 <= b <= 16): a table
+    // lookup indexed by the low bits of a number shifted into the last places.
+    static R lookup(const T* table, R a, int b) {
+        R r;
+        for (int i = 0; i < N; ++i)
+            r.v[i] = table[std::bit_cast<BitsOf<T>>(a.v[i]) & ((BitsOf<T>{1} << b) - 1)];
+        return r;
+    }
 
     // ---- interleaved complex values: lanes (2k, 2k+1) hold (re, im) ----
     static R swap_pairs(R a) {

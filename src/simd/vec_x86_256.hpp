@@ -217,6 +217,16 @@ struct Vec<double, 4> {
     static R from_float(__m128 a) { return _mm256_cvtps_pd(a); }
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector).
+    static R add_bits(R a, R b) { return from_bits(_mm256_add_epi64(bits(a), bits(b))); }
+    static R sub_bits(R a, R b) { return from_bits(_mm256_sub_epi64(bits(a), bits(b))); }
+    static R shift_left_bits(R a, int k) { return from_bits(_mm256_slli_epi64(bits(a), k)); }
+    static R shift_right_bits(R a, int k) { return from_bits(_mm256_srli_epi64(bits(a), k)); }
+    static R lookup(const double* table, R a, int b) {
+        const __m256i i = _mm256_and_si256(bits(a), _mm256_set1_epi64x((1ll << b) - 1));
+        return _mm256_i64gather_pd(table, i, 8);
+    }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }

@@ -212,6 +212,36 @@ struct Vec<double, 8> {
         return _mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     }
     static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector): tables of up to 64 entries are permuted from registers.
+    static R add_bits(R a, R b) { return from_bits(_mm512_add_epi64(bits(a), bits(b))); }
+    static R sub_bits(R a, R b) { return from_bits(_mm512_sub_epi64(bits(a), bits(b))); }
+    static R shift_left_bits(R a, int k) {
+        return from_bits(_mm512_sll_epi64(bits(a), _mm_cvtsi32_si128(k)));
+    }
+    static R shift_right_bits(R a, int k) {
+        return from_bits(_mm512_srl_epi64(bits(a), _mm_cvtsi32_si128(k)));
+    }
+    static R lookup(const double* table, R a, int b) {
+        const __m512i i = bits(a);
+        if (b == 3) return _mm512_permutexvar_pd(i, _mm512_loadu_pd(table));
+        const auto p16 = [i](const double* t) {
+            return _mm512_permutex2var_pd(_mm512_loadu_pd(t), i, _mm512_loadu_pd(t + 8));
+        };
+        if (b == 4) return p16(table);
+        const auto bit = [i](long long m) {
+            return _mm512_test_epi64_mask(i, _mm512_set1_epi64(m));
+        };
+        if (b == 5) return _mm512_mask_blend_pd(bit(16), p16(table), p16(table + 16));
+        if (b == 6) {
+            const __mmask8 m16 = bit(16);
+            return _mm512_mask_blend_pd(
+                bit(32), _mm512_mask_blend_pd(m16, p16(table), p16(table + 16)),
+                _mm512_mask_blend_pd(m16, p16(table + 32), p16(table + 48)));
+        }
+        return _mm512_i64gather_pd(_mm512_and_si512(i, _mm512_set1_epi64((1ll << b) - 1)), table,
+                                   8);
+    }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }

@@ -8,6 +8,7 @@
 #include "arith/elementary/exact.hpp"
 #include "arith/elementary/fast.hpp"
 #include "arith/elementary/kernels.hpp"
+#include "arith/elementary/vector.hpp"
 #include "simd/ns.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -114,7 +115,13 @@ void sqrt_32fc(const Vek32fc* s, Vek32fc* d, size_t n) {
     }
 }
 
-void exp_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Exp32>(s, d, n); }
+void exp_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::ExpFast>(s, d, n, [](float x) { return elem::exp_32f(x); });
+#else
+    map_float<Exp32>(s, d, n);
+#endif
+}
 unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) { return map_float<Ln32>(s, d, n); }
 void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Cbrt32>(s, d, n); }
 void atan_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Atan32>(s, d, n); }
@@ -148,7 +155,11 @@ void sqrt_64fc(const Vek64fc* s, Vek64fc* d, size_t n) {
 }
 
 void exp_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::exp_64f(s, d, n);
+#else
     for (size_t i = 0; i < n; ++i) d[i] = elem::exp_64f(s[i]);
+#endif
 }
 
 // ln(x) for a positive normal double: as log_parts, with r = z/c - 1 from an exact product.
