@@ -207,6 +207,12 @@ struct Vec {
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }
+    // An estimate of 1/a (floating-point lanes) to within 2^-reciprocal_bits, relative, for a
+    // in the normal float range: the start of Newton steps where a division would be slow.
+    static constexpr int reciprocal_bits = 53;
+    static R reciprocal_estimate(R a) {
+        return map(a, a, [](T x, T) { return T(1) / x; });
+    }
     // Integer arithmetic on the lanes' bit patterns (wrapping), for floating-point lanes: the
     // exponent and significand fields of table-driven evaluations.
     static R add_bits(R a, R b) {

@@ -219,6 +219,9 @@ struct Vec<double, 4> {
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
     // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
     // portable vector).
+    // 1/a to within 2^-11 (relative) for |a| in the normal float range, for Newton steps.
+    static constexpr int reciprocal_bits = 11;
+    static R reciprocal_estimate(R a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a))); }
     static R add_bits(R a, R b) { return from_bits(_mm256_add_epi64(bits(a), bits(b))); }
     static R sub_bits(R a, R b) { return from_bits(_mm256_sub_epi64(bits(a), bits(b))); }
     static R shift_left_bits(R a, int k) { return from_bits(_mm256_slli_epi64(bits(a), k)); }

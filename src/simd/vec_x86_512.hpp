@@ -214,6 +214,9 @@ struct Vec<double, 8> {
     static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
     // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
     // portable vector): tables of up to 64 entries are permuted from registers.
+    // 1/a to within 2^-14 (relative), for a Newton step or two.
+    static constexpr int reciprocal_bits = 14;
+    static R reciprocal_estimate(R a) { return _mm512_rcp14_pd(a); }
     static R add_bits(R a, R b) { return from_bits(_mm512_add_epi64(bits(a), bits(b))); }
     static R sub_bits(R a, R b) { return from_bits(_mm512_sub_epi64(bits(a), bits(b))); }
     static R shift_left_bits(R a, int k) {

@@ -122,9 +122,23 @@ void exp_32f(const Vek32f* s, Vek32f* d, size_t n) {
     map_float<Exp32>(s, d, n);
 #endif
 }
-unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) { return map_float<Ln32>(s, d, n); }
+unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    unsigned warn = 0;
+    vec::map_32f<vec::LnFast>(s, d, n, [&warn](float x) { return elem::ln_32f(x, warn); });
+    return warn;
+#else
+    return map_float<Ln32>(s, d, n);
+#endif
+}
 void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Cbrt32>(s, d, n); }
-void atan_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Atan32>(s, d, n); }
+void atan_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::AtanFast>(s, d, n, [](float x) { return elem::atan_32f(x); });
+#else
+    map_float<Atan32>(s, d, n);
+#endif
+}
 
 // ---- double members --------------------------------------------------------------------------
 

@@ -52,6 +52,15 @@ inline RR two_prod(R a, R b) {
     return {p, VD::mul_sub(a, b, p)};
 }
 
+// num / den to within 2^-51 (relative), for den in the normal float range: a reciprocal
+// estimate refined by Newton steps (each doubles its bits), cheaper than a division.
+inline R quotient(R num, R den) {
+    R y = VD::reciprocal_estimate(den);
+    for (int bits = VD::reciprocal_bits; bits < 52; bits *= 2)
+        y = VD::mul_add(y, VD::mul_add(VD::sub(VD::zero(), den), y, VD::splat(1.0)), y);
+    return VD::mul(num, y);
+}
+
 // 2^e for the integer e held in the low bits of s = e' + shifter (e' = e * 2^shift + j): the
 // pattern to add to a normal double's bits to multiply it by 2^e, when the product is normal.
 inline R exponent_bits(R s, int shift) {
@@ -138,7 +147,9 @@ inline void exp_64f(const double* src, double* dst, size_t n) {
 // 2^-50: 2^(j/16) rounded to double times e^r, |r| <= ln2/32, by its Taylor series to r^6/6!
 // (truncation below 2^-51); the result is scaled by 2^e in the exponent field.
 struct ExpFast {
-    static auto in_range(R x) { return VD::le(VD::abs(x), VD::splat(87.0)); }
+    static R keep(R x, R d) {
+        return VD::select(VD::le(VD::abs(x), VD::splat(87.0)), d, VD::zero());
+    }
     static R eval(R x) {
         const R s = VD::mul_add(x, VD::splat(0x1.71547652b82fep+4), VD::splat(shifter)); // 16/ln2
         const R nkd = VD::sub(VD::splat(shifter), s);
@@ -157,11 +168,121 @@ struct ExpFast {
     }
 };
 
+// ln(x) in double for positive normal float arguments, relative error below 2^-50. x = 2^k z
+// with z in [0.69921875, 1.3984375) (the offset bits of 0xbfe6600000000000 give k + 2048 and
+// the interval index); ln x = k ln2 - ln(invc) + ln(1 + r), r = z invc - 1 rounded once,
+// |r| <= 0.031. invc is 1 on the interval around 1 (no cancellation there), elsewhere 1/c for
+// the interval's geometric centre, so that |ln x| >= |k ln2 - ln(invc)| / 2. ln(1 + r) by its
+// Taylor series to r^10/10 (truncation below 2^-54 of r).
+alignas(64) inline constexpr double log16_invc[16] = {
+    0x1.6634af3747fefp+0, 0x1.5732188f47656p+0, 0x1.4964a79820e44p+0, 0x1.3ca87d2e0942bp+0,
+    0x1.30df124062c5ap+0, 0x1.25ee4229d36a1p+0, 0x1.1bbf88235c14fp+0, 0x1.123f63d50d129p+0,
+    0x1.095cdc2359156p+0, 0x1.0000000000000p+0, 0x1.e5aa43026763cp-1, 0x1.ca791d57118d3p-1,
+    0x1.b22a65044a446p-1, 0x1.9c4e7cdf19feap-1, 0x1.888b33918b8d1p-1, 0x1.7696dbec2ef88p-1};
+// -ln(log16_invc[i]) rounded to double.
+alignas(64) inline constexpr double log16_logc[16] = {-0x1.57fe18542811dp-2, -0x1.2c28877c1721dp-2,
+                                                      -0x1.021fdd20ba00bp-2, -0x1.b37f6ce06c3e9p-3,
+                                                      -0x1.65cfac86913abp-3, -0x1.1af71338f18abp-3,
+                                                      -0x1.a5849e850d17cp-4, -0x1.1a069db0a8d25p-4,
+                                                      -0x1.26423b1e38bb3p-5, 0x0.0p+0,
+                                                      0x1.b094e00fb8487p-5,  0x1.c44ae74b273bdp-4,
+                                                      0x1.51b659d281858p-3,  0x1.bb827187e9124p-3,
+                                                      0x1.100d87ce659a0p-2,  0x1.3ffe89591f089p-2};
+
+struct LnFast {
+    static R keep(R x, R d) {
+        const R inside = VD::select(VD::ge(x, VD::splat(0x1p-126)), d, VD::zero());
+        return VD::select(VD::le(x, VD::splat(0x1.fffffep127)), inside, VD::zero());
+    }
+    static R eval(R x) {
+        const auto c = [](uint64_t b) { return VD::splat(std::bit_cast<double>(b)); };
+        const R t = VD::sub_bits(x, c(0xbfe6600000000000u));
+        const R invc = VD::lookup(log16_invc, VD::shift_right_bits(t, 48), 4);
+        const R logc = VD::lookup(log16_logc, VD::shift_right_bits(t, 48), 4);
+        const R kd = VD::sub(VD::bit_or(VD::shift_right_bits(t, 52), c(0x4330000000000000u)),
+                             VD::splat(0x1p52 + 2048));
+        const R z = VD::add_bits(VD::bit_and(t, c(0x000fffffffffffffu)), c(0x3fe6600000000000u));
+        const R r = VD::mul_sub(z, invc, VD::splat(1.0));
+        R q = VD::splat(-0.1);
+        q = VD::mul_add(q, r, VD::splat(1.0 / 9));
+        q = VD::mul_add(q, r, VD::splat(-0.125));
+        q = VD::mul_add(q, r, VD::splat(1.0 / 7));
+        q = VD::mul_add(q, r, VD::splat(-1.0 / 6));
+        q = VD::mul_add(q, r, VD::splat(0.2));
+        q = VD::mul_add(q, r, VD::splat(-0.25));
+        q = VD::mul_add(q, r, VD::splat(1.0 / 3));
+        q = VD::mul_add(q, r, VD::splat(-0.5));
+        const R s = VD::mul_add(kd, VD::splat(ln2_dd.hi), logc);
+        const R tail = VD::mul_add(VD::mul(r, r), q, VD::mul(kd, VD::splat(ln2_dd.lo)));
+        return VD::add(s, VD::add(r, tail));
+    }
+};
+
+// atan(x) in double for float arguments with 2^-126 <= |x| <= FLT_MAX, relative error below
+// 2^-49. With a = |x| and t = a or 1/a (a > 1), atan t = atan(c) + atan(u), c = (i + 1/2)/16
+// for t in [i/16, (i+1)/16) and c = 0 below 1/16, u = (t - c) / (1 + t c): |u| <= 1/16, and
+// atan a = pi/2 - atan t for a > 1. The interval comes from an estimate of 1/a; u itself is
+// (1 - c a) / (a + c) there, one quotient (a reciprocal estimate refined) either way. atan(u)
+// by its Taylor series to u^13/13 (truncation below 2^-51 of u).
+alignas(64) inline constexpr double atan16_c[16] = {
+    0x0.0p+0, 0x1.8p-4, 0x1.4p-3, 0x1.cp-3, 0x1.2p-2, 0x1.6p-2, 0x1.ap-2, 0x1.ep-2,
+    0x1.1p-1, 0x1.3p-1, 0x1.5p-1, 0x1.7p-1, 0x1.9p-1, 0x1.bp-1, 0x1.dp-1, 0x1.fp-1};
+// atan(atan16_c[i]) rounded to nearest.
+alignas(64) inline constexpr double atan16_v[16] = {0x0.0p+0,
+                                                    0x1.7ee182602f10fp-4,
+                                                    0x1.3d6eee8c6626cp-3,
+                                                    0x1.b90d7529260a2p-3,
+                                                    0x1.18bf5a30bf178p-2,
+                                                    0x1.530ad9951cd4ap-2,
+                                                    0x1.8b24d394a1b25p-2,
+                                                    0x1.c0db4c94ec9f0p-2,
+                                                    0x1.f40dd0b541418p-2,
+                                                    0x1.1255d9bfbd2a9p-1,
+                                                    0x1.2958e59308e31p-1,
+                                                    0x1.3f13fb89e96f4p-1,
+                                                    0x1.538f57b89061fp-1,
+                                                    0x1.66d663923e087p-1,
+                                                    0x1.78f6bbd5d315ep-1,
+                                                    0x1.89ff5ff57f1f8p-1};
+
+struct AtanFast {
+    static R keep(R x, R d) {
+        const R a = VD::abs(x);
+        const R inside = VD::select(VD::ge(a, VD::splat(0x1p-126)), d, VD::zero());
+        return VD::select(VD::le(a, VD::splat(0x1.fffffep127)), inside, VD::zero());
+    }
+    static R eval(R x) {
+        const R a = VD::abs(x);
+        const auto big = VD::gt(a, VD::splat(1.0));
+        const R t = VD::select(big, VD::reciprocal_estimate(a), a);
+        const R s =
+            VD::add(VD::min(VD::mul_add(t, VD::splat(16.0), VD::splat(-0.5)), VD::splat(15.0)),
+                    VD::splat(shifter));
+        const R c = VD::lookup(atan16_c, s, 4);
+        const R base = VD::lookup(atan16_v, s, 4);
+        const R one = VD::splat(1.0);
+        const R num = VD::select(big, VD::mul_add(VD::sub(VD::zero(), c), a, one), VD::sub(a, c));
+        const R den = VD::select(big, VD::add(a, c), VD::mul_add(a, c, one));
+        const R u = quotient(num, den);
+        const R u2 = VD::mul(u, u);
+        R q = VD::splat(1.0 / 13);
+        q = VD::mul_add(q, u2, VD::splat(-1.0 / 11));
+        q = VD::mul_add(q, u2, VD::splat(1.0 / 9));
+        q = VD::mul_add(q, u2, VD::splat(-1.0 / 7));
+        q = VD::mul_add(q, u2, VD::splat(0.2));
+        q = VD::mul_add(q, u2, VD::splat(-1.0 / 3));
+        const R v = VD::add(base, VD::mul_add(VD::mul(u, u2), q, u));
+        const R w = VD::select(big, VD::sub(VD::splat(pi_2_dd.hi), v), v);
+        return VD::bit_or(w, VD::bit_and(x, VD::splat(-0.0))); // the sign of x
+    }
+};
+
 // A float kernel: half a float register at a time, evaluated in double by F::eval (relative
 // error below 2^-50) and rounded once. A double z rounds to float ambiguously only near a
 // midpoint between floats: where the 29 bits below a float's significand lie within 128 units
-// (2^-46 of z at most) of 2^28. Those lanes and the ones outside F::in_range (normal float
-// results only, so that the rounding position is the one tested) take `exact`.
+// (2^-46 of z at most) of 2^28. Those lanes and the ones F::keep(x, d) sets to 0 (arguments
+// outside the evaluation's range, or whose results are not normal floats, where the rounding
+// position differs) take `exact`.
 template <class F, class Exact>
 inline void map_32f(const float* src, float* dst, size_t n, Exact exact) {
     constexpr size_t L = VD::lanes;
@@ -175,7 +296,7 @@ inline void map_32f(const float* src, float* dst, size_t n, Exact exact) {
         // Low bits minus (2^28 - 128), as a subnormal double when not negative (compared as
         // such: doubles of one sign order like their patterns), as a NaN when negative.
         const R d = VD::sub_bits(VD::bit_and(z, low29), near_lo);
-        const auto bad = VD::le(VD::select(F::in_range(x), d, VD::zero()), near_w);
+        const auto bad = VD::le(F::keep(x, d), near_w);
         const auto y = VD::to_float(z);
         if (m == L)
             VH::store(dst + i, y);
