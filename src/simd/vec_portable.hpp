@@ -213,6 +213,21 @@ struct Vec {
     static R reciprocal_estimate(R a) {
         return map(a, a, [](T x, T) { return T(1) / x; });
     }
+    // An estimate of 1/sqrt(a) to within 2^-rsqrt_bits; sqrt rounded (IEEE).
+    static constexpr int rsqrt_bits = 52;
+    static R rsqrt_estimate(R a) {
+        return map(a, a, [](T x, T) { return T(1) / std::sqrt(x); });
+    }
+    static R sqrt(R a) {
+        return map(a, a, [](T x, T) { return std::sqrt(x); });
+    }
+    // The even and the odd lanes of the 2N lanes (a, b), each in order.
+    static void deinterleave(R a, R b, R& even, R& odd) {
+        for (int j = 0; j < 2 * N; ++j) {
+            const T v = j < N ? a.v[j] : b.v[j - N];
+            (j % 2 ? odd : even).v[j / 2] = v;
+        }
+    }
     // Integer arithmetic on the lanes' bit patterns (wrapping), for floating-point lanes: the
     // exponent and significand fields of table-driven evaluations.
     static R add_bits(R a, R b) {

@@ -28,6 +28,14 @@ struct Vec<float, 16> {
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm512_loadu_ps(p); }
+    // The even and the odd lanes of the 32 lanes (a, b), each in order: the real and the
+    // imaginary parts of 16 interleaved complex values.
+    static void deinterleave(R a, R b, R& even, R& odd) {
+        const __m512i i =
+            _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+        even = _mm512_permutex2var_ps(a, i, b);
+        odd = _mm512_permutex2var_ps(a, _mm512_add_epi32(i, _mm512_set1_epi32(1)), b);
+    }
     static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
     static void stream(float* p, R a) { _mm512_stream_ps(p, a); }
     static R load_n(const float* p, size_t n) {
@@ -217,6 +225,10 @@ struct Vec<double, 8> {
     // 1/a to within 2^-14 (relative), for a Newton step or two.
     static constexpr int reciprocal_bits = 14;
     static R reciprocal_estimate(R a) { return _mm512_rcp14_pd(a); }
+    // 1/sqrt(a) to within 2^-14 (relative), for Newton steps; sqrt rounded (IEEE).
+    static constexpr int rsqrt_bits = 14;
+    static R rsqrt_estimate(R a) { return _mm512_rsqrt14_pd(a); }
+    static R sqrt(R a) { return _mm512_sqrt_pd(a); }
     static R add_bits(R a, R b) { return from_bits(_mm512_add_epi64(bits(a), bits(b))); }
     static R sub_bits(R a, R b) { return from_bits(_mm512_sub_epi64(bits(a), bits(b))); }
     static R shift_left_bits(R a, int k) {
