@@ -194,6 +194,9 @@ inline double ln_fast_64(double x) {
 inline bool ln_normal_64(double x) { return (x >= 0x1p-1022) & (x <= 0x1.fffffffffffffp1023); }
 
 unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    return vec::ln_64f(s, d, n);
+#else
     unsigned warn = 0;
     for (size_t i0 = 0; i0 < n; i0 += block) {
         const size_t m = n - i0 < block ? n - i0 : block;
@@ -210,6 +213,7 @@ unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
                 if (!ln_normal_64(x[j])) d[i0 + j] = elem::ln_64f(x[j], warn);
     }
     return warn;
+#endif
 }
 
 void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {

@@ -218,6 +218,79 @@ struct LnFast {
     }
 };
 
+// The low parts of -ln(log16_invc[i]) (the high parts are log16_logc).
+alignas(64) inline constexpr double log16_logc_lo[16] = {
+    -0x1.32efebbfd39a5p-57, -0x1.f7f48f54e422fp-56,
+    0x1.4bbc72c5e6f92p-61,  -0x1.d0ba5e4159ce9p-58,
+    0x1.241f7e986a2b9p-57,  -0x1.96dfd0b8e50edp-58,
+    -0x1.7af06c764e558p-58, 0x1.6b451e4757393p-58,
+    -0x1.c17e15dace445p-60, 0x0.0p+0,
+    0x1.9934a0d78673dp-59,  0x1.ff1d9ecdc04fep-60,
+    0x1.863585e357b76p-65,  0x1.c0b1f04f16988p-57,
+    0x1.06cf8bca1e021p-58,  0x1.119680a935ad4p-57};
+
+// ln(x) for positive normal doubles, within 0.51 ulp: the reduction of LnFast with r = z invc - 1
+// exact as rh + rl (the product by fused multiply-add, rh = p - 1 by Sterbenz), k ln2 + ln(c)
+// summed exactly, ln(1 + r) - r by its Taylor series to r^11/11 (truncation below 2^-59 of r),
+// and one final rounding of a sum whose low part is below 2^-4 of the result.
+inline R ln_64(R x) {
+    const auto c = [](uint64_t b) { return VD::splat(std::bit_cast<double>(b)); };
+    constexpr double ln2_hi = 0x1.62e42fefa3800p-1, ln2_lo = 0x1.ef35793c76730p-45;
+    const R t = VD::sub_bits(x, c(0xbfe6600000000000u));
+    const R idx = VD::shift_right_bits(t, 48);
+    const R invc = VD::lookup(log16_invc, idx, 4);
+    const R kd = VD::sub(VD::bit_or(VD::shift_right_bits(t, 52), c(0x4330000000000000u)),
+                         VD::splat(0x1p52 + 2048));
+    const R z = VD::add_bits(VD::bit_and(t, c(0x000fffffffffffffu)), c(0x3fe6600000000000u));
+    const RR p = two_prod(z, invc);
+    const R rh = VD::sub(p.hi, VD::splat(1.0));
+    R q = VD::splat(1.0 / 11);
+    q = VD::mul_add(q, rh, VD::splat(-0.1));
+    q = VD::mul_add(q, rh, VD::splat(1.0 / 9));
+    q = VD::mul_add(q, rh, VD::splat(-0.125));
+    q = VD::mul_add(q, rh, VD::splat(1.0 / 7));
+    q = VD::mul_add(q, rh, VD::splat(-1.0 / 6));
+    q = VD::mul_add(q, rh, VD::splat(0.2));
+    q = VD::mul_add(q, rh, VD::splat(-0.25));
+    q = VD::mul_add(q, rh, VD::splat(1.0 / 3));
+    q = VD::mul_add(q, rh, VD::splat(-0.5));
+    const RR s = two_sum(VD::mul(kd, VD::splat(ln2_hi)), VD::lookup(log16_logc, idx, 4));
+    const RR h = fast_two_sum(s.hi, rh);
+    const R low =
+        VD::add(VD::mul_add(kd, VD::splat(ln2_lo), VD::lookup(log16_logc_lo, idx, 4)), s.lo);
+    // ln(1 + rh + rl) - rh = rh^2 q + rl (1 - rh), to within 2^-105.
+    const R rl = VD::mul_add(VD::sub(VD::zero(), p.lo), rh, p.lo);
+    const R tail = VD::mul_add(VD::mul(rh, rh), q, VD::add(rl, low));
+    return VD::add(h.hi, VD::add(h.lo, tail));
+}
+
+// ln on doubles; zero, negative, subnormal and non-finite arguments take the scalar path.
+inline unsigned ln_64f(const double* src, double* dst, size_t n) {
+    constexpr size_t L = VD::lanes;
+    unsigned warn = 0;
+    for (size_t i = 0; i < n; i += L) {
+        const size_t m = n - i < L ? n - i : L;
+        const R x = m == L ? VD::load(src + i) : VD::load_n(src + i, m);
+        const R ok = VD::select(VD::ge(x, VD::splat(0x1p-1022)), VD::splat(1.0), VD::zero());
+        const auto bad = VD::eq(
+            VD::select(VD::le(x, VD::splat(0x1.fffffffffffffp1023)), ok, VD::zero()), VD::zero());
+        const R y = ln_64(x);
+        double xv[L];
+        VD::store(xv, x);
+        if (m == L)
+            VD::store(dst + i, y);
+        else
+            VD::store_n(dst + i, y, m);
+        if (VD::any(bad)) {
+            double f[L];
+            VD::store(f, VD::select(bad, VD::splat(1.0), VD::zero()));
+            for (size_t j = 0; j < m; ++j)
+                if (f[j] != 0.0) dst[i + j] = elem::ln_64f(xv[j], warn);
+        }
+    }
+    return warn;
+}
+
 // atan(x) in double for float arguments with 2^-126 <= |x| <= FLT_MAX, relative error below
 // 2^-49. With a = |x| and t = a or 1/a (a > 1), atan t = atan(c) + atan(u), c = (i + 1/2)/16
 // for t in [i/16, (i+1)/16) and c = 0 below 1/16, u = (t - c) / (1 + t c): |u| <= 1/16, and
