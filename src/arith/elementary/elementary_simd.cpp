@@ -217,6 +217,9 @@ unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
 }
 
 void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::atan_64f(s, d, n);
+#else
     for (size_t i = 0; i < n; ++i) {
         const double x = s[i];
         const double a = std::fabs(x);
@@ -232,6 +235,7 @@ void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {
         const double r = pick(big, q.hi + (q.lo + (pi_2_dd.lo - v.lo)), v.hi + v.lo);
         d[i] = std::copysign(r, x);
     }
+#endif
 }
 
 // ---- sums of logarithms ----------------------------------------------------------------------

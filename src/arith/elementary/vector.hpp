@@ -350,6 +350,88 @@ struct AtanFast {
     }
 };
 
+// The low parts of atan(atan16_c[i]) (the high parts are atan16_v).
+alignas(64) inline constexpr double atan16_vlo[16] = {0x0.0p+0,
+                                                      -0x1.cfb654c0c3d98p-58,
+                                                      0x1.61a3b0ce9281bp-57,
+                                                      0x1.17b10d2e0e5abp-61,
+                                                      0x1.30ca4748b1bf9p-57,
+                                                      -0x1.2566480884082p-57,
+                                                      0x1.b6d0ba3748fa8p-56,
+                                                      -0x1.cc1ce70934c34p-56,
+                                                      -0x1.a3992dc382a23p-57,
+                                                      -0x1.2bdaee1c0ee35p-58,
+                                                      -0x1.09e73b0c6c087p-56,
+                                                      0x1.ecf8b492644f0p-56,
+                                                      -0x1.1bb74abda520cp-55,
+                                                      -0x1.6ea6febe8bbbap-56,
+                                                      0x1.406a089803740p-55,
+                                                      -0x1.55b9a5e177a1bp-55};
+
+// atan(x) for finite doubles, within 0.52 ulp: AtanFast's reduction with the numerator and the
+// denominator of u exact as pairs (a - c and 1 - c a by Sterbenz, the products by fused
+// multiply-add), u as uh + ul from a refined reciprocal and the residual, atan(u) by its
+// Taylor series to u^15/15 (truncation below 2^-64 of u), atan(c) and pi/2 as pairs, and one
+// final rounding.
+inline R atan_64(R x) {
+    const R zero = VD::zero(), one = VD::splat(1.0);
+    const R a = VD::abs(x);
+    const auto big = VD::gt(a, one);
+    const R t = VD::select(big, VD::reciprocal_estimate(a), a);
+    const R s = VD::add(VD::min(VD::mul_add(t, VD::splat(16.0), VD::splat(-0.5)), VD::splat(15.0)),
+                        VD::splat(shifter));
+    const R c = VD::lookup(atan16_c, s, 4);
+    const RR p = two_prod(c, a);
+    const RR dsmall = fast_two_sum(one, p.hi);
+    const RR dbig = fast_two_sum(a, c);
+    const R nh = VD::select(big, VD::sub(one, p.hi), VD::sub(a, c));
+    const R nl = VD::select(big, VD::sub(zero, p.lo), zero);
+    const R dh = VD::select(big, dbig.hi, dsmall.hi);
+    const R dl = VD::select(big, dbig.lo, VD::add(dsmall.lo, p.lo));
+    R y = VD::reciprocal_estimate(dh);
+    for (int bits = VD::reciprocal_bits; bits < 52; bits *= 2)
+        y = VD::mul_add(y, VD::mul_add(VD::sub(zero, dh), y, one), y);
+    const R uh = VD::mul(nh, y);
+    const R r = VD::mul_add(VD::sub(zero, uh), dh, nh); // nh - uh dh
+    const R ul = VD::mul(VD::mul_add(VD::sub(zero, uh), dl, VD::add(r, nl)), y);
+    const R u2 = VD::mul(uh, uh);
+    R q = VD::splat(-1.0 / 15);
+    q = VD::mul_add(q, u2, VD::splat(1.0 / 13));
+    q = VD::mul_add(q, u2, VD::splat(-1.0 / 11));
+    q = VD::mul_add(q, u2, VD::splat(1.0 / 9));
+    q = VD::mul_add(q, u2, VD::splat(-1.0 / 7));
+    q = VD::mul_add(q, u2, VD::splat(0.2));
+    q = VD::mul_add(q, u2, VD::splat(-1.0 / 3));
+    const R tail = VD::mul_add(VD::mul(uh, u2), q, ul);
+    const RR v = fast_two_sum(VD::lookup(atan16_v, s, 4), uh);
+    const R lo = VD::add(VD::add(v.lo, VD::lookup(atan16_vlo, s, 4)), tail);
+    const RR d = two_sum(VD::splat(pi_2_dd.hi), VD::sub(zero, v.hi));
+    const R w = VD::select(big, VD::add(d.hi, VD::sub(VD::add(d.lo, VD::splat(pi_2_dd.lo)), lo)),
+                           VD::add(v.hi, lo));
+    return VD::bit_or(w, VD::bit_and(x, VD::splat(-0.0))); // the sign of x
+}
+
+// atan on doubles; NaN and infinite arguments take the scalar path.
+inline void atan_64f(const double* src, double* dst, size_t n) {
+    constexpr size_t L = VD::lanes;
+    for (size_t i = 0; i < n; i += L) {
+        const size_t m = n - i < L ? n - i : L;
+        const R x = m == L ? VD::load(src + i) : VD::load_n(src + i, m);
+        const auto ok = VD::le(VD::abs(x), VD::splat(0x1.fffffffffffffp1023));
+        const R y = atan_64(x);
+        double xv[L];
+        VD::store(xv, x);
+        if (m == L)
+            VD::store(dst + i, y);
+        else
+            VD::store_n(dst + i, y, m);
+        if (!VD::all(ok))
+            for (size_t j = 0; j < m; ++j)
+                if (!(std::fabs(xv[j]) <= 0x1.fffffffffffffp1023))
+                    dst[i + j] = elem::atan_64f(xv[j]);
+    }
+}
+
 // A float kernel: half a float register at a time, evaluated in double by F::eval (relative
 // error below 2^-50) and rounded once. A double z rounds to float ambiguously only near a
 // midpoint between floats: where the 29 bits below a float's significand lie within 128 units
