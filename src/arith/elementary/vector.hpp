@@ -76,8 +76,11 @@ constexpr std::array<double, N> exp2_column(bool lo) {
     for (size_t j = 0; j < N; ++j) t[j] = lo ? exp2_64[j * Step].lo : exp2_64[j * Step].hi;
     return t;
 }
-alignas(64) inline constexpr std::array<double, 64> exp2_64_hi = exp2_column<64, 1>(false);
-alignas(64) inline constexpr std::array<double, 64> exp2_64_lo = exp2_column<64, 1>(true);
+// 2^(j/64) = 2^(j1/8) 2^(j2/64), j = 8 j1 + j2: two 8-entry tables (one register each).
+alignas(64) inline constexpr std::array<double, 8> exp2_8_hi = exp2_column<8, 8>(false);
+alignas(64) inline constexpr std::array<double, 8> exp2_8_lo = exp2_column<8, 8>(true);
+alignas(64) inline constexpr std::array<double, 8> exp2_64_hi8 = exp2_column<8, 1>(false);
+alignas(64) inline constexpr std::array<double, 8> exp2_64_lo8 = exp2_column<8, 1>(true);
 alignas(64) inline constexpr std::array<double, 16> exp2_16_hi = exp2_column<16, 4>(false);
 
 // e^x for |x| <= 708 as a normalised pair zh + zl times 2^e (the exponent in exponent_bits(s, 6)
@@ -101,8 +104,13 @@ inline RR exp_dd(R x, R& s) {
     q = VD::mul_add(q, rh, VD::splat(0.5));
     // e^r - 1 - rh = rl (1 + rh) + rh^2 q, to within 2^-70.
     const R t = VD::mul_add(VD::mul(rh, rh), q, VD::mul_add(rh, rl, rl));
-    const R th = VD::lookup(exp2_64_hi.data(), s, 6);
-    const R tl = VD::lookup(exp2_64_lo.data(), s, 6);
+    // 2^(j/64) as th + tl to within 2^-104 (tl up to a few units of th's last place).
+    const R s8 = VD::shift_right_bits(s, 3);
+    const R ah = VD::lookup(exp2_8_hi.data(), s8, 3), al = VD::lookup(exp2_8_lo.data(), s8, 3);
+    const R bh = VD::lookup(exp2_64_hi8.data(), s, 3), bl = VD::lookup(exp2_64_lo8.data(), s, 3);
+    const RR ab = two_prod(ah, bh);
+    const R th = ab.hi;
+    const R tl = VD::add(ab.lo, VD::mul_add(ah, bl, VD::mul(al, bh)));
     const RR p = two_prod(th, rh);
     const RR h = fast_two_sum(th, p.hi);
     // The low parts: th t + h.lo + p.lo + tl (1 + rh), tl t being below 2^-69 of the result.
@@ -123,13 +131,12 @@ inline void exp_64f(const double* src, double* dst, size_t n) {
         // zh is the rounded value of zh + zl; it is the rounding of e^x when moving zh + zl by
         // the error bound (2^-65 zh: twice the analysis', 4.6 times the largest error measured
         // against quadruple precision over 3.2e7 arguments) either way does not change it.
-        const R err = VD::mul(z.hi, VD::splat(0x1p-65));
-        const R a = VD::add(z.hi, VD::sub(z.lo, err));
-        const R b = VD::add(z.hi, VD::add(z.lo, err));
+        const R a = VD::add(z.hi, VD::mul_add(z.hi, VD::splat(-0x1p-65), z.lo));
+        const R b = VD::add(z.hi, VD::mul_add(z.hi, VD::splat(0x1p-65), z.lo));
         const auto good = VD::eq(VD::select(ok, a, VD::splat(NAN)), b);
         const R y = VD::add_bits(a, exponent_bits(s, 6));
         double xv[L];
-        VD::store(xv, x);
+        VD::store(xv, x); // before the results: dst may be src
         if (m == L)
             VD::store(dst + i, y);
         else
