@@ -131,7 +131,13 @@ unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) {
     return map_float<Ln32>(s, d, n);
 #endif
 }
-void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Cbrt32>(s, d, n); }
+void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::CbrtFast>(s, d, n, [](float x) { return elem::cbrt_32f(x); });
+#else
+    map_float<Cbrt32>(s, d, n);
+#endif
+}
 void atan_32f(const Vek32f* s, Vek32f* d, size_t n) {
 #if VEK_ISA_LEVEL >= 2
     vec::map_32f<vec::AtanFast>(s, d, n, [](float x) { return elem::atan_32f(x); });

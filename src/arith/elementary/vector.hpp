@@ -439,6 +439,37 @@ inline void atan_64f(const double* src, double* dst, size_t n) {
     }
 }
 
+// cbrt(x) in double for float arguments with 2^-126 <= |x| <= FLT_MAX, relative error below
+// 2^-51, without a division: w ~ |x|^(-1/3) from the top 32 bits of |x| divided by 3 (within
+// 2^-3.3), three steps w (1 + e/3 + 2e^2/9), e = 1 - |x| w^3 (cubic: 2^-7, 2^-19, below 2^-55),
+// y = |x| w^2 and one Newton step y + (|x| - y^3) w^2 / 3 for the roundings of y.
+struct CbrtFast {
+    static R keep(R x, R d) {
+        const R a = VD::abs(x);
+        const R inside = VD::select(VD::ge(a, VD::splat(0x1p-126)), d, VD::zero());
+        return VD::select(VD::le(a, VD::splat(0x1.fffffep127)), inside, VD::zero());
+    }
+    static R eval(R x) {
+        const R a = VD::abs(x);
+        const R two52 = VD::splat(0x1p52);
+        const R hd = VD::sub(VD::bit_or(VD::shift_right_bits(a, 32), two52), two52);
+        // 0x55400000 = 4/3 of the top bits of 1.0: w = 1 for a = 1.
+        const R wd = VD::mul_add(hd, VD::splat(-1.0 / 3), VD::splat(1430257664.0));
+        R w = VD::shift_left_bits(VD::add(wd, two52), 32);
+        const R one = VD::splat(1.0);
+        for (int n = 0; n < 3; ++n) {
+            const R e = VD::mul_add(VD::sub(VD::zero(), a), VD::mul(VD::mul(w, w), w), one);
+            const R g = VD::mul(e, VD::mul_add(e, VD::splat(2.0 / 9), VD::splat(1.0 / 3)));
+            w = VD::mul_add(w, g, w);
+        }
+        const R w2 = VD::mul(w, w);
+        const R y = VD::mul(a, w2);
+        const R r = VD::mul_add(VD::sub(VD::zero(), VD::mul(y, y)), y, a); // a - y^3
+        const R z = VD::mul_add(r, VD::mul(w2, VD::splat(1.0 / 3)), y);
+        return VD::bit_or(z, VD::bit_and(x, VD::splat(-0.0))); // the sign of x
+    }
+};
+
 // A float kernel: half a float register at a time, evaluated in double by F::eval (relative
 // error below 2^-50) and rounded once. A double z rounds to float ambiguously only near a
 // midpoint between floats: where the 29 bits below a float's significand lie within 128 units
