@@ -12,15 +12,20 @@
 // the output shape, and the two calls (veks and its peer). Reductions and other scalar-output
 // operations use Shape::scalar; operations without a peer in the same library are compared
 // with the nearest peer kernel (say which in the case's name comment).
+#include <cstddef>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include "benchutil.hpp"
 #include "veks.h"
 
 #ifdef VEKS_HAVE_VOLK
 #include <volk/volk.h>
+#endif
+#ifdef VEKS_HAVE_OPENBLAS
+#include <cblas.h>
 #endif
 
 namespace {
@@ -70,9 +75,11 @@ void run(benchmark::State& state, Placement placement, F call) {
     vb::account(state, n, Sources * sizeof(In) + (S == Shape::map ? sizeof(Out) : 0));
 }
 
-// Registers op@sep and op@page for every size, for veks and the peer.
-template <class In, class Out, int Sources, Shape S, class FV, class FP>
-void add_case(const std::string& op, const char* peer, FV veks_call, FP peer_call) {
+// Registers op@sep and op@page for every size, for veks and the peer (and a second peer when
+// one is named: peer2 and its call).
+template <class In, class Out, int Sources, Shape S, class FV, class FP, class FQ = std::nullptr_t>
+void add_case(const std::string& op, const char* peer, FV veks_call, FP peer_call,
+              const char* peer2 = nullptr, FQ peer2_call = nullptr) {
     for (const Placement p : {Placement::sep, Placement::page}) {
         const std::string base = op + (p == Placement::sep ? "@sep/" : "@page/");
         for (const int64_t n : kSizes) {
@@ -86,6 +93,12 @@ void add_case(const std::string& op, const char* peer, FV veks_call, FP peer_cal
                 [=](benchmark::State& st) { run<In, Out, Sources, S>(st, p, peer_call); })
                 ->Arg(n)
                 ->MinTime(0.004);
+            if constexpr (!std::is_same_v<FQ, std::nullptr_t>)
+                benchmark::RegisterBenchmark(
+                    (base + peer2).c_str(),
+                    [=](benchmark::State& st) { run<In, Out, Sources, S>(st, p, peer2_call); })
+                    ->Arg(n)
+                    ->MinTime(0.004);
         }
     }
 }
@@ -181,6 +194,136 @@ struct Registrar {
             "Convert_32f8s", "volk",
             [](auto a, auto, auto d, int n) { veksConvert_32f8s_Sfs(a, d, n, 1, 0); },
             [](auto a, auto, auto d, int n) { volk_32f_s32f_convert_8i(d, a, 1.0f, u(n)); });
+        add_statistics();
+    }
+
+    // Reductions, norms, dot products and thresholds. The float reductions of veks accumulate
+    // in double precision, VOLK's in single precision (except where noted); DotProd_32f is also
+    // compared with OpenBLAS's cblas_dsdot, which has veks' contract (float inputs, double
+    // accumulation). Where VOLK lacks the function, the nearest kernel stands in: the
+    // accumulator for Norm_L1 (a sum without the magnitudes), the dot product of the vector
+    // with itself for Norm_L2, the index search for Max, Min and Norm_Inf, and the element-wise
+    // maximum (minimum) against a second vector for the thresholds.
+    static void add_statistics() {
+        using C = Vek32fc;
+        constexpr auto scalar = Shape::scalar, map = Shape::map;
+        constexpr auto none = vekAlgHintNone;
+        add_case<float, float, 1, scalar>(
+            "Sum_32f", "volk", [](auto a, auto, auto d, int n) { veksSum_32f(a, n, d, none); },
+            [](auto a, auto, auto d, int n) { volk_32f_accumulator_s32f(d, a, u(n)); });
+        add_case<C, C, 1, scalar>(
+            "Sum_32fc", "volk", [](auto a, auto, auto d, int n) { veksSum_32fc(a, n, d, none); },
+            [](auto a, auto, auto d, int n) { volk_32fc_accumulator_s32fc(lv(d), lv(a), u(n)); });
+        add_case<float, float, 1, scalar>(
+            "Mean_32f", "volk", [](auto a, auto, auto d, int n) { veksMean_32f(a, n, d, none); },
+            [](auto a, auto, auto d, int n) {
+                volk_32f_accumulator_s32f(d, a, u(n));
+                *d /= static_cast<float>(n);
+            });
+        add_case<float, float, 1, scalar>(
+            "StdDev_32f", "volk",
+            [](auto a, auto, auto d, int n) { veksStdDev_32f(a, n, d, none); },
+            [](auto a, auto, auto d, int n) {
+                float mean;
+                volk_32f_stddev_and_mean_32f_x2(d, &mean, a, u(n));
+                benchmark::DoNotOptimize(mean);
+            });
+        add_case<float, float, 1, scalar>(
+            "Max_32f", "volk", [](auto a, auto, auto d, int n) { veksMax_32f(a, n, d); },
+            [](auto a, auto, auto d, int n) {
+                uint32_t at;
+                volk_32f_index_max_32u(&at, a, u(n));
+                *d = a[at];
+            });
+        add_case<float, float, 1, scalar>(
+            "Min_32f", "volk", [](auto a, auto, auto d, int n) { veksMin_32f(a, n, d); },
+            [](auto a, auto, auto d, int n) {
+                uint32_t at;
+                volk_32f_index_min_32u(&at, a, u(n));
+                *d = a[at];
+            });
+        add_case<float, float, 1, scalar>(
+            "MaxIndx_32f", "volk",
+            [](auto a, auto, auto d, int n) {
+                int at;
+                veksMaxIndx_32f(a, n, d, &at);
+                benchmark::DoNotOptimize(at);
+            },
+            [](auto a, auto, auto d, int n) {
+                uint32_t at;
+                volk_32f_index_max_32u(&at, a, u(n));
+                *d = a[at];
+            });
+        add_case<float, float, 1, scalar>(
+            "MinIndx_32f", "volk",
+            [](auto a, auto, auto d, int n) {
+                int at;
+                veksMinIndx_32f(a, n, d, &at);
+                benchmark::DoNotOptimize(at);
+            },
+            [](auto a, auto, auto d, int n) {
+                uint32_t at;
+                volk_32f_index_min_32u(&at, a, u(n));
+                *d = a[at];
+            });
+#ifdef VEKS_HAVE_OPENBLAS
+        openblas_set_num_threads(1);
+        add_case<float, float, 2, scalar>(
+            "DotProd_32f", "volk",
+            [](auto a, auto b, auto d, int n) { veksDotProd_32f(a, b, n, d); },
+            [](auto a, auto b, auto d, int n) { volk_32f_x2_dot_prod_32f(d, a, b, u(n)); }, "dsdot",
+            [](auto a, auto b, auto d, int n) {
+                *d = static_cast<float>(cblas_dsdot(n, a, 1, b, 1));
+            });
+#else
+        add_case<float, float, 2, scalar>(
+            "DotProd_32f", "volk",
+            [](auto a, auto b, auto d, int n) { veksDotProd_32f(a, b, n, d); },
+            [](auto a, auto b, auto d, int n) { volk_32f_x2_dot_prod_32f(d, a, b, u(n)); });
+#endif
+        add_case<C, C, 2, scalar>(
+            "DotProd_32fc", "volk",
+            [](auto a, auto b, auto d, int n) { veksDotProd_32fc(a, b, n, d); },
+            [](auto a, auto b, auto d, int n) {
+                volk_32fc_x2_dot_prod_32fc(lv(d), lv(a), lv(b), u(n));
+            });
+        // (The mixed form reads a float and a complex vector: the second source holds complex
+        // values; the float one reads the first n floats of the first.)
+        add_case<C, C, 2, scalar>(
+            "DotProd_32f32fc", "volk",
+            [](auto a, auto b, auto d, int n) { veksDotProd_32f32fc(&a->re, b, n, d); },
+            [](auto a, auto b, auto d, int n) {
+                volk_32fc_32f_dot_prod_32fc(lv(d), lv(b), &a->re, u(n));
+            });
+        add_case<float, float, 1, scalar>(
+            "Norm_L1_32f", "volk", [](auto a, auto, auto d, int n) { veksNorm_L1_32f(a, n, d); },
+            [](auto a, auto, auto d, int n) { volk_32f_accumulator_s32f(d, a, u(n)); });
+        add_case<float, float, 1, scalar>(
+            "Norm_L2_32f", "volk", [](auto a, auto, auto d, int n) { veksNorm_L2_32f(a, n, d); },
+            [](auto a, auto, auto d, int n) { volk_32f_x2_dot_prod_32f(d, a, a, u(n)); });
+        add_case<float, float, 1, scalar>(
+            "Norm_Inf_32f", "volk", [](auto a, auto, auto d, int n) { veksNorm_Inf_32f(a, n, d); },
+            [](auto a, auto, auto d, int n) {
+                uint32_t at;
+                volk_32f_index_max_32u(&at, a, u(n));
+                *d = a[at];
+            });
+        add_case<float, float, 2, map>(
+            "Threshold_LT_32f", "volk",
+            [](auto a, auto, auto d, int n) { veksThreshold_LT_32f(a, d, n, 1.0f); },
+            [](auto a, auto b, auto d, int n) { volk_32f_x2_max_32f(d, a, b, u(n)); });
+        add_case<float, float, 2, map>(
+            "Threshold_GT_32f", "volk",
+            [](auto a, auto, auto d, int n) { veksThreshold_GT_32f(a, d, n, 1.0f); },
+            [](auto a, auto b, auto d, int n) { volk_32f_x2_min_32f(d, a, b, u(n)); });
+        add_case<float, float, 2, map>(
+            "MaxEvery_32f_I", "volk",
+            [](auto a, auto b, auto, int n) { veksMaxEvery_32f_I(a, b, n); },
+            [](auto a, auto b, auto, int n) { volk_32f_x2_max_32f(b, a, b, u(n)); });
+        add_case<float, float, 2, map>(
+            "MinEvery_32f_I", "volk",
+            [](auto a, auto b, auto, int n) { veksMinEvery_32f_I(a, b, n); },
+            [](auto a, auto b, auto, int n) { volk_32f_x2_min_32f(b, a, b, u(n)); });
     }
 } registrar;
 #endif

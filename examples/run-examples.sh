@@ -2,9 +2,10 @@
 # Runs every example that was built in BUILD_EXAMPLES_DIR (default: build/examples) on generated
 # inputs, writing into its out/ folder, and checks what can be checked: the DTMF decoder must
 # print the dialled digits, the G.711 round trips must reach the law's signal-to-noise ratio,
-# libsndfile must decode the A-law file to the same samples, and the reverb and spectrogram must
-# write their files. Examples that were not built (libsndfile or stb missing) are reported as
-# skipped. Exits non-zero when any example fails.
+# libsndfile must decode the A-law file to the same samples, the reverb and spectrogram must
+# write their files, and the trellis-coded link must beat uncoded 16-QAM. Examples that were not
+# built (libsndfile or stb missing) are reported as skipped. Exits non-zero when any example
+# fails.
 set -uo pipefail
 dir=$(cd "${1:-build/examples}" && pwd)
 out=$dir/out
@@ -16,6 +17,17 @@ run() { echo "\$ ${*#$dir/}"; "$@"; }
 
 if have veks_example; then
     run "$dir/veks_example" && passed=$((passed + 1)) || fail veks_example
+fi
+
+# The trellis-coded link must beat uncoded 16-QAM tenfold at 16 dB.
+if have veks_trellis_modem; then
+    log=$(run "$dir/veks_trellis_modem" 50000 16 16)
+    echo "$log"
+    if awk '$1 == "16.0" { ok = ($3 < $2 / 10) } END { exit !ok }' <<<"$log"; then
+        passed=$((passed + 1))
+    else
+        fail "veks_trellis_modem: the coded bit-error rate is not a tenth of the uncoded one"
+    fi
 fi
 
 if ! have veks_make_signals; then
@@ -60,13 +72,13 @@ else
         run "$dir/veks_reverb" "$out/voice.wav" "$out/voice-reverb.wav" 0.6 &&
         [ -s "$out/clicks-reverb.wav" ] && passed=$((passed + 1)) || fail veks_reverb
 
-    if have veks_spectrogram; then
-        run "$dir/veks_spectrogram" "$out/chirp.wav" "$out/chirp.png" &&
-            run "$dir/veks_spectrogram" "$out/voice.wav" "$out/voice.png" 9 &&
-            run "$dir/veks_spectrogram" "$out/clicks-reverb.wav" "$out/clicks-reverb.png" &&
-            [ -s "$out/chirp.png" ] && passed=$((passed + 1)) || fail veks_spectrogram
+    if have veks_sonogram; then
+        run "$dir/veks_sonogram" "$out/chirp.wav" "$out/chirp.png" &&
+            run "$dir/veks_sonogram" "$out/voice.wav" "$out/voice.png" 9 &&
+            run "$dir/veks_sonogram" "$out/clicks-reverb.wav" "$out/clicks-reverb.png" &&
+            [ -s "$out/chirp.png" ] && passed=$((passed + 1)) || fail veks_sonogram
     else
-        echo "skipped: veks_spectrogram: stb was not found"
+        echo "skipped: veks_sonogram: stb was not found"
         skipped=$((skipped + 1))
     fi
 fi

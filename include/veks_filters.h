@@ -512,13 +512,500 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
 
 /* ==== IIR ===================================================================================== */
 
+/** @name IIR filter state types
+ *  @{ */
+/** Opaque IIR filter states. VeksIIRState<T>_<D>: taps of type T (none: the data type)
+ *  filtering data of type D; one type for both kinds (arbitrary order and BiQuad) of a member.
+ *  Created by InitAlloc or InitAlloc_BiQuad, released by Free. */
+typedef struct VeksIIRState_32f VeksIIRState_32f;
+typedef struct VeksIIRState_32fc VeksIIRState_32fc;
+typedef struct VeksIIRState_64f VeksIIRState_64f;
+typedef struct VeksIIRState_64fc VeksIIRState_64fc;
+typedef struct VeksIIRState64f_32f VeksIIRState64f_32f;
+typedef struct VeksIIRState64fc_32fc VeksIIRState64fc_32fc;
+typedef struct VeksIIRState64f_32s VeksIIRState64f_32s;
+typedef struct VeksIIRState64fc_32sc VeksIIRState64fc_32sc;
+typedef struct VeksIIRState64f_16s VeksIIRState64f_16s;
+typedef struct VeksIIRState64fc_16sc VeksIIRState64fc_16sc;
+typedef struct VeksIIRState32f_16s VeksIIRState32f_16s;
+typedef struct VeksIIRState32fc_16sc VeksIIRState32fc_16sc;
+typedef struct VeksIIRState32s_16s VeksIIRState32s_16s;
+typedef struct VeksIIRState32sc_16sc VeksIIRState32sc_16sc;
+/** @} */
+
+/** @name IIR filter states with floating-point taps
+ *  @{ */
+/** States of an infinite-impulse-response filter: an arbitrary-order filter
+ *  y[n] = (sum over i = 0 .. order of b_i x[n-i] - sum over i = 1 .. order of a_i y[n-i]) / a0, or
+ *  a cascade of numBq second-order sections ("BiQuad"), each feeding the next.
+ *  Names: veksIIR<T>_<D> with taps type T (none: the data type) and data type D. Every member
+ *  normalises and keeps its taps and its delay line in double precision (complex members as
+ *  pairs of doubles), whatever its data type.
+ *  - InitAlloc(ppState, pTaps, order, pDlyLine): pTaps holds 2*(order+1) values b0 .. b_order,
+ *    a0 .. a_order; order >= 0 (order 0 is the gain b0/a0 with an empty delay line). The state
+ *    keeps b_i/a0 and a_i/a0 (i >= 1), each the product with 1/a0 computed once, and filters in
+ *    transposed direct form II: y = b0*x + d[0]; d[i] = (b[i+1]*x - a[i+1]*y) + d[i+1];
+ *    d[order-1] = b[order]*x - a[order]*y. The delay line is d[0 .. order-1].
+ *  - InitAlloc_BiQuad(ppState, pTaps, numBq, pDlyLine): pTaps holds 6 values per section, b0, b1,
+ *    b2, a0, a1, a2, in cascade order. The state keeps the overall gain G (the product of the
+ *    sections' b0/a0) and per section a1/a0, a2/a0, b1/b0, b2/b0, and filters each section in
+ *    direct form II on the gain-scaled signal: v = G*x; per section w = (v - a1*w1) - a2*w2,
+ *    v = (w + b1*w1) + b2*w2, then w2 = w1, w1 = w; the output is the last v. The delay line
+ *    holds two values per section, w1 (w[n-1]) then w2 (w[n-2]). A section whose b0 is zero is
+ *    refused, as b0 is factored out.
+ *  - The delay line given to InitAlloc (null: zeros), GetDlyLine and SetDlyLine (null: zeros) is
+ *    the state's own, in its own order, in the taps type of the member (the 64f and 64fc taps
+ *    members exchange doubles); members with 32-bit float taps round their double-precision line
+ *    to float in GetDlyLine, so a Set followed by a Get returns the values set.
+ *  - Free releases the state. Every operation on a state accepts both kinds (arbitrary order and
+ *    BiQuad) of its member and no other.
+ *  Statuses, in check order: InitAlloc: ppState or pTaps null vekStsNullPointerErr; order < 0
+ *  or numBq < 1 vekStsIirOrderErr; allocation failure vekStsMemAllocErr; a0 = 0 (any section's
+ *  a0 or b0 = 0 for BiQuad) vekStsDivideByZeroErr, with nothing left allocated. Free, SetDlyLine:
+ *  null state vekStsNullPointerErr; a state of another kind vekStsContextMismatchErr.
+ *  GetDlyLine: null state or line vekStsNullPointerErr, then the kind. */
+VEK_API VekStatus veksIIRInitAlloc_32f(VeksIIRState_32f** ppState, const Vek32f* pTaps, int order,
+                                       const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_32f(VeksIIRState_32f** ppState, const Vek32f* pTaps,
+                                              int numBq, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRFree_32f(VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIRGetDlyLine_32f(const VeksIIRState_32f* pState, Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_32f(VeksIIRState_32f* pState, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_32fc(VeksIIRState_32fc** ppState, const Vek32fc* pTaps,
+                                        int order, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_32fc(VeksIIRState_32fc** ppState, const Vek32fc* pTaps,
+                                               int numBq, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRFree_32fc(VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine_32fc(const VeksIIRState_32fc* pState, Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_32fc(VeksIIRState_32fc* pState, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_64f(VeksIIRState_64f** ppState, const Vek64f* pTaps, int order,
+                                       const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_64f(VeksIIRState_64f** ppState, const Vek64f* pTaps,
+                                              int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree_64f(VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIRGetDlyLine_64f(const VeksIIRState_64f* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_64f(VeksIIRState_64f* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_64fc(VeksIIRState_64fc** ppState, const Vek64fc* pTaps,
+                                        int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc_BiQuad_64fc(VeksIIRState_64fc** ppState, const Vek64fc* pTaps,
+                                               int numBq, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree_64fc(VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine_64fc(const VeksIIRState_64fc* pState, Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine_64fc(VeksIIRState_64fc* pState, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_32f(VeksIIRState64f_32f** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_32f(VeksIIRState64f_32f** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_32f(VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_32f(const VeksIIRState64f_32f* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_32f(VeksIIRState64f_32f* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_32fc(VeksIIRState64fc_32fc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_32fc(VeksIIRState64fc_32fc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_32fc(VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_32fc(const VeksIIRState64fc_32fc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_32fc(VeksIIRState64fc_32fc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_32s(VeksIIRState64f_32s** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_32s(VeksIIRState64f_32s** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_32s(VeksIIRState64f_32s* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_32s(const VeksIIRState64f_32s* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_32s(VeksIIRState64f_32s* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_32sc(VeksIIRState64fc_32sc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_32sc(VeksIIRState64fc_32sc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_32sc(VeksIIRState64fc_32sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_32sc(const VeksIIRState64fc_32sc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_32sc(VeksIIRState64fc_32sc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_16s(VeksIIRState64f_16s** ppState, const Vek64f* pTaps,
+                                          int order, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64f_BiQuad_16s(VeksIIRState64f_16s** ppState, const Vek64f* pTaps,
+                                                 int numBq, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRFree64f_16s(VeksIIRState64f_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine64f_16s(const VeksIIRState64f_16s* pState, Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64f_16s(VeksIIRState64f_16s* pState, const Vek64f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_16sc(VeksIIRState64fc_16sc** ppState, const Vek64fc* pTaps,
+                                            int order, const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc64fc_BiQuad_16sc(VeksIIRState64fc_16sc** ppState,
+                                                   const Vek64fc* pTaps, int numBq,
+                                                   const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRFree64fc_16sc(VeksIIRState64fc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine64fc_16sc(const VeksIIRState64fc_16sc* pState,
+                                             Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine64fc_16sc(VeksIIRState64fc_16sc* pState,
+                                             const Vek64fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32f_16s(VeksIIRState32f_16s** ppState, const Vek32f* pTaps,
+                                          int order, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32f_BiQuad_16s(VeksIIRState32f_16s** ppState, const Vek32f* pTaps,
+                                                 int numBq, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRFree32f_16s(VeksIIRState32f_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine32f_16s(const VeksIIRState32f_16s* pState, Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32f_16s(VeksIIRState32f_16s* pState, const Vek32f* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32fc_16sc(VeksIIRState32fc_16sc** ppState, const Vek32fc* pTaps,
+                                            int order, const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32fc_BiQuad_16sc(VeksIIRState32fc_16sc** ppState,
+                                                   const Vek32fc* pTaps, int numBq,
+                                                   const Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRFree32fc_16sc(VeksIIRState32fc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine32fc_16sc(const VeksIIRState32fc_16sc* pState,
+                                             Vek32fc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32fc_16sc(VeksIIRState32fc_16sc* pState,
+                                             const Vek32fc* pDlyLine);
+/** @} */
+
+/** @name IIR filtering with floating-point taps
+ *  @{ */
+/** Filters a block (pSrc to pDst, len samples; the _I forms in place) or one sample (src to
+ *  *pDstVal) through an IIR state, carrying the delay line from call to call. The state's
+ *  recurrence (see the IIR states above) runs in double precision, each step in the same order
+ *  in every call, so a block gives the bits of the same samples passed one at a time through
+ *  the single-sample form, on every processor. Outputs are rounded once: floating-point data by
+ *  the current rounding mode; integer data (Sfs) is multiplied by 2^-scaleFactor (scaleFactor
+ *  clamped to -127 .. 127), saturated, an exact 0 stays 0, otherwise rounded half away from
+ *  zero, and a NaN gives 0. The recurrence carries the unrounded value, so integer outputs and
+ *  the scale factor do not change the filter's state. Complex products are (ac - bd, ad + bc).
+ *  Statuses, in check order: state null vekStsNullPointerErr; a state of another kind
+ *  vekStsContextMismatchErr; block: pSrc or pDst null vekStsNullPointerErr, len < 1
+ *  vekStsDataSizeErr; single sample: pDstVal null vekStsNullPointerErr. */
+VEK_API VekStatus veksIIR_32f(const Vek32f* pSrc, Vek32f* pDst, int len, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIR_32f_I(Vek32f* pSrcDst, int len, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIROne_32f(Vek32f src, Vek32f* pDstVal, VeksIIRState_32f* pState);
+VEK_API VekStatus veksIIR_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len,
+                               VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIR_32fc_I(Vek32fc* pSrcDst, int len, VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIROne_32fc(Vek32fc src, Vek32fc* pDstVal, VeksIIRState_32fc* pState);
+VEK_API VekStatus veksIIR_64f(const Vek64f* pSrc, Vek64f* pDst, int len, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIR_64f_I(Vek64f* pSrcDst, int len, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIROne_64f(Vek64f src, Vek64f* pDstVal, VeksIIRState_64f* pState);
+VEK_API VekStatus veksIIR_64fc(const Vek64fc* pSrc, Vek64fc* pDst, int len,
+                               VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIR_64fc_I(Vek64fc* pSrcDst, int len, VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIROne_64fc(Vek64fc src, Vek64fc* pDstVal, VeksIIRState_64fc* pState);
+VEK_API VekStatus veksIIR64f_32f(const Vek32f* pSrc, Vek32f* pDst, int len,
+                                 VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIR64f_32f_I(Vek32f* pSrcDst, int len, VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIROne64f_32f(Vek32f src, Vek32f* pDstVal, VeksIIRState64f_32f* pState);
+VEK_API VekStatus veksIIR64fc_32fc(const Vek32fc* pSrc, Vek32fc* pDst, int len,
+                                   VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIR64fc_32fc_I(Vek32fc* pSrcDst, int len, VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIROne64fc_32fc(Vek32fc src, Vek32fc* pDstVal, VeksIIRState64fc_32fc* pState);
+VEK_API VekStatus veksIIR64f_32s_Sfs(const Vek32s* pSrc, Vek32s* pDst, int len,
+                                     VeksIIRState64f_32s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_32s_ISfs(Vek32s* pSrcDst, int len, VeksIIRState64f_32s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne64f_32s_Sfs(Vek32s src, Vek32s* pDstVal, VeksIIRState64f_32s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR64fc_32sc_Sfs(const Vek32sc* pSrc, Vek32sc* pDst, int len,
+                                       VeksIIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64fc_32sc_ISfs(Vek32sc* pSrcDst, int len, VeksIIRState64fc_32sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne64fc_32sc_Sfs(Vek32sc src, Vek32sc* pDstVal,
+                                          VeksIIRState64fc_32sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState64f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64f_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState64f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne64f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState64f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR64fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR64fc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState64fc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne64fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState64fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32f_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState32f_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32f_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState32f_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne32f_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState32f_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIR32fc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState32fc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32fc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState32fc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne32fc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState32fc_16sc* pState, int scaleFactor);
+/** @} */
+
+/** @name IIR filters with integer taps
+ *  @{ */
+/** IIR filters of 16-bit data with 32-bit integer taps (32s_16s; complex 32sc_16sc), in integer
+ *  arithmetic. A tap t stands for t * 2^tapsFactor, so the integer form of 1.0 is
+ *  2^-tapsFactor.
+ *  - InitAlloc(ppState, pTaps, order, tapsFactor, pDlyLine): taps b0 .. b_order, a0 .. a_order.
+ *    When a0 is the unit 2^-tapsFactor (saturated to 32 bits) or zero, the taps are kept as
+ *    given; otherwise each tap t becomes trunc(t * 2^-tapsFactor / a0), computed exactly and
+ *    saturated to 32 bits (complex taps: divided in double precision, each part truncated
+ *    toward zero and saturated). a0 = 0 is not refused: the taps are then taken as already
+ *    normalised.
+ *  - InitAlloc_BiQuad(ppState, pTaps, numBq, tapsFactor, pDlyLine): 6 taps per section (b0, b1,
+ *    b2, a0, a1, a2); each section keeps b0, b1, b2, a1, a2 normalised by its own a0 as above
+ *    and runs as an order-2 filter of the form below; the value passed from one section to the
+ *    next is the section's fed-back output. A section with a0 = 0 or b0 = 0 is refused.
+ *  - The 16s32f (16sc32fc) forms take floating-point taps: they are normalised by a0 in double
+ *    precision (per section for BiQuad; an arbitrary-order a0 of 0 leaves them as given), then
+ *    converted with the taps factor that brings the largest magnitude (and 1.0) to at most
+ *    2^30, rounded half away from zero. The chosen factor is the state's tapsFactor.
+ *  - Filtering, per sample, in transposed direct form II with 64-bit two's-complement products
+ *    and sums (wrapping; exact whenever the true value fits in 64 bits):
+ *    acc = b0*x + d[0]; the fed-back output y = acc * 2^tapsFactor rounded half to even and
+ *    saturated to 32 bits; d[i] = (b[i+1]*x - a[i+1]*y) + d[i+1]; d[order-1] = b[order]*x -
+ *    a[order]*y. The output is acc * 2^(tapsFactor - scaleFactor) rounded half to even (one
+ *    rounding) and saturated to 16 bits; every scale factor is accepted. Since nothing is
+ *    rounded between the products, the output is exactly that of the direct form
+ *    sum b_i x[n-i] - sum a_i y[n-i] over the fed-back outputs. Complex members use complex
+ *    products and round each part on its own.
+ *  - The delay line (InitAlloc, GetDlyLine, SetDlyLine; null: zeros) holds the 64-bit values d
+ *    in the taps' units, order values or two per section, exchanged without conversion.
+ *  Statuses, in check order: as the floating-point members (InitAlloc: ppState or pTaps null
+ *  vekStsNullPointerErr; order < 0 or numBq < 1 vekStsIirOrderErr; allocation failure
+ *  vekStsMemAllocErr; a BiQuad section's a0 or b0 of 0 vekStsDivideByZeroErr. Working calls:
+ *  state null, state of another kind, vectors null, len < 1). */
+VEK_API VekStatus veksIIRInitAlloc32s_16s(VeksIIRState32s_16s** ppState, const Vek32s* pTaps,
+                                          int order, int tapsFactor, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_BiQuad_16s(VeksIIRState32s_16s** ppState, const Vek32s* pTaps,
+                                                 int numBq, int tapsFactor, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_16s32f(VeksIIRState32s_16s** ppState, const Vek32f* pTaps,
+                                             int order, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32s_BiQuad_16s32f(VeksIIRState32s_16s** ppState,
+                                                    const Vek32f* pTaps, int numBq,
+                                                    const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRFree32s_16s(VeksIIRState32s_16s* pState);
+VEK_API VekStatus veksIIRGetDlyLine32s_16s(const VeksIIRState32s_16s* pState, Vek64s* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32s_16s(VeksIIRState32s_16s* pState, const Vek64s* pDlyLine);
+VEK_API VekStatus veksIIR32s_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst, int len,
+                                     VeksIIRState32s_16s* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32s_16s_ISfs(Vek16s* pSrcDst, int len, VeksIIRState32s_16s* pState,
+                                      int scaleFactor);
+VEK_API VekStatus veksIIROne32s_16s_Sfs(Vek16s src, Vek16s* pDstVal, VeksIIRState32s_16s* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIRInitAlloc32sc_16sc(VeksIIRState32sc_16sc** ppState, const Vek32sc* pTaps,
+                                            int order, int tapsFactor, const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_BiQuad_16sc(VeksIIRState32sc_16sc** ppState,
+                                                   const Vek32sc* pTaps, int numBq, int tapsFactor,
+                                                   const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_16sc32fc(VeksIIRState32sc_16sc** ppState,
+                                                const Vek32fc* pTaps, int order,
+                                                const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRInitAlloc32sc_BiQuad_16sc32fc(VeksIIRState32sc_16sc** ppState,
+                                                       const Vek32fc* pTaps, int numBq,
+                                                       const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRFree32sc_16sc(VeksIIRState32sc_16sc* pState);
+VEK_API VekStatus veksIIRGetDlyLine32sc_16sc(const VeksIIRState32sc_16sc* pState,
+                                             Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIRSetDlyLine32sc_16sc(VeksIIRState32sc_16sc* pState,
+                                             const Vek64sc* pDlyLine);
+VEK_API VekStatus veksIIR32sc_16sc_Sfs(const Vek16sc* pSrc, Vek16sc* pDst, int len,
+                                       VeksIIRState32sc_16sc* pState, int scaleFactor);
+VEK_API VekStatus veksIIR32sc_16sc_ISfs(Vek16sc* pSrcDst, int len, VeksIIRState32sc_16sc* pState,
+                                        int scaleFactor);
+VEK_API VekStatus veksIIROne32sc_16sc_Sfs(Vek16sc src, Vek16sc* pDstVal,
+                                          VeksIIRState32sc_16sc* pState, int scaleFactor);
+/** @} */
+
 /* ==== end of IIR */
 
 /* ==== LMS ===================================================================================== */
 
+/** @name LMS filter state types
+ *  @{ */
+/** Opaque LMS filter states: Vek32f taps with Vek32f (_32f) or Vek16s (32f_16s) samples.
+ *  Created by InitAlloc, released by Free. */
+typedef struct VeksFIRLMSState_32f VeksFIRLMSState_32f;
+typedef struct VeksFIRLMSState32f_16s VeksFIRLMSState32f_16s;
+/** @} */
+
+/** @name LMS adaptive filter states
+ *  @{ */
+/** States of an adaptive FIR filter trained by the least-mean-squares rule: Vek32f taps with
+ *  Vek32f samples (_32f) or Vek16s samples (32f_16s).
+ *  - InitAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyIndex): pTaps holds tapsLen taps in natural
+ *    order, h[0] first (null: zeros); the state keeps them reversed. pDlyLine holds tapsLen
+ *    samples in the state's circular order (null: zeros) and dlyIndex the position in it; both
+ *    are stored as given, the line into both halves of the state's doubled line.
+ *  - GetTaps writes the taps in natural order; GetDlyLine writes the tapsLen samples of the line
+ *    and the index as stored; SetDlyLine replaces them (null line: zeros). No reordering, so a
+ *    Get after a Set returns the line and index set.
+ *  - The index is not range-checked by InitAlloc or SetDlyLine: an index outside
+ *    0 .. tapsLen-1 is used modulo tapsLen by the next filtering call, which stores the index it
+ *    ends on.
+ *  Statuses, in check order: InitAlloc: ppState null vekStsNullPointerErr; tapsLen < 1
+ *  vekStsDataSizeErr; allocation failure vekStsMemAllocErr. Free, SetDlyLine: state null
+ *  vekStsNullPointerErr; a state of another kind vekStsContextMismatchErr. GetTaps,
+ *  GetDlyLine: state or outputs null vekStsNullPointerErr, then the kind. */
+VEK_API VekStatus veksFIRLMSInitAlloc_32f(VeksFIRLMSState_32f** ppState, const Vek32f* pTaps,
+                                          int tapsLen, const Vek32f* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSFree_32f(VeksFIRLMSState_32f* pState);
+VEK_API VekStatus veksFIRLMSGetTaps_32f(const VeksFIRLMSState_32f* pState, Vek32f* pTaps);
+VEK_API VekStatus veksFIRLMSGetDlyLine_32f(const VeksFIRLMSState_32f* pState, Vek32f* pDlyLine,
+                                           int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSSetDlyLine_32f(VeksFIRLMSState_32f* pState, const Vek32f* pDlyLine,
+                                           int dlyIndex);
+VEK_API VekStatus veksFIRLMSInitAlloc32f_16s(VeksFIRLMSState32f_16s** ppState, const Vek32f* pTaps,
+                                             int tapsLen, const Vek16s* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSFree32f_16s(VeksFIRLMSState32f_16s* pState);
+VEK_API VekStatus veksFIRLMSGetTaps32f_16s(const VeksFIRLMSState32f_16s* pState, Vek32f* pTaps);
+VEK_API VekStatus veksFIRLMSGetDlyLine32f_16s(const VeksFIRLMSState32f_16s* pState,
+                                              Vek16s* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSSetDlyLine32f_16s(VeksFIRLMSState32f_16s* pState,
+                                              const Vek16s* pDlyLine, int dlyIndex);
+/** @} */
+
+/** @name LMS adaptive filtering
+ *  @{ */
+/** Filters and adapts, one sample at a time: the block forms take len samples of pSrc and of the
+ *  reference pRef and write len outputs to pDst through a state; the direct forms take one
+ *  sample src and one reference refVal, write *pDstVal, and work on the caller's taps
+ *  (tapsLen values used as they are, in the reversed order: element k multiplies the k-th oldest
+ *  of the last tapsLen samples), the caller's line of 2*tapsLen samples and its index (start with
+ *  zeros and 0). Per sample:
+ *  - x is written at line[index] and line[index+tapsLen]; index = index+1, or 0 at tapsLen;
+ *  - y = sum over k = 0 .. tapsLen-1 of taps[k]*line[index+k], k ascending, in double precision
+ *    from 0.0; the output is y rounded to Vek32f, or for 32f_16s y limited to -32768 .. 32767
+ *    and truncated toward zero;
+ *  - e = ((ref - y) * 2) * mu in double precision, from the unrounded, unlimited y;
+ *  - each tap becomes taps[k] + line[index+k]*e, computed in double and rounded to Vek32f; the
+ *    output used the taps from before this update.
+ *  A block gives exactly the outputs, taps and line of the same samples passed one at a time.
+ *  mu = 0 leaves the taps unchanged (a plain FIR filter).
+ *  Statuses, in check order: block: pState, pSrc, pRef or pDst null vekStsNullPointerErr;
+ *  len < 1 vekStsDataSizeErr; a state of another kind vekStsContextMismatchErr. Direct: pTaps,
+ *  pDlyLine, pDlyLineIndex or pDstVal null vekStsNullPointerErr; tapsLen < 1
+ *  vekStsDataSizeErr; *pDlyLineIndex outside 0 .. tapsLen-1 vekStsDelayIndexErr. */
+VEK_API VekStatus veksFIRLMS_32f(const Vek32f* pSrc, const Vek32f* pRef, Vek32f* pDst, int len,
+                                 float mu, VeksFIRLMSState_32f* pState);
+VEK_API VekStatus veksFIRLMS32f_16s(const Vek16s* pSrc, const Vek16s* pRef, Vek16s* pDst, int len,
+                                    float mu, VeksFIRLMSState32f_16s* pState);
+VEK_API VekStatus veksFIRLMSOne_Direct_32f(Vek32f src, Vek32f refVal, Vek32f* pDstVal,
+                                           Vek32f* pTaps, int tapsLen, float mu, Vek32f* pDlyLine,
+                                           int* pDlyLineIndex);
+VEK_API VekStatus veksFIRLMSOne_Direct32f_16s(Vek16s src, Vek16s refVal, Vek16s* pDstVal,
+                                              Vek32f* pTaps, int tapsLen, float mu,
+                                              Vek16s* pDlyLine, int* pDlyLineIndex);
+/** @} */
+
+/** @name Normalised LMS step in Q15
+ *  @{ */
+/** One step of a normalised LMS filter in integers: Vek32s taps in Q15 (the caller's array,
+ *  reversed order as in the direct forms above), a Q15 step muQ15, a Vek16s line of 2*tapsLen
+ *  samples and its index.
+ *  - x is written at line[index] and line[index+tapsLen]; index = index+1, or 0 at tapsLen;
+ *  - acc = sum of taps[k]*w[k] over the window w = line + index, each product formed in 32
+ *    bits (wrapping: taps beyond +-2^16 can wrap their products) and the products added in 64
+ *    bits; energy = sum of w[k]^2 in 64 bits;
+ *  - the output is acc / 2^15 rounded half to even (acc + 16383 + bit 15 of acc, shifted
+ *    arithmetically) and saturated to 16 bits;
+ *  - when energy is not 0, with t = muQ15 * (refVal - output) in 64 bits, each tap becomes
+ *    taps[k] + (t*w[k]) / energy (division truncating toward zero), saturated to 32 bits; an
+ *    all-zero window leaves the taps unchanged.
+ *  Statuses, in check order: pTaps, pDlyLine, pDlyLineIndex or pDstVal null
+ *  vekStsNullPointerErr; tapsLen < 1 vekStsDataSizeErr; *pDlyLineIndex outside 0 .. tapsLen-1
+ *  vekStsDelayIndexErr. */
+VEK_API VekStatus veksFIRLMSOne_DirectQ15_16s(Vek16s src, Vek16s refVal, Vek16s* pDstVal,
+                                              Vek32s* pTaps, int tapsLen, int muQ15,
+                                              Vek16s* pDlyLine, int* pDlyLineIndex);
+/** @} */
+
 /* ==== end of LMS */
 
 /* ==== Multi-rate LMS ========================================================================== */
+
+/** @name Multi-rate LMS state types
+ *  @{ */
+/** Opaque multi-rate LMS states: Vek32s taps with Vek16s samples (32s_16s), Vek32sc taps with
+ *  Vek16sc samples (32sc_16sc). Created by InitAlloc, released by Free. */
+typedef struct VeksFIRLMSMRState32s_16s VeksFIRLMSMRState32s_16s;
+typedef struct VeksFIRLMSMRState32sc_16sc VeksFIRLMSMRState32sc_16sc;
+/** @} */
+
+/** @name Multi-rate LMS
+ *  @{ */
+/** An integer delayed-LMS adaptive filter with Vek32s taps (32s_16s; Vek32sc taps and Vek16sc
+ *  samples for 32sc_16sc) spaced dlyStep input samples apart, whose update uses the input
+ *  updateDly samples older. The caller drives it: PutVal enters a sample, One computes the
+ *  output, OneVal does both, UpdateTaps adapts with an error value.
+ *  - InitAlloc(ppState, pTaps, tapsLen, pDlyLine, dlyIndex, dlyStep, updateDly, mu): pTaps in
+ *    natural order (null: zeros), kept reversed; the delay line holds dlyLen = dlyStep*tapsLen +
+ *    updateDly samples (pDlyLine null: zeros), kept twice, and dlyIndex its position. The window
+ *    line[i .. i+dlyLen-1] at the current index i holds the last dlyLen samples, oldest first.
+ *  - PutVal(val, pState): val is written at line[i] and line[i+dlyLen]; i = i+1, or 0 at dlyLen.
+ *  - One(pDstVal, pState): the sum over k ascending of the high 16 bits of taps[k] (as a signed
+ *    16-bit value) times the window's sample at offset updateDly + dlyStep - 1 + k*dlyStep, in a
+ *    32-bit accumulator that wraps; no scaling, no saturation. Complex: (ac - bd, ad + bc) of the
+ *    taps' high halves and the samples, each part wrapping.
+ *  - UpdateTaps(errVal, pState): t = mu*errVal (32 bits, wrapping; complex: each part),
+ *    u = (t + 16384) >> 15 (the sum in 64 bits, so no wrap), and every tap gets x*u added
+ *    (32 bits, wrapping) with x the sample at window offset dlyStep - 1 + k*dlyStep, updateDly
+ *    samples older than the output's. Complex taps get conj(x)*u added, the gradient step of the
+ *    output above. (The state's update pre-shift is 0, and no operation changes it.)
+ *  - SetTaps and GetTaps exchange the taps in natural order; GetTapsPointer gives the state's
+ *    own reversed array, valid until Free. SetDlyLine copies dlyLen samples (null: zeros) and
+ *    the index, which it does not check; GetDlyLine gives them back. SetMu replaces mu.
+ *  - GetDlyVal(pState, pVal, index): the window's sample at offset updateDly + dlyStep - 1 +
+ *    index for 0 <= index <= dlyLen (index 0 is the one the caller's last tap multiplies);
+ *    offsets past the window wrap around the circular line.
+ *  - Indices outside 0 .. dlyLen-1 given to SetDlyLine are taken modulo dlyLen.
+ *  Statuses, in check order: InitAlloc: ppState null vekStsNullPointerErr; tapsLen < 1,
+ *  dlyStep < 1, updateDly < 0, or dlyIndex outside 0 .. dlyLen-1 vekStsDataSizeErr; a dlyLen
+ *  beyond 32 bits, or an allocation failure, vekStsMemAllocErr. Every other operation: state
+ *  (or output, or SetTaps' taps) null vekStsNullPointerErr; a state of another kind, also for
+ *  GetTapsPointer, vekStsContextMismatchErr; GetDlyVal: index < 0 or > dlyLen
+ *  vekStsBadArgErr. */
+VEK_API VekStatus veksFIRLMSMRInitAlloc32s_16s(VeksFIRLMSMRState32s_16s** ppState,
+                                               const Vek32s* pTaps, int tapsLen,
+                                               const Vek16s* pDlyLine, int dlyIndex, int dlyStep,
+                                               int updateDly, int mu);
+VEK_API VekStatus veksFIRLMSMRFree32s_16s(VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRSetTaps32s_16s(VeksFIRLMSMRState32s_16s* pState, const Vek32s* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTaps32s_16s(const VeksFIRLMSMRState32s_16s* pState, Vek32s* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTapsPointer32s_16s(VeksFIRLMSMRState32s_16s* pState,
+                                                    Vek32s** ppTaps);
+VEK_API VekStatus veksFIRLMSMRSetDlyLine32s_16s(VeksFIRLMSMRState32s_16s* pState,
+                                                const Vek16s* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyLine32s_16s(const VeksFIRLMSMRState32s_16s* pState,
+                                                Vek16s* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyVal32s_16s(const VeksFIRLMSMRState32s_16s* pState, Vek16s* pVal,
+                                               int index);
+VEK_API VekStatus veksFIRLMSMRSetMu32s_16s(VeksFIRLMSMRState32s_16s* pState, int mu);
+VEK_API VekStatus veksFIRLMSMRPutVal32s_16s(Vek16s val, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMROne32s_16s(Vek32s* pDstVal, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMROneVal32s_16s(Vek16s val, Vek32s* pDstVal,
+                                            VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRUpdateTaps32s_16s(Vek32s errVal, VeksFIRLMSMRState32s_16s* pState);
+VEK_API VekStatus veksFIRLMSMRInitAlloc32sc_16sc(VeksFIRLMSMRState32sc_16sc** ppState,
+                                                 const Vek32sc* pTaps, int tapsLen,
+                                                 const Vek16sc* pDlyLine, int dlyIndex, int dlyStep,
+                                                 int updateDly, int mu);
+VEK_API VekStatus veksFIRLMSMRFree32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMRSetTaps32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                               const Vek32sc* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTaps32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                               Vek32sc* pTaps);
+VEK_API VekStatus veksFIRLMSMRGetTapsPointer32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                                      Vek32sc** ppTaps);
+VEK_API VekStatus veksFIRLMSMRSetDlyLine32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState,
+                                                  const Vek16sc* pDlyLine, int dlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyLine32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                                  Vek16sc* pDlyLine, int* pDlyIndex);
+VEK_API VekStatus veksFIRLMSMRGetDlyVal32sc_16sc(const VeksFIRLMSMRState32sc_16sc* pState,
+                                                 Vek16sc* pVal, int index);
+VEK_API VekStatus veksFIRLMSMRSetMu32sc_16sc(VeksFIRLMSMRState32sc_16sc* pState, int mu);
+VEK_API VekStatus veksFIRLMSMRPutVal32sc_16sc(Vek16sc val, VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMROne32sc_16sc(Vek32sc* pDstVal, VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMROneVal32sc_16sc(Vek16sc val, Vek32sc* pDstVal,
+                                              VeksFIRLMSMRState32sc_16sc* pState);
+VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
+                                                  VeksFIRLMSMRState32sc_16sc* pState);
+/** @} */
 
 /* ==== end of Multi-rate LMS */
 

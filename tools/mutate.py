@@ -260,9 +260,11 @@ def main():
             print(i, repr(c[3] if c[5] != "statement" else "drop"), "->", repr(c[4]))
         return
     if not Path(build, "CMakeCache.txt").exists():
+        launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if shutil.which("ccache") else []
         subprocess.run(["cmake", "-S", str(ROOT), "-B", build, "-G", "Ninja",
-                        "-DCMAKE_BUILD_TYPE=Release", "-DVEKS_BUILD_EXAMPLES=OFF"], check=True,
-                       stdout=subprocess.DEVNULL)
+                        "-DCMAKE_BUILD_TYPE=Release", "-DVEKS_BUILD_TESTS=ON",
+                        "-DVEKS_BUILD_EXAMPLES=OFF", "-DVEKS_BUILD_TOOLS=OFF", *launcher],
+                       check=True, stdout=subprocess.DEVNULL)
     state = load_state(state_path)
     if args.report:
         report(state, ids)

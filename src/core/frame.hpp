@@ -8,7 +8,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
 
 #include "veks_types.h"
 
@@ -34,18 +33,6 @@ constexpr VekStatus length_at_least(int len, int minimum = 1) noexcept {
 
 constexpr VekStatus require(bool condition, VekStatus failure) noexcept {
     return condition ? vekStsOk : failure;
-}
-
-// State objects and transform objects begin with a 32-bit kind identifier. Reading it through
-// memcpy keeps the check valid whatever object the caller actually passed.
-inline int32_t object_kind(const void* object) noexcept {
-    int32_t id;
-    std::memcpy(&id, object, sizeof id);
-    return id;
-}
-
-inline VekStatus kind_is(const void* object, int32_t expected) noexcept {
-    return object_kind(object) == expected ? vekStsOk : vekStsContextMismatchErr;
 }
 
 } // namespace veks

@@ -122,6 +122,20 @@ constexpr T scale_round_even_wide(WideSum v, int sf) noexcept {
     return saturate<T>((v.half + ((v.low + bias) >> 1)) >> (sf - 1));
 }
 
+// scale_round_even for every 64-bit v and every 64-bit scale factor: the same rule (v * 2^-sf
+// rounded half to even, saturated to T) for accumulators that use the whole 64-bit range.
+template <class T>
+constexpr T scale_round_even_any(int64_t v, int64_t sf) noexcept {
+    if (sf <= 0) return scale_round_even<T>(v, sf < -64 ? -64 : static_cast<int>(sf));
+    if (sf >= 64) return T{0}; // |v| <= 2^63: at most one half, which rounds to the even 0
+    const int s = static_cast<int>(sf);
+    const int64_t q = v >> s;
+    const uint64_t rem = static_cast<uint64_t>(v) & ((uint64_t{1} << s) - 1);
+    const uint64_t half = uint64_t{1} << (s - 1);
+    const bool up = rem > half || (rem == half && (q & 1) != 0);
+    return saturate<T>(q + (up ? 1 : 0));
+}
+
 // The scaling rule for sf = 1 applied to x + y and to y - x of 16-bit values, computed in 16
 // bits: with k = floor(v / 2) formed from the halves of the operands, v / 2 rounded half to even
 // is k + (v odd and k odd); 32767.5 rounds to 32768 and saturates.
@@ -158,6 +172,29 @@ inline T round_away_saturate(double x) noexcept {
     if (x > hi) return std::numeric_limits<T>::max();
     if (x == 0.0 || x != x) return T{0};
     return static_cast<T>(x >= 0.0 ? x + 0.5 : x - 0.5);
+}
+
+// round_away_saturate written without branches, so that loops over it vectorise: the same
+// result for every x (x + 0.5 or x - 0.5 clamped to T's range and truncated; NaN gives 0).
+template <class T>
+inline T round_away_clamp(double x) noexcept {
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    double a = x > 0.0 ? x + 0.5 : x - 0.5;
+    a = a < lo ? lo : a;
+    a = a > hi ? hi : a;
+    return static_cast<T>(a == a ? a : 0.0);
+}
+
+// trunc_saturate written without branches, so that loops over it vectorise: the same result
+// for every x.
+template <class T>
+inline T trunc_clamp(double x) noexcept {
+    constexpr double lo = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<T>::max());
+    double a = x < lo ? lo : x;
+    a = a > hi ? hi : a;
+    return static_cast<T>(a == a ? a : 0.0);
 }
 
 // 2^-sf with sf clamped to -127 .. 127, built in the exponent field (exact in double).

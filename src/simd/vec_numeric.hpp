@@ -29,6 +29,30 @@ class ShiftRoundEven {
     R bias_, one_;
 };
 
+// The same rule for any 32-bit lane, without the overflow condition (for wrapping sums): with
+// q = v >> sf and r = v - q 2^sf in [0, 2^sf), v / 2^sf rounds up to q + 1 exactly when
+// r + (q & 1) + 2^(sf-1) - 1 reaches 2^sf; that sum stays below 2^32, and its bit sf read through
+// an arithmetic shift and a mask is the same as through an unsigned shift.
+template <class V>
+class ShiftRoundEvenWrapped {
+  public:
+    using R = typename V::R;
+    explicit ShiftRoundEvenWrapped(int sf)
+        : sf_(sf), low_(V::splat(sf ? static_cast<int32_t>((uint32_t{1} << sf) - 1) : 0)),
+          bias_(V::splat(sf ? (int32_t{1} << (sf - 1)) - 1 : 0)), one_(V::splat(sf ? 1 : 0)) {}
+    R operator()(R v) const {
+        if (sf_ == 0) return v;
+        const R q = V::shift_right(v, sf_);
+        const R r = V::bit_and(v, low_);
+        const R t = V::add(V::add(r, V::bit_and(q, one_)), bias_);
+        return V::add(q, V::bit_and(V::shift_right(t, sf_), one_));
+    }
+
+  private:
+    int sf_;
+    R low_, bias_, one_;
+};
+
 // num::half_sum_round_even and num::half_difference_round_even on 16-bit lanes: (x + y) / 2
 // and (y - x) / 2 rounded half to even and saturated, without widening.
 template <class V>

@@ -74,6 +74,16 @@ struct Vec {
         return r;
     }
     static R zero() { return R{}; }
+    // N floats widened (double vectors), and N lanes stored as floats (rounded by the current
+    // mode).
+    static R load_float(const float* p) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = static_cast<T>(p[i]);
+        return r;
+    }
+    static void store_float(float* p, R a) {
+        for (int i = 0; i < N; ++i) p[i] = static_cast<float>(a.v[i]);
+    }
 
     // ---- lane-wise arithmetic (integers wrap) ----
     template <class F>
@@ -195,6 +205,18 @@ struct Vec {
         for (int i = 0; i < N; ++i) r = r && m.v[i];
         return r;
     }
+    // The mask of the first n lanes (0 <= n <= lanes).
+    static M first_n(size_t n) {
+        M m;
+        for (int i = 0; i < N; ++i) m.v[i] = static_cast<size_t>(i) < n;
+        return m;
+    }
+    // Bit i of the result is lane i of the mask.
+    static uint64_t mask_bits(M m) {
+        uint64_t r = 0;
+        for (int i = 0; i < N; ++i) r |= uint64_t{m.v[i]} << i;
+        return r;
+    }
 
     // ---- horizontal ----
     // Sum of the lanes, pairwise (lane i with lane i + N/2, and so on down to one).
@@ -204,6 +226,66 @@ struct Vec {
         return a.v[0];
     }
     static T first(R a) { return a.v[0]; }
+    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, the lowest from `below`.
+    static R slide_up(R a, R below) {
+        R r;
+        r.v[0] = below.v[N - 1];
+        for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
+        return r;
+    }
+    // The largest and the smallest lane (for lanes that hold no NaN).
+    static T max_lanes(R a) {
+        T m = a.v[0];
+        for (int i = 1; i < N; ++i) m = a.v[i] > m ? a.v[i] : m;
+        return m;
+    }
+    static T min_lanes(R a) {
+        T m = a.v[0];
+        for (int i = 1; i < N; ++i) m = a.v[i] < m ? a.v[i] : m;
+        return m;
+    }
+
+    // ---- precision changes into double lanes (T = double) ----
+    // N floats from p, exactly widened; the first n of them (0 <= n <= N, the others 0, nothing
+    // beyond p + n read).
+    static R load_float_n(const float* p, size_t n) {
+        R r{};
+        for (size_t i = 0; i < n; ++i) r.v[i] = static_cast<T>(p[i]);
+        return r;
+    }
+    // N / 2 values from p, each in two neighbouring lanes (p0, p0, p1, p1, ...): a real vector
+    // against interleaved complex values. The _n forms read the first n values (the other lanes
+    // 0).
+    static R load_pairs(const float* p) { return load_pairs_n(p, N / 2); }
+    static R load_pairs(const double* p) { return load_pairs_n(p, N / 2); }
+    template <class S>
+    static R load_pairs_n(const S* p, size_t n) {
+        R r{};
+        for (size_t i = 0; i < n; ++i) r.v[2 * i] = r.v[2 * i + 1] = static_cast<T>(p[i]);
+        return r;
+    }
+
+    // ---- 16-bit integer pairs (T = int16_t) ----
+    // Lane i of the result (32-bit lanes, N / 2 of them): a[2i] b[2i] + a[2i+1] b[2i+1], which
+    // wraps only for four lanes of -32768 (the sum 2^31 reads as -2^31).
+    static Lanes<int32_t, N / 2> mul_add_pairs(R a, R b) {
+        Lanes<int32_t, N / 2> r;
+        for (int i = 0; i < N / 2; ++i)
+            r.v[i] = static_cast<int32_t>(
+                static_cast<uint32_t>(int32_t{a.v[2 * i]} * b.v[2 * i]) +
+                static_cast<uint32_t>(int32_t{a.v[2 * i + 1]} * b.v[2 * i + 1]));
+        return r;
+    }
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (T = int32_t).
+    static Lanes<int16_t, 2 * N> narrow_sat_zip(R a, R b) {
+        Lanes<int16_t, 2 * N> r;
+        for (int i = 0; i < N; ++i) {
+            r.v[2 * i] = num::saturate<int16_t>(static_cast<int64_t>(a.v[i]));
+            r.v[2 * i + 1] = num::saturate<int16_t>(static_cast<int64_t>(b.v[i]));
+        }
+        return r;
+    }
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }

@@ -131,10 +131,23 @@ struct Vec<float, 4> {
     }
     static bool any(M m) { return _mm_movemask_ps(m) != 0; }
     static bool all(M m) { return _mm_movemask_ps(m) == 0xF; }
+    static M first_n(size_t n) {
+        return _mm_castsi128_ps(
+            _mm_cmpgt_epi32(_mm_set1_epi32(static_cast<int>(n)), _mm_setr_epi32(0, 1, 2, 3)));
+    }
+    static uint64_t mask_bits(M m) { return static_cast<uint64_t>(_mm_movemask_ps(m)); }
 
     static float sum(R a) {
         a = _mm_add_ps(a, _mm_movehl_ps(a, a));
         return _mm_cvtss_f32(_mm_add_ss(a, _mm_shuffle_ps(a, a, 1)));
+    }
+    static float max_lanes(R a) {
+        a = _mm_max_ps(a, _mm_movehl_ps(a, a));
+        return _mm_cvtss_f32(_mm_max_ss(a, _mm_shuffle_ps(a, a, 1)));
+    }
+    static float min_lanes(R a) {
+        a = _mm_min_ps(a, _mm_movehl_ps(a, a));
+        return _mm_cvtss_f32(_mm_min_ss(a, _mm_shuffle_ps(a, a, 1)));
     }
     static float first(R a) { return _mm_cvtss_f32(a); }
     // The lanes' bit patterns as 32-bit integer lanes, and back.
@@ -189,6 +202,14 @@ struct Vec<double, 2> {
     static void store_n(double* p, R a, size_t n) {
         if (n) _mm_store_sd(p, a);
     }
+    // 2 floats widened, and 2 lanes stored as floats (rounded by the current mode).
+    // (64-bit moves that accept any alignment.)
+    static R load_float(const float* p) {
+        return _mm_cvtps_pd(_mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
+    }
+    static void store_float(float* p, R a) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castps_si128(_mm_cvtpd_ps(a)));
+    }
     static R splat(double x) { return _mm_set1_pd(x); }
     static R zero() { return _mm_setzero_pd(); }
 
@@ -236,8 +257,26 @@ struct Vec<double, 2> {
     }
     static bool any(M m) { return _mm_movemask_pd(m) != 0; }
     static bool all(M m) { return _mm_movemask_pd(m) == 0x3; }
+    static M first_n(size_t n) {
+        return _mm_castsi128_pd(
+            _mm_cmpgt_epi32(_mm_set1_epi32(static_cast<int>(n)), _mm_setr_epi32(0, 0, 1, 1)));
+    }
+    static uint64_t mask_bits(M m) { return static_cast<uint64_t>(_mm_movemask_pd(m)); }
 
     static double sum(R a) { return _mm_cvtsd_f64(_mm_add_sd(a, _mm_unpackhi_pd(a, a))); }
+    static double max_lanes(R a) { return _mm_cvtsd_f64(_mm_max_sd(a, _mm_unpackhi_pd(a, a))); }
+    static double min_lanes(R a) { return _mm_cvtsd_f64(_mm_min_sd(a, _mm_unpackhi_pd(a, a))); }
+    // Two floats widened (exactly); the first n of them (the other lane 0); one float in both
+    // lanes (load_pairs: a real value against one interleaved complex value).
+    static R load_float_n(const float* p, size_t n) {
+        return n >= 2 ? load_float(p) : n == 1 ? _mm_cvtps_pd(_mm_load_ss(p)) : _mm_setzero_pd();
+    }
+    static R load_pairs(const float* p) { return _mm_cvtps_pd(_mm_load1_ps(p)); }
+    static R load_pairs(const double* p) { return _mm_load1_pd(p); }
+    template <class S>
+    static R load_pairs_n(const S* p, size_t n) {
+        return n ? load_pairs(p) : _mm_setzero_pd();
+    }
     // Precision changes: lanes 0 and 1 of a float register widened; two doubles rounded (by the
     // current mode) into float lanes 0 and 1; 32-bit integer lanes 0 and 1 converted (exactly).
     static R from_float(__m128 a) { return _mm_cvtps_pd(a); }
@@ -248,6 +287,7 @@ struct Vec<double, 2> {
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
 
     static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
+    static R slide_up(R a, R below) { return _mm_shuffle_pd(below, a, 1); }
     static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }
     static R conj(R a) { return _mm_xor_pd(a, odd_sign()); }
@@ -359,6 +399,12 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
         static_assert(bytes == 2, "lane products: 16-bit lanes");
         if constexpr (is_signed) return _mm_mulhi_epi16(a, b);
         return _mm_mulhi_epu16(a, b);
+    }
+    // 32-bit lane i: a[2i] b[2i] + a[2i+1] b[2i+1] (signed 16-bit lanes; wraps only for four
+    // lanes of -32768).
+    static R mul_add_pairs(R a, R b) {
+        static_assert(bytes == 2 && is_signed);
+        return _mm_madd_epi16(a, b);
     }
     // Saturating sum and difference (8- and 16-bit lanes).
     static R add_sat(R a, R b) {
@@ -505,6 +551,13 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
         }
     }
     static R reverse_blocks(R a) { return a; }
+
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (two vectors of even and odd elements joined).
+    static R narrow_sat_zip(R a, R b) {
+        static_assert(bytes == 4 && is_signed);
+        return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
 
   private:
     static R interleave_lo(R a, R b) {

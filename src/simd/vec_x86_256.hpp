@@ -82,10 +82,14 @@ struct Vec<float, 8> {
     static R select(M m, R a, R b) { return _mm256_blendv_ps(b, a, m); }
     static bool any(M m) { return _mm256_movemask_ps(m) != 0; }
     static bool all(M m) { return _mm256_movemask_ps(m) == 0xFF; }
+    static M first_n(size_t n) { return _mm256_castsi256_ps(x86::first_lanes32x8(n)); }
+    static uint64_t mask_bits(M m) { return static_cast<uint64_t>(_mm256_movemask_ps(m)); }
 
     static __m128 low(R a) { return _mm256_castps256_ps128(a); }
     static __m128 high(R a) { return _mm256_extractf128_ps(a, 1); }
     static float sum(R a) { return Half::sum(_mm_add_ps(low(a), high(a))); }
+    static float max_lanes(R a) { return Half::max_lanes(_mm_max_ps(low(a), high(a))); }
+    static float min_lanes(R a) { return Half::min_lanes(_mm_min_ps(low(a), high(a))); }
     static float first(R a) { return _mm256_cvtss_f32(a); }
     static __m256i bits(R a) { return _mm256_castps_si256(a); }
     static R from_bits(__m256i a) { return _mm256_castsi256_ps(a); }
@@ -211,10 +215,14 @@ struct Vec<double, 4> {
     static R select(M m, R a, R b) { return _mm256_blendv_pd(b, a, m); }
     static bool any(M m) { return _mm256_movemask_pd(m) != 0; }
     static bool all(M m) { return _mm256_movemask_pd(m) == 0xF; }
+    static M first_n(size_t n) { return _mm256_castsi256_pd(x86::first_lanes64x4(n)); }
+    static uint64_t mask_bits(M m) { return static_cast<uint64_t>(_mm256_movemask_pd(m)); }
 
     static __m128d low(R a) { return _mm256_castpd256_pd128(a); }
     static __m128d high(R a) { return _mm256_extractf128_pd(a, 1); }
     static double sum(R a) { return Half::sum(_mm_add_pd(low(a), high(a))); }
+    static double max_lanes(R a) { return Half::max_lanes(_mm_max_pd(low(a), high(a))); }
+    static double min_lanes(R a) { return Half::min_lanes(_mm_min_pd(low(a), high(a))); }
     static double first(R a) { return _mm256_cvtsd_f64(a); }
     static __m256i bits(R a) { return _mm256_castpd_si256(a); }
     static R from_bits(__m256i a) { return _mm256_castsi256_pd(a); }
@@ -223,9 +231,34 @@ struct Vec<double, 4> {
     // current mode).
     static R from_float(__m128 a) { return _mm256_cvtps_pd(a); }
     static __m128 to_float(R a) { return _mm256_cvtpd_ps(a); }
+    static R load_float(const float* p) { return _mm256_cvtps_pd(_mm_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm_storeu_ps(p, _mm256_cvtpd_ps(a)); }
     static R from_int32(__m128i a) { return _mm256_cvtepi32_pd(a); }
-    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
-    // portable vector).
+    // Four floats widened (exactly), the first n of them (the others 0); two floats or doubles
+    // each in two neighbouring lanes (see the portable vector).
+    static R load_float_n(const float* p, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        return _mm256_cvtps_pd(_mm_maskz_loadu_ps(static_cast<__mmask8>(x86::first_bits(n)), p));
+#else
+        return _mm256_cvtps_pd(_mm_maskload_ps(p, x86::first_lanes32x4(n)));
+#endif
+    }
+    static R load_pairs(const float* p) {
+        const __m128 x = _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
+        return _mm256_cvtps_pd(_mm_unpacklo_ps(x, x));
+    }
+    static R load_pairs(const double* p) {
+        return _mm256_permute4x64_pd(_mm256_castpd128_pd256(_mm_loadu_pd(p)), 0x50);
+    }
+    template <class S>
+    static R load_pairs_n(const S* p, size_t n) {
+        if (n >= 2) return load_pairs(p);
+        if (n == 0) return _mm256_setzero_pd();
+        if constexpr (sizeof(S) == 4)
+            return _mm256_insertf128_pd(_mm256_setzero_pd(), _mm_cvtps_pd(_mm_load1_ps(p)), 0);
+        else
+            return _mm256_insertf128_pd(_mm256_setzero_pd(), _mm_load1_pd(p), 0);
+    }
     // 1/a to within 2^-11 (relative) for |a| in the normal float range, for Newton steps.
     static constexpr int reciprocal_bits = 11;
     static R reciprocal_estimate(R a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a))); }
@@ -233,6 +266,8 @@ struct Vec<double, 4> {
     static constexpr int rsqrt_bits = 52;
     static R rsqrt_estimate(R a) { return _mm256_div_pd(_mm256_set1_pd(1.0), _mm256_sqrt_pd(a)); }
     static R sqrt(R a) { return _mm256_sqrt_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector).
     static R add_bits(R a, R b) { return from_bits(_mm256_add_epi64(bits(a), bits(b))); }
     static R sub_bits(R a, R b) { return from_bits(_mm256_sub_epi64(bits(a), bits(b))); }
     static R shift_left_bits(R a, int k) { return from_bits(_mm256_slli_epi64(bits(a), k)); }
@@ -243,6 +278,14 @@ struct Vec<double, 4> {
     }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
+    static R slide_up(R a, R below) {
+#if VEK_ISA_LEVEL >= 3
+        return _mm256_castsi256_pd(
+            _mm256_alignr_epi64(_mm256_castpd_si256(a), _mm256_castpd_si256(below), 3));
+#else
+        return _mm256_shuffle_pd(_mm256_permute2f128_pd(below, a, 0x21), a, 0x5);
+#endif
+    }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
     static R even_sign() { return _mm256_setr_pd(-0., 0., -0., 0.); }
     static R conj(R a) { return _mm256_xor_pd(a, odd_sign()); }
@@ -369,6 +412,10 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
         static_assert(bytes == 2);
         if constexpr (is_signed) return _mm256_mulhi_epi16(a, b);
         return _mm256_mulhi_epu16(a, b);
+    }
+    static R mul_add_pairs(R a, R b) {
+        static_assert(bytes == 2 && is_signed);
+        return _mm256_madd_epi16(a, b);
     }
     static R add_sat(R a, R b) {
         static_assert(bytes <= 2);
@@ -515,6 +562,13 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     static R reverse_blocks(R a) { return _mm256_permute2x128_si256(a, a, 0x01); }
     // Each 16-byte half rearranged by the byte indices in `table` (within the half).
     static R shuffle_bytes(R a, R table) { return _mm256_shuffle_epi8(a, table); }
+
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (two vectors of even and odd elements joined).
+    static R narrow_sat_zip(R a, R b) {
+        static_assert(bytes == 4 && is_signed);
+        return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
 
   private:
     static int load_int32(const void* p) {

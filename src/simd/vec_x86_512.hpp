@@ -82,12 +82,16 @@ struct Vec<float, 16> {
     static R select(M m, R a, R b) { return _mm512_mask_blend_ps(m, b, a); }
     static bool any(M m) { return m != 0; }
     static bool all(M m) { return m == 0xFFFF; }
+    static M first_n(size_t n) { return static_cast<M>(x86::first_bits(n)); }
+    static uint64_t mask_bits(M m) { return m; }
 
     static __m256 low(R a) { return _mm512_castps512_ps256(a); }
     static __m256 high(R a) {
         return _mm256_castpd_ps(_mm512_extractf64x4_pd(_mm512_castps_pd(a), 1));
     }
     static float sum(R a) { return Half::sum(_mm256_add_ps(low(a), high(a))); }
+    static float max_lanes(R a) { return Half::max_lanes(_mm256_max_ps(low(a), high(a))); }
+    static float min_lanes(R a) { return Half::min_lanes(_mm256_min_ps(low(a), high(a))); }
     static float first(R a) { return _mm512_cvtss_f32(a); }
     static __m512i bits(R a) { return _mm512_castps_si512(a); }
     static R from_bits(__m512i a) { return _mm512_castsi512_ps(a); }
@@ -205,23 +209,45 @@ struct Vec<double, 8> {
     static R select(M m, R a, R b) { return _mm512_mask_blend_pd(m, b, a); }
     static bool any(M m) { return m != 0; }
     static bool all(M m) { return m == 0xFF; }
+    static M first_n(size_t n) { return static_cast<M>(x86::first_bits(n)); }
+    static uint64_t mask_bits(M m) { return m; }
 
     static __m256d low(R a) { return _mm512_castpd512_pd256(a); }
     static __m256d high(R a) { return _mm512_extractf64x4_pd(a, 1); }
     static double sum(R a) { return Half::sum(_mm256_add_pd(low(a), high(a))); }
+    static double max_lanes(R a) { return Half::max_lanes(_mm256_max_pd(low(a), high(a))); }
+    static double min_lanes(R a) { return Half::min_lanes(_mm256_min_pd(low(a), high(a))); }
     static double first(R a) { return _mm512_cvtsd_f64(a); }
     static __m512i bits(R a) { return _mm512_castpd_si512(a); }
     static R from_bits(__m512i a) { return _mm512_castsi512_pd(a); }
 
     static R from_float(__m256 a) { return _mm512_cvtps_pd(a); }
     static __m256 to_float(R a) { return _mm512_cvtpd_ps(a); }
+    // 8 floats widened, and 8 lanes stored as floats (rounded by the current mode).
+    static R load_float(const float* p) { return _mm512_cvtps_pd(_mm256_loadu_ps(p)); }
+    static void store_float(float* p, R a) { _mm256_storeu_ps(p, _mm512_cvtpd_ps(a)); }
     // Rounded to nearest (ties to even) whatever the caller's rounding mode.
     static __m256 to_float_nearest(R a) {
         return _mm512_cvt_roundpd_ps(a, _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
     }
     static R from_int32(__m256i a) { return _mm512_cvtepi32_pd(a); }
-    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
-    // portable vector): tables of up to 64 entries are permuted from registers.
+    // Eight floats widened (exactly), the first n of them (the others 0); four floats or doubles
+    // each in two neighbouring lanes (see the portable vector).
+    static R load_float_n(const float* p, size_t n) {
+        return _mm512_cvtps_pd(_mm256_maskz_loadu_ps(static_cast<__mmask8>(x86::first_bits(n)), p));
+    }
+    static R load_pairs(const float* p) { return load_pairs_n(p, 4); }
+    static R load_pairs(const double* p) { return load_pairs_n(p, 4); }
+    template <class S>
+    static R load_pairs_n(const S* p, size_t n) {
+        const auto k = static_cast<__mmask8>(x86::first_bits(n));
+        const __m512i dup = _mm512_setr_epi64(0, 0, 1, 1, 2, 2, 3, 3);
+        if constexpr (sizeof(S) == 4)
+            return _mm512_permutexvar_pd(
+                dup, _mm512_castpd256_pd512(_mm256_cvtps_pd(_mm_maskz_loadu_ps(k, p))));
+        else
+            return _mm512_permutexvar_pd(dup, _mm512_castpd256_pd512(_mm256_maskz_loadu_pd(k, p)));
+    }
     // 1/a to within 2^-14 (relative), for a Newton step or two.
     static constexpr int reciprocal_bits = 14;
     static R reciprocal_estimate(R a) { return _mm512_rcp14_pd(a); }
@@ -229,6 +255,8 @@ struct Vec<double, 8> {
     static constexpr int rsqrt_bits = 14;
     static R rsqrt_estimate(R a) { return _mm512_rsqrt14_pd(a); }
     static R sqrt(R a) { return _mm512_sqrt_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector): tables of up to 64 entries are permuted from registers.
     static R add_bits(R a, R b) { return from_bits(_mm512_add_epi64(bits(a), bits(b))); }
     static R sub_bits(R a, R b) { return from_bits(_mm512_sub_epi64(bits(a), bits(b))); }
     static R shift_left_bits(R a, int k) {
@@ -259,6 +287,10 @@ struct Vec<double, 8> {
     }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
+    static R slide_up(R a, R below) {
+        return _mm512_castsi512_pd(
+            _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
+    }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
     static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
@@ -375,6 +407,10 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         static_assert(bytes == 2);
         if constexpr (is_signed) return _mm512_mulhi_epi16(a, b);
         return _mm512_mulhi_epu16(a, b);
+    }
+    static R mul_add_pairs(R a, R b) {
+        static_assert(bytes == 2 && is_signed);
+        return _mm512_madd_epi16(a, b);
     }
     static R add_sat(R a, R b) {
         static_assert(bytes <= 2);
@@ -546,6 +582,13 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
     // (maskz: avoids an undefined operand)
     static R reverse_blocks(R a) { return _mm512_maskz_shuffle_i64x2(0xFF, a, a, 0x1B); }
     static R shuffle_bytes(R a, R table) { return _mm512_shuffle_epi8(a, table); }
+
+    // 32-bit lanes a[0], b[0], a[1], b[1], ... narrowed with saturation to 16 bits, in that
+    // order (two vectors of even and odd elements joined).
+    static R narrow_sat_zip(R a, R b) {
+        static_assert(bytes == 4 && is_signed);
+        return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
 
   private:
     static R interleave_lo(R a, R b) {

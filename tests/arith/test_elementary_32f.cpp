@@ -178,6 +178,10 @@ TEST(Elementary32f, SquareAndComplexMembers) {
     EXPECT_NEAR(r[0].re / 0x1p500, std::sqrt((1 + std::sqrt(2.0)) / 2), 1e-15);
     EXPECT_EQ(r[1].re, 0.0);
     EXPECT_EQ(r[1].im, 0x1p-530);
+    // A zero part beside a NaN: the NaN comes through (and nothing is scaled by 2^-ilogb(0)).
+    const Vek64fc nz[] = {{0.0, NAN}, {NAN, 0.0}};
+    ASSERT_EQ(veksSqrt_64fc(nz, r, 2), vekStsOk);
+    EXPECT_TRUE(std::isnan(r[0].re) && std::isnan(r[1].re));
 }
 
 } // namespace

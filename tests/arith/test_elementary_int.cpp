@@ -186,6 +186,12 @@ TEST(ElementaryInt, ExpAndLnEveryInput) {
     Vek32s w[2];
     EXPECT_EQ(veksLn_32s_Sfs(z, w, 2, 0), vekStsLnZeroArgWrn);
     EXPECT_TRUE(vt::starts_with(w, {INT32_MIN, 2}));
+    // Any scale factor is valid: the extremes give 0 or the saturated value.
+    const Vek32s big[] = {1000, 40};
+    EXPECT_EQ(veksLn_32s_Sfs(big, w, 2, INT32_MIN + 1), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(w, {INT32_MAX, INT32_MAX}));
+    EXPECT_EQ(veksLn_32s_Sfs(big, w, 2, INT32_MAX), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(w, {0, 0}));
 }
 
 TEST(ElementaryInt, CubeRoot) {

@@ -225,8 +225,10 @@ struct Rng final : Source {
 
 const Mapper* g_mapper = nullptr;
 
+#if !VEKS_CONF_ASAN
 constexpr size_t kGuard = 32;
 constexpr unsigned char kGuardByte = 0xA5;
+#endif
 constexpr double kSame = 1e308; // "the imaginary part is the real part"
 
 } // namespace
@@ -334,6 +336,11 @@ Contract::Contract(const Export& e) : exp(e) {
             ++lengths;
         } else {
             r.integer = comp_is_int(t.comp);
+        }
+        if (nm == "hint") { // an enumeration: valid values only, from C++
+            r.lo = 0;
+            r.hi = 2;
+            r.suite = {1, 2};
         }
     }
     // One length: every vector holds that many elements.
@@ -453,6 +460,14 @@ Contract& Contract::frees(const std::string& param) {
     return *this;
 }
 
+Contract& Contract::nulled_on(const std::string& param, VekStatus status) {
+    if (const int i = need(param); i >= 0) {
+        params_[i].nulled = true;
+        params_[i].nulled_status = status;
+    }
+    return *this;
+}
+
 Contract& Contract::check(const std::string& param, Pred valid, VekStatus status,
                           std::vector<double> bad) {
     if (const int i = need(param); i >= 0) {
@@ -567,6 +582,11 @@ Step Contract::custom(const std::string& what, VekStatus status, Pred fails,
     s.fails = std::move(fails);
     s.faults = std::move(faults);
     return s;
+}
+
+Step Contract::allocation() {
+    return custom("the first heap request failing", vekStsMemAllocErr,
+                  [](const Call& k) { return k.fail_at == 1; }, {});
 }
 
 Contract& Contract::probe(const std::string& what, Mutation m) {
@@ -685,6 +705,13 @@ bool Call::is_null(const std::string& param) const {
 void* Call::ptr(const std::string& param) const {
     const int k = e.index(param);
     return k < 0 ? nullptr : const_cast<void*>(pointer(k));
+}
+
+size_t Call::bytes(const std::string& param) const {
+    const int k = e.index(param);
+    for (const Buffer& b : buffers)
+        if (b.param == k && b.data == pointer(k)) return b.bytes;
+    return 0;
 }
 
 void Call::set(const std::string& param, double re, double im) {
@@ -924,7 +951,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         } else {
             call->notes.push_back("no size rule for " + e.names[i]);
         }
-        if (count < 0) count = 0;
+        count = std::clamp<int64_t>(count, 0, int64_t{1} << 48); // beyond any mapping anyway
         const int64_t bytes64 = count * static_cast<int64_t>(elem);
         if (bytes64 > (int64_t{1} << 28)) {
             if (g_mapper == nullptr) {
@@ -1008,6 +1035,7 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
             ob.before.emplace_back(static_cast<unsigned char*>(p),
                                    static_cast<unsigned char*>(p) + n);
     }
+    call.fail_at = o.fail_at;
     const Step* expect = first_failure(c, call);
     Step forced;
     if (o.expect_status) {
@@ -1065,9 +1093,16 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         if (st != expect->status)
             problem("status " + std::to_string(st) + ", expected " +
                     std::to_string(expect->status) + " (" + expect->what + ")");
-        for (const Call::Buffer& b : call.buffers)
-            if (!b.mapped && b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
+        for (const Call::Buffer& b : call.buffers) {
+            const ParamRule& r = c.rule(b.param);
+            if (r.nulled && st == r.nulled_status) {
+                if (std::any_of(b.data, b.data + b.bytes, [](unsigned char x) { return x != 0; }))
+                    problem(e.names[b.param] + " not set to null");
+            } else if (!b.mapped && b.bytes != 0 &&
+                       std::memcmp(b.before.data(), b.data, b.bytes) != 0) {
                 problem(e.names[b.param] + " written on error");
+            }
+        }
         for (const Call::Object& ob : call.objects) {
             if (ob.released) continue;
             for (size_t k = 0; k < ob.blocks.size(); ++k)

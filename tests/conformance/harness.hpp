@@ -157,7 +157,7 @@ Export entry(const char* name, R (*fn)(A...)) {
 const std::vector<Export>& exports();
 const std::vector<std::string>& table_problems();
 
-// ---- Specification and state objects --------------------------------------------------------
+// ---- Transform and state objects ---------------------------------------------------------------
 
 class Call;
 
@@ -223,6 +223,8 @@ struct ParamRule {
     std::vector<std::string> accepts;
     std::string creates;
     bool frees = false;
+    bool nulled = false; // set to null on `nulled_status`
+    VekStatus nulled_status = vekStsOk;
 };
 
 struct Knob {
@@ -264,6 +266,9 @@ class Contract {
     Contract& accepts(const std::string& param, std::vector<std::string> kind_names);
     Contract& creates(const std::string& param, const std::string& kind);
     Contract& frees(const std::string& param);
+    // A pointer-to-pointer set to null when the call fails with `status` (other errors leave it
+    // unchanged).
+    Contract& nulled_on(const std::string& param, VekStatus status);
 
     // -- the checks
     // A parameter check: `valid` false gives `status`; `bad` are values that fail it.
@@ -280,6 +285,10 @@ class Contract {
     Step lengths(const std::string& params = "");
     Step param(const std::string& name);
     Step custom(const std::string& what, VekStatus status, Pred fails, std::vector<Fault> faults);
+    // Where the call makes its first heap request, for a family that checks parameters after it
+    // (the FFT's InitAlloc tests the flag after allocating the object): a first request that
+    // fails gives vekStsMemAllocErr there.
+    Step allocation();
     // A further call for the suite, whose expected status follows from the steps.
     Contract& probe(const std::string& what, Mutation m);
     // A rule outside the frame (library services): the whole test of the export.
@@ -362,6 +371,7 @@ class Call {
     int64_t n(const std::string& name, int64_t fallback = 0) const;
     bool is_null(const std::string& param) const;
     void* ptr(const std::string& param) const;
+    size_t bytes(const std::string& param) const; // of the buffer the argument points to (or 0)
     void set(const std::string& param, double re, double im = 1e308);
     void set_int(const std::string& param, int64_t v);
     void set_null(const std::string& param);
@@ -393,6 +403,7 @@ class Call {
     std::vector<Object> objects;
     std::vector<std::string> notes; // problems met while building (a factory that failed)
     int round_mode;                 // the caller's rounding mode during the call
+    long fail_at = 0;               // the heap request that fails (0: none)
     void set_raw(int i, const void* bytes, size_t size);
     void set_pointer(int i, const void* p);
     const void* pointer(int i) const;

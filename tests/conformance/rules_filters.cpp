@@ -117,6 +117,17 @@ const conf::Rules filters([] {
             // State forms: the state, its kind, then the vectors and the length.
             c.knob("tapsLen", 1, 80, 5, {1, 40});
             if (c.has("numIters")) c.suite_values("numIters", {1, 2, 3, 67, 300});
+            // The block forms also take the member's multi-rate states (kinds named FIRMR...);
+            // the single-sample forms refuse them.
+            if (!c.has("numIters")) {
+                std::string type = c.exp.texts[c.exp.index("pState")];
+                type = type.substr(type.rfind("const ", 0) == 0 ? 6 : 0);
+                type = type.substr(0, type.find('*'));
+                std::vector<std::string> single;
+                for (const conf::Kind& k : conf::kinds())
+                    if (k.type == type && k.name.rfind("FIRMR", 0) != 0) single.push_back(k.name);
+                c.accepts("pState", single);
+            }
             c.order({c.nulls("pState"), c.kinds("pState"), c.nulls(), c.lengths()});
         });
 });

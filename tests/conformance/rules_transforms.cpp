@@ -74,7 +74,8 @@ const conf::Rules transforms([] {
                 vekStsFftFlagErr, {0, 3, 16, -1, INT_MIN});
         c.value("hint", 0);
         c.suite_values("hint", {1, 2});
-        c.order({c.nulls(), c.param("order"), c.param("flag")});
+        // The object is allocated before the flag is checked.
+        c.order({c.nulls(), c.param("order"), c.allocation(), c.param("flag")});
     });
 
     conf::family("FFT transforms", R"(^veksFFT(Fwd|Inv)_)", [](conf::Contract& c) {

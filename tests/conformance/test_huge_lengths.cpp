@@ -184,7 +184,11 @@ TEST(HugeLengths, ObjectsBeyondTheHeapAreRefused) {
         std::vector<std::vector<std::pair<std::string, double>>> sets;
         if (c->is("^veksFFTInitAlloc_"))
             for (double order : {29, 30}) sets.push_back({{"order", order}});
-        if (c->has("tapsLen"))
+        if (c->is("^veks(DFT|DCTFwd|DCTInv)InitAlloc_"))
+            for (double len : {double{(1 << 28) + 1}, double{1 << 30}, double{INT_MAX}})
+                sets.push_back({{"len", len}});
+        // (The LMS direct forms allocate nothing: taps and delay line are the caller's.)
+        if (c->has("tapsLen") && !c->is("^veksFIRLMS(One_)?Direct"))
             for (double taps : {double{1 << 28}, double{1 << 30}, double{INT_MAX}})
                 sets.push_back({{"tapsLen", taps}, {"numIters", 1}});
         for (const auto& set : sets) {

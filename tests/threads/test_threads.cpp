@@ -95,6 +95,9 @@ std::vector<Transform> transforms() {
         fft<VeksFFTSpec_R_32f, float>("FFT_R_32f", o, vekAlgHintNone, veksFFTInitAlloc_R_32f,
                                       veksFFTFree_R_32f, veksFFTGetBufSize_R_32f, n,
                                       real(veksFFTFwd_RToPack_32f)),
+        fft<VeksFFTSpec_R_32f, float>(
+            "FFT_R_32f order 16", 16, vekAlgHintNone, veksFFTInitAlloc_R_32f, veksFFTFree_R_32f,
+            veksFFTGetBufSize_R_32f, size_t{1} << 16, real(veksFFTFwd_RToPack_32f)),
         fft<VeksFFTSpec_R_64f, double>("FFT_R_64f", o, vekAlgHintNone, veksFFTInitAlloc_R_64f,
                                        veksFFTFree_R_64f, veksFFTGetBufSize_R_64f, n,
                                        real(veksFFTInv_PackToR_64f)),

@@ -3,7 +3,6 @@
 // round trip per flag) at large orders; objects and buffer sizes.
 #include <cmath>
 #include <complex>
-#include <thread>
 
 #include "fft_ref.hpp"
 #include "testutil.hpp"
@@ -344,36 +343,6 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
         for (int k = 0; k < n; ++k) want[k] = cld(fa[2 * k], fa[2 * k + 1]) * ramp[k];
         EXPECT_LE(rel_rms(fsh, want), 4 * bound<float>(order)) << "shift " << order;
         veksFFTFree_C_32fc(plan);
-    }
-}
-
-// Two threads sharing one object, each with its own buffer, give the single-threaded results.
-TEST(FftSelfCheck, SharedObjectAcrossThreads) {
-    for (int order : {10, 16}) {
-        const int n = 1 << order;
-        VeksFFTSpec_R_32f* plan = nullptr;
-        ASSERT_EQ(veksFFTInitAlloc_R_32f(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
-                  vekStsOk);
-        int size = 0;
-        ASSERT_EQ(veksFFTGetBufSize_R_32f(plan, &size), vekStsOk);
-        vt::Rng rng(16);
-        std::vector<std::vector<float>> in(2), want(2), got(2, std::vector<float>(n));
-        for (int t = 0; t < 2; ++t) {
-            in[t] = random_data<float>(rng, n);
-            want[t].resize(n);
-            ASSERT_EQ(veksFFTFwd_RToPack_32f(in[t].data(), want[t].data(), plan, nullptr),
-                      vekStsOk);
-        }
-        auto work = [&](int t) {
-            std::vector<Vek8u> buf(size_t(size) + 1);
-            for (int rep = 0; rep < 20; ++rep)
-                veksFFTFwd_RToPack_32f(in[t].data(), got[t].data(), plan, buf.data());
-        };
-        std::thread t0(work, 0), t1(work, 1);
-        t0.join();
-        t1.join();
-        for (int t = 0; t < 2; ++t) EXPECT_TRUE(vt::bits_equal(got[t], want[t]));
-        veksFFTFree_R_32f(plan);
     }
 }
 

@@ -368,7 +368,7 @@ void csqrt(double a, double b, double& re, double& im) noexcept {
     int half = 0; // the result is scaled back by 2^half
     {
         const double big = std::fmax(std::fabs(x), std::fabs(y));
-        if (big > 0x1p500 || big < 0x1p-500) {
+        if (big > 0x1p500 || (big < 0x1p-500 && big > 0)) { // (0 with a NaN: nothing to scale)
             const int e = std::ilogb(big) & ~1;
             x = std::scalbn(x, -e);
             y = std::scalbn(y, -e);

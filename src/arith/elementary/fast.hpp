@@ -6,6 +6,7 @@
 // kernels use the same evaluations with an extra low part where they need it.
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -91,7 +92,9 @@ inline DD atan_parts(double t) noexcept {
     int64_t ib;
     const bool small = t < 0.0625;
     const double c = pick(small, 0.0, round_shifted(t * 64.0, ib) * 0.015625);
-    const int64_t i = (ib & 127) & -static_cast<int64_t>(!small);
+    // (ib is 4 .. 64 for t in [1/16, 1]; lanes computed for a NaN or an infinity, whose result
+    // is discarded, must still index the table.)
+    const int64_t i = std::min<int64_t>(ib & 127, 64) & -static_cast<int64_t>(!small);
     const double u = (t - c) / (1.0 + t * c);
     const double u2 = u * u;
     const double tail =

@@ -120,9 +120,9 @@ int64_t cbrt_round(int64_t x, int sf) noexcept {
 int64_t round_scaled_int(DD v, int sf) noexcept {
     if (v.hi != v.hi) return 0;
     if (v.hi == 0.0) return 0;
-    const int e = std::ilogb(v.hi);
-    if (e - sf > 61) return v.hi > 0 ? clamp_limit : -clamp_limit;
-    if (e - sf < -2) return 0; // below 1/4
+    const int64_t e = std::ilogb(v.hi) - int64_t{sf}; // any scale factor is valid
+    if (e > 61) return v.hi > 0 ? clamp_limit : -clamp_limit;
+    if (e < -2) return 0; // below 1/4
     const double H = std::ldexp(v.hi, -sf), L = std::ldexp(v.lo, -sf);
     const double n = std::nearbyint(H);
     const double d = H - n;

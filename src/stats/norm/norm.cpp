@@ -25,74 +25,146 @@ int32_t l2_scale(uint64_t sum_sq, int sf) {
     return v > 2147483647.0 ? 2147483647 : static_cast<int32_t>(v);
 }
 
+using K = kern::NormKernels;
+
+// One vector: the kernel's result converted by `finish` to the destination type.
+template <class Src, class Dst, auto Kernel, auto Finish>
+VekStatus norm(const Src* pSrc, int len, Dst* pNorm) {
+    VEK_CHECK(non_null(pSrc, pNorm));
+    VEK_CHECK(length_at_least(len));
+    *pNorm =
+        static_cast<Dst>(Finish((kern::norm_kernels().*Kernel)(pSrc, static_cast<size_t>(len))));
+    return vekStsOk;
+}
+
+template <class Src, class Dst, auto Kernel, auto Finish>
+VekStatus norm_diff(const Src* pSrc1, const Src* pSrc2, int len, Dst* pNorm) {
+    VEK_CHECK(non_null(pSrc1, pSrc2, pNorm));
+    VEK_CHECK(length_at_least(len));
+    *pNorm = static_cast<Dst>(
+        Finish((kern::norm_kernels().*Kernel)(pSrc1, pSrc2, static_cast<size_t>(len))));
+    return vekStsOk;
+}
+
+// The scaled 16-bit members: the exact kernel result and the scale factor through `scale`.
+template <auto Kernel, auto Scale>
+VekStatus norm_sfs(const Vek16s* pSrc, int len, Vek32s* pNorm, int scaleFactor) {
+    VEK_CHECK(non_null(pSrc, pNorm));
+    VEK_CHECK(length_at_least(len));
+    *pNorm = Scale((kern::norm_kernels().*Kernel)(pSrc, static_cast<size_t>(len)), scaleFactor);
+    return vekStsOk;
+}
+
+template <auto Kernel, auto Scale>
+VekStatus norm_diff_sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pNorm,
+                        int scaleFactor) {
+    VEK_CHECK(non_null(pSrc1, pSrc2, pNorm));
+    VEK_CHECK(length_at_least(len));
+    *pNorm =
+        Scale((kern::norm_kernels().*Kernel)(pSrc1, pSrc2, static_cast<size_t>(len)), scaleFactor);
+    return vekStsOk;
+}
+
+template <class T>
+T as_is(T v) {
+    return v;
+}
+double root(double v) { return std::sqrt(v); }
+double root_u64(uint64_t v) { return std::sqrt(static_cast<double>(v)); }
+
 } // namespace
 
-#define VEK_NORM(Name, Src, Dst, expr)                                                             \
-    VEK_EXPORT VekStatus Name(const Src* pSrc, int len, Dst* pNorm) {                              \
-        VEK_CHECK(non_null(pSrc, pNorm));                                                          \
-        VEK_CHECK(length_at_least(len));                                                           \
-        const auto& k = kern::norm_kernels();                                                      \
-        *pNorm = static_cast<Dst>(expr);                                                           \
-        return vekStsOk;                                                                           \
-    }
+VEK_EXPORT VekStatus veksNorm_Inf_32f(const Vek32f* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek32f, Vek32f, &K::max_abs_32f, as_is<float>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L1_32f(const Vek32f* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek32f, Vek32f, &K::sum_abs_32f, as_is<double>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L2_32f(const Vek32f* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek32f, Vek32f, &K::sum_sq_32f, root>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_Inf_64f(const Vek64f* pSrc, int len, Vek64f* pNorm) {
+    return norm<Vek64f, Vek64f, &K::max_abs_64f, as_is<double>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L1_64f(const Vek64f* pSrc, int len, Vek64f* pNorm) {
+    return norm<Vek64f, Vek64f, &K::sum_abs_64f, as_is<double>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L2_64f(const Vek64f* pSrc, int len, Vek64f* pNorm) {
+    return norm<Vek64f, Vek64f, &K::sum_sq_64f, root>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_Inf_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek16s, Vek32f, &K::max_abs_16s, as_is<int32_t>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L1_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek16s, Vek32f, &K::sum_abs_16s, as_is<uint64_t>>(pSrc, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNorm_L2_16s32f(const Vek16s* pSrc, int len, Vek32f* pNorm) {
+    return norm<Vek16s, Vek32f, &K::sum_sq_16s, root_u64>(pSrc, len, pNorm);
+}
 
-#define VEK_NORM_DIFF(Name, Src, Dst, expr)                                                        \
-    VEK_EXPORT VekStatus Name(const Src* pSrc1, const Src* pSrc2, int len, Dst* pNorm) {           \
-        VEK_CHECK(non_null(pSrc1, pSrc2, pNorm));                                                  \
-        VEK_CHECK(length_at_least(len));                                                           \
-        const auto& k = kern::norm_kernels();                                                      \
-        *pNorm = static_cast<Dst>(expr);                                                           \
-        return vekStsOk;                                                                           \
-    }
+VEK_EXPORT VekStatus veksNorm_Inf_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm,
+                                             int scaleFactor) {
+    return norm_sfs<&K::max_abs_16s, num::norm_inf_scale>(pSrc, len, pNorm, scaleFactor);
+}
+VEK_EXPORT VekStatus veksNorm_L1_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm,
+                                            int scaleFactor) {
+    return norm_sfs<&K::sum_abs_16s, num::norm_l1_scale>(pSrc, len, pNorm, scaleFactor);
+}
+VEK_EXPORT VekStatus veksNorm_L2_16s32s_Sfs(const Vek16s* pSrc, int len, Vek32s* pNorm,
+                                            int scaleFactor) {
+    return norm_sfs<&K::sum_sq_16s, l2_scale>(pSrc, len, pNorm, scaleFactor);
+}
 
-#define VEK_NORM_SFS(Name, expr)                                                                   \
-    VEK_EXPORT VekStatus Name(const Vek16s* pSrc, int len, Vek32s* pNorm, int scaleFactor) {       \
-        VEK_CHECK(non_null(pSrc, pNorm));                                                          \
-        VEK_CHECK(length_at_least(len));                                                           \
-        const auto& k = kern::norm_kernels();                                                      \
-        *pNorm = (expr);                                                                           \
-        return vekStsOk;                                                                           \
-    }
+VEK_EXPORT VekStatus veksNormDiff_Inf_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len,
+                                          Vek32f* pNorm) {
+    return norm_diff<Vek32f, Vek32f, &K::max_abs_diff_32f, as_is<double>>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L1_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len,
+                                         Vek32f* pNorm) {
+    return norm_diff<Vek32f, Vek32f, &K::sum_abs_diff_32f, as_is<double>>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L2_32f(const Vek32f* pSrc1, const Vek32f* pSrc2, int len,
+                                         Vek32f* pNorm) {
+    return norm_diff<Vek32f, Vek32f, &K::sum_sq_diff_32f, root>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_Inf_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len,
+                                          Vek64f* pNorm) {
+    return norm_diff<Vek64f, Vek64f, &K::max_abs_diff_64f, as_is<double>>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L1_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len,
+                                         Vek64f* pNorm) {
+    return norm_diff<Vek64f, Vek64f, &K::sum_abs_diff_64f, as_is<double>>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L2_64f(const Vek64f* pSrc1, const Vek64f* pSrc2, int len,
+                                         Vek64f* pNorm) {
+    return norm_diff<Vek64f, Vek64f, &K::sum_sq_diff_64f, root>(pSrc1, pSrc2, len, pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_Inf_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                             Vek32f* pNorm) {
+    return norm_diff<Vek16s, Vek32f, &K::max_abs_diff_16s, as_is<int32_t>>(pSrc1, pSrc2, len,
+                                                                           pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L1_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                            Vek32f* pNorm) {
+    return norm_diff<Vek16s, Vek32f, &K::sum_abs_diff_16s, as_is<uint64_t>>(pSrc1, pSrc2, len,
+                                                                            pNorm);
+}
+VEK_EXPORT VekStatus veksNormDiff_L2_16s32f(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                            Vek32f* pNorm) {
+    return norm_diff<Vek16s, Vek32f, &K::sum_sq_diff_16s, root_u64>(pSrc1, pSrc2, len, pNorm);
+}
 
-#define VEK_NORM_DIFF_SFS(Name, expr)                                                              \
-    VEK_EXPORT VekStatus Name(const Vek16s* pSrc1, const Vek16s* pSrc2, int len, Vek32s* pNorm,    \
-                              int scaleFactor) {                                                   \
-        VEK_CHECK(non_null(pSrc1, pSrc2, pNorm));                                                  \
-        VEK_CHECK(length_at_least(len));                                                           \
-        const auto& k = kern::norm_kernels();                                                      \
-        *pNorm = (expr);                                                                           \
-        return vekStsOk;                                                                           \
-    }
-
-VEK_NORM(veksNorm_Inf_32f, Vek32f, Vek32f, k.max_abs_32f(pSrc, len))
-VEK_NORM(veksNorm_L1_32f, Vek32f, Vek32f, k.sum_abs_32f(pSrc, len))
-VEK_NORM(veksNorm_L2_32f, Vek32f, Vek32f, std::sqrt(k.sum_sq_32f(pSrc, len)))
-VEK_NORM(veksNorm_Inf_64f, Vek64f, Vek64f, k.max_abs_64f(pSrc, len))
-VEK_NORM(veksNorm_L1_64f, Vek64f, Vek64f, k.sum_abs_64f(pSrc, len))
-VEK_NORM(veksNorm_L2_64f, Vek64f, Vek64f, std::sqrt(k.sum_sq_64f(pSrc, len)))
-VEK_NORM(veksNorm_Inf_16s32f, Vek16s, Vek32f, k.max_abs_16s(pSrc, len))
-VEK_NORM(veksNorm_L1_16s32f, Vek16s, Vek32f, k.sum_abs_16s(pSrc, len))
-VEK_NORM(veksNorm_L2_16s32f, Vek16s, Vek32f,
-         std::sqrt(static_cast<double>(k.sum_sq_16s(pSrc, len))))
-
-VEK_NORM_SFS(veksNorm_Inf_16s32s_Sfs, num::norm_inf_scale(k.max_abs_16s(pSrc, len), scaleFactor))
-VEK_NORM_SFS(veksNorm_L1_16s32s_Sfs, num::norm_l1_scale(k.sum_abs_16s(pSrc, len), scaleFactor))
-VEK_NORM_SFS(veksNorm_L2_16s32s_Sfs, l2_scale(k.sum_sq_16s(pSrc, len), scaleFactor))
-
-VEK_NORM_DIFF(veksNormDiff_Inf_32f, Vek32f, Vek32f, k.max_abs_diff_32f(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L1_32f, Vek32f, Vek32f, k.sum_abs_diff_32f(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L2_32f, Vek32f, Vek32f, std::sqrt(k.sum_sq_diff_32f(pSrc1, pSrc2, len)))
-VEK_NORM_DIFF(veksNormDiff_Inf_64f, Vek64f, Vek64f, k.max_abs_diff_64f(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L1_64f, Vek64f, Vek64f, k.sum_abs_diff_64f(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L2_64f, Vek64f, Vek64f, std::sqrt(k.sum_sq_diff_64f(pSrc1, pSrc2, len)))
-VEK_NORM_DIFF(veksNormDiff_Inf_16s32f, Vek16s, Vek32f, k.max_abs_diff_16s(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L1_16s32f, Vek16s, Vek32f, k.sum_abs_diff_16s(pSrc1, pSrc2, len))
-VEK_NORM_DIFF(veksNormDiff_L2_16s32f, Vek16s, Vek32f,
-              std::sqrt(static_cast<double>(k.sum_sq_diff_16s(pSrc1, pSrc2, len))))
-
-VEK_NORM_DIFF_SFS(veksNormDiff_Inf_16s32s_Sfs,
-                  num::norm_inf_scale(k.max_abs_diff_16s(pSrc1, pSrc2, len), scaleFactor))
-VEK_NORM_DIFF_SFS(veksNormDiff_L1_16s32s_Sfs,
-                  num::norm_l1_scale(k.sum_abs_diff_16s(pSrc1, pSrc2, len), scaleFactor))
-VEK_NORM_DIFF_SFS(veksNormDiff_L2_16s32s_Sfs,
-                  l2_scale(k.sum_sq_diff_16s(pSrc1, pSrc2, len), scaleFactor))
+VEK_EXPORT VekStatus veksNormDiff_Inf_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                                 Vek32s* pNorm, int scaleFactor) {
+    return norm_diff_sfs<&K::max_abs_diff_16s, num::norm_inf_scale>(pSrc1, pSrc2, len, pNorm,
+                                                                    scaleFactor);
+}
+VEK_EXPORT VekStatus veksNormDiff_L1_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                                Vek32s* pNorm, int scaleFactor) {
+    return norm_diff_sfs<&K::sum_abs_diff_16s, num::norm_l1_scale>(pSrc1, pSrc2, len, pNorm,
+                                                                   scaleFactor);
+}
+VEK_EXPORT VekStatus veksNormDiff_L2_16s32s_Sfs(const Vek16s* pSrc1, const Vek16s* pSrc2, int len,
+                                                Vek32s* pNorm, int scaleFactor) {
+    return norm_diff_sfs<&K::sum_sq_diff_16s, l2_scale>(pSrc1, pSrc2, len, pNorm, scaleFactor);
+}

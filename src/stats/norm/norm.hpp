@@ -1,13 +1,13 @@
 // Norm and dot-product kernels, and the integer scaling rules of their Sfs members.
 //
-// Float kernels accumulate in double precision with a fixed organisation: kLanes partial sums,
-// the term of stream position t going to partial sum t mod kLanes, combined at the end by a fixed
-// pairwise tree. Every instruction-set level follows that organisation, so all levels return the
-// same bits; the SIMD levels simply hold the partial sums in vector registers. Integer kernels
+// Float kernels accumulate in double precision with the fixed organisation of
+// stats/partial_sums.hpp (32 partial sums combined by a fixed pairwise tree), so all levels return
+// the same bits. Integer kernels
 // return exact sums (64-bit, or a 128-bit pair where 64 bits can overflow); the entry points
 // scale them. Lengths are at least 1 when a kernel is called.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -16,9 +16,6 @@
 #include "veks_types.h"
 
 namespace veks::kern {
-
-// Number of double partial sums of the float reductions.
-inline constexpr int kLanes = 32;
 
 // Exact signed 128-bit value as a (high, low) pair; the sums of 32-bit products need it.
 struct Wide {
@@ -29,41 +26,41 @@ struct Wide {
 struct NormKernels {
     // Float norms: largest |x| (NaN sorts above infinity), sum of |x|, sum of squares. The
     // *_diff forms work on a[i] - b[i], formed in double precision.
-    float (*max_abs_32f)(const Vek32f* a, int n);
-    double (*sum_abs_32f)(const Vek32f* a, int n);
-    double (*sum_sq_32f)(const Vek32f* a, int n);
-    double (*max_abs_diff_32f)(const Vek32f* a, const Vek32f* b, int n);
-    double (*sum_abs_diff_32f)(const Vek32f* a, const Vek32f* b, int n);
-    double (*sum_sq_diff_32f)(const Vek32f* a, const Vek32f* b, int n);
-    double (*max_abs_64f)(const Vek64f* a, int n);
-    double (*sum_abs_64f)(const Vek64f* a, int n);
-    double (*sum_sq_64f)(const Vek64f* a, int n);
-    double (*max_abs_diff_64f)(const Vek64f* a, const Vek64f* b, int n);
-    double (*sum_abs_diff_64f)(const Vek64f* a, const Vek64f* b, int n);
-    double (*sum_sq_diff_64f)(const Vek64f* a, const Vek64f* b, int n);
+    float (*max_abs_32f)(const Vek32f* a, size_t n);
+    double (*sum_abs_32f)(const Vek32f* a, size_t n);
+    double (*sum_sq_32f)(const Vek32f* a, size_t n);
+    double (*max_abs_diff_32f)(const Vek32f* a, const Vek32f* b, size_t n);
+    double (*sum_abs_diff_32f)(const Vek32f* a, const Vek32f* b, size_t n);
+    double (*sum_sq_diff_32f)(const Vek32f* a, const Vek32f* b, size_t n);
+    double (*max_abs_64f)(const Vek64f* a, size_t n);
+    double (*sum_abs_64f)(const Vek64f* a, size_t n);
+    double (*sum_sq_64f)(const Vek64f* a, size_t n);
+    double (*max_abs_diff_64f)(const Vek64f* a, const Vek64f* b, size_t n);
+    double (*sum_abs_diff_64f)(const Vek64f* a, const Vek64f* b, size_t n);
+    double (*sum_sq_diff_64f)(const Vek64f* a, const Vek64f* b, size_t n);
     // 16-bit norms, exact: largest |x| (32768 for -32768), sum of |x|, sum of squares.
-    int32_t (*max_abs_16s)(const Vek16s* a, int n);
-    uint64_t (*sum_abs_16s)(const Vek16s* a, int n);
-    uint64_t (*sum_sq_16s)(const Vek16s* a, int n);
-    int32_t (*max_abs_diff_16s)(const Vek16s* a, const Vek16s* b, int n);
-    uint64_t (*sum_abs_diff_16s)(const Vek16s* a, const Vek16s* b, int n);
-    uint64_t (*sum_sq_diff_16s)(const Vek16s* a, const Vek16s* b, int n);
+    int32_t (*max_abs_16s)(const Vek16s* a, size_t n);
+    uint64_t (*sum_abs_16s)(const Vek16s* a, size_t n);
+    uint64_t (*sum_sq_16s)(const Vek16s* a, size_t n);
+    int32_t (*max_abs_diff_16s)(const Vek16s* a, const Vek16s* b, size_t n);
+    uint64_t (*sum_abs_diff_16s)(const Vek16s* a, const Vek16s* b, size_t n);
+    uint64_t (*sum_sq_diff_16s)(const Vek16s* a, const Vek16s* b, size_t n);
 
     // Float dot products (no conjugation), in double precision.
-    double (*dot_32f)(const Vek32f* a, const Vek32f* b, int n);
-    Vek64fc (*dot_32fc)(const Vek32fc* a, const Vek32fc* b, int n);
-    Vek64fc (*dot_32f32fc)(const Vek32f* a, const Vek32fc* b, int n);
-    double (*dot_64f)(const Vek64f* a, const Vek64f* b, int n);
-    Vek64fc (*dot_64fc)(const Vek64fc* a, const Vek64fc* b, int n);
-    Vek64fc (*dot_64f64fc)(const Vek64f* a, const Vek64fc* b, int n);
+    double (*dot_32f)(const Vek32f* a, const Vek32f* b, size_t n);
+    Vek64fc (*dot_32fc)(const Vek32fc* a, const Vek32fc* b, size_t n);
+    Vek64fc (*dot_32f32fc)(const Vek32f* a, const Vek32fc* b, size_t n);
+    double (*dot_64f)(const Vek64f* a, const Vek64f* b, size_t n);
+    Vek64fc (*dot_64fc)(const Vek64fc* a, const Vek64fc* b, size_t n);
+    Vek64fc (*dot_64f64fc)(const Vek64f* a, const Vek64fc* b, size_t n);
     // Exact integer dot products.
-    int64_t (*dot_16s)(const Vek16s* a, const Vek16s* b, int n);
-    Vek64sc (*dot_16sc)(const Vek16sc* a, const Vek16sc* b, int n);
-    Vek64sc (*dot_16s16sc)(const Vek16s* a, const Vek16sc* b, int n);
-    Wide (*dot_32s)(const Vek32s* a, const Vek32s* b, int n);
-    void (*dot_32sc)(const Vek32sc* a, const Vek32sc* b, int n, Wide* re, Wide* im);
-    void (*dot_32s32sc)(const Vek32s* a, const Vek32sc* b, int n, Wide* re, Wide* im);
-    Wide (*dot_16s32s)(const Vek16s* a, const Vek32s* b, int n);
+    int64_t (*dot_16s)(const Vek16s* a, const Vek16s* b, size_t n);
+    Vek64sc (*dot_16sc)(const Vek16sc* a, const Vek16sc* b, size_t n);
+    Vek64sc (*dot_16s16sc)(const Vek16s* a, const Vek16sc* b, size_t n);
+    Wide (*dot_32s)(const Vek32s* a, const Vek32s* b, size_t n);
+    void (*dot_32sc)(const Vek32sc* a, const Vek32sc* b, size_t n, Wide* re, Wide* im);
+    void (*dot_32s32sc)(const Vek32s* a, const Vek32sc* b, size_t n, Wide* re, Wide* im);
+    Wide (*dot_16s32s)(const Vek16s* a, const Vek32s* b, size_t n);
 };
 
 } // namespace veks::kern

@@ -26,21 +26,21 @@ ptrdiff_t first_nan(const T* p, ptrdiff_t n) {
 
 // The plain float extreme: first NaN if there is one, else the first extreme element.
 template <class T>
-T plain_extreme(const T* p, int len, ptrdiff_t (*first)(const T*, ptrdiff_t, bool*)) {
+T plain_extreme(const T* p, int len, ptrdiff_t (*first)(const T*, size_t, bool*)) {
     bool unordered = false;
     const ptrdiff_t at = first(p, len, &unordered);
     return unordered ? p[first_nan(p, len)] : p[at];
 }
 
 template <class T>
-ptrdiff_t max_position(const T* p, int len, ptrdiff_t (*first_max)(const T*, ptrdiff_t, bool*)) {
+ptrdiff_t max_position(const T* p, int len, ptrdiff_t (*first_max)(const T*, size_t, bool*)) {
     if (p[0] != p[0]) return 0;
     bool unordered = false;
     return first_max(p, len, &unordered); // p[0] is a number, so a position exists
 }
 
 template <class T>
-ptrdiff_t min_position(const T* p, int len, ptrdiff_t (*first_min)(const T*, ptrdiff_t, bool*)) {
+ptrdiff_t min_position(const T* p, int len, ptrdiff_t (*first_min)(const T*, size_t, bool*)) {
     bool unordered = false;
     const ptrdiff_t at = first_min(p, len, &unordered);
     if (!unordered) return at;
@@ -66,6 +66,15 @@ VekStatus float_order(T m, bool nonfinite, T smallest_normal, int subnormal_orde
     std::frexp(m, &e);
     *pOrder = e;
     return nonfinite ? vekStsNanArgWrn : vekStsOk;
+}
+
+// The element-wise extremes: pSrcDst[i] against pSrc[i] by `Kernel`.
+template <class T, auto Kernel>
+VekStatus every(const T* pSrc, T* pSrcDst, int len) {
+    VEK_CHECK(non_null(pSrc, pSrcDst));
+    VEK_CHECK(length_at_least(len));
+    (kern::reduce_kernels().*Kernel)(pSrc, pSrcDst, static_cast<size_t>(len));
+    return vekStsOk;
 }
 
 int significant_bits(uint32_t v) { return v == 0 ? 0 : 32 - __builtin_clz(v); }
@@ -181,20 +190,24 @@ VEK_EXPORT VekStatus veksMinIndx_64f(const Vek64f* pSrc, int len, Vek64f* pMin, 
 
 // ---- MaxEvery, MinEvery --------------------------------------------------------------------
 
-#define VEK_EVERY(Name, kernel, T)                                                                 \
-    VEK_EXPORT VekStatus Name(const T* pSrc, T* pSrcDst, int len) {                                \
-        VEK_CHECK(non_null(pSrc, pSrcDst));                                                        \
-        VEK_CHECK(length_at_least(len));                                                           \
-        kern::reduce_kernels().kernel(pSrc, pSrcDst, len);                                         \
-        return vekStsOk;                                                                           \
-    }
-
-VEK_EVERY(veksMaxEvery_16s_I, max_every_16s, Vek16s)
-VEK_EVERY(veksMaxEvery_32s_I, max_every_32s, Vek32s)
-VEK_EVERY(veksMaxEvery_32f_I, max_every_32f, Vek32f)
-VEK_EVERY(veksMinEvery_16s_I, min_every_16s, Vek16s)
-VEK_EVERY(veksMinEvery_32s_I, min_every_32s, Vek32s)
-VEK_EVERY(veksMinEvery_32f_I, min_every_32f, Vek32f)
+VEK_EXPORT VekStatus veksMaxEvery_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len) {
+    return every<Vek16s, &kern::ReduceKernels::max_every_16s>(pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksMaxEvery_32s_I(const Vek32s* pSrc, Vek32s* pSrcDst, int len) {
+    return every<Vek32s, &kern::ReduceKernels::max_every_32s>(pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksMaxEvery_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len) {
+    return every<Vek32f, &kern::ReduceKernels::max_every_32f>(pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksMinEvery_16s_I(const Vek16s* pSrc, Vek16s* pSrcDst, int len) {
+    return every<Vek16s, &kern::ReduceKernels::min_every_16s>(pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksMinEvery_32s_I(const Vek32s* pSrc, Vek32s* pSrcDst, int len) {
+    return every<Vek32s, &kern::ReduceKernels::min_every_32s>(pSrc, pSrcDst, len);
+}
+VEK_EXPORT VekStatus veksMinEvery_32f_I(const Vek32f* pSrc, Vek32f* pSrcDst, int len) {
+    return every<Vek32f, &kern::ReduceKernels::min_every_32f>(pSrc, pSrcDst, len);
+}
 
 // ---- MaxOrder: the length is checked before the pointers -----------------------------------
 

@@ -1,6 +1,6 @@
-// Sum, Mean and StdDev. Float forms accumulate in double precision (eight lanes combined by a
-// fixed pairwise tree) and round once to the destination; 16-bit forms accumulate exact 64-bit
-// sums and apply the scale factor at the end.
+// Sum, Mean and StdDev. Float forms accumulate in double precision (32 partial sums combined by
+// a fixed pairwise tree, the same on every level) and round once to the destination; 16-bit forms
+// accumulate exact 64-bit sums and apply the scale factor at the end.
 #include <cmath>
 
 #include "core/fpenv.hpp"
@@ -13,29 +13,16 @@ using namespace veks;
 
 namespace {
 
-double tree(const double l[8]) {
-    return ((l[0] + l[1]) + (l[2] + l[3])) + ((l[4] + l[5]) + (l[6] + l[7]));
-}
-double even_lanes(const double l[8]) { return (l[0] + l[2]) + (l[4] + l[6]); }
-double odd_lanes(const double l[8]) { return (l[1] + l[3]) + (l[5] + l[7]); }
-
 double sum_32f(const Vek32f* p, int len) {
-    double l[8];
-    kern::reduce_kernels().lanes_32f(p, len, l);
-    return tree(l);
+    return kern::reduce_kernels().sum_32f(p, static_cast<size_t>(len));
 }
 
 double sum_64f(const Vek64f* p, int len) {
-    double l[8];
-    kern::reduce_kernels().lanes_64f(p, len, l);
-    return tree(l);
+    return kern::reduce_kernels().sum_64f(p, static_cast<size_t>(len));
 }
 
 void sum_32fc(const Vek32fc* p, int len, double* re, double* im) {
-    double l[8];
-    kern::reduce_kernels().lanes_32f(&p->re, 2 * static_cast<ptrdiff_t>(len), l);
-    *re = even_lanes(l);
-    *im = odd_lanes(l);
+    kern::reduce_kernels().sum_32fc(p, static_cast<size_t>(len), re, im);
 }
 
 // Exact sum scaled to 32 bits: half to even for 1 <= sf <= 48, zero from 49 on (|S| < 2^47),
@@ -207,18 +194,18 @@ VEK_EXPORT VekStatus veksStdDev_32f(const Vek32f* pSrc, int len, Vek32f* pStdDev
                                     VekHintAlgorithm) {
     VEK_CHECK(non_null(pSrc, pStdDev));
     VEK_CHECK(length_at_least(len, 2));
-    double s[8], q[8];
-    kern::reduce_kernels().lanes_sq_32f(pSrc, len, s, q);
-    *pStdDev = static_cast<Vek32f>(deviation(tree(s), tree(q), len));
+    double s, q;
+    kern::reduce_kernels().sum_sq_32f(pSrc, static_cast<size_t>(len), &s, &q);
+    *pStdDev = static_cast<Vek32f>(deviation(s, q, len));
     return vekStsOk;
 }
 
 VEK_EXPORT VekStatus veksStdDev_64f(const Vek64f* pSrc, int len, Vek64f* pStdDev) {
     VEK_CHECK(non_null(pSrc, pStdDev));
     VEK_CHECK(length_at_least(len, 2));
-    double s[8], q[8];
-    kern::reduce_kernels().lanes_sq_64f(pSrc, len, s, q);
-    *pStdDev = deviation(tree(s), tree(q), len);
+    double s, q;
+    kern::reduce_kernels().sum_sq_64f(pSrc, static_cast<size_t>(len), &s, &q);
+    *pStdDev = deviation(s, q, len);
     return vekStsOk;
 }
 

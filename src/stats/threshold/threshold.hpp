@@ -7,6 +7,8 @@
 // even, under the caller's RoundNearestScope) with saturation.
 #pragma once
 
+#include <cstddef>
+
 #include "simd/isa.hpp"
 #include "veks_types.h"
 
@@ -14,10 +16,10 @@ namespace veks::kern {
 
 template <class T, class L>
 struct ThresholdOps {
-    void (*lt)(const T* s, T* d, int n, L level);
-    void (*gt)(const T* s, T* d, int n, L level);
-    void (*lt_val)(const T* s, T* d, int n, L level, T value);
-    void (*gt_val)(const T* s, T* d, int n, L level, T value);
+    void (*lt)(const T* s, T* d, size_t n, L level);
+    void (*gt)(const T* s, T* d, size_t n, L level);
+    void (*lt_val)(const T* s, T* d, size_t n, L level, T value);
+    void (*gt_val)(const T* s, T* d, size_t n, L level, T value);
 };
 
 struct ThresholdKernels {
@@ -29,18 +31,18 @@ struct ThresholdKernels {
     ThresholdOps<Vek16sc, Vek16s> c16sc;
     // Reciprocal with magnitudes below the level lifted to it; true when a zero element met a
     // zero level (its result is +infinity).
-    bool (*lt_inv_32f)(const Vek32f* s, Vek32f* d, int n, Vek32f level);
-    bool (*lt_inv_64f)(const Vek64f* s, Vek64f* d, int n, Vek64f level);
-    bool (*lt_inv_32fc)(const Vek32fc* s, Vek32fc* d, int n, Vek32f level);
-    bool (*lt_inv_64fc)(const Vek64fc* s, Vek64fc* d, int n, Vek64f level);
+    bool (*lt_inv_32f)(const Vek32f* s, Vek32f* d, size_t n, Vek32f level);
+    bool (*lt_inv_64f)(const Vek64f* s, Vek64f* d, size_t n, Vek64f level);
+    bool (*lt_inv_32fc)(const Vek32fc* s, Vek32fc* d, size_t n, Vek32f level);
+    bool (*lt_inv_64fc)(const Vek64fc* s, Vek64fc* d, size_t n, Vek64f level);
     // (x - sub) * (1 / div) in double precision.
-    void (*normalize_32f)(const Vek32f* s, Vek32f* d, int n, Vek32f sub, double recip);
-    void (*normalize_64f)(const Vek64f* s, Vek64f* d, int n, Vek64f sub, double recip);
-    void (*normalize_32fc)(const Vek32fc* s, Vek32fc* d, int n, Vek32fc sub, double recip);
-    void (*normalize_64fc)(const Vek64fc* s, Vek64fc* d, int n, Vek64fc sub, double recip);
+    void (*normalize_32f)(const Vek32f* s, Vek32f* d, size_t n, Vek32f sub, double recip);
+    void (*normalize_64f)(const Vek64f* s, Vek64f* d, size_t n, Vek64f sub, double recip);
+    void (*normalize_32fc)(const Vek32fc* s, Vek32fc* d, size_t n, Vek32fc sub, double recip);
+    void (*normalize_64fc)(const Vek64fc* s, Vek64fc* d, size_t n, Vek64fc sub, double recip);
     // (x - sub) / div * 2^-sf exactly, rounded half to even, saturated; div != 0.
-    void (*normalize_16s)(const Vek16s* s, Vek16s* d, int n, Vek16s sub, Vek16s div, int sf);
-    void (*normalize_16sc)(const Vek16sc* s, Vek16sc* d, int n, Vek16sc sub, Vek16s div, int sf);
+    void (*normalize_16s)(const Vek16s* s, Vek16s* d, size_t n, Vek16s sub, Vek16s div, int sf);
+    void (*normalize_16sc)(const Vek16sc* s, Vek16sc* d, size_t n, Vek16sc sub, Vek16s div, int sf);
 };
 
 } // namespace veks::kern

@@ -1,11 +1,13 @@
 // Threshold and normalisation kernels, compiled once per instruction-set level (VEK_ISA). The
-// real loops are plain compare-and-select loops that the compiler turns into packed compares and
-// blends at every SIMD level, with the same element results as the scalar level.
+// real members are written once over the vector layer (compare and select, a partial vector for
+// the tail) and give the plain comparison's element results on every level; the complex,
+// reciprocal and normalisation members are plain loops.
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
 #include "simd/numeric.hpp"
+#include "simd/vec.hpp"
 #include "stats/threshold/threshold.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -13,24 +15,51 @@ namespace {
 
 // ---- real members -----------------------------------------------------------------------------
 
-template <class T>
-void lt(const T* s, T* d, int n, T level) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] < level ? level : s[i];
+// d[i] = pick(s[i]) over the level's widest vector; `pick` compares in the element's type, so a
+// NaN never compares below or above the level and is copied.
+template <class T, class Pick>
+inline void select_each(const T* s, T* d, size_t n, Pick pick) {
+    using V = simd::Wide<T>;
+    constexpr size_t W = V::lanes;
+    size_t i = 0;
+    for (; i + 4 * W <= n; i += 4 * W) {
+        const auto a = V::load(s + i), b = V::load(s + i + W), c = V::load(s + i + 2 * W),
+                   e = V::load(s + i + 3 * W);
+        V::store(d + i, pick(a));
+        V::store(d + i + W, pick(b));
+        V::store(d + i + 2 * W, pick(c));
+        V::store(d + i + 3 * W, pick(e));
+    }
+    for (; i + W <= n; i += W) V::store(d + i, pick(V::load(s + i)));
+    if (i < n) V::store_n(d + i, pick(V::load_n(s + i, n - i)), n - i);
 }
 
 template <class T>
-void gt(const T* s, T* d, int n, T level) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] > level ? level : s[i];
+void lt(const T* s, T* d, size_t n, T level) {
+    using V = simd::Wide<T>;
+    const auto l = V::splat(level);
+    select_each(s, d, n, [l](auto x) { return V::select(V::lt(x, l), l, x); });
 }
 
 template <class T>
-void lt_val(const T* s, T* d, int n, T level, T value) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] < level ? value : s[i];
+void gt(const T* s, T* d, size_t n, T level) {
+    using V = simd::Wide<T>;
+    const auto l = V::splat(level);
+    select_each(s, d, n, [l](auto x) { return V::select(V::gt(x, l), l, x); });
 }
 
 template <class T>
-void gt_val(const T* s, T* d, int n, T level, T value) {
-    for (int i = 0; i < n; ++i) d[i] = s[i] > level ? value : s[i];
+void lt_val(const T* s, T* d, size_t n, T level, T value) {
+    using V = simd::Wide<T>;
+    const auto l = V::splat(level), v = V::splat(value);
+    select_each(s, d, n, [l, v](auto x) { return V::select(V::lt(x, l), v, x); });
+}
+
+template <class T>
+void gt_val(const T* s, T* d, size_t n, T level, T value) {
+    using V = simd::Wide<T>;
+    const auto l = V::splat(level), v = V::splat(value);
+    select_each(s, d, n, [l, v](auto x) { return V::select(V::gt(x, l), v, x); });
 }
 
 // ---- complex members --------------------------------------------------------------------------
@@ -60,9 +89,9 @@ C rescale(const C& x, double m2, double l2) {
 }
 
 template <class C>
-void lt_c(const C* s, C* d, int n, Base<C> level) {
+void lt_c(const C* s, C* d, size_t n, Base<C> level) {
     const double l2 = static_cast<double>(level) * level;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         const C x = s[i];
         const double m2 = mag2(x);
         if (!(l2 > m2))
@@ -75,9 +104,9 @@ void lt_c(const C* s, C* d, int n, Base<C> level) {
 }
 
 template <class C>
-void gt_c(const C* s, C* d, int n, Base<C> level) {
+void gt_c(const C* s, C* d, size_t n, Base<C> level) {
     const double l2 = static_cast<double>(level) * level;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         const C x = s[i];
         const double m2 = mag2(x);
         d[i] = m2 > l2 ? rescale(x, m2, l2) : x;
@@ -85,15 +114,15 @@ void gt_c(const C* s, C* d, int n, Base<C> level) {
 }
 
 template <class C>
-void lt_val_c(const C* s, C* d, int n, Base<C> level, C value) {
+void lt_val_c(const C* s, C* d, size_t n, Base<C> level, C value) {
     const double l2 = static_cast<double>(level) * level;
-    for (int i = 0; i < n; ++i) d[i] = mag2(s[i]) < l2 ? value : s[i];
+    for (size_t i = 0; i < n; ++i) d[i] = mag2(s[i]) < l2 ? value : s[i];
 }
 
 template <class C>
-void gt_val_c(const C* s, C* d, int n, Base<C> level, C value) {
+void gt_val_c(const C* s, C* d, size_t n, Base<C> level, C value) {
     const double l2 = static_cast<double>(level) * level;
-    for (int i = 0; i < n; ++i) d[i] = mag2(s[i]) > l2 ? value : s[i];
+    for (size_t i = 0; i < n; ++i) d[i] = mag2(s[i]) > l2 ? value : s[i];
 }
 
 // ---- reciprocal threshold ---------------------------------------------------------------------
@@ -101,10 +130,10 @@ void gt_val_c(const C* s, C* d, int n, Base<C> level, C value) {
 // |x| >= level: 1/x. 0 < |x| < level: 1/level with the sign of x (the reciprocal of x lifted to
 // the level). x = 0: 1/level, or +infinity when the level is 0. A NaN gives a NaN.
 template <class T>
-bool lt_inv(const T* s, T* d, int n, T level) {
+bool lt_inv(const T* s, T* d, size_t n, T level) {
     const T inv_level = T{1} / level;
     bool zero_met = false;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         const T x = s[i];
         if (x == 0) {
             zero_met |= level == 0;
@@ -119,11 +148,11 @@ bool lt_inv(const T* s, T* d, int n, T level) {
 // |x|^2 >= level^2: conj(x) / |x|^2. Smaller magnitudes: conj(x) / (|x| level), the reciprocal's
 // direction at magnitude 1/level. x = 0: (1/level, 0), or (+infinity, 0) when the level is 0.
 template <class C>
-bool lt_inv_c(const C* s, C* d, int n, Base<C> level) {
+bool lt_inv_c(const C* s, C* d, size_t n, Base<C> level) {
     using B = Base<C>;
     const double lv = level, l2 = lv * lv;
     bool zero_met = false;
-    for (int i = 0; i < n; ++i) {
+    for (size_t i = 0; i < n; ++i) {
         const C x = s[i];
         const double m2 = mag2(x);
         if (m2 == 0) {
@@ -141,16 +170,16 @@ bool lt_inv_c(const C* s, C* d, int n, Base<C> level) {
 // ---- normalisation ----------------------------------------------------------------------------
 
 template <class T>
-void normalize(const T* s, T* d, int n, T sub, double recip) {
+void normalize(const T* s, T* d, size_t n, T sub, double recip) {
     const double ds = sub;
-    for (int i = 0; i < n; ++i) d[i] = static_cast<T>((s[i] - ds) * recip);
+    for (size_t i = 0; i < n; ++i) d[i] = static_cast<T>((s[i] - ds) * recip);
 }
 
 template <class C>
-void normalize_c(const C* s, C* d, int n, C sub, double recip) {
+void normalize_c(const C* s, C* d, size_t n, C sub, double recip) {
     using B = Base<C>;
     const double sr = sub.re, si = sub.im;
-    for (int i = 0; i < n; ++i)
+    for (size_t i = 0; i < n; ++i)
         d[i] = C{static_cast<B>((s[i].re - sr) * recip), static_cast<B>((s[i].im - si) * recip)};
 }
 
@@ -175,14 +204,14 @@ struct Ratio16 {
     }
 };
 
-void normalize_16s(const Vek16s* s, Vek16s* d, int n, Vek16s sub, Vek16s div, int sf) {
+void normalize_16s(const Vek16s* s, Vek16s* d, size_t n, Vek16s sub, Vek16s div, int sf) {
     const Ratio16 ratio(sf);
-    for (int i = 0; i < n; ++i) d[i] = ratio(int32_t{s[i]} - sub, div);
+    for (size_t i = 0; i < n; ++i) d[i] = ratio(int32_t{s[i]} - sub, div);
 }
 
-void normalize_16sc(const Vek16sc* s, Vek16sc* d, int n, Vek16sc sub, Vek16s div, int sf) {
+void normalize_16sc(const Vek16sc* s, Vek16sc* d, size_t n, Vek16sc sub, Vek16s div, int sf) {
     const Ratio16 ratio(sf);
-    for (int i = 0; i < n; ++i)
+    for (size_t i = 0; i < n; ++i)
         d[i] =
             Vek16sc{ratio(int32_t{s[i].re} - sub.re, div), ratio(int32_t{s[i].im} - sub.im, div)};
 }

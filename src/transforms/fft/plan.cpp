@@ -257,6 +257,14 @@ VekStatus create(Plan<T>** out, Shape shape, int order, int flag, int hint) noex
 template VekStatus create(Plan<float>**, Shape, int, int, int) noexcept;
 template VekStatus create(Plan<double>**, Shape, int, int, int) noexcept;
 
+template <class T>
+int64_t complex_buf_size(int order) noexcept {
+    return plan_buffer_bytes(order, 2 * sizeof(T));
+}
+
+template int64_t complex_buf_size<float>(int) noexcept;
+template int64_t complex_buf_size<double>(int) noexcept;
+
 // ---- transforms -----------------------------------------------------------------------------
 
 template <class T>

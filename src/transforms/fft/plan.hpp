@@ -118,6 +118,11 @@ template <class T>
 VekStatus create(Plan<T>** out, Shape shape, int order, int flag, int hint) noexcept;
 VekStatus create(Plan16** out, Shape shape, int order, int flag, int hint) noexcept;
 
+// The buffer size that create() reports for a complex-shape plan of 2^order points (order 0 ..
+// 30) of precision T (float or double), without building the plan.
+template <class T>
+int64_t complex_buf_size(int order) noexcept;
+
 // Bytes a transform call allocates when the caller passes no work buffer: 0 when the plan's
 // transforms use none (complex and real shapes; split arrays up to 1024 points), else the
 // reported size.

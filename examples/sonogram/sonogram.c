@@ -1,6 +1,6 @@
 /* Spectrogram of a WAV file as a PNG picture.
 
-     veks_spectrogram IN.wav OUT.png [ORDER]
+     veks_sonogram IN.wav OUT.png [ORDER]
 
    Frames of 2^ORDER samples (default 10) every quarter frame are weighted with a Hann window
    (computed here), transformed with the real FFT into the CCS layout, and their power in

@@ -1,0 +1,92 @@
+// Double-precision partial sums of the float reductions (sums, deviations, norms and dot
+// products), written once over the vector layer for every instruction-set level. Included by the
+// statistics kernel sources (compiled once per level).
+//
+// The organisation, the same on every level: kLanes = 32 partial sums; the term of stream
+// position t goes to partial sum t mod 32; each partial sum starts from +0 and adds its terms in
+// increasing t; at the end the partial sums are combined by a fixed pairwise tree (the upper half
+// folded onto the lower half: 16, 8, 4, 2, 1 apart). Every level performs these very additions,
+// so every level returns the same bits. A level with W double lanes holds the partial sums in
+// 32 / W registers, register k lane j being partial sum k W + j; the scalar level has W = 1.
+//
+// Short streams: the partial sums a stream never reached stay +0, and adding +0 leaves a partial
+// sum unchanged (a partial sum built from +0 is never -0 unless the caller rounds downward, and
+// there -0 + +0 is -0 too), so the tree skips the registers beyond the stream's end and the tail
+// is one partial vector per register: the same bits with no work for absent elements.
+#pragma once
+
+#include <cstddef>
+
+#include "simd/vec.hpp"
+
+namespace veks::stats {
+inline namespace VEK_PER_ISA {
+
+inline constexpr size_t kLanes = 32;
+
+template <class VD = simd::Wide<double>>
+class PartialSums {
+  public:
+    using V = VD;
+    using R = typename V::R;
+    static constexpr size_t W = static_cast<size_t>(V::lanes);
+    static constexpr size_t kRegs = kLanes / W;
+
+    PartialSums() {
+        for (auto& x : r) x = V::zero();
+    }
+
+    // Runs a stream of n positions: full(k, t) adds the terms of positions t .. t + W - 1 to
+    // register k, part(k, t, m) the first m of them (0 < m < W; the other lanes add +0). Returns
+    // the number of registers the stream reached (for total()).
+    template <class Full, class Part>
+    static size_t stream(size_t n, Full full, Part part) {
+        size_t t = 0;
+        for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
+            for (size_t k = 0; k < kRegs; ++k) full(k, t + k * W);
+        const size_t rest = n - t;
+        for (size_t k = 0; k < kRegs && k * W < rest; ++k) {
+            if (rest - k * W >= W)
+                full(k, t + k * W);
+            else
+                part(k, t + k * W, rest - k * W);
+        }
+        return n >= kLanes ? kRegs : (rest + W - 1) / W;
+    }
+
+    // The tree over all partial sums; `used` registers were reached by the stream.
+    double total(size_t used) {
+        fold_registers(used, 1);
+        return V::sum(r[0]);
+    }
+
+    // The tree stopped two apart (a stream of interleaved complex values): the total of the even
+    // and of the odd positions.
+    void total_pairs(size_t used, double& even, double& odd) {
+        fold_registers(used, 2);
+        if constexpr (W == 1) {
+            even = V::first(r[0]);
+            odd = V::first(r[1]);
+        } else {
+            // Summing a register with the odd (even) lanes zeroed is the tree of the even (odd)
+            // lanes followed by one addition of +0.
+            const auto even_lanes = V::eq(V::splat_pair(1.0, 0.0), V::splat(1.0));
+            even = V::sum(V::select(even_lanes, r[0], V::zero()));
+            odd = V::sum(V::select(even_lanes, V::zero(), r[0]));
+        }
+    }
+
+    R r[kRegs];
+
+  private:
+    // Register-level steps of the tree (lanes w W apart), down to `stop` lanes.
+    void fold_registers(size_t used, size_t stop) {
+        for (size_t w = kRegs / 2; w >= 1 && w * W >= stop; w /= 2) {
+            for (size_t j = 0; j < w && j + w < used; ++j) r[j] = V::add(r[j], r[j + w]);
+            used = used < w ? used : w;
+        }
+    }
+};
+
+} // namespace VEK_PER_ISA
+} // namespace veks::stats

@@ -1,0 +1,485 @@
+// IIR filters with floating-point taps: every member against a long-double run of the same
+// recurrence (stable random filters, orders 0..12 and 1..8 sections), block against single
+// sample and every kernel level bit for bit, the delay-line layout, normalisation and the
+// refused taps.
+#include <cmath>
+#include <complex>
+#include <functional>
+
+#include "testutil.hpp"
+
+namespace {
+
+using cld = std::complex<long double>;
+
+template <class T>
+constexpr bool is_cplx = std::is_same_v<T, Vek16sc> || std::is_same_v<T, Vek32sc> ||
+                         std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
+
+template <class T>
+struct Part {
+    using type = T;
+};
+template <class T>
+requires is_cplx<T>
+struct Part<T> {
+    using type = decltype(T{}.re);
+};
+
+template <class T>
+cld to_c(const T& v) {
+    if constexpr (is_cplx<T>)
+        return {static_cast<long double>(v.re), static_cast<long double>(v.im)};
+    else
+        return {static_cast<long double>(v), 0.0L};
+}
+template <class T>
+T from_c(cld v) {
+    if constexpr (is_cplx<T>) {
+        using B = decltype(T{}.re);
+        return T{static_cast<B>(v.real()), static_cast<B>(v.imag())};
+    } else {
+        return static_cast<T>(v.real());
+    }
+}
+
+template <class TapIn_, class Dat_, class Line_, class St_>
+struct Member {
+    using TapIn = TapIn_;
+    using Dat = Dat_;
+    using Line = Line_;
+    using St = St_;
+    const char* name;
+    bool sfs;
+    double amp; // input amplitude
+    VekStatus (*init)(St**, const TapIn*, int, const Line*);
+    VekStatus (*init_bq)(St**, const TapIn*, int, const Line*);
+    VekStatus (*fre)(St*);
+    VekStatus (*get)(const St*, Line*);
+    VekStatus (*set)(St*, const Line*);
+    std::function<VekStatus(const Dat*, Dat*, int, St*, int)> blk;
+    std::function<VekStatus(Dat*, int, St*, int)> blk_i;
+    std::function<VekStatus(Dat, Dat*, St*, int)> one;
+};
+
+#define VEK_SF_0
+#define VEK_SF_1 , sf
+#define MEMBER(TS, DS, TapIn, Dat, Line, S, I, K, AMP)                                             \
+    Member<TapIn, Dat, Line, VeksIIRState##TS##_##DS> {                                            \
+#TS "_" #DS, K == 1, AMP, veksIIRInitAlloc##TS##_##DS, veksIIRInitAlloc##TS##_BiQuad_##DS, \
+            veksIIRFree##TS##_##DS, veksIIRGetDlyLine##TS##_##DS, veksIIRSetDlyLine##TS##_##DS,    \
+            [](const Dat* s, Dat* d, int n, VeksIIRState##TS##_##DS* st, int sf) {                 \
+                return veksIIR##TS##_##DS##S(s, d, n, st VEK_SF_##K);                              \
+            },                                                                                     \
+            [](Dat* sd, int n, VeksIIRState##TS##_##DS* st, int sf) {                              \
+                return veksIIR##TS##_##DS##I(sd, n, st VEK_SF_##K);                                \
+            },                                                                                     \
+            [](Dat x, Dat* d, VeksIIRState##TS##_##DS* st, int sf) {                               \
+                return veksIIROne##TS##_##DS##S(x, d, st VEK_SF_##K);                              \
+            }       \
+    }
+#define FLOAT_MEMBER(TS, DS, TapIn, Dat, Line) MEMBER(TS, DS, TapIn, Dat, Line, , _I, 0, 1.0)
+#define SFS_MEMBER(TS, DS, TapIn, Dat, Line, AMP)                                                  \
+    MEMBER(TS, DS, TapIn, Dat, Line, _Sfs, _ISfs, 1, AMP)
+
+template <class F>
+void for_each_member(F&& body) {
+    body(FLOAT_MEMBER(, 32f, Vek32f, Vek32f, Vek32f));
+    body(FLOAT_MEMBER(, 32fc, Vek32fc, Vek32fc, Vek32fc));
+    body(FLOAT_MEMBER(, 64f, Vek64f, Vek64f, Vek64f));
+    body(FLOAT_MEMBER(, 64fc, Vek64fc, Vek64fc, Vek64fc));
+    body(FLOAT_MEMBER(64f, 32f, Vek64f, Vek32f, Vek64f));
+    body(FLOAT_MEMBER(64fc, 32fc, Vek64fc, Vek32fc, Vek64fc));
+    body(SFS_MEMBER(64f, 32s, Vek64f, Vek32s, Vek64f, 1e6));
+    body(SFS_MEMBER(64fc, 32sc, Vek64fc, Vek32sc, Vek64fc, 1e6));
+    body(SFS_MEMBER(64f, 16s, Vek64f, Vek16s, Vek64f, 3000));
+    body(SFS_MEMBER(64fc, 16sc, Vek64fc, Vek16sc, Vek64fc, 3000));
+    body(SFS_MEMBER(32f, 16s, Vek32f, Vek16s, Vek32f, 3000));
+    body(SFS_MEMBER(32fc, 16sc, Vek32fc, Vek16sc, Vek32fc, 3000));
+}
+
+// ---- stable random filters -----------------------------------------------------------------
+
+// Coefficients of prod (1 - r_i z^-1) for the given roots.
+std::vector<cld> poly(const std::vector<cld>& roots) {
+    std::vector<cld> a{1.0L};
+    for (const cld& r : roots) {
+        a.push_back(0.0L);
+        for (size_t i = a.size() - 1; i > 0; --i) a[i] -= r * a[i - 1];
+    }
+    return a;
+}
+
+cld rnd_c(vt::Rng& r, bool cplx, double lo = -1, double hi = 1) {
+    return {r.uniform(lo, hi), cplx ? r.uniform(lo, hi) : 0.0};
+}
+
+// Poles of radius 0.3 .. 0.9 (conjugate pairs for real taps), random numerator, all taps then
+// scaled by a common factor so that a0 is not 1.
+std::vector<cld> arb_taps(vt::Rng& r, int order, bool cplx) {
+    std::vector<cld> roots;
+    while (static_cast<int>(roots.size()) < order) {
+        const cld p = std::polar<long double>(r.uniform(0.3, 0.9), r.uniform(0, 3.14159));
+        if (cplx) {
+            roots.push_back(p);
+        } else if (static_cast<int>(roots.size()) + 2 <= order) {
+            roots.push_back(p);
+            roots.push_back(std::conj(p));
+        } else {
+            roots.push_back(p.real());
+        }
+    }
+    const auto a = poly(roots);
+    const cld s = rnd_c(r, cplx, 0.5, 2.0);
+    std::vector<cld> t;
+    for (int i = 0; i <= order; ++i) t.push_back(s * rnd_c(r, cplx));
+    for (int i = 0; i <= order; ++i) t.push_back(s * a[size_t(i)]);
+    return t;
+}
+
+std::vector<cld> bq_taps(vt::Rng& r, int K, bool cplx) {
+    std::vector<cld> t;
+    for (int k = 0; k < K; ++k) {
+        const auto a = arb_taps(r, 2, cplx);
+        t.insert(t.end(), a.begin(), a.end());
+        if (std::abs(t[t.size() - 6]) < 0.05L) t[t.size() - 6] += 0.5L; // b0 away from 0
+    }
+    return t;
+}
+
+template <class T>
+std::vector<T> convert(const std::vector<cld>& v) {
+    std::vector<T> o;
+    for (const cld& x : v) o.push_back(from_c<T>(x));
+    return o;
+}
+template <class T>
+std::vector<cld> back(const std::vector<T>& v) {
+    std::vector<cld> o;
+    for (const T& x : v) o.push_back(to_c(x));
+    return o;
+}
+
+// ---- long-double reference -----------------------------------------------------------------
+
+// The recurrences on the caller's taps, normalised in long double, from the delay line d.
+struct Ref {
+    std::vector<cld> n; // normalised taps in the state's layout
+    std::vector<cld> d;
+    bool biquad;
+    int len;
+
+    Ref(const std::vector<cld>& t, int len_, bool bq, const std::vector<cld>& line)
+        : d(line), biquad(bq), len(len_) {
+        if (!bq) {
+            const cld a0 = t[size_t(len + 1)];
+            for (int i = 0; i <= len; ++i) n.push_back(t[size_t(i)] / a0);
+            for (int i = 1; i <= len; ++i) n.push_back(t[size_t(len + 1 + i)] / a0);
+        } else {
+            cld g = 1.0L;
+            for (int k = 0; k < len; ++k) {
+                const cld* s = &t[size_t(6 * k)];
+                g *= s[0] / s[3];
+                for (cld c : {s[4] / s[3], s[5] / s[3], s[1] / s[0], s[2] / s[0]}) n.push_back(c);
+            }
+            n.insert(n.begin(), g);
+        }
+    }
+    cld step(cld x) {
+        if (biquad) {
+            cld v = n[0] * x;
+            for (int k = 0; k < len; ++k) {
+                const cld* c = &n[size_t(1 + 4 * k)];
+                const cld w1 = d[size_t(2 * k)], w2 = d[size_t(2 * k + 1)];
+                const cld w = v - c[0] * w1 - c[1] * w2;
+                v = w + c[2] * w1 + c[3] * w2;
+                d[size_t(2 * k + 1)] = w1;
+                d[size_t(2 * k)] = w;
+            }
+            return v;
+        }
+        const cld y = n[0] * x + (len > 0 ? d[0] : 0.0L);
+        for (int i = 0; i < len; ++i)
+            d[size_t(i)] = n[size_t(i + 1)] * x - n[size_t(len + 1 + i)] * y +
+                           (i + 1 < len ? d[size_t(i + 1)] : 0.0L);
+        return y;
+    }
+};
+
+// |got - want| within the double-precision error tol plus the output's rounding.
+template <class T>
+bool close(const T& got, cld want, long double tol, int sf) {
+    auto part = [&](long double g, long double w) {
+        if constexpr (std::is_floating_point_v<T> || std::is_same_v<T, Vek32fc> ||
+                      std::is_same_v<T, Vek64fc>) {
+            const bool single = std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc>;
+            return std::fabs(g - w) <= tol + (single ? std::fabs(w) * 0x1p-24L : 0.0L);
+        } else {
+            using B = typename Part<T>::type;
+            const long double v = std::ldexp(w, -sf), e = std::ldexp(tol, -sf);
+            const long double lo = std::numeric_limits<B>::min(),
+                              hi = std::numeric_limits<B>::max();
+            if (v > hi + e) return g == hi;
+            if (v < lo - e) return g == lo;
+            return std::fabs(g - v) <= 0.5L + e;
+        }
+    };
+    const cld g = to_c(got);
+    return part(g.real(), want.real()) && part(g.imag(), want.imag());
+}
+
+// ---- tests ---------------------------------------------------------------------------------
+
+// A stream through one state in blocks of growing length, against the reference; then the
+// state's delay line against the reference's.
+TEST(IirFloatTaps, MatchesLongDoubleReference) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(m.name);
+        const bool cplx = is_cplx<Dat>;
+        vt::Rng rng(5);
+        for (int bq = 0; bq < 2; ++bq) {
+            for (int len = bq; len <= (bq ? 8 : 12); ++len) {
+                SCOPED_TRACE((bq ? "sections " : "order ") + std::to_string(len));
+                const auto taps = convert<typename M::TapIn>(bq ? bq_taps(rng, len, cplx)
+                                                                : arb_taps(rng, len, cplx));
+                const int dl = bq ? 2 * len : len;
+                std::vector<cld> line0;
+                for (int i = 0; i < dl; ++i) line0.push_back(rnd_c(rng, cplx, -m.amp, m.amp));
+                const auto line = convert<typename M::Line>(line0);
+                Ref ref(back(taps), len, bq != 0, back(line));
+                typename M::St* st = nullptr;
+                ASSERT_EQ((bq ? m.init_bq : m.init)(&st, taps.data(), len, line.data()), vekStsOk);
+                const int sf = m.sfs ? static_cast<int>(rng.range(-2, 2)) : 0;
+                long double peak = 0;
+                for (int n : {1, 2, 3, 7, 15, 16, 17, 30, 100, 600}) {
+                    vt::Buf<Dat> x(n, alignof(Dat)), y(n, 3 * alignof(Dat));
+                    for (int i = 0; i < n; ++i) x[i] = from_c<Dat>(rnd_c(rng, cplx, -m.amp, m.amp));
+                    ASSERT_EQ(m.blk(x.data(), y.data(), n, st, sf), vekStsOk);
+                    ASSERT_TRUE(y.guards_intact());
+                    for (int i = 0; i < n; ++i) {
+                        const cld want = ref.step(to_c(x[i]));
+                        peak = std::max(peak, std::abs(want));
+                        ASSERT_TRUE(close(y[i], want, 1e-10L * (m.amp + peak), sf))
+                            << "block " << n << " sample " << i;
+                    }
+                }
+                std::vector<typename M::Line> got(size_t(dl) + 1);
+                ASSERT_EQ(m.get(st, got.data()), vekStsOk);
+                for (int i = 0; i < dl; ++i)
+                    ASSERT_LE(std::abs(to_c(got[size_t(i)]) - ref.d[size_t(i)]),
+                              1e-6L * (m.amp + peak));
+                ASSERT_EQ(m.fre(st), vekStsOk);
+            }
+        }
+    });
+}
+
+// Single samples, blocks of every length around the pipeline's fill, in-place blocks and every
+// kernel level give the same outputs and delay lines, bit for bit.
+TEST(IirFloatTaps, BlockOneAndLevelsAgreeBitForBit) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(m.name);
+        const bool cplx = is_cplx<Dat>;
+        vt::Rng rng(9);
+        const std::vector<int> cuts = {1, 2, 3, 4, 5, 9, 13, 14, 15, 16, 29, 31, 33, 64, 300};
+        int total = 0;
+        for (int c : cuts) total += c;
+        for (int bq = 0; bq < 2; ++bq) {
+            for (int len : {0, 1, 2, 3, 4, 5, 7, 8, 9, 12, 16, 17}) {
+                if (bq && len == 0) continue;
+                SCOPED_TRACE((bq ? "sections " : "order ") + std::to_string(len));
+                const auto taps = convert<typename M::TapIn>(bq ? bq_taps(rng, len, cplx)
+                                                                : arb_taps(rng, len, cplx));
+                const int dl = bq ? 2 * len : len;
+                std::vector<typename M::Line> line;
+                for (int i = 0; i < dl; ++i)
+                    line.push_back(from_c<typename M::Line>(rnd_c(rng, cplx, -m.amp, m.amp)));
+                std::vector<Dat> x;
+                for (int i = 0; i < total; ++i)
+                    x.push_back(from_c<Dat>(rnd_c(rng, cplx, -m.amp, m.amp)));
+                const int sf = m.sfs ? static_cast<int>(rng.range(-1, 2)) : 0;
+                auto init = bq ? m.init_bq : m.init;
+                std::vector<Dat> ref;
+                std::vector<typename M::Line> ref_line(size_t(dl) + 1);
+                vt::for_each_level([&](veks::isa::Level level) {
+                    typename M::St* a = nullptr;
+                    typename M::St* b = nullptr;
+                    ASSERT_EQ(init(&a, taps.data(), len, line.data()), vekStsOk);
+                    ASSERT_EQ(init(&b, taps.data(), len, nullptr), vekStsOk);
+                    ASSERT_EQ(m.set(b, line.data()), vekStsOk);
+                    std::vector<Dat> one(x.size()), blk = x;
+                    for (size_t i = 0; i < x.size(); ++i)
+                        ASSERT_EQ(m.one(x[i], &one[i], a, sf), vekStsOk);
+                    int at = 0, k = 0;
+                    for (int c : cuts) { // alternately in place and into another vector
+                        std::vector<Dat> in(blk.begin() + at, blk.begin() + at + c);
+                        if (k++ & 1)
+                            ASSERT_EQ(m.blk(in.data(), &blk[size_t(at)], c, b, sf), vekStsOk);
+                        else
+                            ASSERT_EQ(m.blk_i(&blk[size_t(at)], c, b, sf), vekStsOk);
+                        at += c;
+                    }
+                    if (level == veks::isa::scalar) ref = one;
+                    ASSERT_TRUE(vt::bits_equal(one, ref)) << "single samples, level differs";
+                    ASSERT_TRUE(vt::bits_equal(blk, ref)) << "blocks differ from single samples";
+                    std::vector<typename M::Line> la(size_t(dl) + 1), lb(size_t(dl) + 1);
+                    ASSERT_EQ(m.get(a, la.data()), vekStsOk);
+                    ASSERT_EQ(m.get(b, lb.data()), vekStsOk);
+                    if (level == veks::isa::scalar) ref_line = la;
+                    ASSERT_TRUE(vt::bits_equal(la, ref_line));
+                    ASSERT_TRUE(vt::bits_equal(lb, ref_line));
+                    ASSERT_EQ(m.fre(a), vekStsOk);
+                    ASSERT_EQ(m.fre(b), vekStsOk);
+                });
+            }
+        }
+    });
+}
+
+// The delay line is the state's own, in its order: Get after Set returns it; one step from a
+// set line follows the documented layout; a null line is zeros; order 0 is a gain.
+TEST(IirFloatTaps, DelayLineLayout) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        using L = typename M::Line;
+        SCOPED_TRACE(m.name);
+        const Dat x = from_c<Dat>(cld(8, is_cplx<Dat> ? 1 : 0));
+        const cld xc = to_c(x);
+        auto line_is = [&](const std::vector<L>& got, std::initializer_list<cld> want) {
+            size_t i = 0;
+            for (const cld& w : want)
+                if (to_c(got[i++]) != w) return false;
+            return true;
+        };
+        // Order 2, a0 = 2: b' = (1, 0.5, 0.25), a' = (0.5, 0.125); line (3, 5). All exact.
+        const auto t = convert<typename M::TapIn>({2.0L, 1.0L, 0.5L, 2.0L, 1.0L, 0.25L});
+        const auto line = convert<L>({3.0L, 5.0L});
+        typename M::St* st = nullptr;
+        ASSERT_EQ(m.init(&st, t.data(), 2, nullptr), vekStsOk);
+        std::vector<L> got(2);
+        ASSERT_EQ(m.get(st, got.data()), vekStsOk);
+        ASSERT_TRUE(line_is(got, {0.0L, 0.0L}));
+        ASSERT_EQ(m.set(st, line.data()), vekStsOk);
+        ASSERT_EQ(m.get(st, got.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(got, line));
+        Dat y{};
+        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
+        const cld yc = xc + 3.0L; // y = b0 x + d0
+        ASSERT_EQ(to_c(y), yc);
+        ASSERT_EQ(m.get(st, got.data()), vekStsOk); // d0 = 0.5 x - 0.5 y + 5, d1 = 0.25 x - 0.125 y
+        ASSERT_TRUE(line_is(got, {0.5L * xc - 0.5L * yc + 5.0L, 0.25L * xc - 0.125L * yc}));
+        ASSERT_EQ(m.fre(st), vekStsOk);
+        // BiQuad, one section (b 4, 2, 1; a 2, -1, 0.5): G = 2, a' = (-0.5, 0.25), b' = (0.5,
+        // 0.25); line w1 = 3, w2 = 5.
+        const auto s = convert<typename M::TapIn>({4.0L, 2.0L, 1.0L, 2.0L, -1.0L, 0.5L});
+        ASSERT_EQ(m.init_bq(&st, s.data(), 1, line.data()), vekStsOk);
+        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
+        const cld w = 2.0L * xc + 0.5L * 3 - 0.25L * 5, v = w + 0.5L * 3 + 0.25L * 5;
+        ASSERT_TRUE(close(y, v, 0, 0));
+        ASSERT_EQ(m.get(st, got.data()), vekStsOk);
+        ASSERT_TRUE(line_is(got, {w, 3.0L}));
+        ASSERT_EQ(m.fre(st), vekStsOk);
+        // Order 0: the gain b0/a0, nothing stored.
+        const auto g = convert<typename M::TapIn>({3.0L, 4.0L});
+        ASSERT_EQ(m.init(&st, g.data(), 0, nullptr), vekStsOk);
+        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
+        ASSERT_TRUE(close(y, xc * 0.75L, 0, 0));
+        L untouched = from_c<L>(7.0L);
+        ASSERT_EQ(m.get(st, &untouched), vekStsOk);
+        ASSERT_TRUE(vt::same_bits(untouched, from_c<L>(7.0L)));
+        ASSERT_EQ(m.fre(st), vekStsOk);
+    });
+}
+
+// Scaling a section's (or the whole filter's) taps by a power of two leaves every output bit
+// unchanged; by another factor, up to rounding. a0 = 0, and a BiQuad section's b0 = 0, are
+// refused with nothing created.
+TEST(IirFloatTaps, NormalisationAndRefusedTaps) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(m.name);
+        const bool cplx = is_cplx<Dat>;
+        vt::Rng rng(21);
+        std::vector<Dat> x;
+        for (int i = 0; i < 200; ++i) x.push_back(from_c<Dat>(rnd_c(rng, cplx, -m.amp, m.amp)));
+        auto run = [&](bool bq, int len, const std::vector<cld>& t) {
+            const auto taps = convert<typename M::TapIn>(t);
+            typename M::St* st = nullptr;
+            EXPECT_EQ((bq ? m.init_bq : m.init)(&st, taps.data(), len, nullptr), vekStsOk);
+            std::vector<Dat> y(x.size());
+            EXPECT_EQ(m.blk(x.data(), y.data(), static_cast<int>(x.size()), st, 0), vekStsOk);
+            EXPECT_EQ(m.fre(st), vekStsOk);
+            return y;
+        };
+        for (int bq = 0; bq < 2; ++bq) {
+            const int len = bq ? 3 : 5;
+            const auto t = bq ? bq_taps(rng, len, cplx) : arb_taps(rng, len, cplx);
+            const auto base = run(bq, len, t);
+            long double peak = m.amp;
+            for (const Dat& v : base) peak = std::max(peak, std::abs(to_c(v)));
+            const long double rel = std::is_same_v<typename M::TapIn, Vek64f> ||
+                                            std::is_same_v<typename M::TapIn, Vek64fc>
+                                        ? 1e-10L
+                                        : 1e-4L;
+            for (long double f : {4.0L, 0.125L, 3.0L}) {
+                auto s = t;
+                for (size_t i = bq ? 6 : 0; i < (bq ? 12 : s.size()); ++i) s[i] *= f;
+                const auto y = run(bq, len, s);
+                if (f != 3.0L) {
+                    ASSERT_TRUE(vt::bits_equal(y, base)) << "factor " << (double)f;
+                } else {
+                    for (size_t i = 0; i < y.size(); ++i)
+                        ASSERT_TRUE(close(y[i], to_c(base[i]), rel * peak, 0));
+                }
+            }
+            for (size_t zero : {size_t(bq ? 9 : len + 1), size_t(bq ? 6 : 1000)}) {
+                if (zero >= t.size()) continue; // an arbitrary-order b0 of 0 is allowed
+                auto z = convert<typename M::TapIn>(t);
+                z[zero] = from_c<typename M::TapIn>(0.0L);
+                auto* st = reinterpret_cast<typename M::St*>(&z); // marker, must stay as is
+                auto* const mark = st;
+                ASSERT_EQ((bq ? m.init_bq : m.init)(&st, z.data(), len, nullptr),
+                          vekStsDivideByZeroErr);
+                ASSERT_EQ(st, mark);
+            }
+        }
+    });
+}
+
+// Stable filters stay bounded over a million samples (the pipelined cascade over long runs).
+TEST(IirFloatTaps, StableFiltersStayBounded) {
+    vt::Rng rng(33);
+    const auto t = convert<Vek32f>(bq_taps(rng, 8, false));
+    const auto a = convert<Vek64f>(arb_taps(rng, 12, false));
+    VeksIIRState_32f* s = nullptr;
+    VeksIIRState_64f* q = nullptr;
+    ASSERT_EQ(veksIIRInitAlloc_BiQuad_32f(&s, t.data(), 8, nullptr), vekStsOk);
+    ASSERT_EQ(veksIIRInitAlloc_64f(&q, a.data(), 12, nullptr), vekStsOk);
+    std::vector<Vek32f> x(1 << 16), y(x.size());
+    std::vector<Vek64f> xd(x.size());
+    double peak = 0, dpeak = 0;
+    for (int rep = 0; rep < 16; ++rep) {
+        for (size_t i = 0; i < x.size(); ++i) {
+            x[i] = static_cast<float>(rng.uniform(-1, 1));
+            xd[i] = x[i];
+        }
+        ASSERT_EQ(veksIIR_32f(x.data(), y.data(), static_cast<int>(x.size()), s), vekStsOk);
+        ASSERT_EQ(veksIIR_64f_I(xd.data(), static_cast<int>(x.size()), q), vekStsOk);
+        for (size_t i = 0; i < x.size(); ++i) {
+            peak = std::max(peak, std::fabs(double{y[i]}));
+            dpeak = std::max(dpeak, std::fabs(xd[i]));
+        }
+    }
+    EXPECT_TRUE(peak < 1e4) << peak; // also false for NaN
+    EXPECT_TRUE(dpeak < 1e4) << dpeak;
+    ASSERT_EQ(veksIIRFree_32f(s), vekStsOk);
+    ASSERT_EQ(veksIIRFree_64f(q), vekStsOk);
+}
+
+} // namespace

@@ -1,0 +1,273 @@
+// LMS adaptive filters: the state and direct forms against a sample-by-sample reference of the
+// documented rule (bit for bit, every kernel level), a system identification, mu = 0 as a plain
+// FIR, the 16-bit output's truncation, the delay-line exchange and the integer Q15 step.
+#include <cmath>
+#include <functional>
+
+#include "testutil.hpp"
+
+namespace {
+
+// The documented step on reversed taps and a doubled line; returns the unrounded output.
+template <class S>
+double ref_step(std::vector<float>& taps, std::vector<S>& line, int& idx, S x, S r, float mu) {
+    const int T = static_cast<int>(taps.size());
+    line[size_t(idx)] = x;
+    line[size_t(idx + T)] = x;
+    idx = idx + 1 == T ? 0 : idx + 1;
+    const S* w = &line[size_t(idx)];
+    double y = 0.0;
+    for (int k = 0; k < T; ++k) y = y + double(taps[size_t(k)]) * double(w[k]);
+    const double e = ((double(r) - y) * 2.0) * double(mu);
+    for (int k = 0; k < T; ++k) taps[size_t(k)] = float(double(taps[size_t(k)]) + double(w[k]) * e);
+    return y;
+}
+
+float out32f(double y) { return static_cast<float>(y); }
+Vek16s out16s(double y) {
+    const double l = y < -32768.0 ? -32768.0 : y > 32767.0 ? 32767.0 : y;
+    return static_cast<Vek16s>(std::trunc(l));
+}
+
+template <class S, class St>
+struct Member {
+    using Smp = S;
+    using State = St;
+    double amp;
+    float mu;
+    VekStatus (*init)(St**, const Vek32f*, int, const S*, int);
+    VekStatus (*fre)(St*);
+    VekStatus (*get_taps)(const St*, Vek32f*);
+    VekStatus (*get_line)(const St*, S*, int*);
+    VekStatus (*set_line)(St*, const S*, int);
+    VekStatus (*blk)(const S*, const S*, S*, int, float, St*);
+    VekStatus (*direct)(S, S, S*, Vek32f*, int, float, S*, int*);
+    S (*out)(double);
+};
+
+template <class F>
+void for_each_member(F&& body) {
+    body(Member<Vek32f, VeksFIRLMSState_32f>{1.0, 0.01f, veksFIRLMSInitAlloc_32f,
+                                             veksFIRLMSFree_32f, veksFIRLMSGetTaps_32f,
+                                             veksFIRLMSGetDlyLine_32f, veksFIRLMSSetDlyLine_32f,
+                                             veksFIRLMS_32f, veksFIRLMSOne_Direct_32f, out32f});
+    body(Member<Vek16s, VeksFIRLMSState32f_16s>{
+        8000.0, 1e-10f, veksFIRLMSInitAlloc32f_16s, veksFIRLMSFree32f_16s, veksFIRLMSGetTaps32f_16s,
+        veksFIRLMSGetDlyLine32f_16s, veksFIRLMSSetDlyLine32f_16s, veksFIRLMS32f_16s,
+        veksFIRLMSOne_Direct32f_16s, out16s});
+}
+
+template <class S>
+std::vector<S> signal(vt::Rng& r, int n, double amp) {
+    std::vector<S> v;
+    for (int i = 0; i < n; ++i) v.push_back(static_cast<S>(r.uniform(-amp, amp)));
+    return v;
+}
+
+// Blocks of several lengths through a state, the direct form sample by sample, and the
+// reference: the same outputs, taps, line and index, bit for bit, on every kernel level.
+TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
+    for_each_member([](auto m) {
+        using S = typename decltype(m)::Smp;
+        for (int T : {1, 2, 3, 7, 16, 33, 128}) {
+            SCOPED_TRACE("tapsLen " + std::to_string(T));
+            vt::Rng rng(uint64_t(T) + 100);
+            std::vector<float> h;
+            for (int i = 0; i < T; ++i) h.push_back(static_cast<float>(rng.uniform(-0.5, 0.5)));
+            const auto line0 = signal<S>(rng, T, m.amp);
+            const int idx0 = static_cast<int>(rng.range(0, T - 1));
+            const auto x = signal<S>(rng, 300, m.amp), d = signal<S>(rng, 300, m.amp);
+            // Reference.
+            std::vector<float> rt(h.rbegin(), h.rend());
+            std::vector<S> rl(line0);
+            rl.insert(rl.end(), line0.begin(), line0.end());
+            int ri = idx0;
+            std::vector<S> want;
+            for (size_t i = 0; i < x.size(); ++i)
+                want.push_back(m.out(ref_step(rt, rl, ri, x[i], d[i], m.mu)));
+            vt::for_each_level([&](veks::isa::Level) {
+                typename decltype(m)::State* st = nullptr;
+                ASSERT_EQ(m.init(&st, h.data(), T, line0.data(), idx0), vekStsOk);
+                std::vector<S> got(x.size());
+                size_t at = 0;
+                for (int n : {1, 5, 2, 64, 100, 128}) {
+                    ASSERT_EQ(m.blk(&x[at], &d[at], &got[at], n, m.mu, st), vekStsOk);
+                    at += size_t(n);
+                }
+                ASSERT_TRUE(vt::bits_equal(got, want));
+                std::vector<float> taps(size_t(T), 0.0f);
+                std::vector<S> line(static_cast<size_t>(T));
+                int idx = -1;
+                ASSERT_EQ(m.get_taps(st, taps.data()), vekStsOk);
+                ASSERT_EQ(m.get_line(st, line.data(), &idx), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(taps, std::vector<float>(rt.rbegin(), rt.rend())));
+                ASSERT_TRUE(vt::bits_equal(line, std::vector<S>(rl.begin(), rl.begin() + T)));
+                ASSERT_EQ(idx, ri);
+                ASSERT_EQ(m.fre(st), vekStsOk);
+                // Direct form: the caller's reversed taps and doubled line, as they are.
+                std::vector<float> dt(h.rbegin(), h.rend());
+                std::vector<S> dl(line0);
+                dl.insert(dl.end(), line0.begin(), line0.end());
+                int di = idx0;
+                for (size_t i = 0; i < x.size(); ++i)
+                    ASSERT_EQ(m.direct(x[i], d[i], &got[i], dt.data(), T, m.mu, dl.data(), &di),
+                              vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(got, want));
+                ASSERT_TRUE(vt::bits_equal(dt, rt));
+                ASSERT_TRUE(vt::bits_equal(dl, rl));
+                ASSERT_EQ(di, ri);
+            });
+        }
+    });
+}
+
+// An unknown 16-tap FIR driven by white noise: the taps converge to it; with mu = 0 the filter
+// is a plain FIR and its taps stay as they were.
+TEST(Lms, IdentifiesAnUnknownSystemAndMuZeroIsAFir) {
+    for_each_member([](auto m) {
+        using S = typename decltype(m)::Smp;
+        const bool integer = std::is_same_v<S, Vek16s>;
+        vt::Rng rng(77);
+        const int T = 16, n = 20000;
+        std::vector<float> h;
+        for (int i = 0; i < T; ++i) h.push_back(static_cast<float>(rng.uniform(-1, 1) / (1 + i)));
+        const auto x = signal<S>(rng, n, m.amp);
+        std::vector<S> d(static_cast<size_t>(n)), y(static_cast<size_t>(n));
+        for (int j = 0; j < n; ++j) {
+            double s = 0;
+            for (int i = 0; i < T && i <= j; ++i)
+                s += double(h[size_t(i)]) * double(x[size_t(j - i)]);
+            d[size_t(j)] = integer ? static_cast<S>(std::lround(s)) : static_cast<S>(s);
+        }
+        typename decltype(m)::State* st = nullptr;
+        ASSERT_EQ(m.init(&st, nullptr, T, nullptr, 0), vekStsOk);
+        ASSERT_EQ(m.blk(x.data(), d.data(), y.data(), n, m.mu, st), vekStsOk);
+        std::vector<float> got(static_cast<size_t>(T));
+        ASSERT_EQ(m.get_taps(st, got.data()), vekStsOk);
+        for (int i = 0; i < T; ++i) // 32f: converged to float rounding; 16s: to the rounding of d
+            EXPECT_NEAR(got[size_t(i)], h[size_t(i)], integer ? 2e-3 : 1e-5) << "tap " << i;
+        // mu = 0 from here: a FIR with the learnt taps, taps unchanged.
+        ASSERT_EQ(m.blk(x.data(), d.data(), y.data(), 500, 0.0f, st), vekStsOk);
+        std::vector<float> after(static_cast<size_t>(T));
+        ASSERT_EQ(m.get_taps(st, after.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(after, got));
+        for (int j = T; j < 500; ++j) {
+            long double s = 0;
+            for (int i = 0; i < T; ++i)
+                s += static_cast<long double>(got[size_t(i)]) * x[size_t(j - i)];
+            EXPECT_NEAR(double(y[size_t(j)]), double(m.out(double(s))), integer ? 1.0 : 1e-6);
+        }
+        ASSERT_EQ(m.fre(st), vekStsOk);
+    });
+}
+
+// The 16-bit output is limited, then truncated toward zero; the error uses the unlimited sum.
+TEST(Lms, SixteenBitOutputTruncates) {
+    struct Case {
+        float tap;
+        Vek16s x, want;
+    };
+    for (const Case& c : {Case{1.9f, 1, 1}, Case{1.9f, -1, -1}, Case{0.5f, 3, 1},
+                          Case{2.0f, 20000, 32767}, Case{2.0f, -20000, -32768}}) {
+        float tap = c.tap;
+        Vek16s line[2] = {}, y = 0;
+        int idx = 0;
+        // ref 0, mu 0.25: the tap moves by x * (-2 * 0.25 * y_unlimited).
+        ASSERT_EQ(veksFIRLMSOne_Direct32f_16s(c.x, 0, &y, &tap, 1, 0.25f, line, &idx), vekStsOk);
+        EXPECT_EQ(y, c.want) << c.tap << " * " << c.x;
+        const double yu = double(c.tap) * c.x;
+        EXPECT_EQ(tap, float(double(c.tap) + c.x * (((0.0 - yu) * 2.0) * 0.25)));
+    }
+}
+
+// Get after Set returns the line and index; an index out of range is stored as given and used
+// modulo tapsLen; a null line is zeros.
+TEST(Lms, DelayLineExchange) {
+    VeksFIRLMSState_32f* s = nullptr;
+    const float h[3] = {1, 2, 4}, line[3] = {10, 20, 30};
+    ASSERT_EQ(veksFIRLMSInitAlloc_32f(&s, h, 3, nullptr, 0), vekStsOk);
+    float got[3];
+    int idx = -1;
+    ASSERT_EQ(veksFIRLMSSetDlyLine_32f(s, line, 7), vekStsOk);
+    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(got, {10, 20, 30}));
+    EXPECT_EQ(idx, 7);
+    // Index 7 is 1: x goes to line[1]; the window from index 2 is 30, 10, x (oldest first).
+    const float x = 1, r = 0;
+    float y = 0;
+    ASSERT_EQ(veksFIRLMS_32f(&x, &r, &y, 1, 0.0f, s), vekStsOk);
+    EXPECT_EQ(y, 4 * 30 + 2 * 10 + 1 * 1);
+    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(got, {10, 1, 30}));
+    EXPECT_EQ(idx, 2);
+    ASSERT_EQ(veksFIRLMSSetDlyLine_32f(s, nullptr, 0), vekStsOk);
+    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(got, {0, 0, 0}));
+    ASSERT_EQ(veksFIRLMSFree_32f(s), vekStsOk);
+}
+
+// The normalised Q15 step against a few lines of integer arithmetic: rounding ties, saturated
+// outputs and taps, wrapping 32-bit products, and the all-zero window that leaves the taps.
+TEST(Lms, Q15StepFollowsTheIntegerRule) {
+    vt::Rng rng(5);
+    for (int T : {1, 2, 5, 16, 31}) {
+        for (int round = 0; round < 200; ++round) {
+            std::vector<Vek32s> taps(static_cast<size_t>(T)), want_taps;
+            for (auto& t : taps) {
+                const int kind = static_cast<int>(rng.range(0, 9));
+                t = kind == 0   ? static_cast<Vek32s>(rng.range(-2000000000, 2000000000))
+                    : kind == 1 ? INT32_MAX
+                                : static_cast<Vek32s>(rng.range(-40000, 40000));
+            }
+            std::vector<Vek16s> line(static_cast<size_t>(2 * T));
+            const bool silent = round % 10 == 0;
+            for (int i = 0; i < T; ++i)
+                line[size_t(i)] = line[size_t(i + T)] =
+                    silent ? 0 : static_cast<Vek16s>(rng.range(-32768, 32767));
+            int idx = static_cast<int>(rng.range(0, T - 1));
+            const Vek16s x = silent ? 0 : static_cast<Vek16s>(rng.range(-32768, 32767));
+            const Vek16s r = static_cast<Vek16s>(rng.range(-32768, 32767));
+            const int mu = static_cast<int>(rng.range(-40000, 40000));
+            // Reference.
+            std::vector<Vek16s> l2 = line;
+            l2[size_t(idx)] = l2[size_t(idx + T)] = x;
+            const int ni = idx + 1 == T ? 0 : idx + 1;
+            int64_t acc = 0, energy = 0;
+            for (int k = 0; k < T; ++k) {
+                const int64_t w = l2[size_t(ni + k)];
+                acc += static_cast<int32_t>(static_cast<uint32_t>(taps[size_t(k)]) *
+                                            static_cast<uint32_t>(w));
+                energy += w * w;
+            }
+            const int64_t q = (acc + 16383 + ((acc >> 15) & 1)) >> 15;
+            const Vek16s y = static_cast<Vek16s>(std::clamp<int64_t>(q, -32768, 32767));
+            want_taps = taps;
+            if (energy != 0)
+                for (int k = 0; k < T; ++k)
+                    want_taps[size_t(k)] = static_cast<Vek32s>(std::clamp<int64_t>(
+                        taps[size_t(k)] + int64_t{mu} * (r - y) * l2[size_t(ni + k)] / energy,
+                        INT32_MIN, INT32_MAX));
+            Vek16s got = 0;
+            ASSERT_EQ(
+                veksFIRLMSOne_DirectQ15_16s(x, r, &got, taps.data(), T, mu, line.data(), &idx),
+                vekStsOk);
+            ASSERT_EQ(got, y);
+            ASSERT_EQ(idx, ni);
+            ASSERT_TRUE(vt::bits_equal(taps, want_taps));
+            ASSERT_TRUE(vt::bits_equal(line, l2));
+            if (silent) {
+                ASSERT_EQ(got, 0);
+            }
+        }
+    }
+    // A tie: acc = 3 * 2^14 (1.5 in Q15) gives 2, acc = 2^14 (0.5) gives 0.
+    for (auto [tap, want] : {std::pair{3 << 14, 2}, std::pair{1 << 14, 0}}) {
+        Vek32s t = tap;
+        Vek16s line[2] = {}, y = -1;
+        int idx = 0;
+        ASSERT_EQ(veksFIRLMSOne_DirectQ15_16s(1, 0, &y, &t, 1, 0, line, &idx), vekStsOk);
+        EXPECT_EQ(y, want);
+    }
+}
+
+} // namespace

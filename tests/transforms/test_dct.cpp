@@ -1,0 +1,226 @@
+// Orthonormal DCT: forward and inverse against a long double reference on both sides of every
+// plan boundary, round trips, in place, the hint's effect on the plan, and the 16-bit forms
+// against the pipeline of exported conversions and the single-precision transform.
+#include <cfenv>
+#include <climits>
+#include <cmath>
+
+#include "dft_ref.hpp"
+#include "testutil.hpp"
+
+namespace {
+
+using vt::cld;
+
+// X[k] = c(k) sum_n x[n] cos(pi (2n+1) k / 2N), or its transpose (inverse), in long double.
+std::vector<cld> ref_dct(const std::vector<long double>& x, bool inverse) {
+    const size_t n = x.size();
+    const long double pi = 3.14159265358979323846264338327950288L;
+    std::vector<long double> cs(4 * n);
+    for (size_t m = 0; m < 4 * n; ++m) cs[m] = std::cos(pi * m / (2.0L * n));
+    const long double c0 = 1 / std::sqrt(static_cast<long double>(n));
+    const long double c = std::sqrt(2.0L / n);
+    std::vector<cld> out(n);
+    for (size_t i = 0; i < n; ++i) {
+        long double s = 0;
+        for (size_t j = 0; j < n; ++j) {
+            const size_t k = inverse ? j : i, t = inverse ? i : j;
+            s += (inverse ? x[j] * (j == 0 ? c0 : c) : x[j]) * cs[((2 * t + 1) * k) % (4 * n)];
+        }
+        out[i] = inverse ? s : s * (i == 0 ? c0 : c);
+    }
+    return out;
+}
+
+std::vector<int> lengths() {
+    std::vector<int> v;
+    for (int n = 1; n <= 40; ++n) v.push_back(n);
+    for (int n : {64, 100, 101, 128, 256, 500, 512, 513, 1000, 1024, 2048, 4096}) v.push_back(n);
+    return v;
+}
+
+template <class T>
+struct Api;
+template <>
+struct Api<float> {
+    using F = VeksDCTFwdSpec_32f;
+    using I = VeksDCTInvSpec_32f;
+    static constexpr auto initF = veksDCTFwdInitAlloc_32f;
+    static constexpr auto initI = veksDCTInvInitAlloc_32f;
+    static constexpr auto fwd = veksDCTFwd_32f;
+    static constexpr auto inv = veksDCTInv_32f;
+    static constexpr auto freeF = veksDCTFwdFree_32f;
+    static constexpr auto freeI = veksDCTInvFree_32f;
+    static constexpr auto sizeF = veksDCTFwdGetBufSize_32f;
+    static constexpr double eps = 0x1p-24;
+};
+template <>
+struct Api<double> {
+    using F = VeksDCTFwdSpec_64f;
+    using I = VeksDCTInvSpec_64f;
+    static constexpr auto initF = veksDCTFwdInitAlloc_64f;
+    static constexpr auto initI = veksDCTInvInitAlloc_64f;
+    static constexpr auto fwd = veksDCTFwd_64f;
+    static constexpr auto inv = veksDCTInv_64f;
+    static constexpr auto freeF = veksDCTFwdFree_64f;
+    static constexpr auto freeI = veksDCTInvFree_64f;
+    static constexpr auto sizeF = veksDCTFwdGetBufSize_64f;
+    static constexpr double eps = 0x1p-53;
+};
+
+// Relative RMS error at most 4 eps (log2 N + 1), for every hint, in and out of place, with and
+// without a caller's buffer.
+template <class T>
+void matches_reference() {
+    using A = Api<T>;
+    vt::Rng rng(9);
+    for (int n : lengths()) {
+        for (int hint : {0, 2}) {
+            SCOPED_TRACE("N = " + std::to_string(n) + " hint " + std::to_string(hint));
+            typename A::F* f = nullptr;
+            typename A::I* g = nullptr;
+            ASSERT_EQ(A::initF(&f, n, static_cast<VekHintAlgorithm>(hint)), vekStsOk);
+            ASSERT_EQ(A::initI(&g, n, static_cast<VekHintAlgorithm>(hint)), vekStsOk);
+            int size = -1;
+            ASSERT_EQ(A::sizeF(f, &size), vekStsOk);
+            std::vector<Vek8u> buf(static_cast<size_t>(size) + 1);
+            std::vector<T> x(static_cast<size_t>(n));
+            std::vector<long double> xl(x.size());
+            for (size_t i = 0; i < x.size(); ++i) xl[i] = x[i] = static_cast<T>(rng.uniform(-1, 1));
+            const double bound = 4 * A::eps * (std::log2(static_cast<double>(n)) + 1);
+            for (bool inverse : {false, true}) {
+                const auto want = ref_dct(xl, inverse);
+                for (bool in_place : {false, true}) {
+                    std::vector<T> y = x, out(x.size());
+                    T* d = in_place ? y.data() : out.data();
+                    Vek8u* b = in_place ? buf.data() + 1 : nullptr;
+                    ASSERT_EQ(inverse ? A::inv(y.data(), d, g, b) : A::fwd(y.data(), d, f, b),
+                              vekStsOk);
+                    std::vector<cld> got(x.size());
+                    for (size_t i = 0; i < x.size(); ++i) got[i] = d[i];
+                    EXPECT_LE(vt::rel_rms(got, want), bound)
+                        << "inverse " << inverse << " in place " << in_place;
+                }
+            }
+            // Forward then inverse.
+            std::vector<T> X(x.size()), back(x.size());
+            ASSERT_EQ(A::fwd(x.data(), X.data(), f, nullptr), vekStsOk);
+            ASSERT_EQ(A::inv(X.data(), back.data(), g, nullptr), vekStsOk);
+            std::vector<cld> gb(x.size()), wx(x.size());
+            for (size_t i = 0; i < x.size(); ++i) gb[i] = back[i], wx[i] = x[i];
+            EXPECT_LE(vt::rel_rms(gb, wx), 2 * bound);
+            A::freeF(f);
+            A::freeI(g);
+        }
+    }
+}
+
+TEST(Dct, Single) { matches_reference<float>(); }
+TEST(Dct, Double) { matches_reference<double>(); }
+
+// N = 1 returns the input; a constant of length 16 gives 4 times the constant and zeros.
+TEST(Dct, EdgeValues) {
+    VeksDCTFwdSpec_32f* f = nullptr;
+    ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, 1, vekAlgHintNone), vekStsOk);
+    const float one = 3.25f;
+    float y = 0;
+    ASSERT_EQ(veksDCTFwd_32f(&one, &y, f, nullptr), vekStsOk);
+    EXPECT_EQ(y, 3.25f);
+    veksDCTFwdFree_32f(f);
+    ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, 16, vekAlgHintNone), vekStsOk);
+    std::vector<float> c(16, 1.5f), X(16);
+    ASSERT_EQ(veksDCTFwd_32f(c.data(), X.data(), f, nullptr), vekStsOk);
+    EXPECT_NEAR(X[0], 6.0f, 4e-6f);
+    for (int k = 1; k < 16; ++k) EXPECT_NEAR(X[k], 0.0f, 4e-6f) << k;
+    veksDCTFwdFree_32f(f);
+}
+
+// Buffer sizes: 0 for 1, 2, 4, 8; 4 N + 16 for the other powers of two and for the direct
+// lengths up to 100; hint 2 adds the inner FFT's buffer only above 512.
+TEST(Dct, BufferSizesFollowThePlan) {
+    auto size_of = [](int n, int hint) {
+        VeksDCTFwdSpec_32f* f = nullptr;
+        EXPECT_EQ(veksDCTFwdInitAlloc_32f(&f, n, static_cast<VekHintAlgorithm>(hint)), vekStsOk);
+        int s = -1;
+        veksDCTFwdGetBufSize_32f(f, &s);
+        veksDCTFwdFree_32f(f);
+        return s;
+    };
+    for (int n : {1, 2, 4, 8}) EXPECT_EQ(size_of(n, 0), 0) << n;
+    for (int n : {3, 12, 100, 16, 512}) EXPECT_EQ(size_of(n, 0), 4 * n + 16) << n;
+    EXPECT_EQ(size_of(512, 2), 4 * 512 + 16);
+    VeksFFTSpec_R_32f* r = nullptr;
+    int fft_size = -1;
+    ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, 10, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    veksFFTGetBufSize_R_32f(r, &fft_size);
+    veksFFTFree_R_32f(r);
+    EXPECT_EQ(size_of(1024, 0), 4 * 1024 + 16);
+    EXPECT_EQ(size_of(1024, 2), 4 * 1024 + 16 + fft_size);
+    VeksDFTSpec_R_32f* d = nullptr;
+    int dft_size = -1;
+    ASSERT_EQ(veksDFTInitAlloc_R_32f(&d, 101, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+    veksDFTGetBufSize_R_32f(d, &dft_size);
+    veksDFTFree_R_32f(d);
+    EXPECT_EQ(size_of(101, 0), 4 * 101 + 16 + dft_size);
+}
+
+// 16-bit: the exported pipeline (conversion to float, the float DCT, conversion back with the
+// scale factor rounded to nearest), bit for bit, under the caller's upward rounding mode.
+TEST(Dct, SixteenBitEqualsFloatPipeline) {
+    vt::Rng rng(16);
+    for (int n : {1, 4, 8, 12, 16, 100, 101, 512, 1000})
+        for (bool inverse : {false, true})
+            for (int sf : {-2, 0, 3}) {
+                SCOPED_TRACE("N = " + std::to_string(n));
+                std::vector<Vek16s> x(static_cast<size_t>(n)), got(x.size()), want(x.size());
+                for (auto& v : x) v = static_cast<Vek16s>(rng.range(-2000, 2000));
+                std::vector<float> fx(x.size());
+                veksConvert_16s32f(x.data(), fx.data(), n);
+                if (inverse) {
+                    VeksDCTInvSpec_16s* s = nullptr;
+                    VeksDCTInvSpec_32f* r = nullptr;
+                    ASSERT_EQ(veksDCTInvInitAlloc_16s(&s, n, vekAlgHintNone), vekStsOk);
+                    ASSERT_EQ(veksDCTInvInitAlloc_32f(&r, n, vekAlgHintNone), vekStsOk);
+                    ASSERT_EQ(veksDCTInv_32f(fx.data(), fx.data(), r, nullptr), vekStsOk);
+                    const int mode = std::fegetround();
+                    std::fesetround(FE_UPWARD);
+                    ASSERT_EQ(veksDCTInv_16s_Sfs(x.data(), got.data(), s, sf, nullptr), vekStsOk);
+                    std::fesetround(mode);
+                    veksDCTInvFree_16s(s);
+                    veksDCTInvFree_32f(r);
+                } else {
+                    VeksDCTFwdSpec_16s* s = nullptr;
+                    VeksDCTFwdSpec_32f* r = nullptr;
+                    ASSERT_EQ(veksDCTFwdInitAlloc_16s(&s, n, vekAlgHintNone), vekStsOk);
+                    ASSERT_EQ(veksDCTFwdInitAlloc_32f(&r, n, vekAlgHintNone), vekStsOk);
+                    ASSERT_EQ(veksDCTFwd_32f(fx.data(), fx.data(), r, nullptr), vekStsOk);
+                    const int mode = std::fegetround();
+                    std::fesetround(FE_UPWARD);
+                    ASSERT_EQ(veksDCTFwd_16s_Sfs(x.data(), got.data(), s, sf, nullptr), vekStsOk);
+                    std::fesetround(mode);
+                    veksDCTFwdFree_16s(s);
+                    veksDCTFwdFree_32f(r);
+                }
+                veksConvert_32f16s_Sfs(fx.data(), want.data(), n, 1, sf);
+                EXPECT_TRUE(vt::bits_equal(got, want)) << "inverse " << inverse << " sf " << sf;
+            }
+}
+
+} // namespace
+
+namespace {
+
+// Lengths whose buffer size would not fit an int are refused before any table is built.
+TEST(Dct, HugeLengthsAreRefused) {
+    for (int n : {INT_MAX, 1 << 30, (1 << 29) + 1}) {
+        VeksDCTFwdSpec_32f* f = nullptr;
+        VeksDCTInvSpec_64f* g = nullptr;
+        VeksDCTFwdSpec_16s* h = nullptr;
+        EXPECT_EQ(veksDCTFwdInitAlloc_32f(&f, n, vekAlgHintNone), vekStsMemAllocErr) << n;
+        EXPECT_EQ(veksDCTInvInitAlloc_64f(&g, n, vekAlgHintAccurate), vekStsMemAllocErr) << n;
+        EXPECT_EQ(veksDCTFwdInitAlloc_16s(&h, n, vekAlgHintNone), vekStsMemAllocErr) << n;
+        EXPECT_TRUE(f == nullptr && g == nullptr && h == nullptr);
+    }
+}
+
+} // namespace

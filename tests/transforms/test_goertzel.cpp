@@ -1,0 +1,142 @@
+// Goertzel transform: values against a long double sum, the DFT bin for rFreq = k / len, the two-
+// frequency forms equal to two single calls bit for bit, and the 16-bit half-away rounding.
+#include <cmath>
+#include <complex>
+
+#include "testutil.hpp"
+
+namespace {
+
+using cld = std::complex<long double>;
+
+// e^{i w len} sum_n x[n] e^{-i w n}, w = 2 pi f, in long double.
+template <class C>
+cld reference(const std::vector<C>& x, long double f) {
+    const long double w = 2 * 3.14159265358979323846264338327950288L * f;
+    cld sum = 0;
+    for (size_t n = 0; n < x.size(); ++n) {
+        const long double a = w * static_cast<long double>(n);
+        sum += cld(x[n].re, x[n].im) * cld(std::cos(a), -std::sin(a));
+    }
+    const long double b = w * static_cast<long double>(x.size());
+    return sum * cld(std::cos(b), std::sin(b));
+}
+
+template <class C>
+long double norm1(const std::vector<C>& x) {
+    long double s = 0;
+    for (const C& v : x) s += std::abs(cld(v.re, v.im));
+    return s;
+}
+
+const int kLengths[] = {1, 2, 3, 7, 31, 32, 33, 47, 64, 100, 205, 1000, 4096, 4099};
+
+template <class C, class R>
+void matches_reference(VekStatus (*one)(const C*, int, C*, R),
+                       VekStatus (*two)(const C*, int, C*, const R*), long double tol) {
+    vt::Rng rng(42);
+    for (int len : kLengths) {
+        std::vector<C> x(static_cast<size_t>(len));
+        for (C& v : x) v = {static_cast<R>(rng.uniform(-1, 1)), static_cast<R>(rng.uniform(-1, 1))};
+        const R freqs[] = {R(0),        R(len > 1 ? 1.0 / len : 0.0),
+                           R(0.123456), R(0.5),
+                           R(0.25),     R(0.999),
+                           R(1e-4),     static_cast<R>(static_cast<double>(len / 3) / len)};
+        const long double scale = norm1(x);
+        vt::for_each_level([&](auto) {
+            for (R f : freqs) {
+                SCOPED_TRACE("len " + std::to_string(len) + " f " + std::to_string(f));
+                C got{};
+                ASSERT_EQ(one(x.data(), len, &got, f), vekStsOk);
+                const cld want = reference(x, static_cast<long double>(f));
+                // The recurrence's error grows with len, and with 1 / |sin w| where cos w is near
+                // +-1.
+                const long double sw = std::abs(std::sin(2 * 3.14159265358979L * f));
+                const long double growth = std::min<long double>(len, 1 / sw);
+                EXPECT_LE(std::abs(cld(got.re, got.im) - want), tol * (1 + growth) * scale);
+                // The two-frequency form gives each frequency's single result exactly.
+                const R pair[2] = {f, freqs[1]};
+                C both[2] = {}, second{};
+                ASSERT_EQ(two(x.data(), len, both, pair), vekStsOk);
+                ASSERT_EQ(one(x.data(), len, &second, freqs[1]), vekStsOk);
+                EXPECT_TRUE(vt::same_bits(both[0], got) && vt::same_bits(both[1], second));
+            }
+        });
+    }
+}
+
+// Error bound: tol (1 + min(len, 1 / |sin w|)) times the data's 1-norm.
+TEST(Goertzel, Single) { matches_reference(veksGoertz_32fc, veksGoertzTwo_32fc, 1e-7L); }
+TEST(Goertzel, Double) { matches_reference(veksGoertz_64fc, veksGoertzTwo_64fc, 1e-15L); }
+
+// For rFreq = k / len the result is the k-th DFT bin.
+TEST(Goertzel, EqualsDftBin) {
+    vt::Rng rng(7);
+    for (int len : {5, 12, 64, 100, 205, 1000}) {
+        std::vector<Vek64fc> x(static_cast<size_t>(len)), X(static_cast<size_t>(len));
+        for (auto& v : x) v = {rng.uniform(-1, 1), rng.uniform(-1, 1)};
+        VeksDFTSpec_C_64fc* spec = nullptr;
+        ASSERT_EQ(veksDFTInitAlloc_C_64fc(&spec, len, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        ASSERT_EQ(veksDFTFwd_CToC_64fc(x.data(), X.data(), spec, nullptr), vekStsOk);
+        veksDFTFree_C_64fc(spec);
+        for (int k : {0, 1, len / 2, len - 1}) {
+            Vek64fc g{};
+            ASSERT_EQ(veksGoertz_64fc(x.data(), len, &g, static_cast<double>(k) / len), vekStsOk);
+            EXPECT_NEAR(g.re, X[k].re, 1e-12 * len) << len << " " << k;
+            EXPECT_NEAR(g.im, X[k].im, 1e-12 * len) << len << " " << k;
+        }
+    }
+}
+
+// rFreq = 0 is the sum; len = 1 gives x[0] e^{i w}.
+TEST(Goertzel, SumAndSinglePoint) {
+    const std::vector<Vek32fc> x = {{1, 2}, {3, -4}, {0.5f, 0.25f}};
+    Vek32fc g{};
+    ASSERT_EQ(veksGoertz_32fc(x.data(), 3, &g, 0.0f), vekStsOk);
+    EXPECT_TRUE(g.re == 4.5f && g.im == -1.75f);
+    ASSERT_EQ(veksGoertz_32fc(x.data(), 1, &g, 0.25f), vekStsOk); // (1 + 2i) i = -2 + i
+    EXPECT_NEAR(g.re, -2.0f, 1e-6f);
+    EXPECT_NEAR(g.im, 1.0f, 1e-6f);
+}
+
+// 16-bit: the float result times 2^-scaleFactor, each part rounded half away from zero (not to
+// even) and saturated. rFreq = 0 makes the result the exact sum.
+TEST(Goertzel, SixteenBitRounding) {
+    struct Case {
+        Vek16sc a, b;
+        int sf;
+        Vek16sc want;
+    };
+    const Case cases[] = {
+        {{2, -2}, {3, -3}, 1, {3, -3}}, // 2.5 -> 3, -2.5 -> -3
+        {{1, -1}, {2, -2}, 1, {2, -2}}, // 1.5 -> 2, -1.5 -> -2
+        {{1, -1}, {0, 0}, 2, {0, 0}},   // 0.25 -> 0
+        {{3, -3}, {0, 0}, 2, {1, -1}},  // 0.75 -> 1
+        {{2, -3}, {0, 0}, 2, {1, -1}},  // 0.5 -> 1, -0.75 -> -1
+        {{30000, -30000}, {10000, -10000}, 0, {32767, -32768}},
+        {{20000, -20000}, {0, 0}, -1, {32767, -32768}},
+        {{-7, 7}, {0, 0}, -2, {-28, 28}},
+    };
+    for (const Case& c : cases) {
+        const Vek16sc x[2] = {c.a, c.b};
+        Vek16sc g{}, two[2] = {};
+        ASSERT_EQ(veksGoertz_16sc_Sfs(x, 2, &g, 0.0f, c.sf), vekStsOk);
+        EXPECT_TRUE(g.re == c.want.re && g.im == c.want.im) << g.re << " " << g.im;
+        const Vek32f f[2] = {0.0f, 0.5f};
+        ASSERT_EQ(veksGoertzTwo_16sc_Sfs(x, 2, two, f, c.sf), vekStsOk);
+        EXPECT_TRUE(vt::same_bits(two[0], g));
+    }
+    // A long vector against the rounded float reference.
+    vt::Rng rng(3);
+    std::vector<Vek16sc> x(1000);
+    for (auto& v : x)
+        v = {static_cast<Vek16s>(rng.range(-300, 300)), static_cast<Vek16s>(rng.range(-300, 300))};
+    Vek16sc g{};
+    ASSERT_EQ(veksGoertz_16sc_Sfs(x.data(), 1000, &g, 0.1f, 3), vekStsOk);
+    const long double f01 = 0.1f;
+    const cld want_f = reference(x, f01) / 8.0L;
+    EXPECT_LE(std::abs(g.re - want_f.real()), 0.5L + 1e-6L);
+    EXPECT_LE(std::abs(g.im - want_f.imag()), 0.5L + 1e-6L);
+}
+
+} // namespace
