@@ -68,11 +68,15 @@ class PartialSums {
             even = V::first(r[0]);
             odd = V::first(r[1]);
         } else {
-            // Summing a register with the odd (even) lanes zeroed is the tree of the even (odd)
-            // lanes followed by one addition of +0.
-            const auto even_lanes = V::eq(V::splat_pair(1.0, 0.0), V::splat(1.0));
-            even = V::sum(V::select(even_lanes, r[0], V::zero()));
-            odd = V::sum(V::select(even_lanes, V::zero(), r[0]));
+            // The lanes' tree continued down to two lanes apart on the stored register: the
+            // additions the full tree makes for the even (odd) lanes, without its last step
+            // (which would add the other parity's lanes).
+            double t[W];
+            V::store(t, r[0]);
+            for (size_t h = W / 2; h >= 2; h /= 2)
+                for (size_t i = 0; i < h; ++i) t[i] += t[i + h];
+            even = t[0];
+            odd = t[1];
         }
     }
 

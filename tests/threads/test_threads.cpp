@@ -55,6 +55,23 @@ Transform fft(const char* name, int order, VekHintAlgorithm hint,
             }};
 }
 
+// DCT objects: a length and a hint instead of an order and a flag.
+template <class Obj, class T>
+Transform dct(const char* name, int len, VekHintAlgorithm hint,
+              VekStatus (*init)(Obj**, int, VekHintAlgorithm), VekStatus (*free)(Obj*),
+              VekStatus (*size)(const Obj*, int*),
+              VekStatus (*fwd)(const T*, T*, const Obj*, Vek8u*)) {
+    Transform t = fft<Obj, T>(
+        name, len, hint, nullptr, free, size, static_cast<size_t>(len),
+        [fwd](const Obj* o, const T* in, T* out, Vek8u* b) { return fwd(in, out, o, b); });
+    t.create = [=] {
+        Obj* o = nullptr;
+        EXPECT_EQ(init(&o, len, hint), vekStsOk);
+        return static_cast<void*>(o);
+    };
+    return t;
+}
+
 template <class C, class Obj>
 auto interleaved(VekStatus (*f)(const C*, C*, const Obj*, Vek8u*)) {
     using T = decltype(C::re);
@@ -108,6 +125,23 @@ std::vector<Transform> transforms() {
         fft<VeksFFTSpec_C_16sc, Vek16s>(
             "FFT_C_16sc", o, vekAlgHintAccurate, veksFFTInitAlloc_C_16sc, veksFFTFree_C_16sc,
             veksFFTGetBufSize_C_16sc, 2 * n, scaled(veksFFTFwd_CToC_16sc_Sfs)),
+        // DFT objects of any length take the same arguments as the FFT's, with a length for
+        // the order: a mixed-radix length, a prime (Bluestein) and a real one.
+        fft<VeksDFTSpec_C_32fc, float>(
+            "DFT_C_32fc 1000", 1000, vekAlgHintNone, veksDFTInitAlloc_C_32fc, veksDFTFree_C_32fc,
+            veksDFTGetBufSize_C_32fc, 2 * 1000, interleaved(veksDFTFwd_CToC_32fc)),
+        fft<VeksDFTSpec_C_32fc, float>(
+            "DFT_C_32fc 1009", 1009, vekAlgHintNone, veksDFTInitAlloc_C_32fc, veksDFTFree_C_32fc,
+            veksDFTGetBufSize_C_32fc, 2 * 1009, interleaved(veksDFTFwd_CToC_32fc)),
+        fft<VeksDFTSpec_R_32f, float>("DFT_R_32f 600", 600, vekAlgHintNone, veksDFTInitAlloc_R_32f,
+                                      veksDFTFree_R_32f, veksDFTGetBufSize_R_32f, 600,
+                                      real(veksDFTFwd_RToPack_32f)),
+        dct<VeksDCTFwdSpec_32f, float>("DCT_Fwd_32f 1000", 1000, vekAlgHintNone,
+                                       veksDCTFwdInitAlloc_32f, veksDCTFwdFree_32f,
+                                       veksDCTFwdGetBufSize_32f, veksDCTFwd_32f),
+        dct<VeksDCTFwdSpec_32f, float>("DCT_Fwd_32f 4096", 4096, vekAlgHintAccurate,
+                                       veksDCTFwdInitAlloc_32f, veksDCTFwdFree_32f,
+                                       veksDCTFwdGetBufSize_32f, veksDCTFwd_32f),
     };
 }
 
