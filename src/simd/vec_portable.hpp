@@ -289,6 +289,49 @@ struct Vec {
     // The lanes' bit patterns as unsigned integer lanes of the same width, and back.
     static Lanes<BitsOf<T>, N> bits(R a) { return std::bit_cast<Lanes<BitsOf<T>, N>>(a); }
     static R from_bits(Lanes<BitsOf<T>, N> a) { return std::bit_cast<R>(a); }
+    // An estimate of 1/a (floating-point lanes) to within 2^-reciprocal_bits, relative, for a
+    // in the normal float range: the start of Newton steps where a division would be slow.
+    static constexpr int reciprocal_bits = 53;
+    static R reciprocal_estimate(R a) {
+        return map(a, a, [](T x, T) { return T(1) / x; });
+    }
+    // An estimate of 1/sqrt(a) to within 2^-rsqrt_bits; sqrt rounded (IEEE).
+    static constexpr int rsqrt_bits = 52;
+    static R rsqrt_estimate(R a) {
+        return map(a, a, [](T x, T) { return T(1) / std::sqrt(x); });
+    }
+    static R sqrt(R a) {
+        return map(a, a, [](T x, T) { return std::sqrt(x); });
+    }
+    // The even and the odd lanes of the 2N lanes (a, b), each in order.
+    static void deinterleave(R a, R b, R& even, R& odd) {
+        for (int j = 0; j < 2 * N; ++j) {
+            const T v = j < N ? a.v[j] : b.v[j - N];
+            (j % 2 ? odd : even).v[j / 2] = v;
+        }
+    }
+    // Integer arithmetic on the lanes' bit patterns (wrapping), for floating-point lanes: the
+    // exponent and significand fields of table-driven evaluations.
+    static R add_bits(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return static_cast<decltype(x)>(x + y); });
+    }
+    static R sub_bits(R a, R b) {
+        return bitwise(a, b, [](auto x, auto y) { return static_cast<decltype(x)>(x - y); });
+    }
+    static R shift_left_bits(R a, int k) { // logical, 0 <= k < bits of T
+        return bitwise(a, a, [k](auto x, auto) { return static_cast<decltype(x)>(x << k); });
+    }
+    static R shift_right_bits(R a, int k) { // logical, 0 <= k < bits of T
+        return bitwise(a, a, [k](auto x, auto) { return static_cast<decltype(x)>(x >> k); });
+    }
+    // table[i] per lane, i the low `b` bits of the lane's bit pattern (1 <= b <= 16): a table
+    // lookup indexed by the low bits of a number shifted into the last places.
+    static R lookup(const T* table, R a, int b) {
+        R r;
+        for (int i = 0; i < N; ++i)
+            r.v[i] = table[std::bit_cast<BitsOf<T>>(a.v[i]) & ((BitsOf<T>{1} << b) - 1)];
+        return r;
+    }
 
     // ---- interleaved complex values: lanes (2k, 2k+1) hold (re, im) ----
     static R swap_pairs(R a) {

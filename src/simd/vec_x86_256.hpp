@@ -141,6 +141,13 @@ struct Vec<float, 8> {
         re = _mm256_shuffle_ps(a, b, 0x88);
         im = _mm256_shuffle_ps(a, b, 0xDD);
     }
+    // The even and the odd lanes of the 16 lanes (a, b), each in order.
+    static void deinterleave(R a, R b, R& even, R& odd) {
+        even = _mm256_castpd_ps(
+            _mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(a, b, 0x88)), 0xD8));
+        odd = _mm256_castpd_ps(
+            _mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(a, b, 0xDD)), 0xD8));
+    }
     static void interleave_parts(R re, R im, R& a, R& b) {
         a = _mm256_unpacklo_ps(re, im);
         b = _mm256_unpackhi_ps(re, im);
@@ -251,6 +258,23 @@ struct Vec<double, 4> {
             return _mm256_insertf128_pd(_mm256_setzero_pd(), _mm_cvtps_pd(_mm_load1_ps(p)), 0);
         else
             return _mm256_insertf128_pd(_mm256_setzero_pd(), _mm_load1_pd(p), 0);
+    }
+    // 1/a to within 2^-11 (relative) for |a| in the normal float range, for Newton steps.
+    static constexpr int reciprocal_bits = 11;
+    static R reciprocal_estimate(R a) { return _mm256_cvtps_pd(_mm_rcp_ps(_mm256_cvtpd_ps(a))); }
+    // 1/sqrt(a), here exact but for the two roundings; sqrt rounded (IEEE).
+    static constexpr int rsqrt_bits = 52;
+    static R rsqrt_estimate(R a) { return _mm256_div_pd(_mm256_set1_pd(1.0), _mm256_sqrt_pd(a)); }
+    static R sqrt(R a) { return _mm256_sqrt_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector).
+    static R add_bits(R a, R b) { return from_bits(_mm256_add_epi64(bits(a), bits(b))); }
+    static R sub_bits(R a, R b) { return from_bits(_mm256_sub_epi64(bits(a), bits(b))); }
+    static R shift_left_bits(R a, int k) { return from_bits(_mm256_slli_epi64(bits(a), k)); }
+    static R shift_right_bits(R a, int k) { return from_bits(_mm256_srli_epi64(bits(a), k)); }
+    static R lookup(const double* table, R a, int b) {
+        const __m256i i = _mm256_and_si256(bits(a), _mm256_set1_epi64x((1ll << b) - 1));
+        return _mm256_i64gather_pd(table, i, 8);
     }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }

@@ -28,6 +28,14 @@ struct Vec<float, 16> {
     static constexpr bool fused = true;
 
     static R load(const float* p) { return _mm512_loadu_ps(p); }
+    // The even and the odd lanes of the 32 lanes (a, b), each in order: the real and the
+    // imaginary parts of 16 interleaved complex values.
+    static void deinterleave(R a, R b, R& even, R& odd) {
+        const __m512i i =
+            _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+        even = _mm512_permutex2var_ps(a, i, b);
+        odd = _mm512_permutex2var_ps(a, _mm512_add_epi32(i, _mm512_set1_epi32(1)), b);
+    }
     static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
     static void stream(float* p, R a) { _mm512_stream_ps(p, a); }
     static R load_n(const float* p, size_t n) {
@@ -239,6 +247,43 @@ struct Vec<double, 8> {
                 dup, _mm512_castpd256_pd512(_mm256_cvtps_pd(_mm_maskz_loadu_ps(k, p))));
         else
             return _mm512_permutexvar_pd(dup, _mm512_castpd256_pd512(_mm256_maskz_loadu_pd(k, p)));
+    }
+    // 1/a to within 2^-14 (relative), for a Newton step or two.
+    static constexpr int reciprocal_bits = 14;
+    static R reciprocal_estimate(R a) { return _mm512_rcp14_pd(a); }
+    // 1/sqrt(a) to within 2^-14 (relative), for Newton steps; sqrt rounded (IEEE).
+    static constexpr int rsqrt_bits = 14;
+    static R rsqrt_estimate(R a) { return _mm512_rsqrt14_pd(a); }
+    static R sqrt(R a) { return _mm512_sqrt_pd(a); }
+    // Integer arithmetic on the bit patterns, and table lookups by their low bits (see the
+    // portable vector): tables of up to 64 entries are permuted from registers.
+    static R add_bits(R a, R b) { return from_bits(_mm512_add_epi64(bits(a), bits(b))); }
+    static R sub_bits(R a, R b) { return from_bits(_mm512_sub_epi64(bits(a), bits(b))); }
+    static R shift_left_bits(R a, int k) {
+        return from_bits(_mm512_sll_epi64(bits(a), _mm_cvtsi32_si128(k)));
+    }
+    static R shift_right_bits(R a, int k) {
+        return from_bits(_mm512_srl_epi64(bits(a), _mm_cvtsi32_si128(k)));
+    }
+    static R lookup(const double* table, R a, int b) {
+        const __m512i i = bits(a);
+        if (b == 3) return _mm512_permutexvar_pd(i, _mm512_loadu_pd(table));
+        const auto p16 = [i](const double* t) {
+            return _mm512_permutex2var_pd(_mm512_loadu_pd(t), i, _mm512_loadu_pd(t + 8));
+        };
+        if (b == 4) return p16(table);
+        const auto bit = [i](long long m) {
+            return _mm512_test_epi64_mask(i, _mm512_set1_epi64(m));
+        };
+        if (b == 5) return _mm512_mask_blend_pd(bit(16), p16(table), p16(table + 16));
+        if (b == 6) {
+            const __mmask8 m16 = bit(16);
+            return _mm512_mask_blend_pd(
+                bit(32), _mm512_mask_blend_pd(m16, p16(table), p16(table + 16)),
+                _mm512_mask_blend_pd(m16, p16(table + 32), p16(table + 48)));
+        }
+        return _mm512_i64gather_pd(_mm512_and_si512(i, _mm512_set1_epi64((1ll << b) - 1)), table,
+                                   8);
     }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }

@@ -8,6 +8,7 @@
 #include "arith/elementary/exact.hpp"
 #include "arith/elementary/fast.hpp"
 #include "arith/elementary/kernels.hpp"
+#include "arith/elementary/vector.hpp"
 #include "simd/ns.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -114,10 +115,36 @@ void sqrt_32fc(const Vek32fc* s, Vek32fc* d, size_t n) {
     }
 }
 
-void exp_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Exp32>(s, d, n); }
-unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) { return map_float<Ln32>(s, d, n); }
-void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Cbrt32>(s, d, n); }
-void atan_32f(const Vek32f* s, Vek32f* d, size_t n) { map_float<Atan32>(s, d, n); }
+void exp_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::ExpFast>(s, d, n, [](float x) { return elem::exp_32f(x); });
+#else
+    map_float<Exp32>(s, d, n);
+#endif
+}
+unsigned ln_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    unsigned warn = 0;
+    vec::map_32f<vec::LnFast>(s, d, n, [&warn](float x) { return elem::ln_32f(x, warn); });
+    return warn;
+#else
+    return map_float<Ln32>(s, d, n);
+#endif
+}
+void cbrt_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::CbrtFast>(s, d, n, [](float x) { return elem::cbrt_32f(x); });
+#else
+    map_float<Cbrt32>(s, d, n);
+#endif
+}
+void atan_32f(const Vek32f* s, Vek32f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::map_32f<vec::AtanFast>(s, d, n, [](float x) { return elem::atan_32f(x); });
+#else
+    map_float<Atan32>(s, d, n);
+#endif
+}
 
 // ---- double members --------------------------------------------------------------------------
 
@@ -148,7 +175,11 @@ void sqrt_64fc(const Vek64fc* s, Vek64fc* d, size_t n) {
 }
 
 void exp_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::exp_64f(s, d, n);
+#else
     for (size_t i = 0; i < n; ++i) d[i] = elem::exp_64f(s[i]);
+#endif
 }
 
 // ln(x) for a positive normal double: as log_parts, with r = z/c - 1 from an exact product.
@@ -169,6 +200,9 @@ inline double ln_fast_64(double x) {
 inline bool ln_normal_64(double x) { return (x >= 0x1p-1022) & (x <= 0x1.fffffffffffffp1023); }
 
 unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    return vec::ln_64f(s, d, n);
+#else
     unsigned warn = 0;
     for (size_t i0 = 0; i0 < n; i0 += block) {
         const size_t m = n - i0 < block ? n - i0 : block;
@@ -185,9 +219,13 @@ unsigned ln_64f(const Vek64f* s, Vek64f* d, size_t n) {
                 if (!ln_normal_64(x[j])) d[i0 + j] = elem::ln_64f(x[j], warn);
     }
     return warn;
+#endif
 }
 
 void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {
+#if VEK_ISA_LEVEL >= 2
+    vec::atan_64f(s, d, n);
+#else
     for (size_t i = 0; i < n; ++i) {
         const double x = s[i];
         const double a = std::fabs(x);
@@ -203,6 +241,7 @@ void atan_64f(const Vek64f* s, Vek64f* d, size_t n) {
         const double r = pick(big, q.hi + (q.lo + (pi_2_dd.lo - v.lo)), v.hi + v.lo);
         d[i] = std::copysign(r, x);
     }
+#endif
 }
 
 // ---- sums of logarithms ----------------------------------------------------------------------

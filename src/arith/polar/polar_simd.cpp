@@ -9,6 +9,7 @@
 #include "arith/elementary/fast.hpp"
 #include "arith/polar/polar.hpp"
 #include "simd/ns.hpp"
+#include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
@@ -240,13 +241,112 @@ void to_cart_block_64(const double* r, const double* theta, double* re, double* 
                 polar_64f(r[j], theta[j], re[j], im[j]);
 }
 
+// ---- whole registers (AVX2, AVX-512) -----------------------------------------------------------
+
+#if VEK_ISA_LEVEL >= 2
+using VD = simd::Wide<double>;
+using VF = simd::Vec<float, 2 * VD::lanes>; // two double registers' worth of floats
+using VH = simd::Vec<float, VD::lanes>;
+using R = VD::R;
+
+// |(a, b)| in double to within 2^-52 (relative) for a^2 + b^2 exact in double before one
+// rounding: the reciprocal square root estimate, one Newton step (2^-27), then z = s y corrected
+// by (s - z^2) y / 2.
+inline R hypot_fast(R a, R b) {
+    const R s = VD::mul_add(a, a, VD::mul(b, b));
+    R y = VD::rsqrt_estimate(s);
+    const R one = VD::splat(1.0);
+    for (int bits = VD::rsqrt_bits; bits < 26; bits *= 2) {
+        const R e = VD::mul_add(VD::sub(VD::zero(), VD::mul(s, y)), y, one); // 1 - s y^2
+        y = VD::mul_add(VD::mul(y, VD::splat(0.5)), e, y);
+    }
+    const R z = VD::mul(s, y);
+    const R r = VD::mul_add(VD::sub(VD::zero(), z), z, s);
+    return VD::mul_add(r, VD::mul(y, VD::splat(0.5)), z);
+}
+
+// Runs op over whole float registers of (re, im), interleaved (Stride 2) or split, and returns
+// how many elements it did; op(re, im, i) gets half a float register of each, widened.
+template <int Stride, class Op>
+size_t map_registers(const float* re, const float* im, size_t n, Op op) {
+    constexpr size_t L = VF::lanes;
+    size_t i = 0;
+    for (; i + L <= n; i += L) {
+        VF::R x, y;
+        if constexpr (Stride == 2) {
+            VF::deinterleave(VF::load(re + 2 * i), VF::load(re + 2 * i + L), x, y);
+        } else {
+            x = VF::load(re + i);
+            y = VF::load(im + i);
+        }
+        op(VD::from_float(VF::low(x)), VD::from_float(VF::low(y)), i);
+        op(VD::from_float(VF::high(x)), VD::from_float(VF::high(y)), i + VD::lanes);
+    }
+    return i;
+}
+
+// Correctly rounded magnitudes: lanes whose double result is near a float midpoint (the 29 bits
+// below the float significand within 128 units of 2^28), or not a normal float, or NaN, take
+// the exact scalar path.
+template <int Stride>
+size_t magnitude_registers(const float* re, const float* im, float* d, size_t n) {
+    const R low29 = VD::splat(std::bit_cast<double>(uint64_t{0x1fffffff}));
+    const R near_lo = VD::splat(std::bit_cast<double>(uint64_t{0x10000000 - 128}));
+    const R near_w = VD::splat(std::bit_cast<double>(uint64_t{256}));
+    return map_registers<Stride>(re, im, n, [&](R a, R b, size_t i) {
+        const R z = hypot_fast(a, b);
+        VH::store(d + i, VD::to_float(z));
+        const R dz = VD::sub_bits(VD::bit_and(z, low29), near_lo);
+        const R inside = VD::select(VD::ge(z, VD::splat(0x1p-126)), dz, VD::zero());
+        const auto bad =
+            VD::le(VD::select(VD::le(z, VD::splat(0x1.fffffep127)), inside, VD::zero()), near_w);
+        if (VD::any(bad)) { // from the registers: d may be one of the sources
+            double f[VD::lanes], av[VD::lanes], bv[VD::lanes];
+            VD::store(f, VD::select(bad, VD::splat(1.0), VD::zero()));
+            VD::store(av, a);
+            VD::store(bv, b);
+            for (size_t j = 0; j < VD::lanes; ++j)
+                if (f[j] != 0.0)
+                    d[i + j] = hypot_32f(static_cast<float>(av[j]), static_cast<float>(bv[j]));
+        }
+    });
+}
+
+// Power spectrum: the exact squares added in double, rounded once to double and once to float.
+template <int Stride>
+size_t power_registers(const float* re, const float* im, float* d, size_t n) {
+    return map_registers<Stride>(re, im, n, [&](R a, R b, size_t i) {
+        VH::store(d + i, VD::to_float(VD::mul_add(a, a, VD::mul(b, b))));
+    });
+}
+#else
+// No registers: the block loops do everything.
+template <int Stride>
+size_t magnitude_registers(const float*, const float*, float*, size_t) {
+    return 0;
+}
+template <int Stride>
+size_t power_registers(const float*, const float*, float*, size_t) {
+    return 0;
+}
+#endif
+
+// The register loops for the whole registers, then the block loops for the rest.
+template <int Stride, class Regs, class Block>
+void float_pairs(const float* re, const float* im, float* d, size_t n, Regs regs, Block rest) {
+    const size_t done = regs(re, im, d, n);
+    if (done < n)
+        drive<Stride, 1>(re + done * Stride, im + done * Stride, d + done,
+                         static_cast<float*>(nullptr), n - done, rest);
+}
+
 // ---- kernels ---------------------------------------------------------------------------------
 
 void magnitude_32fc(const Vek32fc* s, Vek32f* d, size_t n) {
-    drive<2, 1>(&s->re, &s->im, d, static_cast<float*>(nullptr), n, magnitude_block);
+    float_pairs<2>(&s->re, &s->im, d, n, magnitude_registers<2>, magnitude_block);
 }
 void magnitude_32f(const Vek32f* re, const Vek32f* im, Vek32f* d, size_t n) {
-    drive<1, 1>(re, im, d, static_cast<float*>(nullptr), n, magnitude_block);
+    float_pairs<1>(re, im, d, n, magnitude_registers<1>, magnitude_block);
 }
 void magnitude_64fc(const Vek64fc* s, Vek64f* d, size_t n) {
     drive<2, 1>(&s->re, &s->im, d, static_cast<double*>(nullptr), n, magnitude_block_64);
@@ -267,10 +367,10 @@ void phase_64f(const Vek64f* re, const Vek64f* im, Vek64f* d, size_t n) {
     drive<1, 1>(re, im, d, static_cast<double*>(nullptr), n, phase_block_64);
 }
 void power_32fc(const Vek32fc* s, Vek32f* d, size_t n) {
-    drive<2, 1>(&s->re, &s->im, d, static_cast<float*>(nullptr), n, power_block);
+    float_pairs<2>(&s->re, &s->im, d, n, power_registers<2>, power_block);
 }
 void power_32f(const Vek32f* re, const Vek32f* im, Vek32f* d, size_t n) {
-    drive<1, 1>(re, im, d, static_cast<float*>(nullptr), n, power_block);
+    float_pairs<1>(re, im, d, n, power_registers<1>, power_block);
 }
 void power_64fc(const Vek64fc* s, Vek64f* d, size_t n) {
     drive<2, 1>(&s->re, &s->im, d, static_cast<double*>(nullptr), n, power_block_64);
