@@ -130,8 +130,11 @@ VEK_EXPORT VekStatus veksMin_64f(const Vek64f* pSrc, int len, Vek64f* pMin) {
 
 VEK_EXPORT VekStatus veksMaxIndx_16s(const Vek16s* pSrc, int len, Vek16s* pMax, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMax));
-    if (!pIndx) return veksMax_16s(pSrc, len, pMax);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMax = kern::reduce_kernels().extreme_16s(pSrc, len, true);
+        return vekStsOk;
+    }
     const ptrdiff_t at = kern::reduce_kernels().first_extreme_16s(pSrc, len, true);
     *pMax = pSrc[at];
     *pIndx = static_cast<int>(at);
@@ -140,8 +143,11 @@ VEK_EXPORT VekStatus veksMaxIndx_16s(const Vek16s* pSrc, int len, Vek16s* pMax, 
 
 VEK_EXPORT VekStatus veksMinIndx_16s(const Vek16s* pSrc, int len, Vek16s* pMin, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMin));
-    if (!pIndx) return veksMin_16s(pSrc, len, pMin);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMin = kern::reduce_kernels().extreme_16s(pSrc, len, false);
+        return vekStsOk;
+    }
     const ptrdiff_t at = kern::reduce_kernels().first_extreme_16s(pSrc, len, false);
     *pMin = pSrc[at];
     *pIndx = static_cast<int>(at);
@@ -150,8 +156,11 @@ VEK_EXPORT VekStatus veksMinIndx_16s(const Vek16s* pSrc, int len, Vek16s* pMin, 
 
 VEK_EXPORT VekStatus veksMaxIndx_32f(const Vek32f* pSrc, int len, Vek32f* pMax, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMax));
-    if (!pIndx) return veksMax_32f(pSrc, len, pMax);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMax = plain_extreme(pSrc, len, kern::reduce_kernels().first_max_32f);
+        return vekStsOk;
+    }
     const ptrdiff_t at = max_position(pSrc, len, kern::reduce_kernels().first_max_32f);
     *pMax = pSrc[at];
     *pIndx = static_cast<int>(at);
@@ -160,8 +169,11 @@ VEK_EXPORT VekStatus veksMaxIndx_32f(const Vek32f* pSrc, int len, Vek32f* pMax, 
 
 VEK_EXPORT VekStatus veksMinIndx_32f(const Vek32f* pSrc, int len, Vek32f* pMin, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMin));
-    if (!pIndx) return veksMin_32f(pSrc, len, pMin);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMin = plain_extreme(pSrc, len, kern::reduce_kernels().first_min_32f);
+        return vekStsOk;
+    }
     const ptrdiff_t at = min_position(pSrc, len, kern::reduce_kernels().first_min_32f);
     *pMin = pSrc[at];
     *pIndx = static_cast<int>(at);
@@ -170,8 +182,11 @@ VEK_EXPORT VekStatus veksMinIndx_32f(const Vek32f* pSrc, int len, Vek32f* pMin, 
 
 VEK_EXPORT VekStatus veksMaxIndx_64f(const Vek64f* pSrc, int len, Vek64f* pMax, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMax));
-    if (!pIndx) return veksMax_64f(pSrc, len, pMax);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMax = plain_extreme(pSrc, len, kern::reduce_kernels().first_max_64f);
+        return vekStsOk;
+    }
     const ptrdiff_t at = max_position(pSrc, len, kern::reduce_kernels().first_max_64f);
     *pMax = pSrc[at];
     *pIndx = static_cast<int>(at);
@@ -180,8 +195,11 @@ VEK_EXPORT VekStatus veksMaxIndx_64f(const Vek64f* pSrc, int len, Vek64f* pMax, 
 
 VEK_EXPORT VekStatus veksMinIndx_64f(const Vek64f* pSrc, int len, Vek64f* pMin, int* pIndx) {
     VEK_CHECK(non_null(pSrc, pMin));
-    if (!pIndx) return veksMin_64f(pSrc, len, pMin);
     VEK_CHECK(length_at_least(len));
+    if (!pIndx) {
+        *pMin = plain_extreme(pSrc, len, kern::reduce_kernels().first_min_64f);
+        return vekStsOk;
+    }
     const ptrdiff_t at = min_position(pSrc, len, kern::reduce_kernels().first_min_64f);
     *pMin = pSrc[at];
     *pIndx = static_cast<int>(at);
