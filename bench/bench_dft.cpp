@@ -26,50 +26,50 @@ const int64_t kGoertzLengths[] = {205, 4096};
 
 void c32_veks(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
-    VeksDFTSpec_C_32fc* spec = nullptr;
-    veksDFTInitAlloc_C_32fc(&spec, n, VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksDFTSpec_C_32fc* plan = nullptr;
+    veksDFTInitAlloc_C_32fc(&plan, n, VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksDFTGetBufSize_C_32fc(spec, &size);
+    veksDFTGetBufSize_C_32fc(plan, &size);
     vb::Aligned<Vek32fc> a(n), b(n);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     for (auto _ : state) {
-        veksDFTFwd_CToC_32fc(a.data(), b.data(), spec, buf.data());
+        veksDFTFwd_CToC_32fc(a.data(), b.data(), plan, buf.data());
         benchmark::ClobberMemory();
     }
     vb::account(state, n, 2 * sizeof(Vek32fc));
-    veksDFTFree_C_32fc(spec);
+    veksDFTFree_C_32fc(plan);
 }
 
 void r32_veks(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
-    VeksDFTSpec_R_32f* spec = nullptr;
-    veksDFTInitAlloc_R_32f(&spec, n, VEK_FFT_NO_DIV, vekAlgHintNone);
+    VeksDFTSpec_R_32f* plan = nullptr;
+    veksDFTInitAlloc_R_32f(&plan, n, VEK_FFT_NO_DIV, vekAlgHintNone);
     int size = 0;
-    veksDFTGetBufSize_R_32f(spec, &size);
+    veksDFTGetBufSize_R_32f(plan, &size);
     vb::Aligned<float> a(n + 2), b(n + 2);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     for (auto _ : state) {
-        veksDFTFwd_RToCCS_32f(a.data(), b.data(), spec, buf.data());
+        veksDFTFwd_RToCCS_32f(a.data(), b.data(), plan, buf.data());
         benchmark::ClobberMemory();
     }
     vb::account(state, n, 2 * sizeof(float));
-    veksDFTFree_R_32f(spec);
+    veksDFTFree_R_32f(plan);
 }
 
 void dct_veks(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
-    VeksDCTFwdSpec_32f* spec = nullptr;
-    veksDCTFwdInitAlloc_32f(&spec, n, vekAlgHintNone);
+    VeksDCTFwdSpec_32f* plan = nullptr;
+    veksDCTFwdInitAlloc_32f(&plan, n, vekAlgHintNone);
     int size = 0;
-    veksDCTFwdGetBufSize_32f(spec, &size);
+    veksDCTFwdGetBufSize_32f(plan, &size);
     vb::Aligned<float> a(n), b(n);
     vb::Aligned<Vek8u> buf(size_t(size) + 1);
     for (auto _ : state) {
-        veksDCTFwd_32f(a.data(), b.data(), spec, buf.data());
+        veksDCTFwd_32f(a.data(), b.data(), plan, buf.data());
         benchmark::ClobberMemory();
     }
     vb::account(state, n, 2 * sizeof(float));
-    veksDCTFwdFree_32f(spec);
+    veksDCTFwdFree_32f(plan);
 }
 
 #ifdef VEKS_HAVE_FFTW

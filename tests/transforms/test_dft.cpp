@@ -116,12 +116,12 @@ void complex_matches_reference(bool all_levels_below_1000) {
     vt::Rng rng(21);
     for (int n : lengths()) {
         SCOPED_TRACE("N = " + std::to_string(n));
-        typename A::SpecC* spec = nullptr;
+        typename A::SpecC* plan = nullptr;
         typename A::SpecS* split = nullptr;
-        ASSERT_EQ(A::initC(&spec, n, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        ASSERT_EQ(A::initC(&plan, n, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         ASSERT_EQ(A::initS(&split, n, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         int size = -1;
-        ASSERT_EQ(A::bufC(spec, &size), vekStsOk);
+        ASSERT_EQ(A::bufC(plan, &size), vekStsOk);
         WorkBuf wb{std::vector<Vek8u>(static_cast<size_t>(size) + 3)};
         const auto x = random_data<T>(rng, 2 * static_cast<size_t>(n));
         for (bool inverse : {false, true}) {
@@ -134,7 +134,7 @@ void complex_matches_reference(bool all_levels_below_1000) {
                     if (mode < 2) {
                         auto* s = reinterpret_cast<typename A::C*>(src.data());
                         auto* d = mode == 1 ? s : reinterpret_cast<typename A::C*>(dst.data());
-                        ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, spec, wb.get(mode == 0)),
+                        ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, plan, wb.get(mode == 0)),
                                   vekStsOk);
                         got = mode == 1 ? src.vec() : dst.vec();
                     } else {
@@ -161,7 +161,7 @@ void complex_matches_reference(bool all_levels_below_1000) {
             else
                 body(0);
         }
-        ASSERT_EQ(A::freeC(spec), vekStsOk);
+        ASSERT_EQ(A::freeC(plan), vekStsOk);
         ASSERT_EQ(A::freeS(split), vekStsOk);
     }
 }
@@ -177,8 +177,8 @@ void real_matches_reference() {
     vt::Rng rng(5);
     for (int n : lengths()) {
         SCOPED_TRACE("N = " + std::to_string(n));
-        typename A::SpecR* spec = nullptr;
-        ASSERT_EQ(A::initR(&spec, n, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        typename A::SpecR* plan = nullptr;
+        ASSERT_EQ(A::initR(&plan, n, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
         const auto x = random_data<T>(rng, static_cast<size_t>(n));
         std::vector<cld> xc(static_cast<size_t>(n));
         for (int i = 0; i < n; ++i) xc[i] = x[i];
@@ -196,7 +196,7 @@ void real_matches_reference() {
                     vt::Buf<T> buf(len, sizeof(T)), dst(len, sizeof(T) * 3);
                     for (int i = 0; i < n; ++i) buf[i] = x[i];
                     T* d = in_place ? buf.data() : dst.data();
-                    ASSERT_EQ(A::fwdR[layout](buf.data(), d, spec, nullptr), vekStsOk);
+                    ASSERT_EQ(A::fwdR[layout](buf.data(), d, plan, nullptr), vekStsOk);
                     std::vector<cld> got(static_cast<size_t>(n));
                     got[0] = cld(d[0], 0);
                     for (int k = 1; k <= h; ++k)
@@ -211,7 +211,7 @@ void real_matches_reference() {
                     // Back: N times the signal (flag 8).
                     vt::Buf<T> back(len, sizeof(T) * 2);
                     T* b = in_place ? d : back.data();
-                    ASSERT_EQ(A::invR[layout](d, b, spec, nullptr), vekStsOk);
+                    ASSERT_EQ(A::invR[layout](d, b, plan, nullptr), vekStsOk);
                     std::vector<cld> gx(static_cast<size_t>(n)), wx(static_cast<size_t>(n));
                     for (int i = 0; i < n; ++i)
                         gx[i] = b[i], wx[i] = static_cast<long double>(n) * x[i];
@@ -224,7 +224,7 @@ void real_matches_reference() {
             vt::for_each_level(body);
         else
             body(0);
-        ASSERT_EQ(A::freeR(spec), vekStsOk);
+        ASSERT_EQ(A::freeR(plan), vekStsOk);
     }
 }
 
@@ -241,14 +241,14 @@ void round_trips() {
         const auto x = random_data<T>(rng, 2 * static_cast<size_t>(n));
         for (int flag :
              {VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N, VEK_FFT_NO_DIV}) {
-            typename A::SpecC* spec = nullptr;
-            ASSERT_EQ(A::initC(&spec, n, flag, vekAlgHintNone), vekStsOk);
+            typename A::SpecC* plan = nullptr;
+            ASSERT_EQ(A::initC(&plan, n, flag, vekAlgHintNone), vekStsOk);
             std::vector<T> y(x.size()), z(x.size());
             auto* xc = reinterpret_cast<const typename A::C*>(x.data());
-            ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y.data()), spec, nullptr),
+            ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y.data()), plan, nullptr),
                       vekStsOk);
             ASSERT_EQ(A::invC(reinterpret_cast<typename A::C*>(y.data()),
-                              reinterpret_cast<typename A::C*>(z.data()), spec, nullptr),
+                              reinterpret_cast<typename A::C*>(z.data()), plan, nullptr),
                       vekStsOk);
             const long double f = flag == VEK_FFT_NO_DIV ? n : 1;
             std::vector<cld> want = as_complex(x.data(), static_cast<size_t>(n));
@@ -262,7 +262,7 @@ void round_trips() {
                 mean /= static_cast<long double>(n);
                 EXPECT_NEAR(double(y[0]), double(mean.real()), 4 * bound<T>(n));
             }
-            ASSERT_EQ(A::freeC(spec), vekStsOk);
+            ASSERT_EQ(A::freeC(plan), vekStsOk);
         }
     }
 }
@@ -277,16 +277,16 @@ void powers_of_two_are_the_fft() {
     vt::Rng rng(3);
     for (int order : {3, 4, 10, 12}) {
         const int n = 1 << order;
-        typename A::SpecC* spec = nullptr;
-        ASSERT_EQ(A::initC(&spec, n, VEK_FFT_DIV_BY_SQRT_N, vekAlgHintFast), vekStsOk);
+        typename A::SpecC* plan = nullptr;
+        ASSERT_EQ(A::initC(&plan, n, VEK_FFT_DIV_BY_SQRT_N, vekAlgHintFast), vekStsOk);
         int a = -1, b = -2;
-        ASSERT_EQ(A::bufC(spec, &a), vekStsOk);
+        ASSERT_EQ(A::bufC(plan, &a), vekStsOk);
         const auto x = random_data<T>(rng, 2 * static_cast<size_t>(n));
         std::vector<T> y1(x.size()), y2(x.size());
         auto* xc = reinterpret_cast<const typename A::C*>(x.data());
-        ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y1.data()), spec, nullptr),
+        ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y1.data()), plan, nullptr),
                   vekStsOk);
-        ASSERT_EQ(A::freeC(spec), vekStsOk);
+        ASSERT_EQ(A::freeC(plan), vekStsOk);
         auto run_fft = [&](auto* f) {
             ASSERT_EQ(A::fftInit(&f, order, VEK_FFT_DIV_BY_SQRT_N, vekAlgHintFast), vekStsOk);
             ASSERT_EQ(A::fftBuf(f, &b), vekStsOk);

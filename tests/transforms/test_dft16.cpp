@@ -29,14 +29,14 @@ TEST(Dft16, ComplexEqualsFloatPipeline) {
     for (int n : kLengths)
         for (int flag : kFlags) {
             SCOPED_TRACE("N = " + std::to_string(n) + " flag " + std::to_string(flag));
-            VeksDFTSpec_C_16sc* spec = nullptr;
+            VeksDFTSpec_C_16sc* plan = nullptr;
             VeksDFTSpec_C_16s* split = nullptr;
             VeksDFTSpec_C_32fc* ref = nullptr;
-            ASSERT_EQ(veksDFTInitAlloc_C_16sc(&spec, n, flag, vekAlgHintNone), vekStsOk);
+            ASSERT_EQ(veksDFTInitAlloc_C_16sc(&plan, n, flag, vekAlgHintNone), vekStsOk);
             ASSERT_EQ(veksDFTInitAlloc_C_16s(&split, n, flag, vekAlgHintAccurate), vekStsOk);
             ASSERT_EQ(veksDFTInitAlloc_C_32fc(&ref, n, flag, vekAlgHintFast), vekStsOk);
             int size = -1, size2 = -1;
-            ASSERT_EQ(veksDFTGetBufSize_C_16sc(spec, &size), vekStsOk);
+            ASSERT_EQ(veksDFTGetBufSize_C_16sc(plan, &size), vekStsOk);
             ASSERT_EQ(veksDFTGetBufSize_C_16s(split, &size2), vekStsOk);
             const int want = expected_size<VeksDFTSpec_C_32fc>(
                 n, flag, veksDFTInitAlloc_C_32fc, veksDFTGetBufSize_C_32fc, veksDFTFree_C_32fc);
@@ -64,7 +64,7 @@ TEST(Dft16, ComplexEqualsFloatPipeline) {
                     std::fesetround(FE_TOWARDZERO);
                     const VekStatus st =
                         (inverse ? veksDFTInv_CToC_16sc_Sfs : veksDFTFwd_CToC_16sc_Sfs)(
-                            g, g, spec, sf, size ? work.data() + 1 : nullptr);
+                            g, g, plan, sf, size ? work.data() + 1 : nullptr);
                     std::fesetround(mode);
                     ASSERT_EQ(st, vekStsOk);
                     EXPECT_TRUE(vt::bits_equal(got, want16))
@@ -81,7 +81,7 @@ TEST(Dft16, ComplexEqualsFloatPipeline) {
                         EXPECT_EQ(oim[i], want16[2 * i + 1]);
                     }
                 }
-            veksDFTFree_C_16sc(spec);
+            veksDFTFree_C_16sc(plan);
             veksDFTFree_C_16s(split);
             veksDFTFree_C_32fc(ref);
         }
@@ -100,12 +100,12 @@ TEST(Dft16, RealEqualsFloatPipeline) {
     for (int n : kLengths) {
         const int flag = kFlags[n % 4];
         SCOPED_TRACE("N = " + std::to_string(n));
-        VeksDFTSpec_R_16s* spec = nullptr;
+        VeksDFTSpec_R_16s* plan = nullptr;
         VeksDFTSpec_R_32f* ref = nullptr;
-        ASSERT_EQ(veksDFTInitAlloc_R_16s(&spec, n, flag, vekAlgHintAccurate), vekStsOk);
+        ASSERT_EQ(veksDFTInitAlloc_R_16s(&plan, n, flag, vekAlgHintAccurate), vekStsOk);
         ASSERT_EQ(veksDFTInitAlloc_R_32f(&ref, n, flag, vekAlgHintFast), vekStsOk);
         int size = -1;
-        ASSERT_EQ(veksDFTGetBufSize_R_16s(spec, &size), vekStsOk);
+        ASSERT_EQ(veksDFTGetBufSize_R_16s(plan, &size), vekStsOk);
         EXPECT_EQ(size,
                   expected_size<VeksDFTSpec_R_32f>(n, flag, veksDFTInitAlloc_R_32f,
                                                    veksDFTGetBufSize_R_32f, veksDFTFree_R_32f));
@@ -126,32 +126,32 @@ TEST(Dft16, RealEqualsFloatPipeline) {
                           vekStsOk);
                 veksConvert_32f16s_Sfs(f.data(), want.data(), len_out, 1, 1);
                 std::vector<Vek16s> got(static_cast<size_t>(ccs), 0);
-                ASSERT_EQ((inverse ? inv16 : fwd16)[layout](x.data(), got.data(), spec, 1, nullptr),
+                ASSERT_EQ((inverse ? inv16 : fwd16)[layout](x.data(), got.data(), plan, 1, nullptr),
                           vekStsOk);
                 got.resize(static_cast<size_t>(len_out));
                 EXPECT_TRUE(vt::bits_equal(got, want)) << "layout " << layout << " inv " << inverse;
             }
-        veksDFTFree_R_16s(spec);
+        veksDFTFree_R_16s(plan);
         veksDFTFree_R_32f(ref);
     }
 }
 
 // N = 1: the value times 2^-scaleFactor, rounded half to even and saturated; no buffer.
 TEST(Dft16, SinglePointIsOnlyRescaled) {
-    VeksDFTSpec_C_16sc* spec = nullptr;
-    ASSERT_EQ(veksDFTInitAlloc_C_16sc(&spec, 1, VEK_FFT_DIV_FWD_BY_N, vekAlgHintNone), vekStsOk);
+    VeksDFTSpec_C_16sc* plan = nullptr;
+    ASSERT_EQ(veksDFTInitAlloc_C_16sc(&plan, 1, VEK_FFT_DIV_FWD_BY_N, vekAlgHintNone), vekStsOk);
     int size = -1;
-    veksDFTGetBufSize_C_16sc(spec, &size);
+    veksDFTGetBufSize_C_16sc(plan, &size);
     EXPECT_EQ(size, 0);
     const Vek16sc x[3] = {{5, -7}, {3, -3}, {30000, -30000}};
     const int sf[3] = {1, 1, -1};
     const Vek16sc want[3] = {{2, -4}, {2, -2}, {32767, -32768}};
     for (int i = 0; i < 3; ++i) {
         Vek16sc y{};
-        ASSERT_EQ(veksDFTFwd_CToC_16sc_Sfs(&x[i], &y, spec, sf[i], nullptr), vekStsOk);
+        ASSERT_EQ(veksDFTFwd_CToC_16sc_Sfs(&x[i], &y, plan, sf[i], nullptr), vekStsOk);
         EXPECT_TRUE(vt::starts_with(&y, {want[i]})) << i;
     }
-    veksDFTFree_C_16sc(spec);
+    veksDFTFree_C_16sc(plan);
 }
 
 } // namespace

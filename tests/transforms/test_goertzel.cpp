@@ -75,10 +75,10 @@ TEST(Goertzel, EqualsDftBin) {
     for (int len : {5, 12, 64, 100, 205, 1000}) {
         std::vector<Vek64fc> x(static_cast<size_t>(len)), X(static_cast<size_t>(len));
         for (auto& v : x) v = {rng.uniform(-1, 1), rng.uniform(-1, 1)};
-        VeksDFTSpec_C_64fc* spec = nullptr;
-        ASSERT_EQ(veksDFTInitAlloc_C_64fc(&spec, len, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
-        ASSERT_EQ(veksDFTFwd_CToC_64fc(x.data(), X.data(), spec, nullptr), vekStsOk);
-        veksDFTFree_C_64fc(spec);
+        VeksDFTSpec_C_64fc* plan = nullptr;
+        ASSERT_EQ(veksDFTInitAlloc_C_64fc(&plan, len, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        ASSERT_EQ(veksDFTFwd_CToC_64fc(x.data(), X.data(), plan, nullptr), vekStsOk);
+        veksDFTFree_C_64fc(plan);
         for (int k : {0, 1, len / 2, len - 1}) {
             Vek64fc g{};
             ASSERT_EQ(veksGoertz_64fc(x.data(), len, &g, static_cast<double>(k) / len), vekStsOk);

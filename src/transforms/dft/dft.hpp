@@ -109,7 +109,7 @@ struct DftKernels {
     // Bluestein steps. chirp_in: buf[j] = x[j] c[j] for j < n (complex x, or real x when
     // `real`; conjugated x when `conj`), zeros from n to m. chirp_out: y[k] = buf[k] c[k] times
     // `scale` (when scaled) for k < n, written to y[k] or, when `reverse`, to y[(n - k) mod n].
-    // mul: buf[j] *= spec[j] for j < m.
+    // mul: buf[j] *= chirp_ft[j] for j < m.
     void (*chirp_in_32f)(const float* x, float* buf, const float* c, size_t n, size_t m, bool real,
                          bool conj);
     void (*chirp_in_64f)(const double* x, double* buf, const double* c, size_t n, size_t m,
@@ -118,8 +118,8 @@ struct DftKernels {
                           bool scaled, float scale);
     void (*chirp_out_64f)(const double* buf, double* y, const double* c, size_t n, bool reverse,
                           bool scaled, double scale);
-    void (*cmul_32f)(float* buf, const float* spec, size_t m);
-    void (*cmul_64f)(double* buf, const double* spec, size_t m);
+    void (*cmul_32f)(float* buf, const float* chirp_ft, size_t m);
+    void (*cmul_64f)(double* buf, const double* chirp_ft, size_t m);
 };
 
 } // namespace veks::kern

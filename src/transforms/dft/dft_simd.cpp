@@ -675,14 +675,15 @@ void chirp_out(const T* buf, T* y, const T* c, size_t n, bool reverse, bool scal
 }
 
 template <class T>
-void cmul(T* buf, const T* spec, size_t m) {
+void cmul(T* buf, const T* chirp_ft, size_t m) {
     using V = Widest<T>;
     constexpr size_t C = cw<V>;
     size_t j = 0;
     for (; j + C <= m; j += C)
-        V::store(buf + 2 * j, cmulv<V>(V::load(buf + 2 * j), V::load(spec + 2 * j)));
+        V::store(buf + 2 * j, cmulv<V>(V::load(buf + 2 * j), V::load(chirp_ft + 2 * j)));
     for (; j < m; ++j) {
-        const T br = buf[2 * j], bi = buf[2 * j + 1], sr = spec[2 * j], si = spec[2 * j + 1];
+        const T br = buf[2 * j], bi = buf[2 * j + 1], sr = chirp_ft[2 * j],
+                si = chirp_ft[2 * j + 1];
         buf[2 * j] = br * sr - bi * si;
         buf[2 * j + 1] = br * si + bi * sr;
     }

@@ -327,7 +327,7 @@ VekStatus build_bluestein(obj::Builder<Plan<T>>& b) {
     VEK_CHECK(b.adopt(f));
     b->fft = f;
     VEK_CHECK(table(b, b->chirp, 2 * cn));
-    VEK_CHECK(table(b, b->spec, 2 * m));
+    VEK_CHECK(table(b, b->chirp_ft, 2 * m));
     mem::Scratch<double> kern(2 * m);
     VEK_CHECK(require(static_cast<bool>(kern), vekStsMemAllocErr));
     double* kv = kern.get();
@@ -356,7 +356,7 @@ VekStatus build_bluestein(obj::Builder<Plan<T>>& b) {
                  nullptr);
     if constexpr (!std::is_same_v<T, double>) obj::release(obj::head_of(dp));
     const double inv_m = 1.0 / static_cast<double>(m);
-    for (int64_t j = 0; j < 2 * m; ++j) b->spec[j] = static_cast<T>(kv[j] * inv_m);
+    for (int64_t j = 0; j < 2 * m; ++j) b->chirp_ft[j] = static_cast<T>(kv[j] * inv_m);
     return vekStsOk;
 }
 
@@ -555,7 +555,7 @@ void bluestein(const Plan<T>& p, const T* x, T* y, T* buf, bool real_in, MixCall
     auto* z = reinterpret_cast<Cplx<T>*>(buf);
     E::chirp_in(x, buf, p.chirp, cn, m, real_in, false);
     fft::forward(*p.fft, z, z, nullptr);
-    E::cmul(buf, p.spec, m);
+    E::cmul(buf, p.chirp_ft, m);
     fft::inverse(*p.fft, z, z, nullptr);
     E::chirp_out(buf, y, p.chirp, cn, call.inverse, call.scaled, call.scale);
 }
@@ -566,7 +566,7 @@ template <class T>
 void bluestein_core(const Plan<T>& p, T* buf) {
     auto* z = reinterpret_cast<Cplx<T>*>(buf);
     fft::forward(*p.fft, z, z, nullptr);
-    Eng<T>::cmul(buf, p.spec, size_t{1} << p.fft->order);
+    Eng<T>::cmul(buf, p.chirp_ft, size_t{1} << p.fft->order);
     fft::inverse(*p.fft, z, z, nullptr);
 }
 

@@ -70,7 +70,7 @@ struct Plan {
     double* trig;      // direct: cosines and sines (see dft.hpp)
     int64_t trig_stride;
     T* chirp;          // Bluestein: cn chirp values
-    T* spec;           // Bluestein: FFT of the chirp kernel times 1/M
+    T* chirp_ft;       // Bluestein: FFT of the chirp kernel times 1/M
     fft::Plan<T>* fft; // owned: the power-of-two plan, or Bluestein's M-point plan
 };
 
