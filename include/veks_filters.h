@@ -515,7 +515,7 @@ VEK_API VekStatus veksFIROne32sc_Direct_16sc_ISfs(Vek16sc* pSrcDstVal, const Vek
  *  iteration reads downFactor inputs and writes upFactor outputs; numIters counts iterations.
  *  Output k sums h[p + j*upFactor] * x[m - j] over the taps of its phase p, j ascending (newest
  *  sample first), from 0.0 in double precision, and rounds once as the single-rate filters do
- *  (@ref fir_rules, @ref fir_int_rules: integer taps sum exactly modulo 2^32). The state and
+ *  (@ref fir_rules; integer taps, @ref fir_int_rules, sum exactly modulo 2^32). The state and
  *  direct forms give the same values on every processor; phases without taps (tapsLen <
  *  upFactor) give 0.
  *  The delay line holds dlyLen = (tapsLen + upFactor - 1) / upFactor input samples, newest first
