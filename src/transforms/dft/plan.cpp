@@ -838,6 +838,6 @@ VEK_DFT_INSTANTIATE(double)
 
 } // namespace veks::dft
 
-#if defined(__GNUC__) \&\& !defined(__clang__)
+#if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic pop
 #endif
