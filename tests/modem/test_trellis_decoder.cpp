@@ -3,6 +3,7 @@
 // without noise, and with Gaussian noise the coded 24-point constellation beats uncoded 16-QAM at
 // the same information rate (4 bits per 2D point) and the same energy per bit by the code's gain.
 #include <cstdio>
+#include <numbers>
 
 #include "trellis_code.hpp"
 
@@ -20,7 +21,7 @@ std::vector<int> random_bits(vt::Rng& rng, size_t n) {
 void add_noise(std::vector<Vek32fc>& x, double sigma2, vt::Rng& rng) {
     const double s = std::sqrt(sigma2);
     for (auto& p : x) {
-        const double u = rng.uniform(1e-300, 1.0), v = rng.uniform(0.0, 2 * M_PI);
+        const double u = rng.uniform(1e-300, 1.0), v = rng.uniform(0.0, 2 * std::numbers::pi);
         const double r = s * std::sqrt(-2 * std::log(u));
         p.re = float(p.re + r * std::cos(v));
         p.im = float(p.im + r * std::sin(v));
