@@ -37,9 +37,10 @@ inline bool have_wide_long_double() { return LDBL_MANT_DIG >= 64; }
 inline bool have_accurate_long_double_trig() {
 #ifdef _WIN32
     return false; // MinGW's runtime: right at 1e22 but not at every large angle
-#endif
+#else
     const long double s = std::sin(1e22L);
     return have_wide_long_double() && std::fabs(s + 0.85220084976718880177L) < 1e-17L;
+#endif
 }
 
 } // namespace er
