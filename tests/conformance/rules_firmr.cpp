@@ -80,7 +80,9 @@ void rate_checks(conf::Contract& c) {
 }
 
 int64_t dly_len(const conf::Call& k) {
-    return (k.i("tapsLen") + k.i("upFactor") - 1) / k.i("upFactor");
+    // also asked of calls with a bad factor
+    const int64_t up = std::max<int64_t>(k.i("upFactor"), 1);
+    return (k.i("tapsLen") + up - 1) / up;
 }
 
 const conf::Rules firmr([] {
