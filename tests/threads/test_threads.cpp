@@ -235,4 +235,64 @@ TEST(Threads, DistinctFilterStatesRunConcurrently) {
     }
 }
 
+// Convolutions and correlations keep their transform plans between calls in one store shared by
+// every thread: four threads running more lengths (and precisions, shapes) than the store holds,
+// each in its own order, so that plans are shared, dropped and made anew while others use them,
+// get the single-threaded results.
+TEST(Threads, ConvolutionsShareTheirPlanStore) {
+    vt::Rng rng(4);
+    const auto x = rng.vec<float>(110000);
+    const auto xd = rng.vec<double>(3000);
+    std::vector<Vek32fc> xc(2000);
+    for (Vek32fc& v : xc)
+        v = {static_cast<float>(rng.uniform(-1, 1)), static_cast<float>(rng.uniform(-1, 1))};
+    std::vector<Vek16s> xi(6000);
+    for (Vek16s& v : xi) v = static_cast<Vek16s>(rng.range(-100, 100));
+    // Each case writes its output bytes; Conv_32f lengths give transforms of 2^8 .. 2^17 points.
+    const std::vector<std::pair<int, int>> conv_sizes = {{100, 60},     {300, 200},    {600, 300},
+                                                         {1200, 800},   {2500, 1500},  {5000, 3000},
+                                                         {10000, 6000}, {70000, 40000}};
+    std::vector<std::function<std::vector<unsigned char>()>> cases;
+    auto bytes_of = [](const auto& v) {
+        const auto* p = reinterpret_cast<const unsigned char*>(v.data());
+        return std::vector<unsigned char>(p, p + v.size() * sizeof(v[0]));
+    };
+    for (auto [l1, l2] : conv_sizes)
+        cases.push_back([&, l1, l2] {
+            std::vector<float> d(static_cast<size_t>(l1 + l2 - 1));
+            EXPECT_EQ(veksConv_32f(x.data(), l1, x.data() + l1, l2, d.data()), vekStsOk);
+            return bytes_of(d);
+        });
+    cases.push_back([&] {
+        std::vector<double> d(700);
+        EXPECT_EQ(veksAutoCorr_64f(xd.data(), 3000, d.data(), 700), vekStsOk);
+        return bytes_of(d);
+    });
+    cases.push_back([&] {
+        std::vector<Vek32fc> d(1000);
+        EXPECT_EQ(veksCrossCorr_32fc(xc.data(), 2000, xc.data(), 2000, d.data(), 1000, -500),
+                  vekStsOk);
+        return bytes_of(d);
+    });
+    cases.push_back([&] {
+        std::vector<Vek16s> d(9999);
+        EXPECT_EQ(veksConv_16s_Sfs(xi.data(), 6000, xi.data(), 4000, d.data(), 4), vekStsOk);
+        return bytes_of(d);
+    });
+    std::vector<std::vector<unsigned char>> want;
+    for (auto& c : cases) want.push_back(c());
+    std::vector<int> mismatches(kThreads, 0);
+    std::vector<std::thread> pool;
+    for (int k = 0; k < kThreads; ++k)
+        pool.emplace_back([&, k] {
+            const size_t n = cases.size();
+            for (size_t r = 0; r < 2 * n; ++r) {
+                const size_t i = ((k % 2 ? n - 1 - r % n : r % n) + size_t(k)) % n;
+                if (cases[i]() != want[i]) ++mismatches[k];
+            }
+        });
+    for (std::thread& th : pool) th.join();
+    for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
+}
+
 } // namespace

@@ -1,8 +1,8 @@
 // The FFT methods of convolution and correlation, on the library's transform plans
 // (transforms/fft/plan.hpp: real plans to and from the Pack layout, inverse divided by N,
-// complex plans for complex data) and its packed multiply. Every plan and buffer lives for the
-// call and is released on every path; a plan or buffer that cannot be had gives
-// vekStsMemAllocErr.
+// complex plans for complex data) and its packed multiply. Plans are borrowed from the family's
+// plan store (conv_plans.hpp) and handed back on every path; buffers live for the call and are
+// released on every path; a plan or buffer that cannot be had gives vekStsMemAllocErr.
 //
 // Correlation r(n0 + t), t < m: with x = a[i0 .. i1) (the indices that meet some lag) and
 // y[v] = b[i0 + n0 + v] (zero outside b), r(n0 + t) = sum over u of x[u] * y[u + t]. x is cut
@@ -24,6 +24,7 @@
 
 #include "core/alloc.hpp"
 #include "core/frame.hpp"
+#include "filters/conv/conv_plans.hpp"
 #include "transforms/fft/plan.hpp"
 #include "transforms/work.hpp"
 #include "veks_types.h"
@@ -41,9 +42,9 @@ inline int order_of(int64_t n) {
 
 // The transform length for a correlation of `len` values of x against m lags, or a convolution
 // of a long vector of `len` values with a short one of m: one block when that is not much
-// longer than about per*m points, else blocks of about per*m points. The transform tables are
-// made for every call and cost about as much as a few transforms of their length, so shorter
-// transforms pay even where they take more of them: correlations use per = 2, convolutions 4.
+// longer than about per*m points, else blocks of about per*m points (correlations use per = 2,
+// convolutions 4): shorter transforms do less work per output when one operand is much longer,
+// and their plans are the small ones that the plan store keeps.
 inline int64_t fft_length(int64_t len, int64_t m, int64_t per = 4) {
     const int64_t whole = int64_t{1} << order_of(len + m - 1);
     int64_t block = int64_t{1} << order_of(per * m);
@@ -58,11 +59,9 @@ class FftSetup {
   public:
     using E = std::conditional_t<Cplx, fft::Cplx<C>, C>;
     explicit FftSetup(int64_t n)
-        : n_(n), plan_(make_plan(n)), work_(nullptr, plan_ ? fft::work_size(*plan_) : 0),
-          blocks_(plan_ ? 4 * n : 0) {}
-    ~FftSetup() {
-        if (plan_ != nullptr) obj::release(&plan_->head);
-    }
+        : n_(n), plan_(borrow_plan<C>(Cplx, order_of(n))),
+          work_(nullptr, plan_ ? fft::work_size(*plan_) : 0), blocks_(plan_ ? 4 * n : 0) {}
+    ~FftSetup() { give_back(plan_); }
     FftSetup(const FftSetup&) = delete;
     FftSetup& operator=(const FftSetup&) = delete;
 
@@ -87,12 +86,6 @@ class FftSetup {
     }
 
   private:
-    static fft::Plan<C>* make_plan(int64_t n) {
-        fft::Plan<C>* p = nullptr;
-        const VekStatus st = fft::create(&p, Cplx ? fft::Shape::complex : fft::Shape::real,
-                                         order_of(n), fft::kDivInvByN, 0);
-        return st == vekStsOk ? p : nullptr;
-    }
     int64_t n_;
     fft::Plan<C>* plan_;
     transforms::Work work_;
@@ -229,53 +222,11 @@ VekStatus corr_fft(const Dat* a, int64_t na, const Dat* b, int64_t nb, int64_t n
     return vekStsOk;
 }
 
-// Both inputs long (the short one from kPartitionFrom values, where overlap-add would take one
-// transform of the whole): both cut into blocks of h values, each block transformed once on
-// N = 2h points; output block j (N - 1 values from jh on) is the inverse transform of the sum of
-// the products of the blocks p of s and q of l with p + q = j.
-inline constexpr int64_t kPartitionFrom = 2048, kPartition = 1024;
-
-template <class C, class Dat>
-VekStatus conv_partitioned(const Dat* l, int64_t nl, const Dat* s, int64_t ns, C* out) {
-    const int64_t h = kPartition, n = 2 * h, total = nl + ns - 1;
-    const int64_t P = (ns + h - 1) / h, Q = (nl + h - 1) / h;
-    const FftSetup<C, false> f(n);
-    VEK_CHECK(f.status());
-    mem::Scratch<C> spectra((P + Q) * n);
-    VEK_CHECK(require(static_cast<bool>(spectra), vekStsMemAllocErr));
-    C *S = spectra.get(), *L = S + P * n, *y = f.block(0), *t = f.block(1);
-    for (int64_t p = 0; p < P; ++p) {
-        load_padded(s + p * h, ns - p * h < h ? ns - p * h : h, S + p * n, n);
-        f.forward(S + p * n, S + p * n);
-    }
-    for (int64_t q = 0; q < Q; ++q) {
-        load_padded(l + q * h, nl - q * h < h ? nl - q * h : h, L + q * n, n);
-        f.forward(L + q * n, L + q * n);
-    }
-    std::memset(static_cast<void*>(out), 0, size_t(total) * sizeof(C));
-    for (int64_t j = 0; j < P + Q - 1; ++j) {
-        const int64_t p0 = j - Q + 1 > 0 ? j - Q + 1 : 0, p1 = j < P - 1 ? j : P - 1;
-        for (int64_t p = p0; p <= p1; ++p) {
-            fft::mul_packed(L + (j - p) * n, S + p * n, p == p0 ? y : t, static_cast<int>(n),
-                            fft::Layout::pack, false);
-            if (p != p0)
-                for (int64_t k = 0; k < n; ++k) y[k] += t[k];
-        }
-        f.inverse(y, y);
-        const int64_t outs = total - j * h < n - 1 ? total - j * h : n - 1;
-        for (int64_t k = 0; k < outs; ++k) out[j * h + k] += y[k];
-    }
-    return vekStsOk;
-}
-
 // Linear convolution of l (nl values) and s (ns <= nl values) into out[0 .. nl+ns-1) (the
-// transform's type): overlap-add, or both inputs in blocks when both are long.
+// transform's type): overlap-add.
 template <class C, class Dat>
 VekStatus conv_fft(const Dat* l, int64_t nl, const Dat* s, int64_t ns, C* out) {
-    const int64_t len = fft_length(nl, ns);
-    if (ns >= kPartitionFrom && len == int64_t{1} << order_of(nl + ns - 1))
-        return conv_partitioned(l, nl, s, ns, out);
-    const FftSetup<C, false> f(len);
+    const FftSetup<C, false> f(fft_length(nl, ns));
     VEK_CHECK(f.status());
     const int64_t n = f.n(), B = n - ns + 1, total = nl + ns - 1;
     C *h = f.block(0), *x = f.block(1);
