@@ -4,7 +4,12 @@
 // two 4096-sample vectors. The peer is a straightforward FFTW computation written here: both
 // inputs zero-padded to the power of two N that covers the whole result, real FFTs planned once
 // with FFTW_MEASURE, the spectrum product, the inverse FFT, scaled by 1/N and copied out. veks
-// makes its transform tables and buffers inside every call.
+// keeps the transform plans of the lengths it meets between calls and makes its buffers inside
+// every call.
+//
+// "FFTInitAlloc_R_<prec>/veks/<n>" times the making and release of a real FFT plan of n points
+// (items are points): what a call pays for a length that its plan store does not hold, and what
+// every user of veksFFTInitAlloc pays.
 #include <complex>
 #include <cstring>
 
@@ -99,8 +104,31 @@ void fftw_run(benchmark::State& state, const Case& c) {
 }
 #endif
 
+template <class T>
+void plan_init(benchmark::State& state) {
+    const int order = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        if constexpr (sizeof(T) == 4) {
+            VeksFFTSpec_R_32f* p = nullptr;
+            veksFFTInitAlloc_R_32f(&p, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
+            benchmark::DoNotOptimize(p);
+            veksFFTFree_R_32f(p);
+        } else {
+            VeksFFTSpec_R_64f* p = nullptr;
+            veksFFTInitAlloc_R_64f(&p, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone);
+            benchmark::DoNotOptimize(p);
+            veksFFTFree_R_64f(p);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * (int64_t{1} << order));
+}
+
 struct Registrar {
     Registrar() {
+        for (int order : {10, 12, 16}) {
+            benchmark::RegisterBenchmark("FFTInitAlloc_R_32f/veks", plan_init<float>)->Arg(order);
+            benchmark::RegisterBenchmark("FFTInitAlloc_R_64f/veks", plan_init<double>)->Arg(order);
+        }
         for (const Case& c : kCases) {
             benchmark::RegisterBenchmark((std::string(c.op) + "/veks").c_str(),
                                          [&c](benchmark::State& s) { veks_run(s, c); })

@@ -56,14 +56,112 @@ void root(const double* qs, size_t nf, size_t k, double& re, double& im) {
     im = -s;
 }
 
-// Quarter-wave sine table for a length nf, each value evaluated from the argument nearest zero
-// (sine up to nf/8, cosine of the complement after).
+// ---- the quarter-wave sine table --------------------------------------------------------------
+//
+// Double-double numbers (hi + lo, hi the nearest double to the sum): error-free transformations
+// on plain double arithmetic (the library is built without contraction into fused multiply-adds),
+// each operation good to a few units in 2^-104 of its result, whatever the width of long double.
+struct DD {
+    double hi, lo;
+};
+
+DD quick_two_sum(double a, double b) { // |a| >= |b| or a == 0
+    const double s = a + b;
+    return {s, b - (s - a)};
+}
+DD two_sum(double a, double b) {
+    const double s = a + b, v = s - a;
+    return {s, (a - (s - v)) + (b - v)};
+}
+DD two_prod(double a, double b) {
+    constexpr double kSplit = 134217729.0; // 2^27 + 1
+    const double p = a * b;
+    const double ta = kSplit * a, ah = ta - (ta - a), al = a - ah;
+    const double tb = kSplit * b, bh = tb - (tb - b), bl = b - bh;
+    return {p, ((ah * bh - p) + ah * bl + al * bh) + al * bl};
+}
+DD add(DD a, DD b) {
+    DD s = two_sum(a.hi, b.hi);
+    const DD t = two_sum(a.lo, b.lo);
+    s = quick_two_sum(s.hi, s.lo + t.hi);
+    return quick_two_sum(s.hi, s.lo + t.lo);
+}
+DD mul(DD a, DD b) {
+    const DD p = two_prod(a.hi, b.hi);
+    return quick_two_sum(p.hi, p.lo + (a.hi * b.lo + a.lo * b.hi));
+}
+DD div(DD a, double b) {
+    const double q1 = a.hi / b;
+    const DD p = two_prod(q1, b);
+    return quick_two_sum(q1, (((a.hi - p.hi) - p.lo) + a.lo) / b);
+}
+
+// (sin, cos) of the angle a rotated by the angle b: sin(a + b), cos(a + b).
+void rotate(DD sa, DD ca, DD sb, DD cb, DD& s, DD& c) {
+    const DD ms = mul(sa, sb);
+    s = add(mul(sa, cb), mul(ca, sb));
+    c = add(mul(ca, cb), DD{-ms.hi, -ms.lo});
+}
+
+// sin and cos of 2 pi k / 2^order, the angle at most pi/4, by their Taylor series.
+void sincos_at(size_t k, int order, DD& s, DD& c) {
+    constexpr DD kTwoPi{0x1.921fb54442d18p+2, 0x1.1a62633145c07p-52};
+    const DD p = mul(DD{static_cast<double>(k), 0.0}, kTwoPi);
+    const DD x{std::ldexp(p.hi, -order), std::ldexp(p.lo, -order)};
+    const DD x2 = mul(x, x);
+    s = x;
+    DD t = x;
+    for (int n = 1;; ++n) { // t = (-1)^n x^(2n+1) / (2n+1)!
+        t = div(mul(t, x2), -double(2 * n) * double(2 * n + 1));
+        if (!(std::fabs(t.hi) > 0x1p-110 * x.hi)) break;
+        s = add(s, t);
+    }
+    c = DD{1.0, 0.0};
+    t = c;
+    for (int n = 1;; ++n) { // t = (-1)^n x^(2n) / (2n)!
+        t = div(mul(t, x2), -double(2 * n - 1) * double(2 * n));
+        if (!(std::fabs(t.hi) > 0x1p-110)) break;
+        c = add(c, t);
+    }
+}
+
+// Quarter-wave sine table for a length nf = 2^order: t[k] = sin(2 pi k / nf), k = 0 .. nf/4,
+// each the double nearest the value (up to a relative 2^-80). For K up to nf/8, sin and cos of
+// 2 pi K / nf give t[K] and t[nf/4 - K]. With K = jL + i, the angle of jL (the anchors, each
+// the previous one rotated by the angle of L) is rotated by the angle of i (the steps, each the
+// previous one rotated by the angle of 1), all in double-double: two series evaluations and
+// about 12 double-double operations per value instead of an extended-precision sine each.
 void fill_quarter_sine(double* t, size_t nf) {
-    const size_t q = nf / 4;
-    const long double w = 6.283185307179586476925286766559005768L / static_cast<long double>(nf);
-    for (size_t k = 0; k <= q; ++k)
-        t[k] = 8 * k <= nf ? static_cast<double>(std::sin(w * static_cast<long double>(k)))
-                           : static_cast<double>(std::cos(w * static_cast<long double>(q - k)));
+    const size_t q = nf / 4, half = q / 2;
+    if (q == 0) {
+        t[0] = 0.0;
+        return;
+    }
+    int order = 0;
+    while ((size_t{1} << order) < nf) ++order;
+    constexpr size_t kMaxSteps = 256;
+    size_t L = 1;
+    while (L < kMaxSteps && L * L < half + 1) L *= 2;
+    DD ss[kMaxSteps], cs[kMaxSteps], s1, c1, sL, cL;
+    sincos_at(1, order, s1, c1);
+    sincos_at(L, order, sL, cL);
+    ss[0] = DD{0.0, 0.0};
+    cs[0] = DD{1.0, 0.0};
+    for (size_t i = 1; i < L; ++i) rotate(ss[i - 1], cs[i - 1], s1, c1, ss[i], cs[i]);
+    DD sa{0.0, 0.0}, ca{1.0, 0.0};
+    for (size_t j0 = 0; j0 <= half; j0 += L) {
+        const size_t count = half + 1 - j0 < L ? half + 1 - j0 : L;
+        for (size_t i = 0; i < count; ++i) {
+            DD s, c;
+            rotate(sa, ca, ss[i], cs[i], s, c);
+            t[q - (j0 + i)] = c.hi;
+            t[j0 + i] = s.hi;
+        }
+        DD sn, cn;
+        rotate(sa, ca, sL, cL, sn, cn);
+        sa = sn;
+        ca = cn;
+    }
 }
 
 // Radix-4 stage table of a complex plan of 2^corder points, sampled from the quarter-wave
