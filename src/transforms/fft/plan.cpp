@@ -125,12 +125,36 @@ void sincos_at(size_t k, int order, DD& s, DD& c) {
     }
 }
 
+// A double-double value with its high part split in halves of 26 bits (Dekker), so that products
+// of two such values are formed exactly without splitting again.
+struct Split {
+    double hi, lo, h, l;
+};
+Split split_of(DD a) {
+    constexpr double kSplit = 134217729.0; // 2^27 + 1
+    const double t = kSplit * a.hi, h = t - (t - a.hi);
+    return {a.hi, a.lo, h, a.hi - h};
+}
+DD mul(const Split& a, const Split& b) {
+    const double p = a.hi * b.hi;
+    const double e = ((a.h * b.h - p) + a.h * b.l + a.l * b.h) + a.l * b.l;
+    return quick_two_sum(p, e + (a.hi * b.lo + a.lo * b.hi));
+}
+// a + b for a and b of the same sign, or |b| well below |a|: the low parts added once.
+DD add_same_sign(DD a, DD b) {
+    const DD s = two_sum(a.hi, b.hi);
+    return quick_two_sum(s.hi, s.lo + (a.lo + b.lo));
+}
+
 // Quarter-wave sine table for a length nf = 2^order: t[k] = sin(2 pi k / nf), k = 0 .. nf/4,
 // each the double nearest the value (up to a relative 2^-80). For K up to nf/8, sin and cos of
 // 2 pi K / nf give t[K] and t[nf/4 - K]. With K = jL + i, the angle of jL (the anchors, each
 // the previous one rotated by the angle of L) is rotated by the angle of i (the steps, each the
 // previous one rotated by the angle of 1), all in double-double: two series evaluations and
-// about 12 double-double operations per value instead of an extended-precision sine each.
+// about a hundred double operations per pair of values instead of an extended-precision sine or
+// cosine each. In the rotations sin = S c + C s adds two positive terms and cos = C c - S s
+// takes off a term at most sin(pi/4) sin(2 pi L / nf) from one at least cos(pi/4) cos(2 pi L /
+// nf), so the short double-double sum keeps its accuracy.
 void fill_quarter_sine(double* t, size_t nf) {
     const size_t q = nf / 4, half = q / 2;
     if (q == 0) {
@@ -142,18 +166,26 @@ void fill_quarter_sine(double* t, size_t nf) {
     constexpr size_t kMaxSteps = 256;
     size_t L = 1;
     while (L < kMaxSteps && L * L < half + 1) L *= 2;
-    DD ss[kMaxSteps], cs[kMaxSteps], s1, c1, sL, cL;
+    Split ss[kMaxSteps], cs[kMaxSteps];
+    DD s1, c1, sL, cL;
     sincos_at(1, order, s1, c1);
     sincos_at(L, order, sL, cL);
-    ss[0] = DD{0.0, 0.0};
-    cs[0] = DD{1.0, 0.0};
-    for (size_t i = 1; i < L; ++i) rotate(ss[i - 1], cs[i - 1], s1, c1, ss[i], cs[i]);
+    ss[0] = split_of(DD{0.0, 0.0});
+    cs[0] = split_of(DD{1.0, 0.0});
+    for (size_t i = 1; i < L; ++i) {
+        DD s, c;
+        rotate(DD{ss[i - 1].hi, ss[i - 1].lo}, DD{cs[i - 1].hi, cs[i - 1].lo}, s1, c1, s, c);
+        ss[i] = split_of(s);
+        cs[i] = split_of(c);
+    }
     DD sa{0.0, 0.0}, ca{1.0, 0.0};
     for (size_t j0 = 0; j0 <= half; j0 += L) {
         const size_t count = half + 1 - j0 < L ? half + 1 - j0 : L;
+        const Split S = split_of(sa), C = split_of(ca);
         for (size_t i = 0; i < count; ++i) {
-            DD s, c;
-            rotate(sa, ca, ss[i], cs[i], s, c);
+            const DD ms = mul(S, ss[i]);
+            const DD c = add_same_sign(mul(C, cs[i]), DD{-ms.hi, -ms.lo});
+            const DD s = add_same_sign(mul(S, cs[i]), mul(C, ss[i]));
             t[q - (j0 + i)] = c.hi;
             t[j0 + i] = s.hi;
         }
