@@ -1236,10 +1236,7 @@ VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
  *  ascending order, its products with the longer input are added into the destination. From 150
  *  outputs it uses the real FFT (inverse divided by N) and the packed spectrum product; the long
  *  input is cut into blocks when it is much longer than the short one (overlap-add with about 4
- *  times the short length per transform); otherwise, when the short input has 2048 values or
- *  more, both are cut into blocks of 1024 values on 2048-point transforms, each block transformed
- *  once and each output block transformed back from the sum of its block products; else one
- *  transform covers everything. AutoCorr sums
+ *  times the short length per transform); else one transform covers everything. AutoCorr sums
  *  directly below 600 lags, by the FFT from 600. CrossCorr computes the lags that have an
  *  overlap directly when m*min(len1,len2)/max(len1,len2) (m such lags; 64-bit product,
  *  truncated quotient) is at most 383, else by the FFT. The FFT methods of both correlations cut
@@ -1253,9 +1250,14 @@ VEK_API VekStatus veksFIRLMSMRUpdateTaps32sc_16sc(Vek32sc errVal,
  *  reaches one half, which takes inputs of full-scale samples in the tens of thousands); the
  *  result is then scaled by 2^-scaleFactor with rounding half to even and saturated, the rule
  *  of the element-wise arithmetic.
- *  The FFT methods allocate their transform tables and buffers for the call and release them
- *  before returning (failure: vekStsMemAllocErr, nothing written). The destination must not
- *  overlap the sources. */
+ *  The FFT methods allocate their buffers for the call and release them before returning. Their
+ *  transform plans (the twiddle tables, read-only once made) are kept between calls in one store
+ *  shared by all threads, so that repeated lengths do not pay for the tables again: at most 8
+ *  plans of at most 16384 points each (about one megabyte each at most), the least recently
+ *  used idle plan making room for a new one; longer plans, and plans needed while every stored
+ *  one is in use, are made for the call and released before it returns. The store is safe from
+ *  any number of threads and is released when the library is unloaded. Failure to get a plan or
+ *  a buffer: vekStsMemAllocErr, nothing written. The destination must not overlap the sources. */
 
 /** @name Linear convolution
  *  @{ */

@@ -24,9 +24,20 @@ class Store {
     Store() = default;
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
-    ~Store() {
-        for (Slot& s : slots_)
-            if (s.plan != nullptr && s.users == 0) obj::release(s.plan);
+    ~Store() { release_idle(); }
+
+    // Empties the slots of the plans that no call is using.
+    void release_idle() noexcept {
+        obj::Head* idle[kPlanSlots] = {};
+        {
+            const Guard g(lock_);
+            for (int i = 0; i < kPlanSlots; ++i)
+                if (slots_[i].plan != nullptr && slots_[i].users == 0) {
+                    idle[i] = slots_[i].plan;
+                    slots_[i] = Slot{};
+                }
+        }
+        for (obj::Head* h : idle) obj::release(h); // null ignored
     }
 
     // The stored plan of `key`, now counted as used; null when there is none.
@@ -123,6 +134,8 @@ template <class T>
 void give_back(fft::Plan<T>* plan) noexcept {
     if (plan != nullptr && !store.drop_use(&plan->head)) obj::release(&plan->head);
 }
+
+void release_idle_plans() noexcept { store.release_idle(); }
 
 template fft::Plan<float>* borrow_plan<float>(bool, int) noexcept;
 template fft::Plan<double>* borrow_plan<double>(bool, int) noexcept;
