@@ -46,24 +46,24 @@ WindowPlan plan(WindowShape shape, int len, double alpha) {
     p.step = 2.0 / static_cast<double>(len - 1);
     if (shape == WindowShape::hann || shape == WindowShape::hamming ||
         shape == WindowShape::blackman) {
-        // One sine and cosine per call; the rotations by kWindowLanes and kWindowBlock steps
-        // are its powers, by squaring (each squaring doubles the relative error, 2^9 ulp at
-        // most for the block step).
+        // The rotations by kWindowLanes and kWindowBlock steps are evaluated only when the
+        // window has that many coefficients (32 theta and 512 theta are exact multiples; the
+        // library evaluates them rather than squaring e^(i theta), whose error would grow with
+        // every squaring).
         const double theta = kTwoPi / static_cast<double>(len - 1);
+        const int half = len / 2;
         p.cos_step = std::cos(theta);
         p.sin_step = std::sin(theta);
-        double c = p.cos_step, s = p.sin_step;
-        for (int k = 1; k < kern::kWindowBlock; k *= 2) {
-            const double c2 = (c - s) * (c + s), s2 = 2.0 * c * s;
-            c = c2;
-            s = s2;
-            if (2 * k == kern::kWindowLanes) {
-                p.cos_lanes = c;
-                p.sin_lanes = s;
-            }
+        p.cos_lanes = p.cos_block = 1.0;
+        p.sin_lanes = p.sin_block = 0.0;
+        if (half > kern::kWindowLanes) {
+            p.cos_lanes = std::cos(kern::kWindowLanes * theta);
+            p.sin_lanes = std::sin(kern::kWindowLanes * theta);
         }
-        p.cos_block = c;
-        p.sin_block = s;
+        if (half > kern::kWindowBlock) {
+            p.cos_block = std::cos(kern::kWindowBlock * theta);
+            p.sin_block = std::sin(kern::kWindowBlock * theta);
+        }
     }
     return p;
 }
