@@ -196,6 +196,27 @@ TEST(Window, KaiserComputationAndLimits) {
     EXPECT_EQ(k[0], 5.0f);
 }
 
+// The single-precision members evaluate the same formulas by a faster exponential: their
+// coefficients are those of the double-precision member rounded to single precision, apart from
+// values within 1e-13 relative of a rounding boundary.
+TEST(Window, KaiserSingleFollowsDouble) {
+    vt::for_each_level([](auto) {
+        for (long N : {2L, 5L, 64L, 77L, 1001L, 4097L})
+            for (double beta : {0.0, 1.0, 3.7, 3.75, 8.0, 20.0, 37.99}) {
+                const float a = static_cast<float>(2 * beta / static_cast<double>(N - 1));
+                std::vector<float> x(N, 1.0f), w(N);
+                std::vector<double> xd(N, 1.0), wd(N);
+                ASSERT_EQ(veksWinKaiser_32f(x.data(), w.data(), static_cast<int>(N), a), 0);
+                ASSERT_EQ(veksWinKaiser_64f(xd.data(), wd.data(), static_cast<int>(N), a), 0);
+                for (long n = 0; n < N; ++n) {
+                    const double up = wd[n] * (1 + 1e-13), down = wd[n] * (1 - 1e-13);
+                    if (static_cast<float>(up) != static_cast<float>(down)) continue;
+                    ASSERT_EQ(w[n], static_cast<float>(wd[n])) << N << " " << beta << " " << n;
+                }
+            }
+    });
+}
+
 TEST(Window, ThreePointCasesAndSaturation) {
     const float x[] = {2.0f, -3.0f, 4.0f};
     float y[3];

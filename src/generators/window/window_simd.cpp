@@ -12,12 +12,12 @@
 //   after at most one step with a tie) every addition adds the same rounded increment, so a run
 //   of coefficients is base + k delta, exact; each run is planned from one real addition.
 // - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2). The double-precision member
-//   takes the exponential with the bits of the library's own (elem::exp_64f, those of
-//   veksExp_64f): a fast evaluation where it decides the rounding, elem::exp_64f itself
+//   and 16-bit members take the exponential with the bits of the library's own (elem::exp_64f,
+//   those of veksExp_64f): a fast evaluation where it decides the rounding, elem::exp_64f itself
 //   otherwise; the square roots are IEEE ones, the bits of veksSqrt_64f. The single-precision
-//   and 16-bit members use a vectorised exponential within a few double ulps (exp_fast) and
-//   1 / sqrt(x) = sqrt(v / 3.75): the coefficients move by about 1e-15 relative, far below their
-//   own rounding.
+//   members use a vectorised exponential within a few double ulps (exp_fast) and
+//   1 / sqrt(x) = sqrt(v / 3.75): their coefficients move by about 1e-15 relative, far below
+//   the single-precision rounding.
 // - Single-precision members: both ends of the vector are multiplied in vectors, the far end by
 //   the coefficient vector reversed in registers.
 #include <bit>
@@ -311,8 +311,8 @@ inline double exp_fast(double x) {
     return (1.0 + em1) * std::bit_cast<double>((k + 1023) << 52);
 }
 
-// The Kaiser coefficients with exp_fast (the single-precision and 16-bit members: a few units in
-// the last double place do not show in them beyond their own rounding).
+// The Kaiser coefficients with exp_fast (the single-precision members: a few units in the last
+// double place do not show in them beyond their own rounding).
 void kaiser_fill_fast(const WindowPlan& p, double i0_beta, double* w, int64_t n0, size_t count) {
     const double a = std::fabs(p.alpha), inv = 1.0 / i0_beta;
     const int64_t last = p.len - 1;
@@ -333,7 +333,8 @@ void kaiser_fill_fast(const WindowPlan& p, double i0_beta, double* w, int64_t n0
 
 class Coefficients {
   public:
-    // exact: the Kaiser exponential with the bits of elem::exp_64f (the double-precision member).
+    // exact: the Kaiser exponential with the bits of elem::exp_64f (all but the single-precision
+    // members).
     Coefficients(const WindowPlan& p, bool exact)
         : p_(p), exact_(exact), rot_(p), acc_(p.step),
           i0_beta_(p.shape == WindowShape::kaiser
@@ -381,7 +382,7 @@ class Coefficients {
 template <class T, class Block>
 void apply(const WindowPlan& p, const T* src, T* dst, Block block) {
     const int64_t n = p.len, half = n / 2;
-    Coefficients gen(p, std::is_same_v<T, Vek64f>);
+    Coefficients gen(p, !std::is_same_v<T, Vek32f> && !std::is_same_v<T, Vek32fc>);
     alignas(64) double w[kBlock];
     for (int64_t n0 = 0; n0 < half; n0 += static_cast<int64_t>(kBlock)) {
         const size_t count = static_cast<size_t>(
