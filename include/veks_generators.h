@@ -239,8 +239,8 @@ VEK_API VekStatus veksWinBartlett_32fc_I(Vek32fc* pSrcDst, int len);
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
  *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
- *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
- *  coefficients are made 32 at a time in double precision by the recurrence
+ *  6.283185307179586), of 32 theta (for N > 65) and of 512 theta (for N > 1025) are evaluated
+ *  once per call; the coefficients are made 32 at a time in double precision by the recurrence
  *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
  *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
  *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
@@ -271,8 +271,8 @@ VEK_API VekStatus veksWinHann_32fc_I(Vek32fc* pSrcDst, int len);
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
  *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
- *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
- *  coefficients are made 32 at a time in double precision by the recurrence
+ *  6.283185307179586), of 32 theta (for N > 65) and of 512 theta (for N > 1025) are evaluated
+ *  once per call; the coefficients are made 32 at a time in double precision by the recurrence
  *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
  *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
  *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
@@ -304,8 +304,8 @@ VEK_API VekStatus veksWinHamming_32fc_I(Vek32fc* pSrcDst, int len);
  *  precision (x w formed in double precision); _I members work in place (out-of-place members
  *  expect pSrc and pDst identical or disjoint).
  *  The cosines are not evaluated per sample: cos and sin of theta = 2 pi / (N - 1) (2 pi =
- *  6.283185307179586), of 32 theta and of 512 theta are evaluated once per call; the
- *  coefficients are made 32 at a time in double precision by the recurrence
+ *  6.283185307179586), of 32 theta (for N > 65) and of 512 theta (for N > 1025) are evaluated
+ *  once per call; the coefficients are made 32 at a time in double precision by the recurrence
  *  c' = 2 cos(32 theta) c - c_prev, restarted every 512 coefficients from a rotation by
  *  e^(i 512 theta) (the restarts keep the recurrence's error bounded). The coefficients are
  *  within 2^-47 of the formula up to N = 65537, 2^-45 at N = 10^6 and 2^-41 at N = 2 10^7.
