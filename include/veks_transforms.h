@@ -719,14 +719,17 @@ VEK_API VekStatus veksDCTInv_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
 
 /** @name Goertzel transform
  *  @{ */
-/** *pVal = e^{i w len} * sum_n pSrc[n] e^{-i w n}, w = 2 pi rFreq, by Goertzel's second-order
- *  recurrence s[n] = x[n] + 2 cos(w) s[n-1] - s[n-2] on the real and imaginary parts, accumulated
- *  in double precision, then e^{i w} s[len-1] - s[len-2] rounded once to the output type. For
- *  rFreq = k / len this is the k-th bin of the len-point DFT. The Two forms evaluate the
- *  frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and pVal[1]. The
- *  16-bit forms multiply the result by 2^-scaleFactor, round each part half away from zero and
- *  saturate. Long vectors run the recurrence on 8 interleaved subsequences at once (with
- *  2 cos(8 w)) and join them by Horner's rule in e^{i w}; the value is the same sum.
+/** *pVal = e^{i w len} * sum_n pSrc[n] e^{-i w n}, w = 2 pi rFreq: the value of Goertzel's
+ *  recurrence e^{i w} s[len-1] - s[len-2], accumulated in double precision and rounded once to
+ *  the output type. For rFreq = k / len this is the k-th bin of the len-point DFT. The Two forms
+ *  evaluate the frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and
+ *  pVal[1], each with the same bits as the single form gives. The 16-bit forms multiply the
+ *  result by 2^-scaleFactor, round each part half away from zero and saturate.
+ *  The library evaluates the sum by 16 interleaved first-order complex recurrences (sample n
+ *  goes to recurrence n mod 16, which rotates by e^{16 i w} per step) joined by halving folds.
+ *  Unlike the second-order recurrence, this loses no accuracy where cos(w) is near +-1: the
+ *  error grows with len / 16 only. All rotation factors come from exact reductions of rFreq
+ *  times small integers.
  *
  *  Statuses in check order: vekStsNullPointerErr (pSrc, pVal, or the Two forms' rFreq null),
  *  vekStsDataSizeErr (len below 1), vekStsRelFreqErr (a frequency below 0, not below 1, or NaN;
