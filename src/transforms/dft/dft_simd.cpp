@@ -290,12 +290,12 @@ void gpass(const typename V::value_type* x, typename V::value_type* y, const Mix
                           e);
 }
 
-// Stores rows t[0 .. C) `stride` values apart, written out: a loop over them would be turned
+// Stores rows t[0 .. nv) `stride` values apart, written out: a loop over them would be turned
 // into a block copy (through memory, with a slow start) where the rows are contiguous.
 template <class V, size_t... L>
-inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t,
+inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t, size_t nv,
                        std::index_sequence<L...>) {
-    (V::store(y + L * stride, t[L]), ...);
+    ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
 }
 
 // The lane pass of radix R (2, 4 or 8), s = 1: vectors of V over p, per-lane twiddles, and
@@ -324,10 +324,7 @@ void lpass(const typename V::value_type* x, typename V::value_type* y, const Mix
             R_<V> t[C];
             for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
             V::transpose_pairs(t);
-            if (nv == C)
-                store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, std::make_index_sequence<C>{});
-            else
-                for (size_t l = 0; l < nv; ++l) V::store(y + 2 * (R * (p0 + l) + g), t[l]);
+            store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, nv, std::make_index_sequence<C>{});
         }
     }
 }
