@@ -614,7 +614,12 @@ void rsplit(T* z, size_t n, const T* tab) {
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
-    if (h > 0) split_pairs<Widest<T>, INV>(z, n, tab, tab + 2 * h, 1, h);
+    // Short transforms go one pair at a time: the transform's last stores are still in flight,
+    // and wide loads across two of them would wait for both.
+    if (h >= 8)
+        split_pairs<Widest<T>, INV>(z, n, tab, tab + 2 * h, 1, h);
+    else if (h > 0)
+        split_pairs<Cplx<T, 1>, INV>(z, n, tab, tab + 2 * h, 1, h);
     if ((n & 1) == 0) {
         // The self-paired k = n/2: conj (forward), 2 conj (inverse).
         if constexpr (INV) {
