@@ -120,6 +120,11 @@ struct DftKernels {
                           bool scaled, double scale);
     void (*cmul_32f)(float* buf, const float* chirp_ft, size_t m);
     void (*cmul_64f)(double* buf, const double* chirp_ft, size_t m);
+
+    // The DCT's reordering of n reals: v[i] = x[2i] for 2i < n and v[n - 1 - i] = x[2i + 1] for
+    // 2i + 1 < n; x and v do not overlap. (The DCT's transform then reads v with wide loads,
+    // which is quick only when v was written with wide stores.)
+    void (*dct_order_32f)(const float* x, float* v, size_t n);
 };
 
 } // namespace veks::kern

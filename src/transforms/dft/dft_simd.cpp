@@ -703,6 +703,24 @@ void cmul(T* buf, const T* chirp_ft, size_t m) {
     }
 }
 
+// ---- DCT reordering -----------------------------------------------------------------------------
+
+void dct_order_32f(const float* x, float* v, size_t n) {
+    size_t i = 0;
+#if VEK_ISA_LEVEL >= 2
+    using V = simd::Wide<float>;
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    for (; 2 * i + 2 * L <= n; i += L) {
+        R_<V> even, odd;
+        V::deinterleave(V::load(x + 2 * i), V::load(x + 2 * i + L), even, odd);
+        V::store(v + i, even);
+        V::store(v + n - i - L, V::swap_pairs(V::reverse_pairs(odd))); // odd, reversed
+    }
+#endif
+    for (size_t j = i; 2 * j < n; ++j) v[j] = x[2 * j];
+    for (size_t j = i; 2 * j + 1 < n; ++j) v[n - 1 - j] = x[2 * j + 1];
+}
+
 } // namespace
 
 extern const DftKernels dft = {
@@ -724,6 +742,7 @@ extern const DftKernels dft = {
     .chirp_out_64f = chirp_out<double>,
     .cmul_32f = cmul<float>,
     .cmul_64f = cmul<double>,
+    .dct_order_32f = dct_order_32f,
 };
 
 } // namespace veks::kern::VEK_ISA
