@@ -148,21 +148,22 @@ inline void dft8(R_<V>* a) {
 template <class V, int R>
 inline void butterfly(R_<V>* a);
 
-// Radix 2 P for odd P by the prime-factor mapping (no twiddles inside): input n = (P n1 + 2 n2)
-// mod 2P, the 2-point transforms over n1, the P-point ones over n2, and output k from
-// (k mod 2, k mod P).
-template <class V, int P>
-inline void dft2p(R_<V>* a) {
-    constexpr int N = 2 * P;
-    R_<V> e[P], o[P];
-    for (int n2 = 0; n2 < P; ++n2) {
-        const int i0 = (2 * n2) % N, i1 = (P + 2 * n2) % N;
-        e[n2] = V::add(a[i0], a[i1]);
-        o[n2] = V::sub(a[i0], a[i1]);
+// Radix P Q for coprime P and Q by the prime-factor mapping (no twiddles inside): input
+// n = (Q n1 + P n2) mod PQ, the P-point transforms over n1, the Q-point ones over n2, and
+// output k from (k mod P, k mod Q).
+template <class V, int P, int Q>
+inline void dft_pfa(R_<V>* a) {
+    constexpr int N = P * Q;
+    R_<V> b[Q][P], c[P][Q];
+    for (int n2 = 0; n2 < Q; ++n2) {
+        for (int n1 = 0; n1 < P; ++n1) b[n2][n1] = a[(Q * n1 + P * n2) % N];
+        butterfly<V, P>(b[n2]);
     }
-    butterfly<V, P>(e);
-    butterfly<V, P>(o);
-    for (int k = 0; k < N; ++k) a[k] = (k % 2 == 0 ? e : o)[k % P];
+    for (int k1 = 0; k1 < P; ++k1) {
+        for (int n2 = 0; n2 < Q; ++n2) c[k1][n2] = b[n2][k1];
+        butterfly<V, Q>(c[k1]);
+    }
+    for (int k = 0; k < N; ++k) a[k] = c[k % P][k % Q];
 }
 
 template <class V, int R>
@@ -171,10 +172,11 @@ inline void butterfly(R_<V>* a) {
     if constexpr (R == 3) dft3<V>(a);
     if constexpr (R == 4) dft4<V>(a);
     if constexpr (R == 5) dft5<V>(a);
-    if constexpr (R == 6) dft2p<V, 3>(a);
+    if constexpr (R == 6) dft_pfa<V, 2, 3>(a);
     if constexpr (R == 7) dft7<V>(a);
     if constexpr (R == 8) dft8<V>(a);
-    if constexpr (R == 10) dft2p<V, 5>(a);
+    if constexpr (R == 10) dft_pfa<V, 2, 5>(a);
+    if constexpr (R == 15) dft_pfa<V, 3, 5>(a);
 }
 
 // Pair-sum butterfly of an odd radix r (pairs of the table's cosines and sines, see dft.hpp).
@@ -363,6 +365,7 @@ void run_qpass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>&
     case 7: return qpass<V, 7, E>(x, y, ps, tw, e);
     case 8: return qpass<V, 8, E>(x, y, ps, tw, e);
     case 10: return qpass<V, 10, E>(x, y, ps, tw, e);
+    case 15: return qpass<V, 15, E>(x, y, ps, tw, e);
     default: return gpass<V, E>(x, y, ps, tw, e);
     }
 }

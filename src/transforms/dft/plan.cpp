@@ -72,10 +72,10 @@ Turn turn(uint64_t a, uint64_t b) {
 // ---- the mixed-radix engine's plan ------------------------------------------------------------
 
 // The passes for n points (see dft.hpp): the lane pass (8, 4 or 2), then radices 8 and 4 for
-// the remaining powers of two (a last single 2 joined with a 3 or a 5 as radix 6 or 10), 3, 5, 7,
-// and the other primes (pair-sum butterflies) last, where their runs are longest. False when n has
-// a prime factor above max_prime, or when a pair-sum pass would run on fewer than 8 complex values
-// at a time.
+// the remaining powers of two (a last single 2 joined with a 3 or a 5 as radix 6 or 10), one
+// radix 15 where a 3 and a 5 remain, 3, 5, 7, and the other primes (pair-sum butterflies) last,
+// where their runs are longest. False when n has a prime factor above max_prime, or when a
+// pair-sum pass would run on fewer than 8 complex values at a time.
 bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
     int32_t r[kern::kMaxPasses];
     int np = 0;
@@ -110,6 +110,7 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
             r[np++] = 2;
         }
     }
+    if (rest % 15 == 0) push(15); // a 3 and a 5 in one pass
     for (int32_t p : {3, 5, 7})
         while (rest % p == 0) push(p);
     int64_t before = 1;
@@ -139,7 +140,7 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
 }
 
 bool is_pair_radix(int32_t r) {
-    return r != 2 && r != 3 && r != 4 && r != 5 && r != 6 && r != 7 && r != 8 && r != 10;
+    return r != 2 && r != 3 && r != 4 && r != 5 && r != 6 && r != 7 && r != 8 && r != 10 && r != 15;
 }
 
 // Assigns the twiddle offsets and returns the table's size in values.
