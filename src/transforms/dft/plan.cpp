@@ -84,13 +84,15 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
         r[np++] = radix;
         rest /= radix;
     };
-    if (rest % 8 == 0)
+    if (n == 6 || n == 10)
+        push(static_cast<int32_t>(n)); // one prime-factor butterfly
+    else if (rest % 8 == 0)
         push(8);
     else if (rest % 4 == 0)
         push(4);
     else if (rest % 2 == 0)
         push(2);
-    const bool lane = np == 1;
+    const bool lane = np == 1 && (r[0] == 2 || r[0] == 4 || r[0] == 8);
     int twos = 0;
     while (rest % 2 == 0) {
         rest /= 2;
