@@ -401,9 +401,9 @@ VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int
  *    buffer size is the FFT's;
  *  - otherwise N <= 150 (complex kinds) or N <= 180 (real kinds): buffer size N complex values
  *    (8 N bytes for single precision, 16 N for double) + 16. Lengths whose prime factors are small
- *    run a mixed-radix transform (radices 2, 3, 4, 5, 7, 8 and further odd primes); the others the
- *    direct transform with pair sums, accumulated in double precision. These calls use no work
- *    buffer: pBuffer may be null at no cost;
+ *    run a mixed-radix transform (radices 2, 3, 4, 5, 6, 7, 8, 10, 15 and further odd primes); the
+ *    others the direct transform with pair sums, accumulated in double precision. These calls use
+ *    no work buffer: pBuffer may be null at no cost;
  *  - otherwise: buffer size M complex values + 16 + the buffer size of an FFT of M points, M the
  *    smallest power of two not below 2 N - 1. Lengths whose prime factors are at most 61 run the
  *    mixed-radix transform in that buffer; the others Bluestein's algorithm (a chirp and two FFTs
