@@ -44,23 +44,24 @@ inline void sincos_small(double a, double& c, double& s) {
 // values are independent: written as loops over j, without branches, their chains overlap.
 template <size_t count>
 void turns(const double* f, double* re, double* im) {
-    double a[count], c[count], s[count];
-    bool lower[count], left[count], swap[count];
+    // Per value: the folded argument, and the folds as selections (no branches).
+    double a[count], lower[count], left[count], swap[count];
     for (size_t j = 0; j < count; ++j) {
         double g = f[j];
-        lower[j] = g > 0.5;
-        g = lower[j] ? 1.0 - g : g;
-        left[j] = g > 0.25;
-        g = left[j] ? 0.5 - g : g;
-        swap[j] = g > 0.125;
-        g = swap[j] ? 0.25 - g : g;
+        lower[j] = g > 0.5 ? 1.0 : 0.0;
+        g = g > 0.5 ? 1.0 - g : g;
+        left[j] = g > 0.25 ? 1.0 : 0.0;
+        g = g > 0.25 ? 0.5 - g : g;
+        swap[j] = g > 0.125 ? 1.0 : 0.0;
+        g = g > 0.125 ? 0.25 - g : g;
         a[j] = 6.283185307179586476925286766559 * g;
     }
-    for (size_t j = 0; j < count; ++j) sincos_small(a[j], c[j], s[j]);
     for (size_t j = 0; j < count; ++j) {
-        const double cc = swap[j] ? s[j] : c[j], ss = swap[j] ? c[j] : s[j];
-        re[j] = left[j] ? -cc : cc;
-        im[j] = lower[j] ? -ss : ss;
+        double c, s;
+        sincos_small(a[j], c, s);
+        const double cc = swap[j] != 0.0 ? s : c, ss = swap[j] != 0.0 ? c : s;
+        re[j] = left[j] != 0.0 ? -cc : cc;
+        im[j] = lower[j] != 0.0 ? -ss : ss;
     }
 }
 
