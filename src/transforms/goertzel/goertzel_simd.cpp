@@ -97,13 +97,16 @@ double frac_mul(double f, double m) {
 template <size_t NF>
 void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
     constexpr size_t L = kGoertzLog, T = 8; // L + 3 turns, and one unused
-    static_assert(L + 3 <= T);
+    static_assert(L + 3 == T - 1);
     const size_t pad = (K - len % K) % K;
-    double g[NF * T] = {};
+    constexpr double kPow2[T] = {1, 2, 4, 8, 16, 32, 64, 128};
+    double g[NF * T];
     for (size_t f = 0; f < NF; ++f) {
-        for (size_t j = 0; j <= L + 1; ++j)
-            g[T * f + j] = frac_times(freq[f], static_cast<double>(size_t{1} << j));
-        g[T * f + L + 2] = frac_mul(freq[f], 1.0 - static_cast<double>(pad));
+        // Whole vectors of turns (a value stored alone and loaded with its neighbours would have
+        // to wait for its store); the last one is unused.
+        const double q = frac_mul(freq[f], 1.0 - static_cast<double>(pad));
+        for (size_t j = 0; j < T; ++j)
+            g[T * f + j] = j == L + 2 ? q : frac_times(freq[f], kPow2[j]);
     }
     double re[NF * T], im[NF * T];
     turns<NF * T>(g, re, im);
