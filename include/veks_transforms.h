@@ -401,9 +401,9 @@ VEK_API VekStatus veksMulPackConj_64f_I(const Vek64f* pSrc, Vek64f* pSrcDst, int
  *    buffer size is the FFT's;
  *  - otherwise N <= 150 (complex kinds) or N <= 180 (real kinds): buffer size N complex values
  *    (8 N bytes for single precision, 16 N for double) + 16. Lengths whose prime factors are small
- *    run a mixed-radix transform (radices 2, 3, 4, 5, 7, 8 and further odd primes); the others the
- *    direct transform with pair sums, accumulated in double precision. These calls use no work
- *    buffer: pBuffer may be null at no cost;
+ *    run a mixed-radix transform (radices 2, 3, 4, 5, 6, 7, 8, 10, 15 and further odd primes); the
+ *    others the direct transform with pair sums, accumulated in double precision. These calls use
+ *    no work buffer: pBuffer may be null at no cost;
  *  - otherwise: buffer size M complex values + 16 + the buffer size of an FFT of M points, M the
  *    smallest power of two not below 2 N - 1. Lengths whose prime factors are at most 61 run the
  *    mixed-radix transform in that buffer; the others Bluestein's algorithm (a chirp and two FFTs
@@ -719,14 +719,17 @@ VEK_API VekStatus veksDCTInv_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
 
 /** @name Goertzel transform
  *  @{ */
-/** *pVal = e^{i w len} * sum_n pSrc[n] e^{-i w n}, w = 2 pi rFreq, by Goertzel's second-order
- *  recurrence s[n] = x[n] + 2 cos(w) s[n-1] - s[n-2] on the real and imaginary parts, accumulated
- *  in double precision, then e^{i w} s[len-1] - s[len-2] rounded once to the output type. For
- *  rFreq = k / len this is the k-th bin of the len-point DFT. The Two forms evaluate the
- *  frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and pVal[1]. The
- *  16-bit forms multiply the result by 2^-scaleFactor, round each part half away from zero and
- *  saturate. Long vectors run the recurrence on 8 interleaved subsequences at once (with
- *  2 cos(8 w)) and join them by Horner's rule in e^{i w}; the value is the same sum.
+/** *pVal = e^{i w len} * sum_n pSrc[n] e^{-i w n}, w = 2 pi rFreq: the value of Goertzel's
+ *  recurrence e^{i w} s[len-1] - s[len-2], accumulated in double precision and rounded once to
+ *  the output type. For rFreq = k / len this is the k-th bin of the len-point DFT. The Two forms
+ *  evaluate the frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and
+ *  pVal[1], each with the same bits as the single form gives. The 16-bit forms multiply the
+ *  result by 2^-scaleFactor, round each part half away from zero and saturate.
+ *  The library evaluates the sum by 16 interleaved first-order complex recurrences (sample n
+ *  goes to recurrence n mod 16, which rotates by e^{16 i w} per step) joined by halving folds.
+ *  Unlike the second-order recurrence, this loses no accuracy where cos(w) is near +-1: the
+ *  error grows with len / 16 only. All rotation factors come from exact reductions of rFreq
+ *  times small integers.
  *
  *  Statuses in check order: vekStsNullPointerErr (pSrc, pVal, or the Two forms' rFreq null),
  *  vekStsDataSizeErr (len below 1), vekStsRelFreqErr (a frequency below 0, not below 1, or NaN;

@@ -116,6 +116,27 @@ void matches_reference() {
 }
 
 TEST(Dct, Single) { matches_reference<float>(); }
+
+// The forward reordering runs wide vectors from 16 or 32 values on: lengths around those
+// widths (odd and even tails), on every kernel level.
+TEST(Dct, ForwardOnEveryLevel) {
+    vt::Rng rng(21);
+    for (int n : {15, 16, 17, 31, 32, 33, 63, 64, 65, 100, 128, 130}) {
+        std::vector<float> x(static_cast<size_t>(n)), y(x.size());
+        std::vector<long double> xl(x.size());
+        for (size_t i = 0; i < x.size(); ++i) xl[i] = x[i] = static_cast<float>(rng.uniform(-1, 1));
+        const auto want = ref_dct(xl, false);
+        VeksDCTFwdSpec_32f* f = nullptr;
+        ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, n, vekAlgHintNone), vekStsOk);
+        vt::for_each_level([&](auto) {
+            SCOPED_TRACE("N = " + std::to_string(n));
+            ASSERT_EQ(veksDCTFwd_32f(x.data(), y.data(), f, nullptr), vekStsOk);
+            std::vector<cld> got(y.begin(), y.end());
+            EXPECT_LE(vt::rel_rms(got, want), 4 * 0x1p-24 * (std::log2(double(n)) + 1));
+        });
+        veksDCTFwdFree_32f(f);
+    }
+}
 TEST(Dct, Double) { matches_reference<double>(); }
 
 // N = 1 returns the input; a constant of length 16 gives 4 times the constant and zeros.

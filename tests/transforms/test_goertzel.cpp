@@ -29,7 +29,8 @@ long double norm1(const std::vector<C>& x) {
     return s;
 }
 
-const int kLengths[] = {1, 2, 3, 7, 31, 32, 33, 47, 64, 100, 205, 1000, 4096, 4099};
+const int kLengths[] = {1,  2,  3,  7,  15,  16,  17,   31,   32,  33,
+                        47, 48, 49, 64, 100, 205, 1000, 4096, 4099};
 
 template <class C, class R>
 void matches_reference(VekStatus (*one)(const C*, int, C*, R),

@@ -20,6 +20,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "arith/convert/convert.hpp"
 #include "core/fpenv.hpp"
@@ -225,8 +226,12 @@ void through_real(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
             fft::inverse_real(*p.fft, v, v, fft::Layout::perm, inner);
     };
     if (!p.inverse) {
-        for (int64_t i = 0; 2 * i < n; ++i) v[i] = src[2 * i];
-        for (int64_t i = 0; 2 * i + 1 < n; ++i) v[n - 1 - i] = src[2 * i + 1];
+        if constexpr (std::is_same_v<T, float>) {
+            kern::dft_kernels().dct_order_32f(src, v, static_cast<size_t>(n));
+        } else {
+            for (int64_t i = 0; 2 * i < n; ++i) v[i] = src[2 * i];
+            for (int64_t i = 0; 2 * i + 1 < n; ++i) v[n - 1 - i] = src[2 * i + 1];
+        }
         real_fwd();
         dst[0] = r[0] * v[0];
         for (int64_t k = 1; k <= h; ++k) {

@@ -10,7 +10,8 @@
 // s complex values share one twiddle (s is a multiple of r_0, so the widest vectors fit) and
 // vectors narrow down for the tail of a run. The last pass (m = 1) has no twiddles and may run
 // in place, which lets an in-place transform end in the destination whatever P is. Radices 2,
-// 3, 4, 5, 7 and 8 have their own butterflies; any other odd radix runs the pair-sum butterfly
+// 3, 4, 5, 7 and 8 have their own butterflies, 6, 10 and 15 the prime-factor composition of
+// those (2 x 3, 2 x 5, 3 x 5); any other odd radix runs the pair-sum butterfly
 // with a table of cosines and sines. The inverse transform is the forward one of the conjugate,
 // conjugated: pass 0 conjugates what it loads, the last pass what it stores (and scales).
 //
@@ -120,6 +121,11 @@ struct DftKernels {
                           bool scaled, double scale);
     void (*cmul_32f)(float* buf, const float* chirp_ft, size_t m);
     void (*cmul_64f)(double* buf, const double* chirp_ft, size_t m);
+
+    // The DCT's reordering of n reals: v[i] = x[2i] for 2i < n and v[n - 1 - i] = x[2i + 1] for
+    // 2i + 1 < n; x and v do not overlap. (The DCT's transform then reads v with wide loads,
+    // which is quick only when v was written with wide stores.)
+    void (*dct_order_32f)(const float* x, float* v, size_t n);
 };
 
 } // namespace veks::kern

@@ -4,6 +4,7 @@
 // scalar level: one complex value per vector).
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "simd/vec.hpp"
 #include "transforms/dft/dft.hpp"
@@ -145,13 +146,37 @@ inline void dft8(R_<V>* a) {
 }
 
 template <class V, int R>
+inline void butterfly(R_<V>* a);
+
+// Radix P Q for coprime P and Q by the prime-factor mapping (no twiddles inside): input
+// n = (Q n1 + P n2) mod PQ, the P-point transforms over n1, the Q-point ones over n2, and
+// output k from (k mod P, k mod Q).
+template <class V, int P, int Q>
+inline void dft_pfa(R_<V>* a) {
+    constexpr int N = P * Q;
+    R_<V> b[Q][P], c[P][Q];
+    for (int n2 = 0; n2 < Q; ++n2) {
+        for (int n1 = 0; n1 < P; ++n1) b[n2][n1] = a[(Q * n1 + P * n2) % N];
+        butterfly<V, P>(b[n2]);
+    }
+    for (int k1 = 0; k1 < P; ++k1) {
+        for (int n2 = 0; n2 < Q; ++n2) c[k1][n2] = b[n2][k1];
+        butterfly<V, Q>(c[k1]);
+    }
+    for (int k = 0; k < N; ++k) a[k] = c[k % P][k % Q];
+}
+
+template <class V, int R>
 inline void butterfly(R_<V>* a) {
     if constexpr (R == 2) dft2<V>(a);
     if constexpr (R == 3) dft3<V>(a);
     if constexpr (R == 4) dft4<V>(a);
     if constexpr (R == 5) dft5<V>(a);
+    if constexpr (R == 6) dft_pfa<V, 2, 3>(a);
     if constexpr (R == 7) dft7<V>(a);
     if constexpr (R == 8) dft8<V>(a);
+    if constexpr (R == 10) dft_pfa<V, 2, 5>(a);
+    if constexpr (R == 15) dft_pfa<V, 3, 5>(a);
 }
 
 // Pair-sum butterfly of an odd radix r (pairs of the table's cosines and sines, see dft.hpp).
@@ -289,6 +314,14 @@ void gpass(const typename V::value_type* x, typename V::value_type* y, const Mix
                           e);
 }
 
+// Stores rows t[0 .. nv) `stride` values apart, written out: a loop over them would be turned
+// into a block copy (through memory, with a slow start) where the rows are contiguous.
+template <class V, size_t... L>
+inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t, size_t nv,
+                       std::index_sequence<L...>) {
+    ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
+}
+
 // The lane pass of radix R (2, 4 or 8), s = 1: vectors of V over p, per-lane twiddles, and
 // transposes of C x C blocks so that each lane's R outputs store as one row.
 template <class V, int R>
@@ -315,7 +348,7 @@ void lpass(const typename V::value_type* x, typename V::value_type* y, const Mix
             R_<V> t[C];
             for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
             V::transpose_pairs(t);
-            for (size_t l = 0; l < nv; ++l) V::store(y + 2 * (R * (p0 + l) + g), t[l]);
+            store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, nv, std::make_index_sequence<C>{});
         }
     }
 }
@@ -328,8 +361,11 @@ void run_qpass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>&
     case 3: return qpass<V, 3, E>(x, y, ps, tw, e);
     case 4: return qpass<V, 4, E>(x, y, ps, tw, e);
     case 5: return qpass<V, 5, E>(x, y, ps, tw, e);
+    case 6: return qpass<V, 6, E>(x, y, ps, tw, e);
     case 7: return qpass<V, 7, E>(x, y, ps, tw, e);
     case 8: return qpass<V, 8, E>(x, y, ps, tw, e);
+    case 10: return qpass<V, 10, E>(x, y, ps, tw, e);
+    case 15: return qpass<V, 15, E>(x, y, ps, tw, e);
     default: return gpass<V, E>(x, y, ps, tw, e);
     }
 }
@@ -605,7 +641,12 @@ void rsplit(T* z, size_t n, const T* tab) {
     const T r0 = z[0], r1 = z[1];
     z[0] = r0 + r1;
     z[1] = r0 - r1;
-    if (h > 0) split_pairs<Widest<T>, INV>(z, n, tab, tab + 2 * h, 1, h);
+    // Short transforms go one pair at a time: the transform's last stores are still in flight,
+    // and wide loads across two of them would wait for both.
+    if (h >= 8)
+        split_pairs<Widest<T>, INV>(z, n, tab, tab + 2 * h, 1, h);
+    else if (h > 0)
+        split_pairs<Cplx<T, 1>, INV>(z, n, tab, tab + 2 * h, 1, h);
     if ((n & 1) == 0) {
         // The self-paired k = n/2: conj (forward), 2 conj (inverse).
         if constexpr (INV) {
@@ -689,6 +730,24 @@ void cmul(T* buf, const T* chirp_ft, size_t m) {
     }
 }
 
+// ---- DCT reordering -----------------------------------------------------------------------------
+
+void dct_order_32f(const float* x, float* v, size_t n) {
+    size_t i = 0;
+#if VEK_ISA_LEVEL >= 2
+    using V = simd::Wide<float>;
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    for (; 2 * i + 2 * L <= n; i += L) {
+        R_<V> even, odd;
+        V::deinterleave(V::load(x + 2 * i), V::load(x + 2 * i + L), even, odd);
+        V::store(v + i, even);
+        V::store(v + n - i - L, V::swap_pairs(V::reverse_pairs(odd))); // odd, reversed
+    }
+#endif
+    for (size_t j = i; 2 * j < n; ++j) v[j] = x[2 * j];
+    for (size_t j = i; 2 * j + 1 < n; ++j) v[n - 1 - j] = x[2 * j + 1];
+}
+
 } // namespace
 
 extern const DftKernels dft = {
@@ -710,6 +769,7 @@ extern const DftKernels dft = {
     .chirp_out_64f = chirp_out<double>,
     .cmul_32f = cmul<float>,
     .cmul_64f = cmul<double>,
+    .dct_order_32f = dct_order_32f,
 };
 
 } // namespace veks::kern::VEK_ISA

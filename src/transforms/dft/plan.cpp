@@ -72,9 +72,10 @@ Turn turn(uint64_t a, uint64_t b) {
 // ---- the mixed-radix engine's plan ------------------------------------------------------------
 
 // The passes for n points (see dft.hpp): the lane pass (8, 4 or 2), then radices 8 and 4 for
-// the remaining powers of two, 3, 5, 7, and the other primes (pair-sum butterflies) last, where
-// their runs are longest. False when n has a prime factor above max_prime, or when a pair-sum
-// pass would run on fewer than 8 complex values at a time.
+// the remaining powers of two (a last single 2 joined with a 3 or a 5 as radix 6 or 10), one
+// radix 15 where a 3 and a 5 remain, 3, 5, 7, and the other primes (pair-sum butterflies) last,
+// where their runs are longest. False when n has a prime factor above max_prime, or when a
+// pair-sum pass would run on fewer than 8 complex values at a time.
 bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
     int32_t r[kern::kMaxPasses];
     int np = 0;
@@ -83,13 +84,15 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
         r[np++] = radix;
         rest /= radix;
     };
-    if (rest % 8 == 0)
+    if (n == 6 || n == 10)
+        push(static_cast<int32_t>(n)); // one prime-factor butterfly
+    else if (rest % 8 == 0)
         push(8);
     else if (rest % 4 == 0)
         push(4);
     else if (rest % 2 == 0)
         push(2);
-    const bool lane = np == 1;
+    const bool lane = np == 1 && (r[0] == 2 || r[0] == 4 || r[0] == 8);
     int twos = 0;
     while (rest % 2 == 0) {
         rest /= 2;
@@ -97,7 +100,19 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
     }
     for (; twos >= 3 && twos != 4; twos -= 3) r[np++] = 8;
     for (; twos >= 2; twos -= 2) r[np++] = 4;
-    if (twos == 1) r[np++] = 2;
+    if (twos == 1) {
+        // A lone radix 2 joins a 3 or a 5: one pass less.
+        if (rest % 3 == 0) {
+            r[np++] = 6;
+            rest /= 3;
+        } else if (rest % 5 == 0) {
+            r[np++] = 10;
+            rest /= 5;
+        } else {
+            r[np++] = 2;
+        }
+    }
+    if (rest % 15 == 0) push(15); // a 3 and a 5 in one pass
     for (int32_t p : {3, 5, 7})
         while (rest % p == 0) push(p);
     int64_t before = 1;
@@ -126,7 +141,9 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
     return true;
 }
 
-bool is_pair_radix(int32_t r) { return r != 2 && r != 3 && r != 4 && r != 5 && r != 7 && r != 8; }
+bool is_pair_radix(int32_t r) {
+    return r != 2 && r != 3 && r != 4 && r != 5 && r != 6 && r != 7 && r != 8 && r != 10 && r != 15;
+}
 
 // Assigns the twiddle offsets and returns the table's size in values.
 int64_t layout_twiddles(MixInfo& info) {

@@ -1,8 +1,8 @@
-// Goertzel entry points: one or two relative frequencies of a complex vector. Short vectors run
-// the recurrence directly; longer ones run it on interleaved lanes (goertzel.hpp) and join the
-// lanes' results by Horner's rule in e^{i omega}. Everything is in double precision.
+// Goertzel entry points: one or two relative frequencies of a complex vector, through the lane
+// recurrences of goertzel.hpp. Everything is in double precision.
 #include "transforms/goertzel/goertzel.hpp"
 
+#include <cstdint>
 #include <cmath>
 #include <complex>
 
@@ -15,85 +15,14 @@ using namespace veks;
 namespace {
 
 using cd = std::complex<double>;
-constexpr size_t K = kern::kGoertzLanes;
 
-// e^{2 pi i f} for 0 <= f < 1: f is folded exactly into [0, 1/8] (each subtraction below is
-// exact), so cos and sin only see small arguments.
-cd turn(double f) {
-    const bool lower = f > 0.5;
-    if (lower) f = 1.0 - f;
-    const bool left = f > 0.25;
-    if (left) f = 0.5 - f;
-    const bool swap = f > 0.125;
-    if (swap) f = 0.25 - f;
-    const double a = 6.283185307179586476925286766559 * f;
-    double c = std::cos(a), s = std::sin(a);
-    if (swap) std::swap(c, s);
-    if (left) c = -c;
-    if (lower) s = -s;
-    return {c, s};
-}
-
-// a b, written out (the library's complex product, without the checks for infinite parts
-// that the standard operator makes).
-inline cd mul(cd a, cd b) {
-    return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
-}
-
-template <class E>
-cd sample(const E* x, size_t n) {
-    return {static_cast<double>(x[2 * n]), static_cast<double>(x[2 * n + 1])};
-}
-
-// out[f] = e^{i omega_f len} sum_n x[n] e^{-i omega_f n} = e^{i omega} s[len-1] - s[len-2].
+// out[f] = e^{i omega_f len} sum_n x[n] e^{-i omega_f n}.
 template <class C>
 void goertzel(const C* src, size_t len, const double* freq, size_t nf, cd* out,
-              void (*lanes)(const C*, size_t, const double*, size_t, kern::GoertzState*)) {
-    using E = decltype(src->re);
-    const E* x = reinterpret_cast<const E*>(src);
-    cd w[2];
-    for (size_t f = 0; f < nf; ++f) w[f] = turn(freq[f]);
-    if (len < 4 * K) {
-        for (size_t f = 0; f < nf; ++f) {
-            const double c2 = 2 * w[f].real();
-            double s1r = 0, s1i = 0, s2r = 0, s2i = 0;
-            for (size_t n = 0; n < len; ++n) {
-                const cd v = sample(x, n);
-                const double r = (v.real() - s2r) + c2 * s1r, i = (v.imag() - s2i) + c2 * s1i;
-                s2r = s1r, s2i = s1i, s1r = r, s1i = i;
-            }
-            out[f] = mul(w[f], cd(s1r, s1i)) - cd(s2r, s2i);
-        }
-        return;
-    }
-    // Lane j runs over the segment x[j m .. j m + m), m = steps; its result g_j stands for
-    // sum_n x[j m + n] e^{i omega (m - n)}.
-    const size_t steps = len / K, nb = steps * K;
-    double coef[2];
-    cd wm[2];
-    for (size_t f = 0; f < nf; ++f) {
-        coef[f] = 2 * w[f].real();
-        // e^{i omega m}: the turns m f split exactly into a rounded product and its error.
-        const double mf = static_cast<double>(steps);
-        const double p = mf * freq[f], e = std::fma(mf, freq[f], -p);
-        double g = (p - std::floor(p)) + e;
-        g = g < 0.0 ? g + 1.0 : g >= 1.0 ? g - 1.0 : g;
-        wm[f] = turn(g);
-    }
-    kern::GoertzState st[2];
-    lanes(src, steps, coef, nf, st);
-    for (size_t f = 0; f < nf; ++f) {
-        // out = sum_j g_j e^{i omega (len - (j + 1) m)} + sum over the tail x[n] e^{i omega (len
-        // - n)}, by Horner's rule in e^{i omega m} and then in e^{i omega}.
-        cd acc = 0;
-        for (size_t j = 0; j < K; ++j) {
-            const cd s1(st[f].s1[2 * j], st[f].s1[2 * j + 1]);
-            const cd s2(st[f].s2[2 * j], st[f].s2[2 * j + 1]);
-            acc = mul(acc, wm[f]) + (mul(w[f], s1) - s2);
-        }
-        for (size_t n = nb; n < len; ++n) acc = mul(acc + sample(x, n), w[f]);
-        out[f] = acc;
-    }
+              void (*run)(const C*, size_t, const double*, size_t, double*)) {
+    double r[4];
+    run(src, len, freq, nf, r);
+    for (size_t f = 0; f < nf; ++f) out[f] = {r[2 * f], r[2 * f + 1]};
 }
 
 bool in_range(double f) { return f >= 0.0 && f < 1.0; }
@@ -108,11 +37,11 @@ VekStatus run(const C* pSrc, int len, const R* freq, size_t nf, cd* out) {
     const auto& k = kern::goertzel_kernels();
     const size_t n = static_cast<size_t>(len);
     if constexpr (std::is_same_v<C, Vek32fc>)
-        goertzel(pSrc, n, fr, nf, out, k.lanes_32fc);
+        goertzel(pSrc, n, fr, nf, out, k.run_32fc);
     else if constexpr (std::is_same_v<C, Vek64fc>)
-        goertzel(pSrc, n, fr, nf, out, k.lanes_64fc);
+        goertzel(pSrc, n, fr, nf, out, k.run_64fc);
     else
-        goertzel(pSrc, n, fr, nf, out, k.lanes_16sc);
+        goertzel(pSrc, n, fr, nf, out, k.run_16sc);
     return vekStsOk;
 }
 

@@ -1,9 +1,18 @@
-// Kernels of the Goertzel transform. The recurrence s[n] = x[n] + 2 cos(omega) s[n-1] - s[n-2]
-// runs on kGoertzLanes consecutive segments of the vector at once (lane j takes x[j m .. j m +
-// m)), so the lanes' dependency chains run side by side and each is only m long. The entry
-// points join the lanes' results (goertzel.cpp). Sums are in double.
+// Kernels of the Goertzel transform. The result for one relative frequency f (w = e^{2 pi i f})
+// is the sum over n of x[n] w^(len - n). The vector is cut into steps of kGoertzLanes samples
+// (the first step zero-padded in front, so that len + pad is a whole number of steps; the
+// padding does not change the sum), and lane l of every step runs its own first-order complex
+// recurrence S_l = S_l u + x_l with u = w^kGoertzLanes. The lanes' chains are independent, and
+// the recurrence is unrolled by two steps (S = S u^2 + (x_t u + x_{t+1})), so the dependency
+// chain is short. The lanes are then joined by halving folds: lane l takes lane l + h times
+// w^h (h = kGoertzLanes / 2 .. 1), and the last fold's value times w is the result.
 //
-// Kernels never check arguments: nf is 1 or 2, steps at least 2.
+// A first-order rotation has none of the second-order recurrence's loss of accuracy where
+// cos(2 pi f kGoertzLanes) is near +-1: its error grows with the number of steps only. u and
+// every factor is exactly rounded (f times a power of two is exact, and
+// the last factor's turns are split exactly). Sums are in double.
+//
+// Kernels never check arguments: nf is 1 or 2, len at least 1.
 #pragma once
 
 #include <cstddef>
@@ -13,25 +22,28 @@
 
 namespace veks::kern {
 
-// Complex samples per step of the lane recurrence.
-inline constexpr size_t kGoertzLanes = 8;
+// Complex samples per step (lanes of the recurrence).
+inline constexpr size_t kGoertzLanes = 16;
 
-struct GoertzState {
-    // For each lane: the real and imaginary parts of s[M-1] (s1) and s[M-2] (s2), M = steps.
-    double s1[2 * kGoertzLanes];
-    double s2[2 * kGoertzLanes];
+// Exponent of kGoertzLanes (a power of two).
+inline constexpr size_t kGoertzLog = 4;
+static_assert(kGoertzLanes == size_t{1} << kGoertzLog);
+
+// The factors of one frequency, each exactly rounded from its turn.
+struct GoertzCoef {
+    double u[2];              // w^kGoertzLanes
+    double u2[2];             // w^(2 kGoertzLanes)
+    double pw[kGoertzLog][2]; // w^h for h = 1, 2, 4, .. kGoertzLanes / 2
+    double q[2];              // w^(1 - pad), pad = (-len) mod kGoertzLanes
 };
 
 struct GoertzelKernels {
-    // Runs the recurrence over the kGoertzLanes segments of `steps` samples each of
-    // x[0 .. steps * kGoertzLanes) for nf frequencies with coefficients coef[f] = 2 cos(omega_f),
-    // into st[f].
-    void (*lanes_32fc)(const Vek32fc* x, size_t steps, const double* coef, size_t nf,
-                       GoertzState* st);
-    void (*lanes_64fc)(const Vek64fc* x, size_t steps, const double* coef, size_t nf,
-                       GoertzState* st);
-    void (*lanes_16sc)(const Vek16sc* x, size_t steps, const double* coef, size_t nf,
-                       GoertzState* st);
+    // The sums for nf frequencies into out (re, im per frequency). Each frequency's result is
+    // computed by the same operations whatever nf is.
+    // freq: nf relative frequencies in [0, 1).
+    void (*run_32fc)(const Vek32fc* x, size_t len, const double* freq, size_t nf, double* out);
+    void (*run_64fc)(const Vek64fc* x, size_t len, const double* freq, size_t nf, double* out);
+    void (*run_16sc)(const Vek16sc* x, size_t len, const double* freq, size_t nf, double* out);
 };
 
 } // namespace veks::kern

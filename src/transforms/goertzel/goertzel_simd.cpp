@@ -1,77 +1,285 @@
-// Goertzel lane recurrences, compiled once per instruction-set level (VEK_ISA). The loops run
-// over the 2 kGoertzLanes doubles of a step (one sample of each segment), which the compiler
-// maps onto the level's vectors; the order of the operations is the same on every level, so are
-// the results.
+// Goertzel lane recurrences, compiled once per instruction-set level (VEK_ISA): kGoertzLanes
+// complex lanes in vectors of interleaved doubles (see goertzel.hpp). Each frequency runs the
+// same operations whether it is computed alone or with another one.
+#include <cstdint>
+#include <type_traits>
+
+#include "simd/vec.hpp"
 #include "transforms/goertzel/goertzel.hpp"
 
 namespace veks::kern::VEK_ISA {
 namespace {
 
-constexpr size_t W = 2 * kGoertzLanes;
+// Interleaved complex doubles, at least one complex value per vector.
+using V = simd::Vec<double, (simd::Wide<double>::lanes < 2 ? 2 : simd::Wide<double>::lanes)>;
+using R = V::R;
+constexpr size_t K = kGoertzLanes;
+constexpr size_t VL = static_cast<size_t>(V::lanes);
+constexpr size_t NV = 2 * K / VL; // vectors per step
 
-// Sample n of every segment (segments of m complex values, one after the other).
-template <class E>
-inline void load_step(const E* x, size_t m, double* u) {
-    for (size_t l = 0; l < kGoertzLanes; ++l) {
-        u[2 * l] = static_cast<double>(x[2 * l * m]);
-        u[2 * l + 1] = static_cast<double>(x[2 * l * m + 1]);
+// cos and sin of a in [0, pi / 4] by their Taylor series (the first omitted terms are below
+// 2^-60 of the result), the polynomials in z = a^2 evaluated by Estrin's scheme (short
+// dependency chains).
+inline void sincos_small(double a, double& c, double& s) {
+    const double z = a * a, z2 = z * z, z4 = z2 * z2;
+    // sin a = a + a z (s0 + s1 z + .. + s7 z^7), s_i = (-1)^(i+1) / (2 i + 3)!
+    const double s01 = -1.0 / 6.0 + z * (1.0 / 120.0);
+    const double s23 = -1.0 / 5040.0 + z * (1.0 / 362880.0);
+    const double s45 = -1.0 / 39916800.0 + z * (1.0 / 6227020800.0);
+    const double s67 = -1.0 / 1307674368000.0 + z * (1.0 / 355687428096000.0);
+    const double ps = (s01 + z2 * s23) + z4 * (s45 + z2 * s67);
+    // cos a = 1 - z (c0 + c1 z + .. + c8 z^8), c_i = (-1)^i / (2 i + 2)!
+    const double c01 = 1.0 / 2.0 - z * (1.0 / 24.0);
+    const double c23 = 1.0 / 720.0 - z * (1.0 / 40320.0);
+    const double c45 = 1.0 / 3628800.0 - z * (1.0 / 479001600.0);
+    const double c67 = 1.0 / 87178291200.0 - z * (1.0 / 20922789888000.0);
+    const double c8 = 1.0 / 6402373705728000.0;
+    const double pc = (c01 + z2 * c23) + z4 * ((c45 + z2 * c67) + z4 * c8);
+    s = a + a * (z * ps);
+    c = 1.0 - z * pc;
+}
+
+// e^{2 pi i f_j} for 0 <= f_j < 1, j < count: each f is folded exactly into
+// [0, 1/8] (each subtraction below is exact), so the series only see small arguments. The
+// values are independent: written as loops over j, without branches, their chains overlap.
+template <size_t count>
+void turns(const double* f, double* re, double* im) {
+    // Per value: the folded argument, and the folds as selections (no branches).
+    double a[count], lower[count], left[count], swap[count];
+    for (size_t j = 0; j < count; ++j) {
+        double g = f[j];
+        lower[j] = g > 0.5 ? 1.0 : 0.0;
+        g = g > 0.5 ? 1.0 - g : g;
+        left[j] = g > 0.25 ? 1.0 : 0.0;
+        g = g > 0.25 ? 0.5 - g : g;
+        swap[j] = g > 0.125 ? 1.0 : 0.0;
+        g = g > 0.125 ? 0.25 - g : g;
+        a[j] = 6.283185307179586476925286766559 * g;
+    }
+    for (size_t j = 0; j < count; ++j) {
+        double c, s;
+        sincos_small(a[j], c, s);
+        const double cc = swap[j] != 0.0 ? s : c, ss = swap[j] != 0.0 ? c : s;
+        re[j] = left[j] != 0.0 ? -cc : cc;
+        im[j] = lower[j] != 0.0 ? -ss : ss;
     }
 }
 
-// One step: a = (u - a) + c a_prev, where a holds s[n-2] on entry and s[n] on exit.
-inline void step(const double* u, const double* prev, double* a, double c) {
-    for (size_t l = 0; l < W; ++l) a[l] = (u[l] - a[l]) + c * prev[l];
+// The fractional part of f times a power of two, 0 <= f < 1 (exact: the product and the
+// subtraction are).
+double frac_times(double f, double pow2) {
+    const double p = f * pow2;
+    return p - static_cast<double>(static_cast<int64_t>(p));
+}
+
+// The integer part of a, |a| < 2^62, rounded down (exact).
+double floor_of(double a) {
+    const double t = static_cast<double>(static_cast<int64_t>(a));
+    return t > a ? t - 1.0 : t;
+}
+
+// m f mod 1 in [0, 1) for 0 <= f < 1 and a small integer m (|m| < 16), rounded once: f is split
+// into a head of 48 bits, whose products with m are exact, and the small rest.
+double frac_mul(double f, double m) {
+    constexpr double two48 = 281474976710656.0;
+    const double fh = floor_of(f * two48) / two48, fl = f - fh;
+    double a = m * fh;
+    a -= floor_of(a);
+    double g = a + m * fl;
+    if (g < 0.0) g += 1.0;
+    if (g >= 1.0) g -= 1.0;
+    return g;
+}
+
+// The factors of nf frequencies for a vector of len samples: per frequency the turns of w^h
+// (h = 1, 2, .. K / 2), u = w^K, u^2 and w^(1 - pad), evaluated side by side (the loops over
+// them vectorise).
+template <size_t NF>
+void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
+    constexpr size_t L = kGoertzLog, T = 8; // L + 3 turns, and one unused
+    static_assert(L + 3 == T - 1);
+    const size_t pad = (K - len % K) % K;
+    constexpr double kPow2[T] = {1, 2, 4, 8, 16, 32, 64, 128};
+    double g[NF * T];
+    for (size_t f = 0; f < NF; ++f) {
+        // Whole vectors of turns (a value stored alone and loaded with its neighbours would have
+        // to wait for its store); the last one is unused.
+        const double q = frac_mul(freq[f], 1.0 - static_cast<double>(pad));
+        for (size_t j = 0; j < T; ++j)
+            g[T * f + j] = j == L + 2 ? q : frac_times(freq[f], kPow2[j]);
+    }
+    double re[NF * T], im[NF * T];
+    turns<NF * T>(g, re, im);
+    for (size_t f = 0; f < NF; ++f) {
+        const double* zr = re + T * f;
+        const double* zi = im + T * f;
+        for (size_t j = 0; j < L; ++j) coef[f].pw[j][0] = zr[j], coef[f].pw[j][1] = zi[j];
+        coef[f].u[0] = zr[L], coef[f].u[1] = zi[L];
+        coef[f].u2[0] = zr[L + 1], coef[f].u2[1] = zi[L + 1];
+        coef[f].q[0] = zr[L + 2], coef[f].q[1] = zi[L + 2];
+    }
+}
+
+// One step (K complex samples from p) widened to double.
+template <class E>
+inline void load_step(const E* p, R* a) {
+    if constexpr (std::is_same_v<E, float>) {
+        for (size_t i = 0; i < NV; ++i) a[i] = V::load_float(p + i * VL);
+    } else if constexpr (std::is_same_v<E, double>) {
+        for (size_t i = 0; i < NV; ++i) a[i] = V::load(p + i * VL);
+    } else {
+        alignas(64) double t[2 * K];
+        for (size_t j = 0; j < 2 * K; ++j) t[j] = static_cast<double>(p[j]);
+        for (size_t i = 0; i < NV; ++i) a[i] = V::load(t + i * VL);
+    }
+}
+
+// The first `rem` complex samples of a step (0 < rem < K), the other lanes zero; nothing is read
+// beyond them.
+template <class E>
+inline void load_part(const E* p, size_t rem, R* a) {
+    const size_t n = 2 * rem;
+    for (size_t i = 0; i < NV; ++i) {
+        const size_t at = i * VL, cnt = n <= at ? 0 : n - at < VL ? n - at : VL;
+        if constexpr (std::is_same_v<E, float>) {
+            a[i] = cnt == VL ? V::load_float(p + at) : V::load_float_n(p + at, cnt);
+        } else if constexpr (std::is_same_v<E, double>) {
+            a[i] = cnt == VL ? V::load(p + at) : V::load_n(p + at, cnt);
+        } else {
+            alignas(64) double t[VL];
+            for (size_t j = 0; j < VL; ++j) t[j] = j < cnt ? static_cast<double>(p[at + j]) : 0.0;
+            a[i] = V::load(t);
+        }
+    }
+}
+
+// A complex factor as the two vectors rot_add needs.
+struct Rot {
+    R c, s;
+    Rot() = default;
+    explicit Rot(const double* z) : c(V::splat(z[0])), s(V::splat_pair(-z[1], z[1])) {}
+};
+
+// a z + b for interleaved complex a and b.
+inline R rot_add(R a, const Rot& z, R b) {
+    return V::mul_add(V::swap_pairs(a), z.s, V::mul_add(a, z.c, b));
+}
+
+// Complex product of (ar, ai) and (br, bi), written out.
+inline void cmul(double ar, double ai, double br, double bi, double& r, double& i) {
+    r = ar * br - ai * bi;
+    i = ar * bi + ai * br;
+}
+
+constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
+
+// The per-frequency part after the recurrence is out of line, so that the compiler cannot
+// interleave (and vectorize) two frequencies' scalar arithmetic differently from one
+// frequency's: each frequency's result has the same bits whatever nf is.
+
+// Folds: lane l takes lane l + h times w^h, which keeps sum_l v_l w^(2h - l); first whole
+// vectors, then the lanes of the last vector; the result times q.
+[[gnu::noinline]] void fold(R* s, const GoertzCoef& c, double* out) {
+    constexpr size_t CV = VL / 2; // complex values per vector
+    for (size_t nv = NV; nv > 1; nv /= 2) {
+        const Rot z(c.pw[log2_of(nv / 2 * CV)]);
+        for (size_t i = 0; i < nv / 2; ++i) s[i] = rot_add(s[i], z, s[i + nv / 2]);
+    }
+    alignas(64) double v[VL];
+    V::store(v, s[0]);
+    for (size_t h = CV / 2; h >= 1; h /= 2) {
+        const double* z = c.pw[log2_of(h)];
+        for (size_t l = 0; l < h; ++l) {
+            double r, i;
+            cmul(v[2 * l], v[2 * l + 1], z[0], z[1], r, i);
+            v[2 * l] = r + v[2 * (l + h)];
+            v[2 * l + 1] = i + v[2 * (l + h) + 1];
+        }
+    }
+    cmul(v[0], v[1], c.q[0], c.q[1], out[0], out[1]);
 }
 
 template <size_t NF, class E>
-void lanes(const E* x, size_t steps, const double* coef, GoertzState* st) {
-    // Two states per frequency, updated in place and alternating roles (the loop unrolled by
-    // two): p holds s[n-1] and q s[n-2] before the even steps.
-    alignas(64) double p[NF][W] = {}, q[NF][W] = {};
-    alignas(64) double u[W];
-    size_t n = 0;
-    for (; n + 2 <= steps; n += 2) {
-        load_step(x + 2 * n, steps, u);
-        for (size_t f = 0; f < NF; ++f) step(u, p[f], q[f], coef[f]); // q = s[n]
-        load_step(x + 2 * (n + 1), steps, u);
-        for (size_t f = 0; f < NF; ++f) step(u, q[f], p[f], coef[f]); // p = s[n+1]
-    }
-    const bool odd = n < steps;
-    if (odd) {
-        load_step(x + 2 * n, steps, u);
-        for (size_t f = 0; f < NF; ++f) step(u, p[f], q[f], coef[f]);
-    }
-    for (size_t f = 0; f < NF; ++f)
-        for (size_t l = 0; l < W; ++l) {
-            st[f].s1[l] = odd ? q[f][l] : p[f][l];
-            st[f].s2[l] = odd ? p[f][l] : q[f][l];
+void run(const E* x, size_t len, const double* freq, double* out) {
+    GoertzCoef coef[NF];
+    make_coefs<NF>(freq, len, coef);
+    // Whole steps, then the last `rem` samples as a step zero-padded at its end: the sum then
+    // carries a factor w^pad, which the last product takes out.
+    const size_t full = len / K, rem = len % K;
+    R s[NF][NV];
+    const E* p = x;
+    size_t t = 0;
+    {
+        R a[NV];
+        if (full > 0) {
+            load_step(p, a);
+            p += 2 * K;
+            t = 1;
+        } else {
+            load_part(p, rem, a);
         }
+        for (size_t f = 0; f < NF; ++f)
+            for (size_t i = 0; i < NV; ++i) s[f][i] = a[i];
+    }
+    if (full > 2) {
+        Rot u[NF], u2[NF];
+        for (size_t f = 0; f < NF; ++f) {
+            u[f] = Rot(coef[f].u);
+            u2[f] = Rot(coef[f].u2);
+        }
+        for (; t + 1 < full; t += 2, p += 4 * K) {
+            R a[NV], b[NV];
+            load_step(p, a);
+            load_step(p + 2 * K, b);
+            for (size_t f = 0; f < NF; ++f)
+                for (size_t i = 0; i < NV; ++i)
+                    s[f][i] = rot_add(s[f][i], u2[f], rot_add(a[i], u[f], b[i]));
+        }
+    }
+    auto single = [&](const R* a) {
+        for (size_t f = 0; f < NF; ++f) {
+            const Rot u(coef[f].u);
+            for (size_t i = 0; i < NV; ++i) s[f][i] = rot_add(s[f][i], u, a[i]);
+        }
+    };
+    if (t < full) { // the last whole step
+        R a[NV];
+        load_step(p, a);
+        p += 2 * K;
+        single(a);
+    }
+    if (full > 0 && rem > 0) {
+        R a[NV];
+        load_part(p, rem, a);
+        single(a);
+    }
+    for (size_t f = 0; f < NF; ++f) fold(s[f], coef[f], out + 2 * f);
 }
 
 template <class E>
-void lanes_any(const E* x, size_t steps, const double* coef, size_t nf, GoertzState* st) {
+void run_any(const E* x, size_t len, const double* freq, size_t nf, double* out) {
     if (nf == 1)
-        lanes<1>(x, steps, coef, st);
+        run<1>(x, len, freq, out);
     else
-        lanes<2>(x, steps, coef, st);
+        run<2>(x, len, freq, out);
 }
 
-void lanes_32fc(const Vek32fc* x, size_t steps, const double* coef, size_t nf, GoertzState* st) {
-    lanes_any(reinterpret_cast<const float*>(x), steps, coef, nf, st);
+void run_32fc(const Vek32fc* x, size_t len, const double* freq, size_t nf, double* out) {
+    run_any(reinterpret_cast<const float*>(x), len, freq, nf, out);
 }
-void lanes_64fc(const Vek64fc* x, size_t steps, const double* coef, size_t nf, GoertzState* st) {
-    lanes_any(reinterpret_cast<const double*>(x), steps, coef, nf, st);
+void run_64fc(const Vek64fc* x, size_t len, const double* freq, size_t nf, double* out) {
+    run_any(reinterpret_cast<const double*>(x), len, freq, nf, out);
 }
-void lanes_16sc(const Vek16sc* x, size_t steps, const double* coef, size_t nf, GoertzState* st) {
-    lanes_any(reinterpret_cast<const Vek16s*>(x), steps, coef, nf, st);
+void run_16sc(const Vek16sc* x, size_t len, const double* freq, size_t nf, double* out) {
+    run_any(reinterpret_cast<const Vek16s*>(x), len, freq, nf, out);
 }
 
 } // namespace
 
 extern const GoertzelKernels goertzel{
-    .lanes_32fc = lanes_32fc,
-    .lanes_64fc = lanes_64fc,
-    .lanes_16sc = lanes_16sc,
+    .run_32fc = run_32fc,
+    .run_64fc = run_64fc,
+    .run_16sc = run_16sc,
 };
 
 } // namespace veks::kern::VEK_ISA
