@@ -90,6 +90,8 @@ void window_veks(benchmark::State& state, W w) {
     run(state, [&](int len) { w(x.data(), d.data(), len); });
 }
 void WinHann_32f_veks(benchmark::State& s) { window_veks(s, veksWinHann_32f); }
+void WinHamming_32f_veks(benchmark::State& s) { window_veks(s, veksWinHamming_32f); }
+void WinBartlett_32f_veks(benchmark::State& s) { window_veks(s, veksWinBartlett_32f); }
 void WinBlackman_32f_veks(benchmark::State& s) {
     window_veks(s, [](const Vek32f* x, Vek32f* d, int n) { veksWinBlackman_32f(x, d, n, -0.16f); });
 }
@@ -151,6 +153,8 @@ struct Registrar {
             benchmark::RegisterBenchmark("Tone_Direct_32fc/veks", Tone_32fc_veks)->Arg(n);
             benchmark::RegisterBenchmark("Tone_Direct_32f/veks", Tone_32f_veks)->Arg(n);
             benchmark::RegisterBenchmark("WinHann_32f/veks", WinHann_32f_veks)->Arg(n);
+            benchmark::RegisterBenchmark("WinHamming_32f/veks", WinHamming_32f_veks)->Arg(n);
+            benchmark::RegisterBenchmark("WinBartlett_32f/veks", WinBartlett_32f_veks)->Arg(n);
             benchmark::RegisterBenchmark("WinBlackman_32f/veks", WinBlackman_32f_veks)->Arg(n);
             benchmark::RegisterBenchmark("WinKaiser_32f/veks", WinKaiser_32f_veks)->Arg(n);
             benchmark::RegisterBenchmark("RandUniform_Direct_32f/veks", RandUniform_Direct_32f_veks)
@@ -163,7 +167,8 @@ struct Registrar {
             benchmark::RegisterBenchmark("VectorJaehne_32f/veks", VectorJaehne_32f_veks)->Arg(n);
 #ifdef VEKS_HAVE_VOLK
             benchmark::RegisterBenchmark("Tone_Direct_32fc/volk", Tone_32fc_volk)->Arg(n);
-            for (const char* w : {"WinHann_32f/volk", "WinBlackman_32f/volk", "WinKaiser_32f/volk"})
+            for (const char* w : {"WinHann_32f/volk", "WinHamming_32f/volk", "WinBartlett_32f/volk",
+                                  "WinBlackman_32f/volk", "WinKaiser_32f/volk"})
                 benchmark::RegisterBenchmark(w, Win_32f_volk)->Arg(n);
 #endif
 #ifdef VEKS_HAVE_LIQUID

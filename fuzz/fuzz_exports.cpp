@@ -97,10 +97,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Bytes src(data, size);
     const conf::Contract& c = *list[static_cast<size_t>(src.pick(0, int64_t(list.size()) - 1))];
     auto call = conf::build(c, &src);
-    if (!call->notes.empty()) return 0; // a buffer too large for a test
     for (const conf::Step& s : c.steps())
         if (!s.faults.empty() && src.chance(6))
             s.faults[static_cast<size_t>(src.pick(0, int64_t(s.faults.size()) - 1))].apply(*call);
+    // A buffer too large for a test, or an object of another kind that could not be made.
+    if (!call->notes.empty()) return 0;
     conf::RunOptions o;
     if (conf::heap::watched() && src.chance(12)) o.fail_at = static_cast<long>(src.pick(1, 4));
     const conf::Outcome out = conf::run(c, *call, o);

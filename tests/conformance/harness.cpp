@@ -1180,7 +1180,8 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
 
     // Each fault alone, then with a fault of every later step.
     const auto& steps = c.steps();
-    for (size_t a = 0; a < steps.size(); ++a)
+    bool allocated = false; // an allocation step comes before step a
+    for (size_t a = 0; a < steps.size(); allocated |= steps[a++].status == vekStsMemAllocErr)
         for (const Fault& f : steps[a].faults) {
             {
                 auto call = build(c, nullptr, {});
@@ -1190,6 +1191,12 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
                     problems.push_back(f.what + ": the rule's own step does not see this fault");
             }
             once(f.what, {}, {&f});
+            if (heap::watched() && !allocated) { // refused before anything is allocated
+                auto call = build(c, nullptr, {});
+                f.apply(*call);
+                ++*cases;
+                report(f.what + ", the first heap request failing", run(c, *call, {.fail_at = 1}));
+            }
             for (size_t b = a + 1; b < steps.size(); ++b)
                 for (size_t k = 0; k < steps[b].faults.size() && k < 2; ++k)
                     once(f.what + " and " + steps[b].faults[k].what, {}, {&steps[b].faults[k], &f});

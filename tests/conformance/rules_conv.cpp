@@ -11,7 +11,7 @@ namespace {
 
 int phase_of(const conf::Call& k) {
     int v = 0;
-    std::memcpy(&v, k.ptr("pPhase"), sizeof v);
+    if (!k.is_null("pPhase")) std::memcpy(&v, k.ptr("pPhase"), sizeof v);
     return v;
 }
 

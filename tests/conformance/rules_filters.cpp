@@ -59,8 +59,11 @@ bool multi_rate(const conf::Call& k) {
 }
 int64_t up_of(const conf::Call& k) { return multi_rate(k) ? k.n("upFactor", 3) : 1; }
 int64_t down_of(const conf::Call& k) { return multi_rate(k) ? k.n("downFactor", 2) : 1; }
-void rate_knobs(conf::Contract& c) {
-    c.knob("upFactor", 1, 6, 3, {1, 2, 5});
+// Factors of 1 and 1 make a single-rate state: where a multi-rate state must be told apart
+// (the single-sample forms refuse it), upFactor starts at 2.
+void rate_knobs(conf::Contract& c, int64_t min_up = 1) {
+    c.knob("upFactor", min_up, 6, 3,
+           min_up == 1 ? std::vector<int64_t>{1, 2, 5} : std::vector<int64_t>{2, 5});
     c.knob("downFactor", 1, 6, 2, {1, 3});
 }
 
@@ -146,7 +149,7 @@ const conf::Rules filters([] {
             // State forms: the state, its kind, then the vectors and the length. The block forms
             // take multi-rate states too, the single-sample forms single-rate states only.
             c.knob("tapsLen", 1, 80, 5, {1, 40});
-            rate_knobs(c);
+            rate_knobs(c, c.is("^veksFIROne") ? 2 : 1);
             if (c.has("numIters")) c.suite_values("numIters", {1, 2, 3, 67, 300});
             c.size("pSrc", [](const conf::Call& k) { return k.i("numIters") * down_of(k); });
             c.size("pDst", [](const conf::Call& k) { return k.i("numIters") * up_of(k); });

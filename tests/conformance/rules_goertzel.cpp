@@ -8,13 +8,13 @@ namespace {
 
 template <class R>
 void set_freq(conf::Call& k, int at, double v) {
-    static_cast<R*>(k.ptr("rFreq"))[at] = static_cast<R>(v);
+    if (k.bytes("rFreq") >= (at + 1) * sizeof(R)) static_cast<R*>(k.ptr("rFreq"))[at] = R(v);
 }
 
 template <class R>
 bool freqs_bad(const conf::Call& k) {
     const R* f = static_cast<const R*>(k.ptr("rFreq"));
-    for (int i = 0; i < 2; ++i)
+    for (size_t i = 0; i < 2 && i < k.bytes("rFreq") / sizeof(R); ++i)
         if (!(f[i] >= 0 && f[i] < 1)) return true;
     return false;
 }

@@ -196,6 +196,62 @@ TEST(Window, KaiserComputationAndLimits) {
     EXPECT_EQ(k[0], 5.0f);
 }
 
+// The single-precision members evaluate the same formulas by a faster exponential: their
+// coefficients are those of the double-precision member rounded to single precision, apart from
+// values within 1e-13 relative of a rounding boundary.
+TEST(Window, KaiserSingleFollowsDouble) {
+    vt::for_each_level([](auto) {
+        for (long N : {2L, 5L, 64L, 77L, 1001L, 4097L})
+            for (double beta : {0.0, 1.0, 3.7, 3.75, 8.0, 20.0, 37.99}) {
+                const float a = static_cast<float>(2 * beta / static_cast<double>(N - 1));
+                std::vector<float> x(N, 1.0f), w(N);
+                std::vector<double> xd(N, 1.0), wd(N);
+                ASSERT_EQ(veksWinKaiser_32f(x.data(), w.data(), static_cast<int>(N), a), 0);
+                ASSERT_EQ(veksWinKaiser_64f(xd.data(), wd.data(), static_cast<int>(N), a), 0);
+                for (long n = 0; n < N; ++n) {
+                    const double up = wd[n] * (1 + 1e-13), down = wd[n] * (1 - 1e-13);
+                    if (static_cast<float>(up) != static_cast<float>(down)) continue;
+                    ASSERT_EQ(w[n], static_cast<float>(wd[n])) << N << " " << beta << " " << n;
+                }
+            }
+    });
+}
+
+// The complex members apply the real members' coefficients to both parts: the same bits as the
+// real member on the real and imaginary parts separately, at both ends, on every level.
+TEST(Window, ComplexMembersFollowRealOnes) {
+    using F = VekStatus (*)(const Vek32f*, Vek32f*, int);
+    using C = VekStatus (*)(const Vek32fc*, Vek32fc*, int);
+    const std::pair<F, C> pairs[] = {
+        {veksWinBartlett_32f, veksWinBartlett_32fc},
+        {veksWinHann_32f, veksWinHann_32fc},
+        {veksWinHamming_32f, veksWinHamming_32fc},
+        {veksWinBlackmanOpt_32f, veksWinBlackmanOpt_32fc},
+        {[](const Vek32f* s, Vek32f* d, int l) { return veksWinKaiser_32f(s, d, l, 0.04f); },
+         [](const Vek32fc* s, Vek32fc* d, int l) { return veksWinKaiser_32fc(s, d, l, 0.04f); }},
+    };
+    vt::Rng rng(3);
+    vt::for_each_level([&](auto) {
+        for (const auto& [real, cplx] : pairs)
+            for (int N : {4, 5, 9, 64, 65, 1030, 1537}) {
+                std::vector<Vek32fc> x(N), y(N);
+                std::vector<float> re(N), im(N), wre(N), wim(N);
+                for (int k = 0; k < N; ++k) {
+                    re[k] = static_cast<float>(rng.uniform(-9, 9));
+                    im[k] = static_cast<float>(rng.uniform(-9, 9));
+                    x[k] = {re[k], im[k]};
+                }
+                ASSERT_EQ(cplx(x.data(), y.data(), N), 0);
+                ASSERT_EQ(real(re.data(), wre.data(), N), 0);
+                ASSERT_EQ(real(im.data(), wim.data(), N), 0);
+                for (int k = 0; k < N; ++k) {
+                    ASSERT_TRUE(vt::same_bits(y[k].re, wre[k])) << N << " " << k;
+                    ASSERT_TRUE(vt::same_bits(y[k].im, wim[k])) << N << " " << k;
+                }
+            }
+    });
+}
+
 TEST(Window, ThreePointCasesAndSaturation) {
     const float x[] = {2.0f, -3.0f, 4.0f};
     float y[3];

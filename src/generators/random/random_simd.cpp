@@ -36,6 +36,10 @@ void swb_words(RandWords& g, uint32_t* w, size_t n) {
     uint32_t c = g.c;
     uint32_t v = g.x1 - g.x2, v_next = g.x0 - g.x1; // differences of the coming two steps
     uint32_t prev = g.x0, older = g.x1;
+    // Unrolled so that fewer copies rotate the roles of the carried words.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC unroll 4
+#endif
     for (size_t i = 0; i < n; ++i) {
         const uint32_t t = v + c;
         c = static_cast<uint32_t>(static_cast<int32_t>(t) >> 31);

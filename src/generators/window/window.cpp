@@ -46,13 +46,24 @@ WindowPlan plan(WindowShape shape, int len, double alpha) {
     p.step = 2.0 / static_cast<double>(len - 1);
     if (shape == WindowShape::hann || shape == WindowShape::hamming ||
         shape == WindowShape::blackman) {
+        // The rotations by kWindowLanes and kWindowBlock steps are evaluated only when the
+        // window has that many coefficients (32 theta and 512 theta are exact multiples; the
+        // library evaluates them rather than squaring e^(i theta), whose error would grow with
+        // every squaring).
         const double theta = kTwoPi / static_cast<double>(len - 1);
+        const int half = len / 2;
         p.cos_step = std::cos(theta);
         p.sin_step = std::sin(theta);
-        p.cos_lanes = std::cos(kern::kWindowLanes * theta);
-        p.sin_lanes = std::sin(kern::kWindowLanes * theta);
-        p.cos_block = std::cos(kern::kWindowBlock * theta);
-        p.sin_block = std::sin(kern::kWindowBlock * theta);
+        p.cos_lanes = p.cos_block = 1.0;
+        p.sin_lanes = p.sin_block = 0.0;
+        if (half > kern::kWindowLanes) {
+            p.cos_lanes = std::cos(kern::kWindowLanes * theta);
+            p.sin_lanes = std::sin(kern::kWindowLanes * theta);
+        }
+        if (half > kern::kWindowBlock) {
+            p.cos_block = std::cos(kern::kWindowBlock * theta);
+            p.sin_block = std::sin(kern::kWindowBlock * theta);
+        }
     }
     return p;
 }

@@ -11,14 +11,20 @@
 //   from 0, and reproduced exactly without the serial chain: between binade boundaries (and
 //   after at most one step with a tie) every addition adds the same rounded increment, so a run
 //   of coefficients is base + k delta, exact; each run is planned from one real addition.
-// - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2), the exponential with the
-//   bits of the library's own (elem::exp_64f, those of veksExp_64f): a fast evaluation where it
-//   decides the rounding, elem::exp_64f itself otherwise; the square roots are IEEE ones, the
-//   bits of veksSqrt_64f.
+// - Kaiser: I0 by the Abramowitz-Stegun polynomials (9.8.1, 9.8.2). The double-precision member
+//   and 16-bit members take the exponential with the bits of the library's own (elem::exp_64f,
+//   those of veksExp_64f): a fast evaluation where it decides the rounding, elem::exp_64f itself
+//   otherwise; the square roots are IEEE ones, the bits of veksSqrt_64f. The single-precision
+//   members use a vectorised exponential within a few double ulps (exp_fast) and
+//   1 / sqrt(x) = sqrt(v / 3.75): their coefficients move by about 1e-15 relative, far below
+//   the single-precision rounding.
+// - Single-precision members: both ends of the vector are multiplied in vectors, the far end by
+//   the coefficient vector reversed in registers.
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 #include "arith/elementary/elementary.hpp"
 #include "generators/window/window.hpp"
@@ -166,6 +172,13 @@ inline double i0_small(double x) {
                       u * (3.0899424 +
                            u * (1.2067492 + u * (0.2659732 + u * (0.0360768 + u * 0.0045813)))));
 }
+// The polynomial P(v) of the large-argument form, v = 3.75 / x, by Estrin's scheme.
+inline double i0_tail(double v) {
+    const double v2 = v * v, v4 = v2 * v2, v8 = v4 * v4;
+    const double p0 = 0.39894228 + v * 0.01328592, p1 = 0.00225319 + v * -0.00157565;
+    const double p2 = 0.00916281 + v * -0.02057706, p3 = 0.02635537 + v * -0.01647633;
+    return (p0 + v2 * p1) + v4 * (p2 + v2 * p3) + v8 * 0.00392377;
+}
 inline double i0_large(double x, double e) {
     const double v = 3.75 / x;
     const double p =
@@ -273,12 +286,57 @@ void kaiser_fill(const WindowPlan& p, double i0_beta, double* w, int64_t n0, siz
     }
 }
 
+// e^x for 3.75 <= x <= 709 within a few units in the last place (no special cases), in plain
+// arithmetic that the compiler vectorises: x = k ln2 + r, |r| <= ln2 / 2, e^r by its Taylor
+// polynomial of degree 13 (truncation below 2^-60 relative), times 2^k put into the exponent.
+// Every step is an IEEE operation or exact integer arithmetic, so every level gives the same bits.
+inline double exp_fast(double x) {
+    constexpr double inv_ln2 = 0x1.71547652b82fep+0;
+    constexpr double ln2_hi = 0x1.62e42fef00000p-1; // 33 bits: k ln2_hi is exact
+    constexpr double ln2_lo = 0x1.473de6af278edp-34;
+    constexpr double magic = 0x1.8p52;
+    const double shifted = x * inv_ln2 + magic;
+    const double kd = shifted - magic;
+    const uint64_t k = std::bit_cast<uint64_t>(shifted) - std::bit_cast<uint64_t>(magic);
+    const double r = (x - kd * ln2_hi) - kd * ln2_lo;
+    // e^r = 1 + r + r^2 q(r), q(r) = sum of r^j / (j + 2)! for j < 12, by Estrin's scheme (short
+    // dependency chains).
+    const double r2 = r * r, r4 = r2 * r2, r8 = r4 * r4;
+    const double p0 = 1.0 / 2 + r * (1.0 / 6), p1 = 1.0 / 24 + r * (1.0 / 120);
+    const double p2 = 1.0 / 720 + r * (1.0 / 5040), p3 = 1.0 / 40320 + r * (1.0 / 362880);
+    const double p4 = 1.0 / 3628800 + r * (1.0 / 39916800),
+                 p5 = 1.0 / 479001600 + r * (1.0 / 6227020800);
+    const double q = (p0 + r2 * p1) + r4 * (p2 + r2 * p3) + r8 * (p4 + r2 * p5);
+    const double em1 = r + r2 * q; // e^r - 1
+    return (1.0 + em1) * std::bit_cast<double>((k + 1023) << 52);
+}
+
+// The Kaiser coefficients with exp_fast (the single-precision members: a few units in the last
+// double place do not show in them beyond their own rounding).
+void kaiser_fill_fast(const WindowPlan& p, double i0_beta, double* w, int64_t n0, size_t count) {
+    const double a = std::fabs(p.alpha), inv = 1.0 / i0_beta;
+    const int64_t last = p.len - 1;
+    // Above 3.75, 1 / sqrt(x) = sqrt(v / 3.75) with v = 3.75 / x: one division and two square
+    // roots per coefficient in all.
+    constexpr double inv_sqrt_375 = 0.5163977794943222; // 1 / sqrt(3.75)
+    for (size_t i = 0; i < count; ++i) {
+        const int64_t n = n0 + static_cast<int64_t>(i);
+        const double x = a * std::sqrt(static_cast<double>(n * (last - n)));
+        const double xl = x < 3.75 ? 3.75 : x;
+        const double v = 3.75 / xl;
+        const double big = exp_fast(xl) * i0_tail(v) * (std::sqrt(v) * inv_sqrt_375);
+        w[i] = (x < 3.75 ? i0_small(x) : big) * inv;
+    }
+}
+
 // ---- Applying the coefficients ---------------------------------------------------------------
 
 class Coefficients {
   public:
-    explicit Coefficients(const WindowPlan& p)
-        : p_(p), rot_(p), acc_(p.step),
+    // exact: the Kaiser exponential with the bits of elem::exp_64f (all but the single-precision
+    // members).
+    Coefficients(const WindowPlan& p, bool exact)
+        : p_(p), exact_(exact), rot_(p), acc_(p.step),
           i0_beta_(p.shape == WindowShape::kaiser
                        ? i0(std::fabs(0.5 * static_cast<double>(p.len - 1) * p.alpha))
                        : 1.0) {}
@@ -302,31 +360,29 @@ class Coefficients {
                 return VD::mul(VD::sub(one, c), VD::add(half, VD::mul(av, VD::add(one, c))));
             });
             break;
-        case WindowShape::kaiser: kaiser_fill(p_, i0_beta_, w, n0, count); break;
+        case WindowShape::kaiser:
+            if (exact_)
+                kaiser_fill(p_, i0_beta_, w, n0, count);
+            else
+                kaiser_fill_fast(p_, i0_beta_, w, n0, count);
+            break;
         }
     }
 
   private:
     const WindowPlan& p_;
+    bool exact_;
     Cosines rot_;
     Accumulation acc_;
     double i0_beta_;
 };
-
-// d[i] = s[i] w[i] rounded to single precision, the product in double precision.
-void mul_float(const float* s, float* d, const double* w, size_t m) {
-    size_t i = 0;
-    for (; i + VD::lanes <= m; i += VD::lanes)
-        VD::store_float(d + i, VD::mul(VD::load_float(s + i), VD::load(w + i)));
-    for (; i < m; ++i) d[i] = static_cast<float>(s[i] * w[i]);
-}
 
 // Runs the window over blocks: block(w, n0, count) applies coefficients n0 .. n0 + count - 1 to
 // both ends. For odd N the middle element is copied.
 template <class T, class Block>
 void apply(const WindowPlan& p, const T* src, T* dst, Block block) {
     const int64_t n = p.len, half = n / 2;
-    Coefficients gen(p);
+    Coefficients gen(p, !std::is_same_v<T, Vek32f> && !std::is_same_v<T, Vek32fc>);
     alignas(64) double w[kBlock];
     for (int64_t n0 = 0; n0 < half; n0 += static_cast<int64_t>(kBlock)) {
         const size_t count = static_cast<size_t>(
@@ -354,30 +410,53 @@ void apply_each(const WindowPlan& p, const T* src, T* dst, Conv conv) {
     });
 }
 
-// Single-precision members: the coefficients, and their mirror image for the far end (for the
-// complex members each coefficient twice), multiply the floats in vectors.
+// The lanes of a vector of doubles in reverse order.
+inline VD::R reversed(VD::R a) {
+#if VEK_ISA_LEVEL >= 3
+    return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
+#elif VEK_ISA_LEVEL == 2
+    return _mm256_permute4x64_pd(a, 0x1B);
+#elif VEK_ISA_LEVEL == 1
+    return _mm_shuffle_pd(a, a, 1);
+#else
+    static_assert(VD::lanes == 1);
+    return a;
+#endif
+}
+
+// Single-precision members: each block of coefficients multiplies the floats at both ends in
+// vectors, the far end by the block reversed in registers (for the complex members each
+// coefficient serves the two parts of one value).
 template <class T>
 void apply_float(const WindowPlan& p, const T* src, T* dst) {
     constexpr size_t parts = sizeof(T) / sizeof(float);
+    // Coefficients per vector: a vector of doubles holds `per` values of T.
+    constexpr size_t per = static_cast<size_t>(VD::lanes) / parts;
     const int64_t n = p.len;
-    const float* s = reinterpret_cast<const float*>(src);
-    float* d = reinterpret_cast<float*>(dst);
-    alignas(64) double front[kBlock * parts], back[kBlock * parts];
-    apply(p, src, dst, [&](const double* w, int64_t n0, size_t count) {
-        const double* f = w;
-        if constexpr (parts == 1) {
-            for (size_t i = 0; i < count; ++i) back[i] = w[count - 1 - i];
-        } else {
-            for (size_t i = 0; i < count; ++i) {
-                front[2 * i] = front[2 * i + 1] = w[i];
-                back[2 * i] = back[2 * i + 1] = w[count - 1 - i];
+    const float* const s = reinterpret_cast<const float*>(src);
+    float* const d = reinterpret_cast<float*>(dst);
+    apply(p, src, dst, [s, d, n](const double* w, int64_t n0, size_t count) {
+        const size_t front = static_cast<size_t>(n0);
+        const size_t last = static_cast<size_t>(n - 1 - n0); // the far end of coefficient 0
+        size_t i = 0;
+        if constexpr (per >= 1) {
+            for (; i + per <= count; i += per) {
+                VD::R c;
+                if constexpr (parts == 1)
+                    c = VD::load(w + i);
+                else
+                    c = VD::load_pairs(w + i);
+                const size_t f = (front + i) * parts, b = (last - i - (per - 1)) * parts;
+                VD::store_float(d + f, VD::mul(VD::load_float(s + f), c));
+                VD::store_float(d + b, VD::mul(VD::load_float(s + b), reversed(c)));
             }
-            f = front;
         }
-        const size_t far = static_cast<size_t>(n - n0) - count;
-        mul_float(s + static_cast<size_t>(n0) * parts, d + static_cast<size_t>(n0) * parts, f,
-                  count * parts);
-        mul_float(s + far * parts, d + far * parts, back, count * parts);
+        for (; i < count; ++i)
+            for (size_t k = 0; k < parts; ++k) {
+                const size_t f = (front + i) * parts + k, b = (last - i) * parts + k;
+                d[f] = static_cast<float>(s[f] * w[i]);
+                d[b] = static_cast<float>(s[b] * w[i]);
+            }
     });
 }
 
