@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <complex>
 #include <initializer_list>
 #include <limits>
 #include <string>
@@ -109,6 +110,67 @@ class Buf {
     std::vector<unsigned char> raw_;
     T* data_;
 };
+
+// Complex element types (a struct of re and im), their part type, and conversions to and from a
+// long-double complex value for references.
+using cld = std::complex<long double>;
+template <class T>
+constexpr bool is_cplx = requires(T v) {
+    v.re;
+    v.im;
+};
+template <class T>
+struct PartOf {
+    using type = T;
+};
+template <class T>
+requires is_cplx<T>
+struct PartOf<T> {
+    using type = decltype(T{}.re);
+};
+template <class T>
+using part_t = typename PartOf<T>::type;
+
+template <class T>
+cld to_c(const T& v) {
+    if constexpr (is_cplx<T>)
+        return {static_cast<long double>(v.re), static_cast<long double>(v.im)};
+    else
+        return {static_cast<long double>(v), 0.0L};
+}
+template <class T>
+T from_c(cld v) {
+    if constexpr (is_cplx<T>)
+        return T{static_cast<part_t<T>>(v.real()), static_cast<part_t<T>>(v.imag())};
+    else
+        return static_cast<T>(v.real());
+}
+
+// Random values within [-amp, amp]: uniform for floating-point parts, integers otherwise; the real
+// part drawn first.
+template <class T>
+T rnd(Rng& r, double amp) {
+    if constexpr (is_cplx<T>) {
+        const part_t<T> re = rnd<part_t<T>>(r, amp);
+        return T{re, rnd<part_t<T>>(r, amp)};
+    } else if constexpr (std::is_floating_point_v<T>) {
+        return static_cast<T>(r.uniform(-amp, amp));
+    } else {
+        return static_cast<T>(r.range(static_cast<int64_t>(-amp), static_cast<int64_t>(amp)));
+    }
+}
+template <class T>
+std::vector<T> rvec(Rng& r, int n, double amp) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) x = rnd<T>(r, amp);
+    return v;
+}
+
+// A byte offset of k elements' alignment (see Buf): unaligned for SIMD, valid for the element.
+template <class T>
+constexpr size_t off(int k) {
+    return static_cast<size_t>(k) * alignof(T);
+}
 
 // Bitwise equality, so that NaN payloads and signed zeros count.
 template <class T>

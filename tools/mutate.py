@@ -21,6 +21,11 @@ apart from the original) are listed by id, one per line, in tools/mutate-equival
 not count in the score. --report prints the score, the survivors with their change, and for each
 test case the mutants only it kills (test cases that kill nothing alone are candidates for
 removal). The whole run is niced; the build uses two jobs.
+
+--fast builds and runs one program at a time, those named after the mutated file's folder or
+stem first, and stops at the first that fails: the outcome is the same (killed when any test
+fails), but a killed mutant records only that first failing program, so the list of test cases
+that alone kill a mutant is then an upper bound, not a measure of redundancy.
 """
 import argparse
 import hashlib
@@ -183,6 +188,32 @@ def run_tests(build, programs, limits):
     return failed
 
 
+def likely_first(rel, programs):
+    """The programs named after the mutated file's folder or stem first, the conformance suite
+    last: the order in which --fast tries them."""
+    parts = Path(rel).with_suffix("").parts
+    words = set(re.split(r"_", "_".join(parts[2:]).lower())) - {"simd", "entry", "run"}
+
+    def rank(prog):
+        if prog == "test_conformance":
+            return 2
+        stem = prog[len("test_"):].split("_")
+        return 0 if any(w.startswith(x) for w in stem for x in words if len(x) > 1) else 1
+
+    return sorted(programs, key=lambda p: (rank(p), p))
+
+
+def build_and_run_fast(build, programs, limits):
+    """One program at a time, stopping at the first that fails; None when a build fails."""
+    for prog in programs:
+        if not build_targets(build, [prog]):
+            return None
+        failed = run_tests(build, [prog], limits)
+        if failed:
+            return failed
+    return {}
+
+
 def build_targets(build, programs):
     r = subprocess.run(["cmake", "--build", build, "-j2", "--target", *programs],
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -244,6 +275,8 @@ def main():
     ap.add_argument("--files", default=r"^src/.*\.(cpp|hpp)$")
     ap.add_argument("--report", action="store_true")
     ap.add_argument("--list", action="store_true", help="print the sample and stop")
+    ap.add_argument("--fast", action="store_true",
+                    help="stop at the first failing program (see above)")
     args = ap.parse_args()
     os.nice(10)
     build = args.build
@@ -301,7 +334,11 @@ def main():
         try:
             path.write_text(mutated)
             programs = test_programs(build, c[0])
-            if not build_targets(build, programs):
+            if args.fast:
+                failed = build_and_run_fast(build, likely_first(c[0], programs), limits)
+                outcome = "stillborn" if failed is None else "killed" if failed else "survived"
+                failed = failed or {}
+            elif not build_targets(build, programs):
                 outcome, failed = "stillborn", {}
             else:
                 failed = run_tests(build, programs, limits)

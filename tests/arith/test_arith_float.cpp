@@ -9,33 +9,14 @@
 
 namespace {
 
-template <class T>
-struct Cplx {
-    static constexpr bool value = false;
-};
-template <>
-struct Cplx<Vek32fc> {
-    static constexpr bool value = true;
-    using P = float;
-};
-template <>
-struct Cplx<Vek64fc> {
-    static constexpr bool value = true;
-    using P = double;
-};
-
-// Offsets of k elements' alignment past a 64-byte boundary (see testutil's Buf).
-template <class T>
-size_t off(int k) {
-    return static_cast<size_t>(k) * alignof(T);
-}
+using vt::off;
 
 template <class T>
 std::vector<T> fvec(vt::Rng& rng, int n) {
     std::vector<T> v(static_cast<size_t>(n));
     for (auto& x : v) {
-        if constexpr (Cplx<T>::value) {
-            using P = typename Cplx<T>::P;
+        if constexpr (vt::is_cplx<T>) {
+            using P = vt::part_t<T>;
             x = {static_cast<P>(rng.uniform(-100, 100)), static_cast<P>(rng.uniform(-100, 100))};
         } else {
             x = static_cast<T>(rng.uniform(-1000, 1000));

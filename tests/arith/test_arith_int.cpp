@@ -54,12 +54,7 @@ P ref_scale(long double v, int sf) {
     return static_cast<P>(x < lo ? lo : x > hi ? hi : x);
 }
 
-// Offsets of k elements' alignment past a 64-byte boundary: misaligned for every vector width,
-// naturally aligned for the element type.
-template <class T>
-size_t off(int k) {
-    return static_cast<size_t>(k) * alignof(T);
-}
+using vt::off;
 
 const std::vector<int> kScales = {0,   1,   2,  3,  -1, -2,  -7,  -8,   -15,     -16,    -17,
                                   -31, -32, 8,  9,  10, 15,  16,  17,   29,      30,     31,

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 
+#include "arith/elementary/exact.hpp"
 #include "elem_ref.hpp"
 #include "testutil.hpp"
 
@@ -104,6 +105,18 @@ TEST(Elementary32f, HardCasesAndSpecialValues) {
             EXPECT_TRUE(vt::same_bits(y, c.want)) << std::hexfloat << c.x << " -> " << y;
         }
     });
+}
+
+// The exact paths' last step: a double-double whose high part lies on a float midpoint rounds
+// the way its low part points, whatever its sign, and with the scale applied once.
+TEST(Elementary32f, RoundToFloatOneRounding) {
+    using veks::elem::round_to_float;
+    const double mid = 1 + 0x1p-24; // halfway between 1 and 1 + 2^-23
+    EXPECT_EQ(round_to_float({mid, 0x1p-80}), 1 + 0x1p-23f);
+    EXPECT_EQ(round_to_float({mid, -0x1p-80}), 1.0f);
+    EXPECT_EQ(round_to_float({mid, 0.0}), 1.0f); // an exact tie goes to even
+    EXPECT_EQ(round_to_float({-mid, -0x1p-80}, -3), -(1 + 0x1p-23f) / 8);
+    EXPECT_EQ(round_to_float({-mid, 0x1p-80}, 5), -32.0f);
 }
 
 TEST(Elementary32f, WarningsAfterTheWholeVector) {

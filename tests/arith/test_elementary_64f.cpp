@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "arith/elementary/elementary.hpp"
+#include "arith/elementary/tables.hpp"
 #include "elem_ref.hpp"
 #include "testutil.hpp"
 
@@ -32,6 +33,23 @@ TEST(Elementary64f, InternalExpIsCorrectlyRoundedOnRandomArguments) {
         ASSERT_TRUE(rounds_like(veks::elem::exp_64f(x), std::exp(static_cast<long double>(x))))
             << std::hexfloat << x;
     }
+}
+
+// The double-double tables against long double: hi + lo within four units of the reference's
+// last place (a wrong low part is off by far more).
+TEST(Elementary64f, TablesMatchLongDouble) {
+    if (LDBL_MANT_DIG < 64) GTEST_SKIP() << "needs a long double wider than double";
+    namespace el = veks::elem;
+    const auto near = [](el::DD v, long double want) {
+        const long double got = static_cast<long double>(v.hi) + v.lo;
+        return std::fabs(got - want) <= std::fabs(want) * 0x1p-62L;
+    };
+    for (int j = 0; j < 64; ++j) EXPECT_TRUE(near(el::exp2_64[j], std::exp2(j / 64.0L))) << j;
+    for (int i = 0; i < 128; ++i)
+        EXPECT_TRUE(near(el::log_logc[i], -std::log(static_cast<long double>(el::log_invc[i]))))
+            << i;
+    for (int i = 0; i <= 64; ++i) EXPECT_TRUE(near(el::atan_i64[i], std::atan(i / 64.0L))) << i;
+    EXPECT_TRUE(near(el::ln2_dd, std::log(2.0L)));
 }
 
 TEST(Elementary64f, InternalExpSpecialValues) {

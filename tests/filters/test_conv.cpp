@@ -12,33 +12,10 @@
 
 namespace {
 
-using cld = std::complex<long double>;
-
-template <class T>
-constexpr bool is_cplx = std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
-
-template <class T>
-cld to_c(const T& v) {
-    if constexpr (is_cplx<T>)
-        return cld(v.re, v.im);
-    else
-        return cld(static_cast<long double>(v), 0.0L);
-}
-
-template <class T>
-std::vector<T> rvec(vt::Rng& r, int n, double amp) {
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& x : v) {
-        if constexpr (is_cplx<T>)
-            x = T{static_cast<decltype(T{}.re)>(r.uniform(-amp, amp)),
-                  static_cast<decltype(T{}.re)>(r.uniform(-amp, amp))};
-        else if constexpr (std::is_floating_point_v<T>)
-            x = static_cast<T>(r.uniform(-amp, amp));
-        else
-            x = static_cast<T>(r.range(int64_t(-amp), int64_t(amp)));
-    }
-    return v;
-}
+using vt::cld;
+using vt::is_cplx;
+using vt::rvec;
+using vt::to_c;
 
 // r(n) = sum a[i]*b[i+n] (conjugating a) over the overlap, in long double.
 template <class T>

@@ -10,50 +10,12 @@
 
 namespace ft {
 
-using cld = std::complex<long double>;
-
-template <class T>
-constexpr bool is_cplx = std::is_same_v<T, Vek16sc> || std::is_same_v<T, Vek32sc> ||
-                         std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
-
-template <class T>
-cld to_c(const T& v) {
-    if constexpr (is_cplx<T>)
-        return cld(static_cast<long double>(v.re), static_cast<long double>(v.im));
-    else
-        return cld(static_cast<long double>(v), 0.0L);
-}
-
-template <class B>
-B rnd_part(vt::Rng& r, double amp) {
-    if constexpr (std::is_floating_point_v<B>)
-        return static_cast<B>(r.uniform(-amp, amp));
-    else
-        return static_cast<B>(r.range(static_cast<int64_t>(-amp), static_cast<int64_t>(amp)));
-}
-template <class T>
-T rnd(vt::Rng& r, double amp) {
-    if constexpr (is_cplx<T>) {
-        using B = decltype(T{}.re);
-        const B re = rnd_part<B>(r, amp);
-        return T{re, rnd_part<B>(r, amp)};
-    } else {
-        return rnd_part<T>(r, amp);
-    }
-}
-
-template <class T>
-std::vector<T> rvec(vt::Rng& r, int n, double amp) {
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& x : v) x = rnd<T>(r, amp);
-    return v;
-}
-
-// A byte offset of k elements' alignment: unaligned for SIMD, valid for the element type.
-template <class T>
-constexpr size_t off(int k) {
-    return static_cast<size_t>(k) * alignof(T);
-}
+using vt::cld;
+using vt::is_cplx;
+using vt::off;
+using vt::rnd;
+using vt::rvec;
+using vt::to_c;
 
 // The direct form's doubled line holding a history given newest first.
 template <class Dat>

@@ -10,38 +10,10 @@
 
 namespace {
 
-using cld = std::complex<long double>;
-
-template <class T>
-constexpr bool is_cplx = std::is_same_v<T, Vek16sc> || std::is_same_v<T, Vek32sc> ||
-                         std::is_same_v<T, Vek32fc> || std::is_same_v<T, Vek64fc>;
-
-template <class T>
-struct Part {
-    using type = T;
-};
-template <class T>
-requires is_cplx<T>
-struct Part<T> {
-    using type = decltype(T{}.re);
-};
-
-template <class T>
-cld to_c(const T& v) {
-    if constexpr (is_cplx<T>)
-        return {static_cast<long double>(v.re), static_cast<long double>(v.im)};
-    else
-        return {static_cast<long double>(v), 0.0L};
-}
-template <class T>
-T from_c(cld v) {
-    if constexpr (is_cplx<T>) {
-        using B = decltype(T{}.re);
-        return T{static_cast<B>(v.real()), static_cast<B>(v.imag())};
-    } else {
-        return static_cast<T>(v.real());
-    }
-}
+using vt::cld;
+using vt::from_c;
+using vt::is_cplx;
+using vt::to_c;
 
 template <class TapIn_, class Dat_, class Line_, class St_>
 struct Member {
@@ -215,7 +187,7 @@ bool close(const T& got, cld want, long double tol, int sf) {
             const bool single = std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc>;
             return std::fabs(g - w) <= tol + (single ? std::fabs(w) * 0x1p-24L : 0.0L);
         } else {
-            using B = typename Part<T>::type;
+            using B = vt::part_t<T>;
             const long double v = std::ldexp(w, -sf), e = std::ldexp(tol, -sf);
             const long double lo = std::numeric_limits<B>::min(),
                               hi = std::numeric_limits<B>::max();
