@@ -1160,11 +1160,11 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
         for (const std::string& p : o.problems) problems.push_back(what + ": " + p);
     };
     auto once = [&](const std::string& what, const std::vector<std::pair<std::string, double>>& set,
-                    const std::vector<const Fault*>& faults) {
+                    const std::vector<const Fault*>& faults, long fail_at = 0) {
         auto call = build(c, nullptr, set);
         for (const Fault* f : faults) f->apply(*call);
         ++*cases;
-        report(what, run(c, *call));
+        report(what, run(c, *call, {.fail_at = fail_at}));
     };
 
     // Valid calls: the defaults, then each suite value of each knob and scalar, an offset
@@ -1196,12 +1196,8 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
                     problems.push_back(f.what + ": the rule's own step does not see this fault");
             }
             once(f.what, {}, {&f});
-            if (heap::watched() && !allocated) { // refused before anything is allocated
-                auto call = build(c, nullptr, {});
-                f.apply(*call);
-                ++*cases;
-                report(f.what + ", the first heap request failing", run(c, *call, {.fail_at = 1}));
-            }
+            if (heap::watched() && !allocated) // refused before anything is allocated
+                once(f.what + ", the first heap request failing", {}, {&f}, 1);
             for (size_t b = a + 1; b < steps.size(); ++b)
                 for (size_t k = 0; k < steps[b].faults.size() && k < 2; ++k)
                     once(f.what + " and " + steps[b].faults[k].what, {}, {&steps[b].faults[k], &f});
