@@ -234,20 +234,18 @@ TEST(Window, ComplexMembersFollowRealOnes) {
     vt::for_each_level([&](auto) {
         for (const auto& [real, cplx] : pairs)
             for (int N : {4, 5, 9, 64, 65, 1030, 1537}) {
-                std::vector<Vek32fc> x(N), y(N);
+                std::vector<Vek32fc> x(N), want(N);
                 std::vector<float> re(N), im(N), wre(N), wim(N);
                 for (int k = 0; k < N; ++k) {
                     re[k] = static_cast<float>(rng.uniform(-9, 9));
                     im[k] = static_cast<float>(rng.uniform(-9, 9));
                     x[k] = {re[k], im[k]};
                 }
-                ASSERT_EQ(cplx(x.data(), y.data(), N), 0);
                 ASSERT_EQ(real(re.data(), wre.data(), N), 0);
                 ASSERT_EQ(real(im.data(), wim.data(), N), 0);
-                for (int k = 0; k < N; ++k) {
-                    ASSERT_TRUE(vt::same_bits(y[k].re, wre[k])) << N << " " << k;
-                    ASSERT_TRUE(vt::same_bits(y[k].im, wim[k])) << N << " " << k;
-                }
+                for (int k = 0; k < N; ++k) want[k] = {wre[k], wim[k]};
+                ASSERT_TRUE(vt::writes(want, [&](Vek32fc* d) { return cplx(x.data(), d, N); }))
+                    << N;
             }
     });
 }

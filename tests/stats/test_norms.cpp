@@ -119,6 +119,8 @@ TEST(Norm, FloatInfinityNormSpecialValues) {
     double rd = 1;
     ASSERT_EQ(veksNorm_Inf_64f(z, 2, &rd), vekStsOk);
     EXPECT_TRUE(vt::same_bits(rd, 0.0));
+    ASSERT_EQ(veksNormDiff_Inf_64f(z, z, 2, &rd), vekStsOk); // equal vectors: exactly +0
+    EXPECT_TRUE(vt::same_bits(rd, 0.0));
 }
 
 // ---- integer norms ----------------------------------------------------------------------------
@@ -341,8 +343,9 @@ TEST(DotProd, ScaledThirtyTwoBitForms) {
     EXPECT_EQ(r, 2147483647);
 }
 
-// Long sums past the 65,536-element block: exact in 64 bits, saturated in 32.
-TEST(DotProd, LongSumsPastTheBlock) {
+// Long sums past the 65,536-element block: exact in 64 bits, saturated in 32; the clamp of the
+// 16-bit scale factor.
+TEST(DotProd, LongSumsAndScaleClamp) {
     int32_t r = 0;
     std::vector<int16_t> m(70000, -32768);
     int64_t e = 0;
@@ -350,6 +353,11 @@ TEST(DotProd, LongSumsPastTheBlock) {
     EXPECT_EQ(e, int64_t{70000} << 30);
     ASSERT_EQ(veksDotProd_16s32s_Sfs(m.data(), m.data(), 70000, &r, 0), vekStsOk);
     EXPECT_EQ(r, 2147483647);
+    // Upward shifts of a 16-bit result stop at 14 places: -1 at sf -20 is -16384, not saturated.
+    const int16_t one[] = {1}, minus_one[] = {-1};
+    int16_t r16 = 0;
+    ASSERT_EQ(veksDotProd_16s_Sfs(one, minus_one, 1, &r16, -20), vekStsOk);
+    EXPECT_EQ(r16, -16384);
 }
 
 } // namespace
