@@ -59,19 +59,6 @@ struct Case : F {
     static VekStatus one(Dat x, Dat* d, St* st) { return F::one(x, d, st, sf); }
 };
 
-using R32f = Case<ft::Fir_32f>;
-using R64f = Case<ft::Fir_64f>;
-using C32fc = Case<ft::Fir_32fc>;
-using C64fc = Case<ft::Fir_64fc>;
-using R64f_32f = Case<ft::Fir64f_32f>;
-using C64fc_32fc = Case<ft::Fir64fc_32fc>;
-using R32f_16s = Case<ft::Fir32f_16s>;
-using R64f_16s = Case<ft::Fir64f_16s>;
-using R64f_32s = Case<ft::Fir64f_32s>;
-using C32fc_16sc = Case<ft::Fir32fc_16sc>;
-using C64fc_16sc = Case<ft::Fir64fc_16sc>;
-using C64fc_32sc = Case<ft::Fir64fc_32sc>;
-
 template <class M>
 ::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
                                 int n) {
@@ -92,8 +79,11 @@ TEST(FirFftRule, TransformLength) {
 
 template <class M>
 class FirFftMember : public ::testing::Test {};
-using AllMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc, R32f_16s,
-                                    R64f_16s, R64f_32s, C32fc_16sc, C64fc_16sc, C64fc_32sc>;
+using AllMembers =
+    ::testing::Types<Case<ft::Fir_32f>, Case<ft::Fir_64f>, Case<ft::Fir_32fc>, Case<ft::Fir_64fc>,
+                     Case<ft::Fir64f_32f>, Case<ft::Fir64fc_32fc>, Case<ft::Fir32f_16s>,
+                     Case<ft::Fir64f_16s>, Case<ft::Fir64f_32s>, Case<ft::Fir32fc_16sc>,
+                     Case<ft::Fir64fc_16sc>, Case<ft::Fir64fc_32sc>>;
 TYPED_TEST_SUITE(FirFftMember, AllMembers);
 
 // A stream through one state in calls of lengths around the transform length fftLen (fftLen:
@@ -184,7 +174,9 @@ TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
 
 template <class M>
 class FirFftSwitch : public ::testing::Test {};
-using FloatDataMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc>;
+using FloatDataMembers =
+    ::testing::Types<Case<ft::Fir_32f>, Case<ft::Fir_64f>, Case<ft::Fir_32fc>, Case<ft::Fir_64fc>,
+                     Case<ft::Fir64f_32f>, Case<ft::Fir64fc_32fc>>;
 TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
 
 // Tells the paths apart by their rounding. The delay line holds one huge sample at its element
