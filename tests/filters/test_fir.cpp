@@ -31,32 +31,10 @@ TEST(FirFloatTaps, StreamMatchesReference) {
             SCOPED_TRACE("tapsLen " + std::to_string(T));
             const auto h = ft::rvec<Tap>(rng, T, 1.0);
             const auto line = ft::rvec<Dat>(rng, T, m.amp);
-            int total = 0;
-            for (int n : kBlocks) total += n;
-            const auto x = ft::rvec<Dat>(rng, total, m.amp);
-            std::vector<cld> want;
-            std::vector<long double> mag;
-            ft::reference(h, line, x, want, mag);
-            typename decltype(m)::St* st = nullptr;
-            ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
+            std::vector<ft::Call> calls;
+            for (int n : kBlocks) calls.push_back({n});
             const int sf = m.sfs ? static_cast<int>(rng.range(-2, 3)) : 0;
-            int at = 0;
-            for (int n : kBlocks) {
-                vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + n),
-                                 ft::off<Dat>(1));
-                vt::Buf<Dat> dst(n, ft::off<Dat>(3));
-                ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(dst.guards_intact());
-                ASSERT_TRUE(ft::close_vec(dst.data(), &want[size_t(at)], &mag[size_t(at)], n, sf))
-                    << "block length " << n;
-                at += n;
-            }
-            std::vector<Dat> got(static_cast<size_t>(T));
-            ASSERT_EQ(m.get_dly(st, got.data()), vekStsOk);
-            std::vector<Dat> last(static_cast<size_t>(T));
-            for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-            ASSERT_TRUE(vt::bits_equal(got, last));
-            ASSERT_EQ(m.fre(st), vekStsOk);
+            ft::stream_check<decltype(m)>(h, line, calls, sf, 0x1p-50L, rng, m.amp);
         }
     });
 }

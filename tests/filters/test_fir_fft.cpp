@@ -43,6 +43,7 @@ using ft::cld;
 // data included).
 template <class F>
 struct Case : F {
+    using Base = F;
     using typename F::Dat;
     using typename F::St;
     using typename F::Tap;
@@ -58,12 +59,6 @@ struct Case : F {
     static VekStatus blk_i(Dat* sd, int n, St* st) { return F::blk_i(sd, n, st, sf); }
     static VekStatus one(Dat x, Dat* d, St* st) { return F::one(x, d, st, sf); }
 };
-
-template <class M>
-::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
-                                int n) {
-    return ft::close_vec(got, want, mag, n, M::sf, M::rel);
-}
 
 // The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
 // of two above T.
@@ -104,46 +99,15 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
         SCOPED_TRACE("tapsLen " + std::to_string(T));
         const int len = veks::fir::fft_len_for(T);
         const int L = len - (T - 1);
-        struct Call {
-            int n;
-            bool in_place;
-        };
-        const std::vector<Call> calls = {
+        const std::vector<ft::Call> calls = {
             {len, false}, {len + 1, false}, {3, true},   {2 * len + 3, false}, {1, false},
             {L, true},    {L + 1, true},    {len, true}, {2 * len + 3, true},  {5, false}};
         int total = 0;
-        for (const Call& c : calls) total += c.n;
+        for (const ft::Call& c : calls) total += c.n;
         if (int64_t{T} * total > vt::kReferenceWork) continue;
         const auto h = ft::rvec<Tap>(rng, T, 1.0);
         const auto line = ft::rvec<Dat>(rng, T, M::amp);
-        const auto x = ft::rvec<Dat>(rng, total, M::amp);
-        std::vector<cld> want;
-        std::vector<long double> mag;
-        ft::reference(h, line, x, want, mag);
-        typename M::St* st = nullptr;
-        ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
-        int at = 0;
-        for (const Call& c : calls) {
-            SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
-            vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n),
-                             ft::off<Dat>(1));
-            vt::Buf<Dat> dst(c.n, ft::off<Dat>(3));
-            if (c.in_place) {
-                ASSERT_EQ(M::blk_i(src.data(), c.n, st), vekStsOk);
-                ASSERT_TRUE(near<M>(src.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
-                ASSERT_TRUE(src.guards_intact());
-            } else {
-                ASSERT_EQ(M::blk(src.data(), dst.data(), c.n, st), vekStsOk);
-                ASSERT_TRUE(near<M>(dst.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
-                ASSERT_TRUE(dst.guards_intact());
-            }
-            at += c.n;
-        }
-        std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
-        ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
-        for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-        ASSERT_TRUE(vt::bits_equal(got, last));
-        ASSERT_EQ(M::fre(st), vekStsOk);
+        ft::stream_check<typename M::Base>(h, line, calls, M::sf, M::rel, rng, M::amp);
     }
 }
 
