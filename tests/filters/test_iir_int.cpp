@@ -254,6 +254,20 @@ TEST(IirIntTaps, Normalisation) {
             EXPECT_TRUE(same(run(m, a, x, 0), want));
             ASSERT_EQ(m.fre(a), vekStsOk);
         }
+        if (m.cplx) { // a complex a0 divides as a complex number: taps a0 q give the taps q
+            const Z a0{3, -4}, q[4] = {{1, -2}, {0, 1}, {2, 0}, {-1, 1}};
+            std::vector<Z> taps(8), norm(8);
+            for (int i = 0; i < 4; ++i) norm[i] = q[i], taps[i] = a0 * q[i];
+            taps[4] = a0;
+            norm[4] = {1, 0};
+            const auto t = to<T>(taps), tn = to<T>(norm);
+            typename M::S *a = nullptr, *b = nullptr;
+            ASSERT_EQ(m.init(&a, t.data(), 3, 0, nullptr), vekStsOk);
+            ASSERT_EQ(m.init(&b, tn.data(), 3, 0, nullptr), vekStsOk);
+            EXPECT_TRUE(same(run(m, a, x, 0), run(m, b, x, 0)));
+            ASSERT_EQ(m.fre(a), vekStsOk);
+            ASSERT_EQ(m.fre(b), vekStsOk);
+        }
         // Floating-point taps: h / a0 in double, factor e - 30 where 2^(e-1) <= max(|h|, 1) <
         // 2^e, taps rounded half away from zero: the states of the integer forms with those.
         using FT = typename M::F;

@@ -353,6 +353,11 @@ TEST(DotProd, LongSumsAndScaleClamp) {
     EXPECT_EQ(e, int64_t{70000} << 30);
     ASSERT_EQ(veksDotProd_16s32s_Sfs(m.data(), m.data(), 70000, &r, 0), vekStsOk);
     EXPECT_EQ(r, 2147483647);
+    // 16- by 32-bit products are summed in blocks of 2^15: each element exactly once.
+    const std::vector<int16_t> ones(70000, 1);
+    const std::vector<int32_t> wide_ones(70000, 1);
+    ASSERT_EQ(veksDotProd_16s32s32s_Sfs(ones.data(), wide_ones.data(), 70000, &r, 0), vekStsOk);
+    EXPECT_EQ(r, 70000);
     // Upward shifts of a 16-bit result stop at 14 places: -1 at sf -20 is -16384, not saturated.
     const int16_t one[] = {1}, minus_one[] = {-1};
     int16_t r16 = 0;
