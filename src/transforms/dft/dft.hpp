@@ -46,6 +46,8 @@ inline constexpr int kMaxPasses = 32;
 // Largest (n - 1) / 2 of the direct kernels, and the largest radix of the pair-sum butterfly.
 inline constexpr int kMaxDirectHalf = 96;
 inline constexpr int kMaxPairRadix = 127;
+// Most real inputs of the matrix product (12 complex values).
+inline constexpr size_t kMaxMatrixIn = 24;
 
 struct MixPass {
     int32_t radix;
@@ -126,6 +128,18 @@ struct DftKernels {
     // 2i + 1 < n; x and v do not overlap. (The DCT's transform then reads v with wide loads,
     // which is quick only when v was written with wide stores.)
     void (*dct_order_32f)(const float* x, float* v, size_t n);
+
+    // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
+    // i < nout <= stride, products and sums in float (fused where the level fuses), x read in
+    // full before y is written (x may equal y). stride is a multiple of 16, nin at most
+    // kMaxMatrixIn, and the table's padding columns are zero.
+    void (*matvec_32f)(const float* x, float* y, size_t nin, size_t nout, const float* m,
+                       size_t stride);
+
+    // The complex transform of 12 points in straight lines (3 rows of 4 values: 3-point
+    // transforms down the columns, the twiddles, a transpose and 4-point transforms), forward
+    // or inverse, scaled as `call` says; x may equal y.
+    void (*c12_32f)(const float* x, float* y, MixCall<float> call);
 };
 
 } // namespace veks::kern
