@@ -128,6 +128,12 @@ struct DftKernels {
     // 2i + 1 < n; x and v do not overlap. (The DCT's transform then reads v with wide loads,
     // which is quick only when v was written with wide stores.)
     void (*dct_order_32f)(const float* x, float* v, size_t n);
+    // The DCT's rotation of a real spectrum of n points (n >= 3) in the Perm layout v, the pairs
+    // (Re V_k, Im V_k) from `at`: y[k] = A_k Re V_k + B_k Im V_k and
+    // y[n - k] = C_k Re V_k + D_k Im V_k for k = 1 .. h = (n - 1) / 2; `tab` holds A, B, C and D
+    // for k = 1 .. h, each in a row of h rounded up to a multiple of 16 values. y[0] and, for
+    // even n, y[n / 2] are left to the caller; v and y do not overlap.
+    void (*dct_rotate_32f)(const float* v, float* y, const float* tab, size_t n, size_t at);
 
     // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
     // i < nout <= stride, products and sums in float (fused where the level fuses), x read in

@@ -748,6 +748,41 @@ void dct_order_32f(const float* x, float* v, size_t n) {
     for (size_t j = i; 2 * j + 1 < n; ++j) v[n - 1 - j] = x[2 * j + 1];
 }
 
+#if VEK_ISA_LEVEL >= 2
+// Vectors of V from k while they fit below h, then 8-lane ones; returns the next k.
+template <class V>
+size_t dct_rotate_span(const float* v, float* y, const float* const* t, size_t n, size_t at,
+                       size_t k, size_t h) {
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    for (; k + L - 1 <= h; k += L) {
+        const float* p = v + at + 2 * (k - 1);
+        R_<V> re, im;
+        V::deinterleave(V::load(p), V::load(p + L), re, im);
+        const size_t i = k - 1;
+        V::store(y + k, V::mul_add(V::load(t[1] + i), im, V::mul(V::load(t[0] + i), re)));
+        const auto hi = V::mul_add(V::load(t[3] + i), im, V::mul(V::load(t[2] + i), re));
+        V::store(y + n - k - (L - 1), V::swap_pairs(V::reverse_pairs(hi))); // reversed
+    }
+    if constexpr (L > 8) k = dct_rotate_span<Vec<float, 8>>(v, y, t, n, at, k, h);
+    return k;
+}
+#endif
+
+void dct_rotate_32f(const float* v, float* y, const float* tab, size_t n, size_t at) {
+    const size_t h = (n - 1) / 2, hp = (h + 15) / 16 * 16;
+    const float *a = tab, *b = tab + hp, *c = tab + 2 * hp, *d = tab + 3 * hp;
+    size_t k = 1;
+#if VEK_ISA_LEVEL >= 2
+    const float* t[4] = {a, b, c, d};
+    k = dct_rotate_span<simd::Wide<float>>(v, y, t, n, at, k, h);
+#endif
+    for (; k <= h; ++k) {
+        const float re = v[at + 2 * (k - 1)], im = v[at + 2 * (k - 1) + 1];
+        y[k] = a[k - 1] * re + b[k - 1] * im;
+        y[n - k] = c[k - 1] * re + d[k - 1] * im;
+    }
+}
+
 // ---- matrix product of the short transforms
 // ------------------------------------------------------
 
@@ -878,6 +913,7 @@ extern const DftKernels dft = {
     .cmul_32f = cmul<float>,
     .cmul_64f = cmul<double>,
     .dct_order_32f = dct_order_32f,
+    .dct_rotate_32f = dct_rotate_32f,
     .matvec_32f = matvec_32f,
     .c12_32f = c12<float>,
 };
