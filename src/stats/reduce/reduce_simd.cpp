@@ -242,12 +242,15 @@ inline void every(const T* s, T* d, size_t n, Pick pick) {
 // The float forms keep d[i] when d[i] >= s[i] (max) or unless d[i] > s[i] (min), so an unordered
 // pair gives s[i] (max) or d[i] (min), and of two equal zeros d[i] stays. The min rule is the
 // layer's min(s, d); the max rule is not max(d, s) (which takes s of two equal zeros), so it
-// compares and selects.
+// compares and selects (with x held in its register, which the select needs as well).
 template <class T>
 void max_every(const T* s, T* d, size_t n) {
     using V = simd::Wide<T>;
     if constexpr (std::is_floating_point_v<T>)
-        every(s, d, n, [](auto x, auto y) { return V::select(V::ge(y, x), y, x); });
+        every(s, d, n, [](auto x, auto y) {
+            x = simd::in_register(x);
+            return V::select(V::ge(y, x), y, x);
+        });
     else
         every(s, d, n, [](auto x, auto y) { return V::max(x, y); });
 }
