@@ -240,4 +240,21 @@ void each(Check&& check, F... f) {
     (one(f), ...);
 }
 
+// Runs call(d) on a vector placed `offset` bytes past a 64-byte boundary with guard elements
+// around it (filled from `init`, or with the byte 0x5A to want's length when `init` is empty),
+// and requires the status `st`, nothing written outside the vector, and want's bits in it.
+template <class T, class Call>
+::testing::AssertionResult writes(const std::vector<T>& want, Call&& call,
+                                  const std::vector<T>& init = {}, size_t offset = alignof(T),
+                                  VekStatus st = vekStsOk) {
+    std::vector<T> fresh(init.empty() ? want.size() : 0);
+    if (!fresh.empty())
+        std::memset(static_cast<void*>(fresh.data()), 0x5A, fresh.size() * sizeof(T));
+    Buf<T> d(init.empty() ? fresh : init, offset);
+    const VekStatus got = call(d.data());
+    if (got != st) return ::testing::AssertionFailure() << "status " << got << " instead of " << st;
+    if (!d.guards_intact()) return ::testing::AssertionFailure() << "wrote outside the vector";
+    return bits_equal(d.vec(), want);
+}
+
 } // namespace vt

@@ -45,8 +45,24 @@ TEST(Polar32f, CorrectlyRoundedOnSampledPairs) {
         ASSERT_EQ(veksCartToPolar_32f(re.data(), im.data(), mag2.data(), ph2.data(), n), vekStsOk);
         ASSERT_EQ(veksPolarToCart_32f(re.data(), im.data(), cre.data(), cim.data(), n), vekStsOk);
         ASSERT_TRUE(vt::bits_equal(mag, mag2) && vt::bits_equal(ph, ph2));
+        // The split and interleaved forms of one kind give the same bits.
+        std::vector<float> mag3(z.size()), ph3(z.size()), pw(z.size()), pw2(z.size());
+        ASSERT_EQ(veksMagnitude_32f(re.data(), im.data(), mag3.data(), n), vekStsOk);
+        ASSERT_EQ(veksPhase_32f(re.data(), im.data(), ph3.data(), n), vekStsOk);
+        ASSERT_EQ(veksPowerSpectr_32fc(z.data(), pw.data(), n), vekStsOk);
+        ASSERT_EQ(veksPowerSpectr_32f(re.data(), im.data(), pw2.data(), n), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(mag3, mag) && vt::bits_equal(ph3, ph) &&
+                    vt::bits_equal(pw2, pw));
+        std::vector<Vek32fc> back(z.size());
+        ASSERT_EQ(veksPolarToCart_32fc(mag.data(), ph.data(), back.data(), n), vekStsOk);
         for (int i = 0; i < n; ++i) {
             const long double x = re[i], y = im[i];
+            // The power spectrum is x*x + y*y in double, rounded once.
+            const double xd = re[i], yd = im[i];
+            ASSERT_TRUE(vt::same_bits(pw[i], static_cast<float>(xd * xd + yd * yd))) << i;
+            if (std::isfinite(mag[i]) && std::fabs(re[i]) > 1e-30f && std::fabs(re[i]) < 1e30f) {
+                ASSERT_NEAR(back[i].re, re[i], 1e-6 * mag[i]) << i;
+            }
             if (std::isnan(x) || std::isnan(y)) continue;
             ASSERT_TRUE(er::float_rounds_like(mag[i], std::hypot(x, y)))
                 << std::hexfloat << x << ", " << y << " -> " << mag[i];
@@ -210,32 +226,6 @@ TEST(Polar64f, SplitInterleavedAndSingleForms) {
             ASSERT_NEAR(bre[i], re[i], 1e-12 * mag[i]) << i;
             ASSERT_NEAR(bim[i], im[i], 1e-12 * mag[i]) << i;
         }
-    });
-}
-
-TEST(Polar32f, PowerSpectrumAndSplitForms) {
-    const std::vector<Vek32fc> z = pairs(3000, 4);
-    const std::vector<float> re = part(z, false), im = part(z, true);
-    const int n = static_cast<int>(z.size());
-    vt::for_each_level([&](auto) {
-        std::vector<float> a(n), b(n), c(n), d(n), e(n), f(n);
-        ASSERT_EQ(veksPowerSpectr_32fc(z.data(), a.data(), n), vekStsOk);
-        ASSERT_EQ(veksPowerSpectr_32f(re.data(), im.data(), b.data(), n), vekStsOk);
-        ASSERT_EQ(veksMagnitude_32f(re.data(), im.data(), c.data(), n), vekStsOk);
-        ASSERT_EQ(veksMagnitude_32fc(z.data(), d.data(), n), vekStsOk);
-        ASSERT_EQ(veksPhase_32f(re.data(), im.data(), e.data(), n), vekStsOk);
-        ASSERT_EQ(veksPhase_32fc(z.data(), f.data(), n), vekStsOk);
-        ASSERT_TRUE(vt::bits_equal(a, b) && vt::bits_equal(c, d) && vt::bits_equal(e, f));
-        for (int i = 0; i < n; ++i) {
-            const double x = re[i], y = im[i];
-            ASSERT_TRUE(vt::same_bits(a[i], static_cast<float>(x * x + y * y)));
-        }
-        std::vector<Vek32fc> back(n);
-        ASSERT_EQ(veksPolarToCart_32fc(d.data(), f.data(), back.data(), n), vekStsOk);
-        for (int i = 0; i < n; ++i)
-            if (std::isfinite(d[i]) && std::fabs(z[i].re) > 1e-30f && std::fabs(z[i].re) < 1e30f) {
-                ASSERT_NEAR(back[i].re, z[i].re, 1e-6 * d[i]) << i;
-            }
     });
 }
 

@@ -55,30 +55,6 @@ TEST(StatusString, EveryCodeInRangeHasAConstantNonNullMessage) {
     }
 }
 
-TEST(Malloc, AlignmentSizeAndBackPointer) {
-    for (int n : {1, 2, 3, 31, 32, 33, 1000, 65537}) {
-        void* ptrs[] = {veksMalloc_8u(n),   veksMalloc_8s(n),   veksMalloc_16u(n),
-                        veksMalloc_16s(n),  veksMalloc_8sc(n),  veksMalloc_32u(n),
-                        veksMalloc_32s(n),  veksMalloc_32f(n),  veksMalloc_16sc(n),
-                        veksMalloc_64s(n),  veksMalloc_64f(n),  veksMalloc_32sc(n),
-                        veksMalloc_32fc(n), veksMalloc_64sc(n), veksMalloc_64fc(n)};
-        const size_t sizes[] = {1, 1, 2, 2, 2, 4, 4, 4, 4, 8, 8, 8, 8, 16, 16};
-        for (int k = 0; k < 15; ++k) {
-            ASSERT_NE(ptrs[k], nullptr);
-            EXPECT_EQ(reinterpret_cast<uintptr_t>(ptrs[k]) % 32, 0u);
-            // The back pointer sits just below the block and points at most 39 bytes before it.
-            void* raw;
-            std::memcpy(&raw, static_cast<char*>(ptrs[k]) - sizeof(void*), sizeof raw);
-            const auto gap =
-                reinterpret_cast<uintptr_t>(ptrs[k]) - reinterpret_cast<uintptr_t>(raw);
-            EXPECT_GE(gap, sizeof(void*));
-            EXPECT_LE(gap, 31 + sizeof(void*));
-            std::memset(ptrs[k], 0x5A, static_cast<size_t>(n) * sizes[k]); // ASan checks the size
-            veksFree(ptrs[k]);
-        }
-    }
-}
-
 TEST(Version, RecordIsConstant) {
     const VekLibraryVersion* v = veksGetLibVersion();
     ASSERT_NE(v, nullptr);

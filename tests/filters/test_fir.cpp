@@ -1,6 +1,7 @@
 // Single-rate FIR filters with floating-point taps: every member against a long-double
 // convolution with the delay line as history, block against sample-by-sample and direct forms,
 // every kernel level and the delay-line conventions.
+#include "filters/fir/fir_state.hpp"
 #include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
@@ -8,73 +9,32 @@ namespace {
 
 using ft::cld;
 
-// Runs `body(member)` for every member with floating-point taps (fir_members.hpp).
-template <class F>
-void for_each_member(F&& body) {
-    ft::for_each_float_taps_member(body);
-}
-
-std::vector<int> tap_counts() {
+// 1 .. n, then `more`. Taps 1 .. 40, 63, 64, 129; blocks 1 .. 70: every group-of-four
+// remainder and the block kernel's pre-load limits.
+std::vector<int> upto(int n, std::initializer_list<int> more = {}) {
     std::vector<int> v;
-    for (int t = 1; t <= 40; ++t) v.push_back(t);
-    for (int t : {63, 64, 129}) v.push_back(t);
+    for (int i = 1; i <= n; ++i) v.push_back(i);
+    v.insert(v.end(), more);
     return v;
 }
-
-// Block lengths 1 .. 70: every group-of-four remainder and the block kernel's pre-load limits.
-std::vector<int> block_lens() {
-    std::vector<int> v;
-    for (int n = 1; n <= 70; ++n) v.push_back(n);
-    return v;
-}
-
-// The overlap-save transform length for T >= 32 taps: 128 up to 63 taps, 256 up to 255, then
-// the next power of two above T.
-int fft_length(int T) {
-    if (T < 64) return 128;
-    int len = 256;
-    while (len <= T) len *= 2;
-    return len;
-}
+const std::vector<int> kTaps = upto(40, {63, 64, 129}), kBlocks = upto(70);
 
 // A stream cut into blocks of every length 1 .. 70, through one state, against the
 // reference of the whole stream; then the stored line holds the last inputs, newest first.
 TEST(FirFloatTaps, StreamMatchesReference) {
-    for_each_member([](auto m) {
+    ft::for_each_float_taps_member([](auto m) {
         using Tap = typename decltype(m)::Tap;
         using Dat = typename decltype(m)::Dat;
         SCOPED_TRACE(m.name);
         vt::Rng rng(7);
-        for (int T : tap_counts()) {
+        for (int T : kTaps) {
             SCOPED_TRACE("tapsLen " + std::to_string(T));
             const auto h = ft::rvec<Tap>(rng, T, 1.0);
             const auto line = ft::rvec<Dat>(rng, T, m.amp);
-            int total = 0;
-            for (int n : block_lens()) total += n;
-            const auto x = ft::rvec<Dat>(rng, total, m.amp);
-            std::vector<cld> want;
-            std::vector<long double> mag;
-            ft::reference(h, line, x, want, mag);
-            typename decltype(m)::St* st = nullptr;
-            ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
+            std::vector<ft::Call> calls;
+            for (int n : kBlocks) calls.push_back({n});
             const int sf = m.sfs ? static_cast<int>(rng.range(-2, 3)) : 0;
-            int at = 0;
-            for (int n : block_lens()) {
-                vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + n),
-                                 ft::off<Dat>(1));
-                vt::Buf<Dat> dst(n, ft::off<Dat>(3));
-                ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(dst.guards_intact());
-                ASSERT_TRUE(ft::close_vec(dst.data(), &want[size_t(at)], &mag[size_t(at)], n, sf))
-                    << "block length " << n;
-                at += n;
-            }
-            std::vector<Dat> got(static_cast<size_t>(T));
-            ASSERT_EQ(m.get_dly(st, got.data()), vekStsOk);
-            std::vector<Dat> last(static_cast<size_t>(T));
-            for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-            ASSERT_TRUE(vt::bits_equal(got, last));
-            ASSERT_EQ(m.fre(st), vekStsOk);
+            ft::stream_check<decltype(m)>(h, line, calls, sf, 0x1p-50L, rng, m.amp);
         }
     });
 }
@@ -83,7 +43,7 @@ TEST(FirFloatTaps, StreamMatchesReference) {
 // same bits wherever they use the direct kernel: all of them sum the same products in the same
 // order.
 TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
-    for_each_member([](auto m) {
+    ft::for_each_float_taps_member([](auto m) {
         using Tap = typename decltype(m)::Tap;
         using Dat = typename decltype(m)::Dat;
         using St = typename decltype(m)::St;
@@ -99,69 +59,19 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
                 // From 32 taps the in-place block always, and the block above the transform
                 // length, take the overlap-save path, whose results test_fir_fft.cpp checks.
                 const bool fft_in_place = T >= 32;
-                const bool fft_block = fft_in_place && n > fft_length(T);
+                const bool fft_block = fft_in_place && n > veks::fir::fft_len_for(T);
                 std::vector<Dat> ref;
                 vt::for_each_level([&](veks::isa::Level level) {
                     St* st = nullptr;
                     ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
-                    // One at a time (and its in-place form where it exists).
-                    std::vector<Dat> one(static_cast<size_t>(n));
-                    for (int i = 0; i < n; ++i) {
-                        if (m.one_i && (i & 1)) {
-                            one[size_t(i)] = x[size_t(i)];
-                            ASSERT_EQ(m.one_i(&one[size_t(i)], st, sf), vekStsOk);
-                        } else {
-                            ASSERT_EQ(m.one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
-                        }
-                    }
-                    if (level == veks::isa::scalar) ref = one;
-                    ASSERT_TRUE(vt::bits_equal(one, ref)) << "level differs from scalar";
-                    std::vector<Dat> after_one(static_cast<size_t>(T));
-                    ASSERT_EQ(m.get_dly(st, after_one.data()), vekStsOk);
-                    // Block.
-                    ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
-                    vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
-                    ASSERT_EQ(m.blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                    ASSERT_TRUE(fft_block || vt::bits_equal(dst.vec(), ref));
-                    std::vector<Dat> after(static_cast<size_t>(T));
-                    ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
-                    ASSERT_TRUE(vt::bits_equal(after_one, after));
-                    // In place.
-                    ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
-                    vt::Buf<Dat> io(x, ft::off<Dat>(5));
-                    ASSERT_EQ(m.blk_i(io.data(), n, st, sf), vekStsOk);
-                    ASSERT_TRUE(fft_in_place || vt::bits_equal(io.vec(), ref));
-                    ASSERT_EQ(m.get_dly(st, after.data()), vekStsOk);
-                    ASSERT_TRUE(vt::bits_equal(after_one, after));
+                    const auto f = ft::every_form<decltype(m)>(st, h, line, x, sf);
                     ASSERT_EQ(m.fre(st), vekStsOk);
-                    // Direct forms on the caller's doubled line.
-                    auto dl = ft::doubled_line(line);
-                    int idx = 0;
-                    vt::Buf<Dat> ddst(n, ft::off<Dat>(7));
-                    ASSERT_EQ(m.dir(x.data(), ddst.data(), n, h.data(), T, dl.data(), &idx, sf),
-                              vekStsOk);
-                    ASSERT_TRUE(vt::bits_equal(ddst.vec(), ref));
-                    ASSERT_EQ(idx, n % T);
-                    dl = ft::doubled_line(line);
-                    idx = 0;
-                    auto dio = x;
-                    ASSERT_EQ(m.dir_i(dio.data(), n, h.data(), T, dl.data(), &idx, sf), vekStsOk);
-                    ASSERT_TRUE(vt::bits_equal(dio, ref));
-                    dl = ft::doubled_line(line);
-                    idx = 0;
-                    std::vector<Dat> od(static_cast<size_t>(n));
-                    for (int i = 0; i < n; ++i) {
-                        if (i & 1) {
-                            od[size_t(i)] = x[size_t(i)];
-                            ASSERT_EQ(m.one_dir_i(&od[size_t(i)], h.data(), T, dl.data(), &idx, sf),
-                                      vekStsOk);
-                        } else {
-                            ASSERT_EQ(m.one_dir(x[size_t(i)], &od[size_t(i)], h.data(), T,
-                                                dl.data(), &idx, sf),
-                                      vekStsOk);
-                        }
-                    }
-                    ASSERT_TRUE(vt::bits_equal(od, ref));
+                    if (level == veks::isa::scalar) ref = f[0];
+                    ASSERT_TRUE(vt::bits_equal(f[0], ref)) << "level differs from scalar";
+                    ASSERT_TRUE(fft_block || vt::bits_equal(f[1], ref)) << "block";
+                    ASSERT_TRUE(fft_in_place || vt::bits_equal(f[2], ref)) << "in place";
+                    for (int k = 3; k < 6; ++k)
+                        ASSERT_TRUE(vt::bits_equal(f[size_t(k)], ref)) << "direct form " << k;
                 });
             }
         }
@@ -171,7 +81,7 @@ TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
 // Get after Set and after InitAlloc returns the line; a null line means zeros; the oldest
 // element of a set line never reaches an output; GetTaps returns the taps in natural order.
 TEST(FirFloatTaps, DelayLineConventions) {
-    for_each_member([](auto m) {
+    ft::for_each_float_taps_member([](auto m) {
         using Tap = typename decltype(m)::Tap;
         using Dat = typename decltype(m)::Dat;
         using St = typename decltype(m)::St;

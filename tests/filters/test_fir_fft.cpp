@@ -43,6 +43,7 @@ using ft::cld;
 // data included).
 template <class F>
 struct Case : F {
+    using Base = F;
     using typename F::Dat;
     using typename F::St;
     using typename F::Tap;
@@ -59,25 +60,6 @@ struct Case : F {
     static VekStatus one(Dat x, Dat* d, St* st) { return F::one(x, d, st, sf); }
 };
 
-using R32f = Case<ft::Fir_32f>;
-using R64f = Case<ft::Fir_64f>;
-using C32fc = Case<ft::Fir_32fc>;
-using C64fc = Case<ft::Fir_64fc>;
-using R64f_32f = Case<ft::Fir64f_32f>;
-using C64fc_32fc = Case<ft::Fir64fc_32fc>;
-using R32f_16s = Case<ft::Fir32f_16s>;
-using R64f_16s = Case<ft::Fir64f_16s>;
-using R64f_32s = Case<ft::Fir64f_32s>;
-using C32fc_16sc = Case<ft::Fir32fc_16sc>;
-using C64fc_16sc = Case<ft::Fir64fc_16sc>;
-using C64fc_32sc = Case<ft::Fir64fc_32sc>;
-
-template <class M>
-::testing::AssertionResult near(const typename M::Dat* got, const cld* want, const long double* mag,
-                                int n) {
-    return ft::close_vec(got, want, mag, n, M::sf, M::rel);
-}
-
 // The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
 // of two above T.
 TEST(FirFftRule, TransformLength) {
@@ -92,8 +74,11 @@ TEST(FirFftRule, TransformLength) {
 
 template <class M>
 class FirFftMember : public ::testing::Test {};
-using AllMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc, R32f_16s,
-                                    R64f_16s, R64f_32s, C32fc_16sc, C64fc_16sc, C64fc_32sc>;
+using AllMembers =
+    ::testing::Types<Case<ft::Fir_32f>, Case<ft::Fir_64f>, Case<ft::Fir_32fc>, Case<ft::Fir_64fc>,
+                     Case<ft::Fir64f_32f>, Case<ft::Fir64fc_32fc>, Case<ft::Fir32f_16s>,
+                     Case<ft::Fir64f_16s>, Case<ft::Fir64f_32s>, Case<ft::Fir32fc_16sc>,
+                     Case<ft::Fir64fc_16sc>, Case<ft::Fir64fc_32sc>>;
 TYPED_TEST_SUITE(FirFftMember, AllMembers);
 
 // A stream through one state in calls of lengths around the transform length fftLen (fftLen:
@@ -114,46 +99,15 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
         SCOPED_TRACE("tapsLen " + std::to_string(T));
         const int len = veks::fir::fft_len_for(T);
         const int L = len - (T - 1);
-        struct Call {
-            int n;
-            bool in_place;
-        };
-        const std::vector<Call> calls = {
+        const std::vector<ft::Call> calls = {
             {len, false}, {len + 1, false}, {3, true},   {2 * len + 3, false}, {1, false},
             {L, true},    {L + 1, true},    {len, true}, {2 * len + 3, true},  {5, false}};
         int total = 0;
-        for (const Call& c : calls) total += c.n;
+        for (const ft::Call& c : calls) total += c.n;
         if (int64_t{T} * total > vt::kReferenceWork) continue;
         const auto h = ft::rvec<Tap>(rng, T, 1.0);
         const auto line = ft::rvec<Dat>(rng, T, M::amp);
-        const auto x = ft::rvec<Dat>(rng, total, M::amp);
-        std::vector<cld> want;
-        std::vector<long double> mag;
-        ft::reference(h, line, x, want, mag);
-        typename M::St* st = nullptr;
-        ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
-        int at = 0;
-        for (const Call& c : calls) {
-            SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
-            vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n),
-                             ft::off<Dat>(1));
-            vt::Buf<Dat> dst(c.n, ft::off<Dat>(3));
-            if (c.in_place) {
-                ASSERT_EQ(M::blk_i(src.data(), c.n, st), vekStsOk);
-                ASSERT_TRUE(near<M>(src.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
-                ASSERT_TRUE(src.guards_intact());
-            } else {
-                ASSERT_EQ(M::blk(src.data(), dst.data(), c.n, st), vekStsOk);
-                ASSERT_TRUE(near<M>(dst.data(), &want[size_t(at)], &mag[size_t(at)], c.n));
-                ASSERT_TRUE(dst.guards_intact());
-            }
-            at += c.n;
-        }
-        std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
-        ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
-        for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-        ASSERT_TRUE(vt::bits_equal(got, last));
-        ASSERT_EQ(M::fre(st), vekStsOk);
+        ft::stream_check<typename M::Base>(h, line, calls, M::sf, M::rel, rng, M::amp);
     }
 }
 
@@ -184,7 +138,9 @@ TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
 
 template <class M>
 class FirFftSwitch : public ::testing::Test {};
-using FloatDataMembers = ::testing::Types<R32f, R64f, C32fc, C64fc, R64f_32f, C64fc_32fc>;
+using FloatDataMembers =
+    ::testing::Types<Case<ft::Fir_32f>, Case<ft::Fir_64f>, Case<ft::Fir_32fc>, Case<ft::Fir_64fc>,
+                     Case<ft::Fir64f_32f>, Case<ft::Fir64fc_32fc>>;
 TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
 
 // Tells the paths apart by their rounding. The delay line holds one huge sample at its element

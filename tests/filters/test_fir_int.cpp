@@ -6,70 +6,6 @@
 
 namespace {
 
-// ---- independent reference ------------------------------------------------------------------
-
-int ref_norm_shift(const std::vector<int64_t>& parts) {
-    int64_t m = 0;
-    for (int64_t v : parts) m = std::max(m, v < 0 ? -v : v);
-    int s = 0;
-    while (m > 32766) {
-        m /= 2;
-        ++s;
-    }
-    return s;
-}
-
-int64_t floor_shift(int64_t v, int s) { // floor(v / 2^s) with plain division
-    const int64_t d = int64_t{1} << s;
-    return v >= 0 ? v / d : -((-v + d - 1) / d);
-}
-
-int16_t ref_out(uint32_t acc, int64_t factor, int sf) {
-    int64_t sh = factor - sf;
-    sh = std::clamp<int64_t>(sh, -31, 31);
-    int64_t v = static_cast<int32_t>(acc);
-    if (sh > 0) {
-        v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
-    } else if (sh < 0) {
-        const int k = static_cast<int>(-sh);
-        int64_t q = floor_shift(v, k);
-        const int64_t r = v - q * (int64_t{1} << k), half = int64_t{1} << (k - 1);
-        if (r > half || (r == half && (q & 1))) ++q;
-        v = q;
-    }
-    return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
-}
-
-// Real or complex 16-bit data through normalised taps (given as parts: re, im interleaved for
-// complex), history newest first.
-template <class Dat>
-std::vector<Dat> ref_filter(const std::vector<int32_t>& taps, bool cplx, int64_t factor, int sf,
-                            const std::vector<Dat>& line, const std::vector<Dat>& x) {
-    const int T = cplx ? int(taps.size() / 2) : int(taps.size());
-    std::vector<int64_t> parts(taps.begin(), taps.end());
-    const int s = ref_norm_shift(parts);
-    std::vector<int64_t> h(taps.size());
-    for (size_t i = 0; i < taps.size(); ++i) h[i] = floor_shift(taps[i], s);
-    std::vector<Dat> y(x.size());
-    for (int j = 0; j < int(x.size()); ++j) {
-        uint32_t re = 0, im = 0;
-        for (int k = 0; k < T; ++k) {
-            const Dat v = j - k >= 0 ? x[size_t(j - k)] : line[size_t(k - j - 1)];
-            if constexpr (std::is_same_v<Dat, Vek16sc>) {
-                re += uint32_t(h[2 * k] * v.re - h[2 * k + 1] * v.im);
-                im += uint32_t(h[2 * k] * v.im + h[2 * k + 1] * v.re);
-            } else {
-                re += uint32_t(h[size_t(k)] * v);
-            }
-        }
-        if constexpr (std::is_same_v<Dat, Vek16sc>)
-            y[size_t(j)] = Vek16sc{ref_out(re, factor + s, sf), ref_out(im, factor + s, sf)};
-        else
-            y[size_t(j)] = ref_out(re, factor + s, sf);
-    }
-    return y;
-}
-
 // ---- the two members behind one interface ---------------------------------------------------
 
 // The two members of fir_members.hpp, with the taps built from their parts.
@@ -121,61 +57,13 @@ void stream_and_forms() {
             const auto x = ft::rvec<Dat>(rng, n, 32767);
             std::vector<Dat> hist(static_cast<size_t>(T));
             ASSERT_EQ(M::get_dly(st, hist.data()), vekStsOk);
-            const auto want = ref_filter(parts, M::cplx, factor, sf, hist, x);
+            const auto want =
+                ft::int_reference(ft::Shape{1, 0, 1, 0, T}, h, factor, sf, hist, x, n);
             vt::for_each_level([&](auto) {
-                // State block, in place, one at a time; each from the same history.
-                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
-                vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n, ft::off<Dat>(3));
-                ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "block, numIters " << n;
-                ASSERT_TRUE(dst.guards_intact());
-                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
-                auto io = x;
-                ASSERT_EQ(M::blk_i(io.data(), n, st, sf), vekStsOk);
-                ASSERT_TRUE(vt::bits_equal(io, want));
-                ASSERT_EQ(M::set_dly(st, hist.data()), vekStsOk);
-                std::vector<Dat> one(static_cast<size_t>(n));
-                for (int i = 0; i < n; ++i) {
-                    one[size_t(i)] = x[size_t(i)];
-                    if (i & 1)
-                        ASSERT_EQ(M::one_i(&one[size_t(i)], st, sf), vekStsOk);
-                    else
-                        ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf), vekStsOk);
-                }
-                ASSERT_TRUE(vt::bits_equal(one, want));
-                // Direct forms.
-                auto dl = ft::doubled_line(hist);
-                int idx = 0;
-                std::vector<Dat> d(static_cast<size_t>(n));
-                ASSERT_EQ(M::dir(x.data(), d.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
-                          vekStsOk);
-                ASSERT_TRUE(vt::bits_equal(d, want));
-                dl = ft::doubled_line(hist);
-                idx = 0;
-                io = x;
-                ASSERT_EQ(M::dir_i(io.data(), n, h.data(), T, factor, dl.data(), &idx, sf),
-                          vekStsOk);
-                ASSERT_TRUE(vt::bits_equal(io, want));
-                dl = ft::doubled_line(hist);
-                idx = 0;
-                for (int i = 0; i < n; ++i) {
-                    d[size_t(i)] = x[size_t(i)];
-                    if (i & 1)
-                        ASSERT_EQ(
-                            M::one_dir_i(&d[size_t(i)], h.data(), T, factor, dl.data(), &idx, sf),
-                            vekStsOk);
-                    else
-                        ASSERT_EQ(M::one_dir(x[size_t(i)], &d[size_t(i)], h.data(), T, factor,
-                                             dl.data(), &idx, sf),
-                                  vekStsOk);
-                }
-                ASSERT_TRUE(vt::bits_equal(d, want));
+                const auto f = ft::every_form<M>(st, h, hist, x, sf, factor);
+                for (size_t k = 0; k < f.size(); ++k)
+                    ASSERT_TRUE(vt::bits_equal(f[k], want)) << "form " << k << ", numIters " << n;
             });
-            std::vector<Dat> after(static_cast<size_t>(T));
-            ASSERT_EQ(M::get_dly(st, after.data()), vekStsOk);
-            for (int i = 0; i < T; ++i)
-                ASSERT_TRUE(vt::same_bits(after[size_t(i)],
-                                          i < n ? x[size_t(n - 1 - i)] : hist[size_t(i - n)]));
         }
         ASSERT_EQ(M::fre(st), vekStsOk);
     }
@@ -281,7 +169,7 @@ TEST(FirIntTaps, OutputRule) {
     Vek16s y[3];
     ASSERT_EQ(veksFIR32s_16s_Sfs(x, y, 3, s, 16), vekStsOk);
     EXPECT_EQ(y[1], 32765); // 2 * 32766 * 32767 / 65536 = 32764.99...
-    EXPECT_EQ(y[2], ref_out(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
+    EXPECT_EQ(y[2], ft::out_rule(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
     EXPECT_LT(y[2], 0);
     ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
 }

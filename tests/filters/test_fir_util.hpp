@@ -1,6 +1,7 @@
 // Shared pieces of the FIR tests: member descriptions, a long-double reference and comparisons.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <functional>
@@ -26,29 +27,109 @@ std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
     return d;
 }
 
-// Reference outputs of a stream: y[j] = sum h[k] x[j-k], with x[-i] = line[i-1] (the line newest
-// first), in long double. Also returns sum (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of
-// sum |h[k] x[j-k]|, for error bounds.
+// A filter's geometry: the input up-sampled by U (phase up), filtered by T taps, then
+// down-sampled by D (phase dp). Single-rate filters are U = D = 1 with phases 0.
+struct Shape {
+    int U, up, D, dp, T;
+    int dly() const { return (T + U - 1) / U; }
+    std::string text() const {
+        return "up " + std::to_string(U) + "/" + std::to_string(up) + " down " + std::to_string(D) +
+               "/" + std::to_string(dp) + " taps " + std::to_string(T);
+    }
+};
+
+// The input sample standing at high-rate time t (0 between samples): x[m] at up + m*U, the line
+// (newest first) before the first input.
+template <class Dat>
+const Dat* sample_at(const Shape& s, int64_t t, const std::vector<Dat>& line,
+                     const std::vector<Dat>& x) {
+    const int64_t r = t - s.up;
+    if (((r % s.U) + s.U) % s.U != 0) return nullptr;
+    const int64_t m = (r - ((r % s.U) + s.U) % s.U) / s.U;
+    if (m >= 0) return &x[size_t(m)];
+    return -m - 1 < int64_t(line.size()) ? &line[size_t(-m - 1)] : nullptr;
+}
+
+// Reference outputs of n iterations: y[k] = sum h[i] x_high(dp + k*D - i) in long double. Also
+// returns sum (|Re h| + |Im h|)(|Re x| + |Im x|), a bound of sum |h[i] x[.]|, for error bounds.
+template <class Tap, class Dat>
+void reference(const Shape& s, const std::vector<Tap>& h, const std::vector<Dat>& line,
+               const std::vector<Dat>& x, int n, std::vector<cld>& y,
+               std::vector<long double>& mag) {
+    y.assign(size_t(n) * size_t(s.U), cld{});
+    mag.assign(y.size(), 0.0L);
+    for (size_t k = 0; k < y.size(); ++k) {
+        long double sr = 0, si = 0, sm = 0;
+        for (int i = 0; i < s.T; ++i) {
+            const Dat* v = sample_at(s, s.dp + int64_t(k) * s.D - i, line, x);
+            if (v == nullptr) continue;
+            const cld a = to_c(h[size_t(i)]), b = to_c(*v);
+            sr += a.real() * b.real() - a.imag() * b.imag();
+            si += a.real() * b.imag() + a.imag() * b.real();
+            sm += (std::fabs(a.real()) + std::fabs(a.imag())) *
+                  (std::fabs(b.real()) + std::fabs(b.imag()));
+        }
+        y[k] = cld(sr, si);
+        mag[k] = sm;
+    }
+}
+// The single-rate stream: x[-i] = line[i-1].
 template <class Tap, class Dat>
 void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const std::vector<Dat>& x,
                std::vector<cld>& y, std::vector<long double>& mag) {
-    const int T = static_cast<int>(h.size()), n = static_cast<int>(x.size());
-    y.assign(size_t(n), cld{});
-    mag.assign(size_t(n), 0.0L);
-    for (int j = 0; j < n; ++j) {
-        long double sr = 0, si = 0, sm = 0;
-        for (int k = 0; k < T; ++k) {
-            const int i = j - k;
-            const cld hk = to_c(h[size_t(k)]),
-                      v = to_c(i >= 0 ? x[size_t(i)] : line[size_t(-i - 1)]);
-            sr += hk.real() * v.real() - hk.imag() * v.imag();
-            si += hk.real() * v.imag() + hk.imag() * v.real();
-            sm += (std::fabs(hk.real()) + std::fabs(hk.imag())) *
-                  (std::fabs(v.real()) + std::fabs(v.imag()));
-        }
-        y[size_t(j)] = cld(sr, si);
-        mag[size_t(j)] = sm;
+    reference(Shape{1, 0, 1, 0, int(h.size())}, h, line, x, int(x.size()), y, mag);
+}
+
+// Integer taps: normalised by floor division by 2^s (s the smallest putting every part at most
+// 32766), wrapping 32-bit sums, the output shifted by tapsFactor + s - scaleFactor, rounding
+// half to even, saturated; all in plain integers.
+inline int64_t floor_shift(int64_t v, int s) {
+    const int64_t d = int64_t{1} << s;
+    return v >= 0 ? v / d : -((-v + d - 1) / d);
+}
+inline int16_t out_rule(uint32_t acc, int64_t factor, int sf) {
+    const int64_t sh = std::clamp<int64_t>(factor - sf, -31, 31);
+    int64_t v = static_cast<int32_t>(acc);
+    if (sh > 0) {
+        v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
+    } else if (sh < 0) {
+        const int k = static_cast<int>(-sh);
+        int64_t q = floor_shift(v, k);
+        const int64_t r = v - q * (int64_t{1} << k), half = int64_t{1} << (k - 1);
+        if (r > half || (r == half && (q & 1))) ++q;
+        v = q;
     }
+    return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
+}
+template <class Tap, class Dat>
+std::vector<Dat> int_reference(const Shape& s, const std::vector<Tap>& h, int tf, int sf,
+                               const std::vector<Dat>& line, const std::vector<Dat>& x, int n) {
+    int64_t m = 0;
+    for (const Tap& t : h) {
+        const cld c = to_c(t);
+        m = std::max({m, int64_t(std::fabs(c.real())), int64_t(std::fabs(c.imag()))});
+    }
+    int sh = 0;
+    for (; m > 32766; m /= 2) ++sh;
+    std::vector<Dat> y(size_t(n) * size_t(s.U));
+    for (size_t k = 0; k < y.size(); ++k) {
+        uint32_t re = 0, im = 0;
+        for (int i = 0; i < s.T; ++i) {
+            const Dat* v = sample_at(s, s.dp + int64_t(k) * s.D - i, line, x);
+            if (v == nullptr) continue;
+            const cld a = to_c(h[size_t(i)]), b = to_c(*v);
+            const int64_t hr = floor_shift(int64_t(a.real()), sh),
+                          hi = floor_shift(int64_t(a.imag()), sh);
+            const int64_t xr = int64_t(b.real()), xi = int64_t(b.imag());
+            re += uint32_t(hr * xr - hi * xi);
+            im += uint32_t(hr * xi + hi * xr);
+        }
+        if constexpr (is_cplx<Dat>)
+            y[k] = Dat{out_rule(re, int64_t(tf) + sh, sf), out_rule(im, int64_t(tf) + sh, sf)};
+        else
+            y[k] = out_rule(re, int64_t(tf) + sh, sf);
+    }
+    return y;
 }
 
 // The integer output rule of floating-point taps, applied to an exact value.
@@ -92,6 +173,107 @@ template <class Dat>
         if (!r) return r << " at output " << j;
     }
     return ::testing::AssertionSuccess();
+}
+
+// A stream x from the line `line` (newest first) through a new state of member M, in calls of
+// the given lengths (in place where marked, unaligned and guarded), each call's outputs
+// against the reference of the whole stream within close_vec's allowance `rel`; afterwards the
+// state's line holds the last inputs, newest first.
+struct Call {
+    int n;
+    bool in_place = false;
+};
+template <class M>
+void stream_check(const std::vector<typename M::Tap>& h, const std::vector<typename M::Dat>& line,
+                  const std::vector<Call>& calls, int sf, long double rel, vt::Rng& rng,
+                  double amp) {
+    using Dat = typename M::Dat;
+    const int T = int(h.size());
+    int total = 0;
+    for (const Call& c : calls) total += c.n;
+    const auto x = rvec<Dat>(rng, total, amp);
+    std::vector<cld> want;
+    std::vector<long double> mag;
+    reference(h, line, x, want, mag);
+    typename M::St* st = nullptr;
+    ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+    int at = 0;
+    for (const Call& c : calls) {
+        SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
+        vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n), off<Dat>(1));
+        vt::Buf<Dat> dst(c.n, off<Dat>(3));
+        vt::Buf<Dat>& out = c.in_place ? src : dst;
+        ASSERT_EQ(c.in_place ? M::blk_i(src.data(), c.n, st, sf)
+                             : M::blk(src.data(), dst.data(), c.n, st, sf),
+                  vekStsOk);
+        ASSERT_TRUE(out.guards_intact());
+        ASSERT_TRUE(close_vec(out.data(), &want[size_t(at)], &mag[size_t(at)], c.n, sf, rel));
+        at += c.n;
+    }
+    std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
+    ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
+    for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
+    ASSERT_TRUE(vt::bits_equal(got, last));
+    ASSERT_EQ(M::fre(st), vekStsOk);
+}
+
+// Outputs of every filtering form of member M on the same history (newest first) and input: one
+// sample at a time (alternately in place, where the member has that form), the block and the
+// in-place block from the state `st` (its line set to `hist` before each, and checked after
+// each to hold the last inputs), then the direct block, in-place block and single-sample forms
+// on the caller's doubled line (the index checked after). `extra` are the direct forms'
+// arguments after tapsLen (the taps factor of integer taps).
+template <class M, class... E>
+std::vector<std::vector<typename M::Dat>>
+every_form(typename M::St* st, const std::vector<typename M::Tap>& h,
+           const std::vector<typename M::Dat>& hist, const std::vector<typename M::Dat>& x, int sf,
+           E... extra) {
+    using Dat = typename M::Dat;
+    const int T = int(h.size()), n = int(x.size());
+    std::vector<Dat> last(static_cast<size_t>(T)), line(static_cast<size_t>(T));
+    for (int i = 0; i < T; ++i)
+        last[size_t(i)] = i < n ? x[size_t(n - 1 - i)] : hist[size_t(i - n)];
+    auto line_ok = [&] {
+        EXPECT_EQ(M::get_dly(st, line.data()), vekStsOk);
+        EXPECT_TRUE(vt::bits_equal(line, last)) << "delay line after the call";
+    };
+    std::vector<std::vector<Dat>> out(6, x);
+    EXPECT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+    for (int i = 0; i < n; ++i)
+        EXPECT_EQ(M::one_i && (i & 1) ? M::one_i(&out[0][size_t(i)], st, sf)
+                                      : M::one(x[size_t(i)], &out[0][size_t(i)], st, sf),
+                  vekStsOk);
+    line_ok();
+    EXPECT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+    vt::Buf<Dat> src(x, off<Dat>(1)), dst(n, off<Dat>(3)), io(x, off<Dat>(5));
+    EXPECT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+    line_ok();
+    EXPECT_EQ(M::set_dly(st, hist.data()), vekStsOk);
+    EXPECT_EQ(M::blk_i(io.data(), n, st, sf), vekStsOk);
+    line_ok();
+    EXPECT_TRUE(dst.guards_intact() && io.guards_intact());
+    out[1] = dst.vec();
+    out[2] = io.vec();
+    auto dl = doubled_line(hist);
+    int idx = 0;
+    vt::Buf<Dat> ddst(n, off<Dat>(7));
+    EXPECT_EQ(M::dir(x.data(), ddst.data(), n, h.data(), T, extra..., dl.data(), &idx, sf),
+              vekStsOk);
+    EXPECT_EQ(idx, n % T);
+    EXPECT_TRUE(ddst.guards_intact());
+    out[3] = ddst.vec();
+    dl = doubled_line(hist);
+    idx = 0;
+    EXPECT_EQ(M::dir_i(out[4].data(), n, h.data(), T, extra..., dl.data(), &idx, sf), vekStsOk);
+    dl = doubled_line(hist);
+    idx = 0;
+    for (int i = 0; i < n; ++i) {
+        Dat* y = &out[5][size_t(i)];
+        EXPECT_EQ((i & 1) ? M::one_dir_i(y, h.data(), T, extra..., dl.data(), &idx, sf)
+                          : M::one_dir(x[size_t(i)], y, h.data(), T, extra..., dl.data(), &idx, sf),
+                  vekStsOk);
+    }
+    return out;
 }
 
 } // namespace ft

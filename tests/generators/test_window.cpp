@@ -234,20 +234,18 @@ TEST(Window, ComplexMembersFollowRealOnes) {
     vt::for_each_level([&](auto) {
         for (const auto& [real, cplx] : pairs)
             for (int N : {4, 5, 9, 64, 65, 1030, 1537}) {
-                std::vector<Vek32fc> x(N), y(N);
+                std::vector<Vek32fc> x(N), want(N);
                 std::vector<float> re(N), im(N), wre(N), wim(N);
                 for (int k = 0; k < N; ++k) {
                     re[k] = static_cast<float>(rng.uniform(-9, 9));
                     im[k] = static_cast<float>(rng.uniform(-9, 9));
                     x[k] = {re[k], im[k]};
                 }
-                ASSERT_EQ(cplx(x.data(), y.data(), N), 0);
                 ASSERT_EQ(real(re.data(), wre.data(), N), 0);
                 ASSERT_EQ(real(im.data(), wim.data(), N), 0);
-                for (int k = 0; k < N; ++k) {
-                    ASSERT_TRUE(vt::same_bits(y[k].re, wre[k])) << N << " " << k;
-                    ASSERT_TRUE(vt::same_bits(y[k].im, wim[k])) << N << " " << k;
-                }
+                for (int k = 0; k < N; ++k) want[k] = {wre[k], wim[k]};
+                ASSERT_TRUE(vt::writes(want, [&](Vek32fc* d) { return cplx(x.data(), d, N); }))
+                    << N;
             }
     });
 }
@@ -262,7 +260,6 @@ TEST(Window, ThreePointCasesAndSaturation) {
     ASSERT_EQ(veksWinHamming_32f(x, y, 3), 0);
     const float e = static_cast<float>(0.54 - 0.46);
     EXPECT_TRUE(vt::starts_with(y, {static_cast<float>(2.0 * (0.54 - 0.46)), -3.0f, 4 * e}));
-    EXPECT_EQ(veksWinBlackmanOpt_32f(x, y, 3), vekStsDataSizeErr);
     // Blackman with alpha 4 reaches 5: 16-bit products clamp.
     const Vek16s big[] = {20000, -20000, 20000, -20000, 20000};
     Vek16s out[5];

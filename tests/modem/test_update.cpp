@@ -43,24 +43,6 @@ TEST(Update, LinearAndPowerMatchIntegerArithmetic) {
             }
 }
 
-TEST(Update, DocumentedCases) {
-    const Vek16s x[] = {100, -200, 3000, -32768};
-    int32_t a = 555;
-    ASSERT_EQ(veksUpdateLinear_16s32s_I(x, 4, &a, 0, 1, vekAlgHintNone), 0);
-    EXPECT_EQ(a, 555); // alpha 1 keeps the estimate
-    ASSERT_EQ(veksUpdateLinear_16s32s_I(x, 4, &a, 2, 0, vekAlgHintNone), 0);
-    EXPECT_EQ(a, -8192); // alpha 0: the last sample, shifted
-    ASSERT_EQ(veksUpdatePower_16s32s_I(x, 4, &a, 0, 0, vekAlgHintNone), 0);
-    EXPECT_EQ(a, 1 << 30); // (-32768)^2 as an unsigned square
-    // Growth beyond the 32-bit range saturates, in either direction.
-    a = 1000;
-    ASSERT_EQ(veksUpdateLinear_16s32s_I(x, 4, &a, 0, 30000, vekAlgHintNone), 0);
-    EXPECT_EQ(a, INT32_MAX);
-    a = -1000;
-    ASSERT_EQ(veksUpdatePower_16s32s_I(x, 4, &a, 0, 30000, vekAlgHintNone), 0);
-    EXPECT_EQ(a, INT32_MIN);
-}
-
 // The nearest entry of a strictly ascending table, ties to the lower one, by brute force.
 int brute_nearest(int v, const std::vector<Vek16u>& t) {
     int best = 0;

@@ -119,6 +119,8 @@ TEST(Norm, FloatInfinityNormSpecialValues) {
     double rd = 1;
     ASSERT_EQ(veksNorm_Inf_64f(z, 2, &rd), vekStsOk);
     EXPECT_TRUE(vt::same_bits(rd, 0.0));
+    ASSERT_EQ(veksNormDiff_Inf_64f(z, z, 2, &rd), vekStsOk); // equal vectors: exactly +0
+    EXPECT_TRUE(vt::same_bits(rd, 0.0));
 }
 
 // ---- integer norms ----------------------------------------------------------------------------
@@ -183,45 +185,25 @@ TEST(Norm, IntegerNormsMatchExactReference) {
     });
 }
 
-TEST(Norm, IntegerNormDocumentedValues) {
-    const int16_t tf[] = {3, 4};
-    int32_t r = 0;
-    ASSERT_EQ(veksNorm_L2_16s32s_Sfs(tf, 2, &r, 1), vekStsOk); // 2.5 truncates
-    EXPECT_EQ(r, 2);
-    ASSERT_EQ(veksNorm_L1_16s32s_Sfs(tf, 2, &r, -1), vekStsOk);
-    EXPECT_EQ(r, 14);
-}
-
 // ---- dot products ------------------------------------------------------------------------------
 
-// Real and imaginary parts of a real or complex element.
+// Parts of a real or complex element, and random elements (boundary-biased parts).
 template <class T>
-auto re_of(T x) {
-    if constexpr (std::is_arithmetic_v<T>)
-        return x;
-    else
-        return x.re;
-}
-template <class T>
-using Part = decltype(re_of(T{}));
+using Part = vt::part_t<T>;
 template <class T>
 LD real_of(T x) {
-    return val(re_of(x));
+    return vt::to_c(x).real();
 }
 template <class T>
 LD imag_of(T x) {
-    if constexpr (std::is_arithmetic_v<T>)
-        return 0;
-    else
-        return val(x.im);
+    return vt::to_c(x).imag();
 }
-
 template <class T>
 T rand_elem(vt::Rng& rng) {
-    if constexpr (std::is_arithmetic_v<T>)
-        return rng.any<T>();
-    else
+    if constexpr (vt::is_cplx<T>)
         return T{rng.any<Part<T>>(), rng.any<Part<T>>()};
+    else
+        return rng.any<T>();
 }
 
 #ifdef __SIZEOF_INT128__
@@ -361,22 +343,21 @@ TEST(DotProd, ScaledThirtyTwoBitForms) {
     EXPECT_EQ(r, 2147483647);
 }
 
-// Long sums past the 65,536-element block, one rounding and one complex product.
-TEST(DotProd, DocumentedValues) {
-    const int16_t one[] = {1}, three[] = {3};
+// Long sums past the 65,536-element block: exact in 64 bits, saturated in 32; the clamp of the
+// 16-bit scale factor.
+TEST(DotProd, LongSumsAndScaleClamp) {
     int32_t r = 0;
-    ASSERT_EQ(veksDotProd_16s32s_Sfs(one, three, 1, &r, 1), vekStsOk); // 1.5 -> 2
-    EXPECT_EQ(r, 2);
     std::vector<int16_t> m(70000, -32768);
     int64_t e = 0;
     ASSERT_EQ(veksDotProd_16s64s(m.data(), m.data(), 70000, &e), vekStsOk);
     EXPECT_EQ(e, int64_t{70000} << 30);
     ASSERT_EQ(veksDotProd_16s32s_Sfs(m.data(), m.data(), 70000, &r, 0), vekStsOk);
     EXPECT_EQ(r, 2147483647);
-    const Vek32fc x[] = {{1, 2}}, y[] = {{3, 4}};
-    Vek32fc z{};
-    ASSERT_EQ(veksDotProd_32fc(x, y, 1, &z), vekStsOk); // (1+2i)(3+4i) = -5+10i
-    EXPECT_TRUE(vt::starts_with(&z, {{-5.0f, 10.0f}}));
+    // Upward shifts of a 16-bit result stop at 14 places: -1 at sf -20 is -16384, not saturated.
+    const int16_t one[] = {1}, minus_one[] = {-1};
+    int16_t r16 = 0;
+    ASSERT_EQ(veksDotProd_16s_Sfs(one, minus_one, 1, &r16, -20), vekStsOk);
+    EXPECT_EQ(r16, -16384);
 }
 
 } // namespace

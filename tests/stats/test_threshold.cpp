@@ -132,9 +132,9 @@ void check_member(vt::Rng& rng, int kind, Out out, In in) {
                         << "kind " << kind << " n " << n << " i " << i;
             }
             ASSERT_TRUE(vt::bits_equal(s.vec(), src) && d.guards_intact());
-            ASSERT_EQ(in(s.data(), n, level, value), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(s.vec(), d.vec())) << "in place, n " << n;
-            ASSERT_TRUE(s.guards_intact());
+            ASSERT_TRUE(vt::writes(
+                d.vec(), [&](T* p) { return in(p, n, level, value); }, src, alignof(T)))
+                << "in place, n " << n;
         }
     });
 }
@@ -169,13 +169,8 @@ TEST(Threshold, MembersFollowTheirRules) {
     check_family<Vek16sc, int16_t>(30, FAMILY(16sc));
 }
 
+// Rescaled complex values exactly where the sweep allows a few ulps (or one unit in 16 bits).
 TEST(Threshold, DocumentedValues) {
-    const float x[] = {1.0f, 2.0f, 3.0f};
-    float d[3];
-    ASSERT_EQ(veksThreshold_LTVal_32f(x, d, 3, 2.0f, 9.0f), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {9.0f, 2.0f, 3.0f}));      // a tie keeps x
-    ASSERT_EQ(veksThreshold_32f(x, d, 3, 2.5f, 3), vekStsOk); // relOp 3: "less than"
-    EXPECT_TRUE(vt::starts_with(d, {2.5f, 2.5f, 3.0f}));
     const Vek32fc c[] = {{0, 0}, {1, 0}, {0, -1}, {3, 4}};
     Vek32fc e[4];
     ASSERT_EQ(veksThreshold_LT_32fc(c, e, 4, 2.0f), vekStsOk);
@@ -233,9 +228,9 @@ void check_lt_inv(uint64_t seed, VekStatus (*out)(const T*, T*, int, B),
                 ASSERT_EQ(out(s.data(), d.data(), n, level), st);
                 for (int i = 0; i < n; ++i)
                     ASSERT_TRUE(inv_ok(src[i], level, d[i])) << "i " << i << " level " << level;
-                ASSERT_EQ(in(s.data(), n, level), st);
-                ASSERT_TRUE(vt::bits_equal(s.vec(), d.vec()));
-                ASSERT_TRUE(s.guards_intact() && d.guards_intact());
+                ASSERT_TRUE(d.guards_intact());
+                ASSERT_TRUE(vt::writes(
+                    d.vec(), [&](T* p) { return in(p, n, level); }, src, alignof(T), st));
             }
     });
 }

@@ -1,9 +1,13 @@
-// Long-double reference DFT shared by the FFT tests.
+// Long-double reference DFT shared by the FFT tests, and the work-buffer size of an object.
 #pragma once
 
 #include <cmath>
 #include <complex>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "veks.h"
 
 namespace vt {
 
@@ -33,6 +37,19 @@ inline std::vector<cld> ref_dft(std::vector<cld> x, bool inverse) {
                 x[i + j + len / 2] = u - v;
             }
     return x;
+}
+
+// The work-buffer size of an object made with these arguments (order or length, flag, hint).
+template <class Obj>
+int buf_size(VekStatus (*init)(Obj**, int, int, VekHintAlgorithm),
+             VekStatus (*get)(const Obj*, int*), VekStatus (*release)(Obj*), int order, int flag,
+             VekHintAlgorithm hint) {
+    Obj* s = nullptr;
+    EXPECT_EQ(init(&s, order, flag, hint), vekStsOk);
+    int size = -1;
+    EXPECT_EQ(get(s, &size), vekStsOk);
+    EXPECT_EQ(release(s), vekStsOk);
+    return size;
 }
 
 } // namespace vt
