@@ -729,7 +729,9 @@ VEK_API VekStatus veksDCTInv_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
  *  goes to recurrence n mod 16, which rotates by e^{16 i w} per step) joined by halving folds.
  *  Unlike the second-order recurrence, this loses no accuracy where cos(w) is near +-1: the
  *  error grows with len / 16 only. All rotation factors come from exact reductions of rFreq
- *  times small integers.
+ *  times small integers. Each thread keeps the factors of its last call (per form, keyed by the
+ *  frequencies and len mod 16), so repeated calls for the same tones skip their set-up; the
+ *  result never depends on earlier calls.
  *
  *  Statuses in check order: vekStsNullPointerErr (pSrc, pVal, or the Two forms' rFreq null),
  *  vekStsDataSizeErr (len below 1), vekStsRelFreqErr (a frequency below 0, not below 1, or NaN;

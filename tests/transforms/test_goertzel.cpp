@@ -70,6 +70,36 @@ void matches_reference(VekStatus (*one)(const C*, int, C*, R),
 TEST(Goertzel, Single) { matches_reference(veksGoertz_32fc, veksGoertzTwo_32fc, 1e-7L); }
 TEST(Goertzel, Double) { matches_reference(veksGoertz_64fc, veksGoertzTwo_64fc, 1e-15L); }
 
+// A result does not depend on the calls before it (the factors of the last frequencies are
+// kept per thread): after another frequency, after the same one, after the same one with another
+// length of the same or of a different remainder mod 16, alone and in pairs.
+TEST(Goertzel, IndependentOfEarlierCalls) {
+    vt::Rng rng(5);
+    std::vector<Vek64fc> x(310);
+    for (auto& v : x) v = {rng.uniform(-1, 1), rng.uniform(-1, 1)};
+    vt::for_each_level([&](auto) {
+        for (int len : {20, 205, 290}) {
+            for (double f : {0.0, 0.1234, 0.7}) {
+                Vek64fc first{}, again{}, pair[2] = {};
+                const double fs[2] = {f, 0.31};
+                ASSERT_EQ(veksGoertz_64fc(x.data(), len, &first, 0.5), vekStsOk);
+                ASSERT_EQ(veksGoertz_64fc(x.data(), len, &first, f), vekStsOk);
+                for (int prior : {len, len + 16, len + 1, len - 16}) {
+                    ASSERT_EQ(veksGoertz_64fc(x.data(), prior, &again, f), vekStsOk);
+                    const std::vector<Vek64fc> head(x.begin(), x.begin() + prior);
+                    EXPECT_LE(std::abs(cld(again.re, again.im) - reference(head, f)),
+                              1e-12L * prior);
+                    ASSERT_EQ(veksGoertz_64fc(x.data(), len, &again, f), vekStsOk);
+                    EXPECT_TRUE(vt::same_bits(first, again)) << len << " " << f << " " << prior;
+                    ASSERT_EQ(veksGoertzTwo_64fc(x.data(), prior, pair, fs), vekStsOk);
+                    ASSERT_EQ(veksGoertzTwo_64fc(x.data(), len, pair, fs), vekStsOk);
+                    EXPECT_TRUE(vt::same_bits(pair[0], first)) << len << " " << f << " " << prior;
+                }
+            }
+        }
+    });
+}
+
 // For rFreq = k / len the result is the k-th DFT bin.
 TEST(Goertzel, EqualsDftBin) {
     vt::Rng rng(7);

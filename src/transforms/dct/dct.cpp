@@ -53,6 +53,7 @@ struct DctRec {
     int64_t inner_at;   // offset of the inner transform's work area in the work area
     double* mat;        // small: out[i] = sum_j in[j] mat[j N + i] (scales included)
     T* rot;             // fast, fft, dft: 2 N rotation factors (see make_rotation)
+    T* rot4;            // single precision, forward, N >= 3: the factors by k (dct_rotate_32f)
     fft::Plan<T>* fft;  // fast, fft: owned real FFT of N points
     dft::Plan<T>* dftp; // dft: owned real DFT of N points
 };
@@ -188,6 +189,18 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
         }
         VEK_CHECK(b.alloc(b->rot, 2 * n));
         make_rotation(b->rot, n, inverse);
+        if (std::is_same_v<T, float> && !inverse && n >= 3) {
+            // The same factors by k for the vector kernel: A, B, C, D (-sin), rows of hp.
+            const int64_t h = (n - 1) / 2, hp = (h + 15) / 16 * 16;
+            VEK_CHECK(b.alloc(b->rot4, 4 * hp));
+            const T* r = b->rot;
+            for (int64_t k = 1; k <= h; ++k) {
+                b->rot4[k - 1] = r[2 * k];
+                b->rot4[hp + k - 1] = r[2 * k + 1];
+                b->rot4[2 * hp + k - 1] = r[2 * (n - k)];
+                b->rot4[3 * hp + k - 1] = -r[2 * (n - k) + 1];
+            }
+        }
     }
     *out = b.template finish<DctRec<T>>(kind_of<DctRec<T>>(inverse));
     return vekStsOk;
@@ -226,18 +239,35 @@ void through_real(const DctRec<T>& p, const T* src, T* dst, std::byte* work) {
             fft::inverse_real(*p.fft, v, v, fft::Layout::perm, inner);
     };
     if (!p.inverse) {
+        // The power-of-two FFT runs out of place, which is quicker than in place: from the
+        // reordered input in dst to v, or, when dst is the input, from v to dst and copied back.
+        const bool apart = p.fft != nullptr;
+        T* ord = apart && src != dst ? dst : v;
         if constexpr (std::is_same_v<T, float>) {
-            kern::dft_kernels().dct_order_32f(src, v, static_cast<size_t>(n));
+            kern::dft_kernels().dct_order_32f(src, ord, static_cast<size_t>(n));
         } else {
-            for (int64_t i = 0; 2 * i < n; ++i) v[i] = src[2 * i];
-            for (int64_t i = 0; 2 * i + 1 < n; ++i) v[n - 1 - i] = src[2 * i + 1];
+            for (int64_t i = 0; 2 * i < n; ++i) ord[i] = src[2 * i];
+            for (int64_t i = 0; 2 * i + 1 < n; ++i) ord[n - 1 - i] = src[2 * i + 1];
         }
-        real_fwd();
+        if (!apart) {
+            real_fwd();
+        } else if (ord == dst) {
+            fft::forward_real(*p.fft, dst, v, fft::Layout::perm, inner);
+        } else {
+            fft::forward_real(*p.fft, v, dst, fft::Layout::perm, inner);
+            std::memcpy(v, dst, static_cast<size_t>(n) * sizeof(T));
+        }
         dst[0] = r[0] * v[0];
-        for (int64_t k = 1; k <= h; ++k) {
-            const T vr = v[at + 2 * (k - 1)], vi = v[at + 2 * (k - 1) + 1];
-            dst[k] = r[2 * k] * vr + r[2 * k + 1] * vi;
-            dst[n - k] = r[2 * (n - k)] * vr - r[2 * (n - k) + 1] * vi;
+        if (p.rot4 != nullptr) {
+            if constexpr (std::is_same_v<T, float>)
+                kern::dft_kernels().dct_rotate_32f(v, dst, p.rot4, static_cast<size_t>(n),
+                                                   static_cast<size_t>(at));
+        } else {
+            for (int64_t k = 1; k <= h; ++k) {
+                const T vr = v[at + 2 * (k - 1)], vi = v[at + 2 * (k - 1) + 1];
+                dst[k] = r[2 * k] * vr + r[2 * k + 1] * vi;
+                dst[n - k] = r[2 * (n - k)] * vr - r[2 * (n - k) + 1] * vi;
+            }
         }
         if (n % 2 == 0) dst[n / 2] = r[n] * v[1];
         return;

@@ -46,6 +46,8 @@ inline constexpr int kMaxPasses = 32;
 // Largest (n - 1) / 2 of the direct kernels, and the largest radix of the pair-sum butterfly.
 inline constexpr int kMaxDirectHalf = 96;
 inline constexpr int kMaxPairRadix = 127;
+// Most real inputs of the matrix product (12 complex values).
+inline constexpr size_t kMaxMatrixIn = 24;
 
 struct MixPass {
     int32_t radix;
@@ -126,6 +128,24 @@ struct DftKernels {
     // 2i + 1 < n; x and v do not overlap. (The DCT's transform then reads v with wide loads,
     // which is quick only when v was written with wide stores.)
     void (*dct_order_32f)(const float* x, float* v, size_t n);
+    // The DCT's rotation of a real spectrum of n points (n >= 3) in the Perm layout v, the pairs
+    // (Re V_k, Im V_k) from `at`: y[k] = A_k Re V_k + B_k Im V_k and
+    // y[n - k] = C_k Re V_k + D_k Im V_k for k = 1 .. h = (n - 1) / 2; `tab` holds A, B, C and D
+    // for k = 1 .. h, each in a row of h rounded up to a multiple of 16 values. y[0] and, for
+    // even n, y[n / 2] are left to the caller; v and y do not overlap.
+    void (*dct_rotate_32f)(const float* v, float* y, const float* tab, size_t n, size_t at);
+
+    // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
+    // i < nout <= stride, products and sums in float (fused where the level fuses), x read in
+    // full before y is written (x may equal y). stride is a multiple of 16, nin at most
+    // kMaxMatrixIn, and the table's padding columns are zero.
+    void (*matvec_32f)(const float* x, float* y, size_t nin, size_t nout, const float* m,
+                       size_t stride);
+
+    // The complex transform of 12 points in straight lines (3 rows of 4 values: 3-point
+    // transforms down the columns, the twiddles, a transpose and 4-point transforms), forward
+    // or inverse, scaled as `call` says; x may equal y.
+    void (*c12_32f)(const float* x, float* y, MixCall<float> call);
 };
 
 } // namespace veks::kern

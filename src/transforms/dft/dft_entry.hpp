@@ -43,6 +43,11 @@ VekStatus transform(const Handle* pSpec, Shape shape, Vek8u* pBuffer, Run run, c
     const auto p = obj::open<Rec>(pSpec, kind_for<Rec>(shape));
     VEK_CHECK(p.status());
     VEK_CHECK(non_null(data...));
+    if (pBuffer != nullptr || work_size(*p) == 0) {
+        // Nothing to allocate: the caller's area (or none), as Work would hand it over.
+        run(*p, transforms::align16(pBuffer));
+        return vekStsOk;
+    }
     transforms::Work work(pBuffer, work_size(*p));
     VEK_CHECK(work.status());
     run(*p, work.get());

@@ -748,6 +748,149 @@ void dct_order_32f(const float* x, float* v, size_t n) {
     for (size_t j = i; 2 * j + 1 < n; ++j) v[n - 1 - j] = x[2 * j + 1];
 }
 
+#if VEK_ISA_LEVEL >= 2
+// Vectors of V from k while they fit below h, then 8-lane ones; returns the next k.
+template <class V>
+size_t dct_rotate_span(const float* v, float* y, const float* const* t, size_t n, size_t at,
+                       size_t k, size_t h) {
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    for (; k + L - 1 <= h; k += L) {
+        const float* p = v + at + 2 * (k - 1);
+        R_<V> re, im;
+        V::deinterleave(V::load(p), V::load(p + L), re, im);
+        const size_t i = k - 1;
+        V::store(y + k, V::mul_add(V::load(t[1] + i), im, V::mul(V::load(t[0] + i), re)));
+        const auto hi = V::mul_add(V::load(t[3] + i), im, V::mul(V::load(t[2] + i), re));
+        V::store(y + n - k - (L - 1), V::swap_pairs(V::reverse_pairs(hi))); // reversed
+    }
+    if constexpr (L > 8) k = dct_rotate_span<Vec<float, 8>>(v, y, t, n, at, k, h);
+    return k;
+}
+#endif
+
+void dct_rotate_32f(const float* v, float* y, const float* tab, size_t n, size_t at) {
+    const size_t h = (n - 1) / 2, hp = (h + 15) / 16 * 16;
+    const float *a = tab, *b = tab + hp, *c = tab + 2 * hp, *d = tab + 3 * hp;
+    size_t k = 1;
+#if VEK_ISA_LEVEL >= 2
+    const float* t[4] = {a, b, c, d};
+    k = dct_rotate_span<simd::Wide<float>>(v, y, t, n, at, k, h);
+#endif
+    for (; k <= h; ++k) {
+        const float re = v[at + 2 * (k - 1)], im = v[at + 2 * (k - 1) + 1];
+        y[k] = a[k - 1] * re + b[k - 1] * im;
+        y[n - k] = c[k - 1] * re + d[k - 1] * im;
+    }
+}
+
+// ---- matrix product of the short transforms
+// ------------------------------------------------------
+
+// NB output vectors of V from column c0: two accumulators per vector (even and odd j), so the
+// chains of dependent products are half as long.
+template <class V, size_t NB>
+void matvec_block(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride,
+                  size_t c0) {
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    R_<V> a[NB], b[NB];
+    for (size_t i = 0; i < NB; ++i) a[i] = b[i] = V::zero();
+    size_t j = 0;
+    for (; j + 2 <= nin; j += 2) {
+        const auto u = V::splat(x[j]), v = V::splat(x[j + 1]);
+        const float* r = m + j * stride + c0;
+        for (size_t i = 0; i < NB; ++i) {
+            a[i] = V::mul_add(u, V::load(r + i * L), a[i]);
+            b[i] = V::mul_add(v, V::load(r + stride + i * L), b[i]);
+        }
+    }
+    if (j < nin) {
+        const auto u = V::splat(x[j]);
+        for (size_t i = 0; i < NB; ++i)
+            a[i] = V::mul_add(u, V::load(m + j * stride + c0 + i * L), a[i]);
+    }
+    for (size_t i = 0; i < NB; ++i) {
+        const size_t at = c0 + i * L;
+        if (at >= nout) break;
+        const auto sum = V::add(a[i], b[i]);
+        if (at + L <= nout)
+            V::store(y + at, sum);
+        else
+            V::store_n(y + at, sum, nout - at);
+    }
+}
+
+void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride) {
+    using V = Widest<float>;
+    constexpr size_t L = static_cast<size_t>(V::lanes), NB = 4;
+    if (nout <= L) {
+        // One vector of outputs: four chains of products over j.
+        auto a0 = V::zero(), a1 = V::zero(), a2 = V::zero(), a3 = V::zero();
+        auto row = [&](size_t j) { return V::load(m + j * stride); };
+        size_t j = 0;
+        for (; j + 4 <= nin; j += 4) {
+            a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+            a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+            a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+            a3 = V::mul_add(V::splat(x[j + 3]), row(j + 3), a3);
+        }
+        if (j < nin) a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+        if (j + 1 < nin) a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+        if (j + 2 < nin) a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+        const auto sum = V::add(V::add(a0, a1), V::add(a2, a3));
+        if (nout == L)
+            V::store(y, sum);
+        else
+            V::store_n(y, sum, nout);
+        return;
+    }
+    alignas(64) float local[kMaxMatrixIn];
+    if (x == y) {
+        for (size_t j = 0; j < nin; ++j) local[j] = x[j];
+        x = local;
+    }
+    for (size_t c0 = 0; c0 < nout; c0 += NB * L) {
+        const size_t nv = (nout - c0 + L - 1) / L;
+        switch (nv) {
+        case 1: matvec_block<V, 1>(x, y, nin, nout, m, stride, c0); break;
+        case 2: matvec_block<V, 2>(x, y, nin, nout, m, stride, c0); break;
+        case 3: matvec_block<V, 3>(x, y, nin, nout, m, stride, c0); break;
+        default: matvec_block<V, NB>(x, y, nin, nout, m, stride, c0); break;
+        }
+    }
+}
+
+// ---- 12 points in straight lines ----------------------------------------------------------------
+
+// n = 4 n1 + n2 and k = k1 + 3 k2: the 3-point transforms over n1 (one vector per row of four
+// values), the twiddles W_12^(n2 k1), the 4 x 4 transpose (the fourth row zero), the 4-point
+// transforms over n2; vector k2 then holds X_{3 k2} .. X_{3 k2 + 2} and a zero last value, stored
+// in order so that each store's fourth value is overwritten by the next one.
+template <class T>
+void c12(const T* x, T* y, MixCall<T> call) {
+    using V = Vec<T, 8>;
+    constexpr T s3 = K<T>::s3, h = K<T>::half;
+    alignas(32) static constexpr T w1r[8] = {1, 1, s3, s3, h, h, 0, 0};
+    alignas(32) static constexpr T w1i[8] = {0, 0, -h, -h, -s3, -s3, -1, -1};
+    alignas(32) static constexpr T w2r[8] = {1, 1, h, h, -h, -h, -1, -1};
+    alignas(32) static constexpr T w2i[8] = {0, 0, -s3, -s3, -s3, -s3, 0, 0};
+    const Edges<T> e{call.inverse, call.inverse, call.scaled ? call.scale : T{1}};
+    const EdgeV<V> ev(e);
+    R_<V> a[4];
+    for (int j = 0; j < 3; ++j) a[j] = ev.load(V::load(x + 8 * j));
+    dft3<V>(a);
+    a[1] = V::mul_twiddle(a[1], V::load(w1r), V::load(w1i));
+    a[2] = V::mul_twiddle(a[2], V::load(w2r), V::load(w2i));
+    a[3] = V::zero();
+    V::transpose_pairs(a);
+    dft4<V>(a);
+    if (call.inverse || call.scaled)
+        for (auto& v : a) v = ev.store(v);
+    V::store(y, a[0]);
+    V::store(y + 6, a[1]);
+    V::store(y + 12, a[2]);
+    V::store_n(y + 18, a[3], 6);
+}
+
 } // namespace
 
 extern const DftKernels dft = {
@@ -770,6 +913,9 @@ extern const DftKernels dft = {
     .cmul_32f = cmul<float>,
     .cmul_64f = cmul<double>,
     .dct_order_32f = dct_order_32f,
+    .dct_rotate_32f = dct_rotate_32f,
+    .matvec_32f = matvec_32f,
+    .c12_32f = c12<float>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -331,6 +331,66 @@ VekStatus build_direct(obj::Builder<Plan<T>>& b, int64_t n) {
     return vekStsOk;
 }
 
+// Where a layout keeps R_0, the pairs and R_{N/2} (even N).
+struct Places {
+    size_t at, mid;
+};
+Places places(int64_t n, Layout layout) {
+    const size_t un = static_cast<size_t>(n);
+    switch (layout) {
+    case Layout::pack: return {1, un - 1};
+    case Layout::perm: return {(n & 1) ? size_t{1} : size_t{2}, 1};
+    default: return {2, un};
+    }
+}
+
+// The matrices of a real plan of n points (matrix method), each row j holding the outputs'
+// factors of input j, the scale of the direction folded in and rounded once: the forward
+// matrices of the Pack, Perm and CCS layouts (n rows each), then the inverse ones (n + 2 rows
+// each; the rows past the spectrum and those of the CCS zero parts are zero).
+template <class T>
+VekStatus build_matrix(obj::Builder<Plan<T>>& b, int64_t n, long double fwd_sc,
+                       long double inv_sc) {
+    const int64_t stride = (n + 2 + 15) / 16 * 16;
+    b->mat_stride = stride;
+    VEK_CHECK(table(b, b->mat, (6 * n + 6) * stride));
+    const uint64_t un = static_cast<uint64_t>(n);
+    auto w = [&](int64_t j, int64_t k) { return turn(static_cast<uint64_t>(j * k) % un, un); };
+    const int64_t h = (n - 1) / 2;
+    for (Layout l : {Layout::pack, Layout::perm, Layout::ccs}) {
+        const Places pl = places(n, l);
+        const int64_t li = static_cast<int64_t>(l);
+        // Forward: R_k = sum x_j cos, I_k = -sum x_j sin.
+        T* f = b->mat + li * n * stride;
+        for (int64_t j = 0; j < n; ++j) {
+            T* row = f + j * stride;
+            row[0] = static_cast<T>(fwd_sc);
+            for (int64_t k = 1; k <= h; ++k) {
+                const Turn t = w(j, k);
+                row[static_cast<int64_t>(pl.at) + 2 * (k - 1)] = static_cast<T>(fwd_sc * t.c);
+                row[static_cast<int64_t>(pl.at) + 2 * (k - 1) + 1] = static_cast<T>(-fwd_sc * t.s);
+            }
+            if (n % 2 == 0) row[pl.mid] = static_cast<T>(j % 2 ? -fwd_sc : fwd_sc);
+        }
+        // Inverse: y_j = X_0 + X_{n/2} (-1)^j + 2 sum_k (R_k cos - I_k sin).
+        T* v = b->mat + 3 * n * stride + li * (n + 2) * stride;
+        for (int64_t j = 0; j < n; ++j) {
+            v[j] = static_cast<T>(inv_sc);
+            for (int64_t k = 1; k <= h; ++k) {
+                const Turn t = w(j, k);
+                v[(static_cast<int64_t>(pl.at) + 2 * (k - 1)) * stride + j] =
+                    static_cast<T>(2 * inv_sc * t.c);
+                v[(static_cast<int64_t>(pl.at) + 2 * (k - 1) + 1) * stride + j] =
+                    static_cast<T>(-2 * inv_sc * t.s);
+            }
+            if (n % 2 == 0)
+                v[static_cast<int64_t>(pl.mid) * stride + j] =
+                    static_cast<T>(j % 2 ? -inv_sc : inv_sc);
+        }
+    }
+    return vekStsOk;
+}
+
 // Bluestein's tables for cn points: the chirp c[j] = exp(-i pi j^2 / cn) (the index j^2 mod 2 cn
 // advanced by 2 j + 1, so no square is formed), the M-point plan, and the spectrum of the kernel
 // conj(c[j]) (|j| < cn, circularly) times 1/M, computed in double precision.
@@ -411,7 +471,14 @@ VekStatus create(Plan<T>** out, Shape shape, int len, int flag, int hint) noexce
         b->buf_size = static_cast<int32_t>(cbytes * n + 16);
         // Odd real lengths would need twice the area: the direct transform serves them.
         const bool engine = !(real && (n & 1)) && factor(b->cn, b->mix, kMaxSmallEngineRadix);
-        if (engine) {
+        if (std::is_same_v<T, float> && !real && n == 12) {
+            b->method = Method::c12;
+        } else if (std::is_same_v<T, float> && real && n <= kMatrixLimit) {
+            b->method = Method::matrix;
+            b->cn = n;
+            const long double sc = scale_of(n, flag);
+            VEK_CHECK(build_matrix(b, n, b->fwd_norm ? sc : 1.0L, b->inv_norm ? sc : 1.0L));
+        } else if (engine) {
             b->method = Method::mixed;
             VEK_CHECK(build_mixed(b));
         } else {
@@ -455,6 +522,22 @@ namespace {
 template <class T>
 MixCall<T> call_of(const Plan<T>& p, bool inverse) {
     return {inverse, (inverse ? p.inv_norm : p.fwd_norm) != 0, p.scale};
+}
+
+// The matrix method's product of nin values from x into nout values of y, with the matrix
+// starting at row `row` of the plan's tables (single precision only).
+template <class T>
+void matrix(const Plan<T>& p, const T* x, T* y, int64_t nin, int64_t nout, int64_t row) {
+    if constexpr (std::is_same_v<T, float>)
+        kern::dft_kernels().matvec_32f(x, y, static_cast<size_t>(nin), static_cast<size_t>(nout),
+                                       p.mat + row * p.mat_stride,
+                                       static_cast<size_t>(p.mat_stride));
+}
+
+// The straight-line transform of 12 points (single precision only).
+template <class T>
+void c12(const T* x, T* y, MixCall<T> call) {
+    if constexpr (std::is_same_v<T, float>) kern::dft_kernels().c12_32f(x, y, call);
 }
 
 // Straight-line transforms of 1 to 4 points, in double: X_k = s sum_j x_j W^(+-jk).
@@ -502,19 +585,6 @@ void tiny_complex(const T* x, T* y, int64_t n, MixCall<T> call) {
     for (int64_t k = 0; k < n; ++k) {
         y[2 * k] = static_cast<T>(yr[k] * sc);
         y[2 * k + 1] = static_cast<T>(yi[k] * sc);
-    }
-}
-
-// Where a layout keeps R_0, the pairs and R_{N/2} (even N).
-struct Places {
-    size_t at, mid;
-};
-Places places(int64_t n, Layout layout) {
-    const size_t un = static_cast<size_t>(n);
-    switch (layout) {
-    case Layout::pack: return {1, un - 1};
-    case Layout::perm: return {(n & 1) ? size_t{1} : size_t{2}, 1};
-    default: return {2, un};
     }
 }
 
@@ -619,6 +689,7 @@ void run_complex(const Plan<T>& p, const T* x, T* y, std::byte* work, bool inv) 
     case Method::direct:
         return Eng<T>::direct_c(x, y, static_cast<size_t>(n), p.trig,
                                 static_cast<size_t>(p.trig_stride), call);
+    case Method::c12: return c12(x, y, call);
     default:
         if (n <= kComplexDirectLimit) {
             Local<T> local;
@@ -667,6 +738,8 @@ void run_split(const Plan<T>& p, const T* re, const T* im, T* dre, T* dim, std::
     }
     if (p.method == Method::tiny)
         tiny_complex(z, z, n, call);
+    else if (p.method == Method::c12)
+        c12(z, z, call);
     else if (p.method == Method::direct)
         Eng<T>::direct_c(z, z, static_cast<size_t>(n), p.trig, static_cast<size_t>(p.trig_stride),
                          call);
@@ -778,6 +851,17 @@ void real_inverse(const Plan<T>& p, const T* x, T* y, Layout layout, std::byte* 
         return Eng<T>::direct_ri(x, y, static_cast<size_t>(n), p.trig,
                                  static_cast<size_t>(p.trig_stride), pl.at, pl.mid, call);
     }
+    case Method::matrix: {
+        const int64_t row = 3 * n + static_cast<int64_t>(layout) * (n + 2);
+        const int64_t len = packed_length(n, layout);
+        if (layout != Layout::ccs) return matrix(p, x, y, len, n, row);
+        // The zero parts of a CCS spectrum are not read: zeros take their place.
+        T z[2 * kMatrixLimit + 2];
+        std::memcpy(z, x, static_cast<size_t>(len) * sizeof(T));
+        z[1] = 0;
+        if (n % 2 == 0) z[n + 1] = 0;
+        return matrix(p, z, y, len, n, row);
+    }
     default: break;
     }
     if (n % 2 == 0) {
@@ -815,12 +899,16 @@ void real_inverse(const Plan<T>& p, const T* x, T* y, Layout layout, std::byte* 
 
 } // namespace
 
+// The straight-line and matrix plans are dispatched here, before the general paths and their
+// stack frames.
 template <class T>
 void forward(const Plan<T>& p, const Cplx<T>* src, Cplx<T>* dst, std::byte* work) noexcept {
+    if (p.method == Method::c12) return c12(&src->re, &dst->re, call_of(p, false));
     run_complex(p, &src->re, &dst->re, work, false);
 }
 template <class T>
 void inverse(const Plan<T>& p, const Cplx<T>* src, Cplx<T>* dst, std::byte* work) noexcept {
+    if (p.method == Method::c12) return c12(&src->re, &dst->re, call_of(p, true));
     run_complex(p, &src->re, &dst->re, work, true);
 }
 template <class T>
@@ -835,6 +923,11 @@ void inverse_split(const Plan<T>& p, const T* re, const T* im, T* dst_re, T* dst
 }
 template <class T>
 void forward_real(const Plan<T>& p, const T* src, T* dst, Layout layout, std::byte* work) noexcept {
+    if (p.method == Method::matrix) {
+        matrix(p, src, dst, p.len, packed_length(p.len, layout),
+               static_cast<int64_t>(layout) * p.len);
+        return ccs_zeros(dst, p.len, layout);
+    }
     real_forward(p, src, dst, layout, work);
 }
 template <class T>

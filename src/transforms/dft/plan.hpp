@@ -13,9 +13,12 @@
 // - N <= 4: straight-line transforms; no tables, buffer size 0.
 // - N a power of two (8 or more): an owned FFT plan of the caller's flag and hint, whose
 //   buffer size is reported and whose transforms run and nothing else.
-// - otherwise N <= L: buffer size N complex values + 16 bytes. Lengths whose prime factors are
-//   small run the mixed-radix engine (dft.hpp), the others the direct transform with pair sums
-//   (tables of cosines and sines, sums in double). Both need no work area (the engine's scratch
+// - otherwise N <= L: buffer size N complex values + 16 bytes. Single-precision real plans of
+//   up to kMatrixLimit points run each transform as one product with a matrix of the transform
+//   (its scale folded in), one per direction and layout; single-precision complex plans of 12
+//   points a straight-line kernel (dft.hpp). Other lengths whose prime factors are small
+//   run the mixed-radix engine (dft.hpp), the others the direct transform with pair sums
+//   (tables of cosines and sines, sums in double). None needs a work area (the engine's scratch
 //   lives on the stack).
 // - otherwise (N > L): buffer size M complex values + 16 bytes + the buffer of an FFT of M points,
 //   M the smallest power of two not below 2N - 1. Lengths whose prime factors are small (up to
@@ -44,10 +47,13 @@ using fft::Layout;
 using fft::Shape;
 
 // How a plan computes its transform (the complex part of a real plan: see `cn`).
-enum class Method : int32_t { tiny, fft, direct, mixed, bluestein };
+enum class Method : int32_t { tiny, fft, direct, mixed, bluestein, matrix, c12 };
 
 inline constexpr int kComplexDirectLimit = 150;
 inline constexpr int kRealDirectLimit = 180;
+// Single-precision real plans of 5 to this many points (not powers of two) run as one matrix
+// product.
+inline constexpr int kMatrixLimit = 12;
 
 template <class T>
 struct Plan {
@@ -69,6 +75,8 @@ struct Plan {
     T* split;          // real plans of even N through the engine: the split factors
     double* trig;      // direct: cosines and sines (see dft.hpp)
     int64_t trig_stride;
+    T* mat; // matrix: the products' tables (see plan.cpp), rows of mat_stride values
+    int64_t mat_stride;
     T* chirp;          // Bluestein: cn chirp values
     T* chirp_ft;       // Bluestein: FFT of the chirp kernel times 1/M
     fft::Plan<T>* fft; // owned: the power-of-two plan, or Bluestein's M-point plan

@@ -2,6 +2,7 @@
 // complex lanes in vectors of interleaved doubles (see goertzel.hpp). Each frequency runs the
 // same operations whether it is computed alone or with another one.
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "simd/vec.hpp"
@@ -199,10 +200,38 @@ constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
     cmul(v[0], v[1], c.q[0], c.q[1], out[0], out[1]);
 }
 
+// The factors of the last call with NF frequencies on this thread, reused when the frequencies
+// (bit for bit) and the padding are the same: blocks of a signal are often searched for the
+// same tones one after another. The factors are those make_coefs gives, so a result does not
+// depend on what was called before.
+template <size_t NF>
+struct CoefCache {
+    uint64_t bits[NF];
+    size_t pad;
+    bool valid;
+    GoertzCoef coef[NF];
+};
+
+template <size_t NF>
+const GoertzCoef* coefs_for(const double* freq, size_t len) {
+    static thread_local CoefCache<NF> cache;
+    uint64_t bits[NF];
+    std::memcpy(bits, freq, sizeof bits);
+    const size_t pad = (K - len % K) % K;
+    bool same = cache.valid && cache.pad == pad;
+    for (size_t f = 0; f < NF; ++f) same = same && cache.bits[f] == bits[f];
+    if (!same) {
+        make_coefs<NF>(freq, len, cache.coef);
+        std::memcpy(cache.bits, bits, sizeof bits);
+        cache.pad = pad;
+        cache.valid = true;
+    }
+    return cache.coef;
+}
+
 template <size_t NF, class E>
 void run(const E* x, size_t len, const double* freq, double* out) {
-    GoertzCoef coef[NF];
-    make_coefs<NF>(freq, len, coef);
+    const GoertzCoef* coef = coefs_for<NF>(freq, len);
     // Whole steps, then the last `rem` samples as a step zero-padded at its end: the sum then
     // carries a factor w^pad, which the last product takes out.
     const size_t full = len / K, rem = len % K;
