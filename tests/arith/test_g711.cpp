@@ -96,9 +96,9 @@ void check_pair(const std::vector<S>& src, const std::vector<D> (&want)[2], Law<
     const int n = static_cast<int>(src.size());
     vt::Buf<S> ps(src, offset);
     ASSERT_TRUE(vt::writes(
-        want[0], [&](D* d) { return alaw(ps.data(), d, n); }, {}, 1 + offset));
+        want[0], [&](D* d) { return alaw(ps.data(), d, n); }, {}, (1 + offset) * sizeof(D)));
     ASSERT_TRUE(vt::writes(
-        want[1], [&](D* d) { return mulaw(ps.data(), d, n); }, {}, 3));
+        want[1], [&](D* d) { return mulaw(ps.data(), d, n); }, {}, 3 * sizeof(D)));
 }
 
 TEST(G711Encode, EveryInputOnEveryLevel) {
