@@ -3,6 +3,7 @@
 // through the integer rule: normalisation and scale factor as powers of two, round half to
 // even, saturation); both plans, every layout, in place, saturation and buffer sizes.
 #include <cfenv>
+#include <climits>
 #include <cmath>
 #include <complex>
 
@@ -46,6 +47,9 @@ TEST(Fft16, SaturatesAndBufferSizes) {
     EXPECT_TRUE(vt::starts_with(y.data(), {{32767, -32768}, {0, 0}}));
     ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, 4, nullptr), vekStsOk);
     EXPECT_EQ(y[0].re, 30000);
+    // A scale factor far below -2^20 still scales up: every nonzero output saturates.
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, INT_MIN, nullptr), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(y.data(), {{32767, -32768}, {0, 0}}));
     veksFFTFree_C_16sc(plan);
 
     // The interleaved and the split complex kinds ask for the same buffer.
