@@ -277,14 +277,16 @@ TEST(Dft, CcsInverseIgnoresTheZeroParts) {
         VeksDFTSpec_R_32f* plan = nullptr;
         ASSERT_EQ(veksDFTInitAlloc_R_32f(&plan, n, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
         const auto x = random_data<float>(rng, static_cast<size_t>(n));
-        std::vector<float> spec(static_cast<size_t>(n) + 2), clean(static_cast<size_t>(n)),
+        std::vector<float> spectrum(static_cast<size_t>(n) + 2), clean(static_cast<size_t>(n)),
             dirty(static_cast<size_t>(n));
         vt::for_each_level([&](auto) {
-            ASSERT_EQ(veksDFTFwd_RToCCS_32f(x.data(), spec.data(), plan, nullptr), vekStsOk);
-            ASSERT_EQ(veksDFTInv_CCSToR_32f(spec.data(), clean.data(), plan, nullptr), vekStsOk);
-            spec[1] = std::numeric_limits<float>::quiet_NaN();
-            if (n % 2 == 0) spec[static_cast<size_t>(n) + 1] = spec[1];
-            ASSERT_EQ(veksDFTInv_CCSToR_32f(spec.data(), dirty.data(), plan, nullptr), vekStsOk);
+            ASSERT_EQ(veksDFTFwd_RToCCS_32f(x.data(), spectrum.data(), plan, nullptr), vekStsOk);
+            ASSERT_EQ(veksDFTInv_CCSToR_32f(spectrum.data(), clean.data(), plan, nullptr),
+                      vekStsOk);
+            spectrum[1] = std::numeric_limits<float>::quiet_NaN();
+            if (n % 2 == 0) spectrum[static_cast<size_t>(n) + 1] = spectrum[1];
+            ASSERT_EQ(veksDFTInv_CCSToR_32f(spectrum.data(), dirty.data(), plan, nullptr),
+                      vekStsOk);
             EXPECT_TRUE(vt::bits_equal(clean, dirty)) << n;
         });
         ASSERT_EQ(veksDFTFree_R_32f(plan), vekStsOk);
