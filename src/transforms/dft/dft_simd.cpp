@@ -145,6 +145,36 @@ inline void dft8(R_<V>* a) {
     }
 }
 
+// 16 points as 4 x 4: the 4-point transforms over n1 of x[4 n1 + n2], the twiddles
+// W_16^(n2 k1), and the 4-point transforms over n2, giving X[k1 + 4 k2].
+template <class V>
+inline void dft16(R_<V>* a) {
+    using T = typename V::value_type;
+    constexpr T c1 = static_cast<T>(0.923879532511286756128183189396788933L); // cos(pi / 8)
+    constexpr T s1 = static_cast<T>(0.382683432365089771728459984030398867L); // sin(pi / 8)
+    constexpr T r = K<T>::sqrt1_2;
+    R_<V> b[4][4];
+    for (int n2 = 0; n2 < 4; ++n2) {
+        for (int n1 = 0; n1 < 4; ++n1) b[n2][n1] = a[4 * n1 + n2];
+        dft4<V>(b[n2]);
+    }
+    auto tw = [](R_<V> x, T wr, T wi) { return V::mul_twiddle(x, V::splat(wr), V::splat(wi)); };
+    b[1][1] = tw(b[1][1], c1, -s1);  // W^1
+    b[1][2] = tw(b[1][2], r, -r);    // W^2
+    b[1][3] = tw(b[1][3], s1, -c1);  // W^3
+    b[2][1] = tw(b[2][1], r, -r);    // W^2
+    b[2][2] = V::mul_neg_i(b[2][2]); // W^4
+    b[2][3] = tw(b[2][3], -r, -r);   // W^6
+    b[3][1] = tw(b[3][1], s1, -c1);  // W^3
+    b[3][2] = tw(b[3][2], -r, -r);   // W^6
+    b[3][3] = tw(b[3][3], -c1, s1);  // W^9
+    for (int k1 = 0; k1 < 4; ++k1) {
+        R_<V> c[4] = {b[0][k1], b[1][k1], b[2][k1], b[3][k1]};
+        dft4<V>(c);
+        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = c[k2];
+    }
+}
+
 template <class V, int R>
 inline void butterfly(R_<V>* a);
 
@@ -177,6 +207,7 @@ inline void butterfly(R_<V>* a) {
     if constexpr (R == 8) dft8<V>(a);
     if constexpr (R == 10) dft_pfa<V, 2, 5>(a);
     if constexpr (R == 15) dft_pfa<V, 3, 5>(a);
+    if constexpr (R == 16) dft16<V>(a);
 }
 
 // Pair-sum butterfly of an odd radix r (pairs of the table's cosines and sines, see dft.hpp).
@@ -322,7 +353,7 @@ inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t,
     ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
 }
 
-// The lane pass of radix R (2, 4 or 8), s = 1: vectors of V over p, per-lane twiddles, and
+// The lane pass of radix R (2, 4, 8 or 16), s = 1: vectors of V over p, per-lane twiddles, and
 // transposes of C x C blocks so that each lane's R outputs store as one row.
 template <class V, int R>
 void lpass(const typename V::value_type* x, typename V::value_type* y, const MixPass& ps,
@@ -376,6 +407,7 @@ void run_pass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& 
         switch (ps.radix) {
         case 2: return lpass<Cplx<T, 2>, 2>(x, y, ps, tw, e);
         case 4: return lpass<Cplx<T, 4>, 4>(x, y, ps, tw, e);
+        case 16: return lpass<Cplx<T, 16>, 16>(x, y, ps, tw, e);
         default: return lpass<Cplx<T, 8>, 8>(x, y, ps, tw, e);
         }
     }
