@@ -140,7 +140,7 @@ struct DftKernels {
 
     // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
     // i < nout <= stride, products and sums in float (fused where the level fuses), x read in
-    // full before y is written (x may equal y). stride is a multiple of 16, nin at most
+    // full before y is written (x may equal y). stride is a multiple of 16, nin from 4 to
     // kMaxMatrixIn, and the table's padding columns are zero.
     void (*matvec_32f)(const float* x, float* y, size_t nin, size_t nout, const float* m,
                        size_t stride);

@@ -353,9 +353,33 @@ inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t,
     ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
 }
 
+// One block of the lane pass: lanes p0 .. p0 + nv (nv = C when FULL) of radix R.
+template <class V, int R, bool E, bool FULL>
+inline void lblock(const typename V::value_type* x, typename V::value_type* y, size_t m,
+                   const typename V::value_type* table, const EdgeV<V>& ev, size_t p0, size_t nv) {
+    constexpr size_t C = cw<V>;
+    R_<V> a[R];
+    for (int j = 0; j < R; ++j) {
+        const auto* in = x + 2 * (p0 + j * m);
+        a[j] = FULL ? V::load(in) : V::load_n(in, 2 * nv);
+        if constexpr (E) a[j] = ev.load(a[j]);
+    }
+    butterfly<V, R>(a);
+    const auto* blk = table + (p0 / 8) * 32 * (R - 1) + 2 * (p0 % 8);
+    for (int k = 1; k < R; ++k)
+        a[k] = V::mul_twiddle(a[k], V::load(blk + 32 * (k - 1)), V::load(blk + 32 * (k - 1) + 16));
+    for (int g = 0; g < R; g += static_cast<int>(C)) {
+        R_<V> t[C];
+        for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
+        V::transpose_pairs(t);
+        store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, FULL ? C : nv, std::make_index_sequence<C>{});
+    }
+}
+
 // The lane pass of radix R (2, 4, 8 or 16), s = 1: vectors of V over p, per-lane twiddles, and
-// transposes of C x C blocks so that each lane's R outputs store as one row.
-template <class V, int R>
+// transposes of C x C blocks so that each lane's R outputs store as one row. The whole blocks
+// first, then the partial one. E: the loads are conjugated (the lane pass is never the last).
+template <class V, int R, bool E>
 void lpass(const typename V::value_type* x, typename V::value_type* y, const MixPass& ps,
            const typename V::value_type* tw, const Edges<typename V::value_type>& e) {
     constexpr size_t C = cw<V>;
@@ -363,25 +387,17 @@ void lpass(const typename V::value_type* x, typename V::value_type* y, const Mix
     const size_t m = static_cast<size_t>(ps.m);
     const auto* table = tw + ps.tw;
     const EdgeV<V> ev(e);
-    for (size_t p0 = 0; p0 < m; p0 += C) {
-        const size_t nv = m - p0 < C ? m - p0 : C;
-        R_<V> a[R];
-        for (int j = 0; j < R; ++j) {
-            const auto* in = x + 2 * (p0 + j * m);
-            a[j] = ev.load(nv == C ? V::load(in) : V::load_n(in, 2 * nv));
-        }
-        butterfly<V, R>(a);
-        const auto* blk = table + (p0 / 8) * 32 * (R - 1) + 2 * (p0 % 8);
-        for (int k = 1; k < R; ++k)
-            a[k] =
-                V::mul_twiddle(a[k], V::load(blk + 32 * (k - 1)), V::load(blk + 32 * (k - 1) + 16));
-        for (int g = 0; g < R; g += static_cast<int>(C)) {
-            R_<V> t[C];
-            for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
-            V::transpose_pairs(t);
-            store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, nv, std::make_index_sequence<C>{});
-        }
-    }
+    size_t p0 = 0;
+    for (; p0 + C <= m; p0 += C) lblock<V, R, E, true>(x, y, m, table, ev, p0, C);
+    if (p0 < m) lblock<V, R, E, false>(x, y, m, table, ev, p0, m - p0);
+}
+
+template <class T, int R>
+void run_lpass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& e, bool edge) {
+    if (edge)
+        lpass<Cplx<T, R>, R, true>(x, y, ps, tw, e);
+    else
+        lpass<Cplx<T, R>, R, false>(x, y, ps, tw, e);
 }
 
 template <class T, bool E>
@@ -405,10 +421,10 @@ template <class T>
 void run_pass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& e, bool edge) {
     if (ps.lane) {
         switch (ps.radix) {
-        case 2: return lpass<Cplx<T, 2>, 2>(x, y, ps, tw, e);
-        case 4: return lpass<Cplx<T, 4>, 4>(x, y, ps, tw, e);
-        case 16: return lpass<Cplx<T, 16>, 16>(x, y, ps, tw, e);
-        default: return lpass<Cplx<T, 8>, 8>(x, y, ps, tw, e);
+        case 2: return run_lpass<T, 2>(x, y, ps, tw, e, edge);
+        case 4: return run_lpass<T, 4>(x, y, ps, tw, e, edge);
+        case 16: return run_lpass<T, 16>(x, y, ps, tw, e, edge);
+        default: return run_lpass<T, 8>(x, y, ps, tw, e, edge);
         }
     }
     if (edge)
@@ -851,30 +867,13 @@ void matvec_block(const float* x, float* y, size_t nin, size_t nout, const float
     }
 }
 
-void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride) {
+// Outputs in blocks of NB vectors; x is copied first when the product runs in place (a block
+// reads all of x after the first block's stores). Kept out of line, so that the one-vector
+// product below needs no stack frame.
+[[gnu::noinline]] void matvec_blocks(const float* x, float* y, size_t nin, size_t nout,
+                                     const float* m, size_t stride) {
     using V = Widest<float>;
     constexpr size_t L = static_cast<size_t>(V::lanes), NB = 4;
-    if (nout <= L) {
-        // One vector of outputs: four chains of products over j.
-        auto a0 = V::zero(), a1 = V::zero(), a2 = V::zero(), a3 = V::zero();
-        auto row = [&](size_t j) { return V::load(m + j * stride); };
-        size_t j = 0;
-        for (; j + 4 <= nin; j += 4) {
-            a0 = V::mul_add(V::splat(x[j]), row(j), a0);
-            a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
-            a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
-            a3 = V::mul_add(V::splat(x[j + 3]), row(j + 3), a3);
-        }
-        if (j < nin) a0 = V::mul_add(V::splat(x[j]), row(j), a0);
-        if (j + 1 < nin) a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
-        if (j + 2 < nin) a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
-        const auto sum = V::add(V::add(a0, a1), V::add(a2, a3));
-        if (nout == L)
-            V::store(y, sum);
-        else
-            V::store_n(y, sum, nout);
-        return;
-    }
     alignas(64) float local[kMaxMatrixIn];
     if (x == y) {
         for (size_t j = 0; j < nin; ++j) local[j] = x[j];
@@ -889,6 +888,32 @@ void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* 
         default: matvec_block<V, NB>(x, y, nin, nout, m, stride, c0); break;
         }
     }
+}
+
+void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride) {
+    using V = Widest<float>;
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    if (nout > L) return matvec_blocks(x, y, nin, nout, m, stride);
+    // One vector of outputs: four chains of products over j, the first link a product (nin is
+    // at least 4: the matrix plans start at 5 points).
+    auto row = [&](size_t j) { return V::load(m + j * stride); };
+    auto a0 = V::mul(V::splat(x[0]), row(0)), a1 = V::mul(V::splat(x[1]), row(1));
+    auto a2 = V::mul(V::splat(x[2]), row(2)), a3 = V::mul(V::splat(x[3]), row(3));
+    size_t j = 4;
+    for (; j + 4 <= nin; j += 4) {
+        a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+        a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+        a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+        a3 = V::mul_add(V::splat(x[j + 3]), row(j + 3), a3);
+    }
+    if (j < nin) a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+    if (j + 1 < nin) a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+    if (j + 2 < nin) a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+    const auto sum = V::add(V::add(a0, a1), V::add(a2, a3));
+    if (nout == L)
+        V::store(y, sum);
+    else
+        V::store_n(y, sum, nout);
 }
 
 // ---- 12 points in straight lines ----------------------------------------------------------------
