@@ -4,6 +4,7 @@
 // scalar level: one complex value per vector).
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "simd/vec.hpp"
@@ -376,6 +377,72 @@ inline void lblock(const typename V::value_type* x, typename V::value_type* y, s
     }
 }
 
+#if VEK_ISA_LEVEL >= 3
+// Lane pass blocks of radix 2 or 4 in full 8-lane vectors (the portable path would take only R
+// lanes at a time): the R vectors (k) of lanes p0 .. p0 + 8 are interleaved so that each lane's
+// R outputs lie side by side, R x 8 values in R consecutive vectors.
+using VL = Vec<float, 16>;
+
+template <int R>
+inline void lane_rows(R_<VL>* a) {
+    const auto d = [](R_<VL> v) { return _mm512_castps_pd(v); };
+    const auto f = [](__m512d v) { return _mm512_castpd_ps(v); };
+    if constexpr (R == 2) {
+        const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+        const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
+        const auto a0 = d(a[0]), a1 = d(a[1]);
+        a[0] = f(_mm512_permutex2var_pd(a0, lo, a1));
+        a[1] = f(_mm512_permutex2var_pd(a0, hi, a1));
+    } else {
+        // t0/t1: (a0, a1) of the even / odd lanes; t2/t3 likewise for (a2, a3); then the
+        // 128-bit granules gathered so that vector i holds lanes 2i and 2i + 1.
+        const auto t0 = _mm512_unpacklo_pd(d(a[0]), d(a[1]));
+        const auto t1 = _mm512_unpackhi_pd(d(a[0]), d(a[1]));
+        const auto t2 = _mm512_unpacklo_pd(d(a[2]), d(a[3]));
+        const auto t3 = _mm512_unpackhi_pd(d(a[2]), d(a[3]));
+        const auto v0 = _mm512_shuffle_f64x2(t0, t2, 0x44), v1 = _mm512_shuffle_f64x2(t0, t2, 0xEE);
+        const auto w0 = _mm512_shuffle_f64x2(t1, t3, 0x44), w1 = _mm512_shuffle_f64x2(t1, t3, 0xEE);
+        a[0] = f(_mm512_shuffle_f64x2(v0, w0, 0x88));
+        a[1] = f(_mm512_shuffle_f64x2(v0, w0, 0xDD));
+        a[2] = f(_mm512_shuffle_f64x2(v1, w1, 0x88));
+        a[3] = f(_mm512_shuffle_f64x2(v1, w1, 0xDD));
+    }
+}
+
+template <int R, bool E>
+inline void lblock_rows(const float* x, float* y, size_t m, const float* table, const EdgeV<VL>& ev,
+                        size_t p0) {
+    R_<VL> a[R];
+    for (int j = 0; j < R; ++j) {
+        a[j] = VL::load(x + 2 * (p0 + j * m));
+        if constexpr (E) a[j] = ev.load(a[j]);
+    }
+    butterfly<VL, R>(a);
+    const float* blk = table + (p0 / 8) * 32 * (R - 1);
+    for (int k = 1; k < R; ++k)
+        a[k] =
+            VL::mul_twiddle(a[k], VL::load(blk + 32 * (k - 1)), VL::load(blk + 32 * (k - 1) + 16));
+    lane_rows<R>(a);
+    for (int i = 0; i < R; ++i) VL::store(y + 2 * R * p0 + 16 * i, a[i]);
+}
+
+// Whole blocks of 8 lanes here, the rest in R lanes at a time (whole rows per store: the next
+// pass reads them soon, and masked stores would not forward to its loads).
+template <int R, bool E>
+void lpass_rows(const float* x, float* y, const MixPass& ps, const float* tw,
+                const Edges<float>& e) {
+    using N = Cplx<float, R>;
+    const size_t m = static_cast<size_t>(ps.m);
+    const float* table = tw + ps.tw;
+    const EdgeV<VL> ev(e);
+    size_t p0 = 0;
+    for (; p0 + 8 <= m; p0 += 8) lblock_rows<R, E>(x, y, m, table, ev, p0);
+    const EdgeV<N> en(e);
+    for (; p0 + R <= m; p0 += R) lblock<N, R, E, true>(x, y, m, table, en, p0, R);
+    if (p0 < m) lblock<N, R, E, false>(x, y, m, table, en, p0, m - p0);
+}
+#endif
+
 // The lane pass of radix R (2, 4, 8 or 16), s = 1: vectors of V over p, per-lane twiddles, and
 // transposes of C x C blocks so that each lane's R outputs store as one row. The whole blocks
 // first, then the partial one. E: the loads are conjugated (the lane pass is never the last).
@@ -394,6 +461,18 @@ void lpass(const typename V::value_type* x, typename V::value_type* y, const Mix
 
 template <class T, int R>
 void run_lpass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& e, bool edge) {
+#if VEK_ISA_LEVEL >= 3
+    // Radix 4 over few lanes stays narrow: the next pass reads its rows with narrow loads
+    // right away, which measured slower from the wide stores.
+    if constexpr (std::is_same_v<T, float> && R < 8)
+        if (R == 2 || ps.m >= 64) {
+            if (edge)
+                lpass_rows<R, true>(x, y, ps, tw, e);
+            else
+                lpass_rows<R, false>(x, y, ps, tw, e);
+            return;
+        }
+#endif
     if (edge)
         lpass<Cplx<T, R>, R, true>(x, y, ps, tw, e);
     else
