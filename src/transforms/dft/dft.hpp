@@ -4,13 +4,16 @@
 // self-sorting (Stockham) decimation-in-frequency passes between the destination and a scratch
 // area of n complex values, natural order in and out. Pass i has stride s = r_0 ... r_{i-1} and
 // m = n / (s r_i); it reads x[q + s (p + j m)] (j < r_i), transforms over j and writes
-// y[q + s (r_i p + k)] = X_k W_{r_i m}^(k p). Pass 0 is the lane pass when r_0 is 2, 4 or 8: its
-// vectors run over p (r_0 complex lanes, the twiddles differ per lane) and a transpose of
-// r_0 x r_0 complex values stores whole rows; the other passes run over q, where the runs of
+// y[q + s (r_i p + k)] = X_k W_{r_i m}^(k p). Pass 0 is the lane pass when r_0 is 2, 4, 8 or 16:
+// its vectors run over p (C = min(r_0, the widest vector's) complex lanes, the twiddles differ
+// per lane) and transposes of C x C complex values store whole rows (r_0 = 16: two per row,
+// which leaves one pass fewer than 8 would and halves the transposes' share for n = 16 x 15);
+// the other passes run over q, where the runs of
 // s complex values share one twiddle (s is a multiple of r_0, so the widest vectors fit) and
 // vectors narrow down for the tail of a run. The last pass (m = 1) has no twiddles and may run
 // in place, which lets an in-place transform end in the destination whatever P is. Radices 2,
-// 3, 4, 5, 7 and 8 have their own butterflies, 6, 10 and 15 the prime-factor composition of
+// 3, 4, 5, 7 and 8 have their own butterflies (and 16, 4 x 4 with twiddles, in the lane pass),
+// 6, 10 and 15 the prime-factor composition of
 // those (2 x 3, 2 x 5, 3 x 5); any other odd radix runs the pair-sum butterfly
 // with a table of cosines and sines. The inverse transform is the forward one of the conjugate,
 // conjugated: pass 0 conjugates what it loads, the last pass what it stores (and scales).
@@ -51,7 +54,7 @@ inline constexpr size_t kMaxMatrixIn = 24;
 
 struct MixPass {
     int32_t radix;
-    int32_t lane; // 1: the lane pass (pass 0, radix 2, 4 or 8)
+    int32_t lane; // 1: the lane pass (pass 0, radix 2, 4, 8 or 16)
     int64_t s, m; // stride and count of twiddle indices (see above)
     int64_t tw;   // offset of the pass's twiddles in the twiddle block (T values)
     int64_t trig; // pair-sum radix: offset of its cosine and sine table; else -1
@@ -137,7 +140,7 @@ struct DftKernels {
 
     // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
     // i < nout <= stride, products and sums in float (fused where the level fuses), x read in
-    // full before y is written (x may equal y). stride is a multiple of 16, nin at most
+    // full before y is written (x may equal y). stride is a multiple of 16, nin from 4 to
     // kMaxMatrixIn, and the table's padding columns are zero.
     void (*matvec_32f)(const float* x, float* y, size_t nin, size_t nout, const float* m,
                        size_t stride);

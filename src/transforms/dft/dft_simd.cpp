@@ -4,6 +4,7 @@
 // scalar level: one complex value per vector).
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "simd/entry.hpp"
@@ -146,6 +147,36 @@ inline void dft8(R_<V>* a) {
     }
 }
 
+// 16 points as 4 x 4: the 4-point transforms over n1 of x[4 n1 + n2], the twiddles
+// W_16^(n2 k1), and the 4-point transforms over n2, giving X[k1 + 4 k2].
+template <class V>
+inline void dft16(R_<V>* a) {
+    using T = typename V::value_type;
+    constexpr T c1 = static_cast<T>(0.923879532511286756128183189396788933L); // cos(pi / 8)
+    constexpr T s1 = static_cast<T>(0.382683432365089771728459984030398867L); // sin(pi / 8)
+    constexpr T r = K<T>::sqrt1_2;
+    R_<V> b[4][4];
+    for (int n2 = 0; n2 < 4; ++n2) {
+        for (int n1 = 0; n1 < 4; ++n1) b[n2][n1] = a[4 * n1 + n2];
+        dft4<V>(b[n2]);
+    }
+    auto tw = [](R_<V> x, T wr, T wi) { return V::mul_twiddle(x, V::splat(wr), V::splat(wi)); };
+    b[1][1] = tw(b[1][1], c1, -s1);  // W^1
+    b[1][2] = tw(b[1][2], r, -r);    // W^2
+    b[1][3] = tw(b[1][3], s1, -c1);  // W^3
+    b[2][1] = tw(b[2][1], r, -r);    // W^2
+    b[2][2] = V::mul_neg_i(b[2][2]); // W^4
+    b[2][3] = tw(b[2][3], -r, -r);   // W^6
+    b[3][1] = tw(b[3][1], s1, -c1);  // W^3
+    b[3][2] = tw(b[3][2], -r, -r);   // W^6
+    b[3][3] = tw(b[3][3], -c1, s1);  // W^9
+    for (int k1 = 0; k1 < 4; ++k1) {
+        R_<V> c[4] = {b[0][k1], b[1][k1], b[2][k1], b[3][k1]};
+        dft4<V>(c);
+        for (int k2 = 0; k2 < 4; ++k2) a[k1 + 4 * k2] = c[k2];
+    }
+}
+
 template <class V, int R>
 inline void butterfly(R_<V>* a);
 
@@ -178,6 +209,7 @@ inline void butterfly(R_<V>* a) {
     if constexpr (R == 8) dft8<V>(a);
     if constexpr (R == 10) dft_pfa<V, 2, 5>(a);
     if constexpr (R == 15) dft_pfa<V, 3, 5>(a);
+    if constexpr (R == 16) dft16<V>(a);
 }
 
 // Pair-sum butterfly of an odd radix r (pairs of the table's cosines and sines, see dft.hpp).
@@ -323,9 +355,142 @@ inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t,
     ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
 }
 
-// The lane pass of radix R (2, 4 or 8), s = 1: vectors of V over p, per-lane twiddles, and
-// transposes of C x C blocks so that each lane's R outputs store as one row.
-template <class V, int R>
+// Rows t[0 .. nv) of C x C complex values transposed and stored `stride` values apart. HALF:
+// at the AVX-512 level, 8 x 8 single-precision values in half rows (fewer shuffles, twice the
+// stores: quicker for short transforms, where the shuffles bound the time, and slower for long
+// ones; the lane passes of up to kHalfRowLanes lanes take it).
+constexpr size_t kHalfRowLanes = 32;
+
+template <class V, bool HALF>
+inline void transpose_store(typename V::value_type* y, size_t stride, R_<V>* t, size_t nv) {
+#if VEK_ISA_LEVEL >= 3
+    if constexpr (HALF && std::is_same_v<V, Vec<float, 16>>) {
+        // 8 x 8 in two shuffle stages instead of three: pairs of k side by side (t2[2j + h]
+        // holds the pair j of the lanes 2g + h in its granule g), then each 256-bit half of a
+        // gathered vector is a half row, stored on its own.
+        __m512d u[8];
+        for (int j = 0; j < 8; j += 2) {
+            u[j] = _mm512_unpacklo_pd(_mm512_castps_pd(t[j]), _mm512_castps_pd(t[j + 1]));
+            u[j + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(t[j]), _mm512_castps_pd(t[j + 1]));
+        }
+        const __m512i pick[2] = {_mm512_setr_epi64(0, 1, 8, 9, 2, 3, 10, 11),
+                                 _mm512_setr_epi64(4, 5, 12, 13, 6, 7, 14, 15)};
+        for (int h = 0; h < 2; ++h)
+            for (int gp = 0; gp < 2; ++gp) {
+                const __m512d first = _mm512_permutex2var_pd(u[h], pick[gp], u[2 + h]);
+                const __m512d second = _mm512_permutex2var_pd(u[4 + h], pick[gp], u[6 + h]);
+                for (int half = 0; half < 2; ++half) {
+                    const size_t row = static_cast<size_t>(2 * (2 * gp + half) + h);
+                    if (row >= nv) continue;
+                    float* out = y + row * stride;
+                    const __m256d f =
+                        half ? _mm512_extractf64x4_pd(first, 1) : _mm512_castpd512_pd256(first);
+                    const __m256d sc =
+                        half ? _mm512_extractf64x4_pd(second, 1) : _mm512_castpd512_pd256(second);
+                    _mm256_storeu_pd(reinterpret_cast<double*>(out), f);
+                    _mm256_storeu_pd(reinterpret_cast<double*>(out + 8), sc);
+                }
+            }
+        return;
+    }
+#endif
+    V::transpose_pairs(t);
+    constexpr size_t C = cw<V>;
+    store_rows<V>(y, stride, t, nv, std::make_index_sequence<C>{});
+}
+
+// One block of the lane pass: lanes p0 .. p0 + nv (nv = C when FULL) of radix R.
+template <class V, int R, bool E, bool FULL, bool HALF = false>
+inline void lblock(const typename V::value_type* x, typename V::value_type* y, size_t m,
+                   const typename V::value_type* table, const EdgeV<V>& ev, size_t p0, size_t nv) {
+    constexpr size_t C = cw<V>;
+    R_<V> a[R];
+    for (int j = 0; j < R; ++j) {
+        const auto* in = x + 2 * (p0 + j * m);
+        a[j] = FULL ? V::load(in) : V::load_n(in, 2 * nv);
+        if constexpr (E) a[j] = ev.load(a[j]);
+    }
+    butterfly<V, R>(a);
+    const auto* blk = table + (p0 / 8) * 32 * (R - 1) + 2 * (p0 % 8);
+    for (int k = 1; k < R; ++k)
+        a[k] = V::mul_twiddle(a[k], V::load(blk + 32 * (k - 1)), V::load(blk + 32 * (k - 1) + 16));
+    for (int g = 0; g < R; g += static_cast<int>(C)) {
+        R_<V> t[C];
+        for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
+        transpose_store<V, HALF>(y + 2 * (R * p0 + g), 2 * R, t, FULL ? C : nv);
+    }
+}
+
+#if VEK_ISA_LEVEL >= 3
+// Lane pass blocks of radix 2 or 4 in full 8-lane vectors (the portable path would take only R
+// lanes at a time): the R vectors (k) of lanes p0 .. p0 + 8 are interleaved so that each lane's
+// R outputs lie side by side, R x 8 values in R consecutive vectors.
+using VL = Vec<float, 16>;
+
+template <int R>
+inline void lane_rows(R_<VL>* a) {
+    const auto d = [](R_<VL> v) { return _mm512_castps_pd(v); };
+    const auto f = [](__m512d v) { return _mm512_castpd_ps(v); };
+    if constexpr (R == 2) {
+        const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+        const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
+        const auto a0 = d(a[0]), a1 = d(a[1]);
+        a[0] = f(_mm512_permutex2var_pd(a0, lo, a1));
+        a[1] = f(_mm512_permutex2var_pd(a0, hi, a1));
+    } else {
+        // t0/t1: (a0, a1) of the even / odd lanes; t2/t3 likewise for (a2, a3); then the
+        // 128-bit granules gathered so that vector i holds lanes 2i and 2i + 1.
+        const auto t0 = _mm512_unpacklo_pd(d(a[0]), d(a[1]));
+        const auto t1 = _mm512_unpackhi_pd(d(a[0]), d(a[1]));
+        const auto t2 = _mm512_unpacklo_pd(d(a[2]), d(a[3]));
+        const auto t3 = _mm512_unpackhi_pd(d(a[2]), d(a[3]));
+        const auto v0 = _mm512_shuffle_f64x2(t0, t2, 0x44), v1 = _mm512_shuffle_f64x2(t0, t2, 0xEE);
+        const auto w0 = _mm512_shuffle_f64x2(t1, t3, 0x44), w1 = _mm512_shuffle_f64x2(t1, t3, 0xEE);
+        a[0] = f(_mm512_shuffle_f64x2(v0, w0, 0x88));
+        a[1] = f(_mm512_shuffle_f64x2(v0, w0, 0xDD));
+        a[2] = f(_mm512_shuffle_f64x2(v1, w1, 0x88));
+        a[3] = f(_mm512_shuffle_f64x2(v1, w1, 0xDD));
+    }
+}
+
+template <int R, bool E>
+inline void lblock_rows(const float* x, float* y, size_t m, const float* table, const EdgeV<VL>& ev,
+                        size_t p0) {
+    R_<VL> a[R];
+    for (int j = 0; j < R; ++j) {
+        a[j] = VL::load(x + 2 * (p0 + j * m));
+        if constexpr (E) a[j] = ev.load(a[j]);
+    }
+    butterfly<VL, R>(a);
+    const float* blk = table + (p0 / 8) * 32 * (R - 1);
+    for (int k = 1; k < R; ++k)
+        a[k] =
+            VL::mul_twiddle(a[k], VL::load(blk + 32 * (k - 1)), VL::load(blk + 32 * (k - 1) + 16));
+    lane_rows<R>(a);
+    for (int i = 0; i < R; ++i) VL::store(y + 2 * R * p0 + 16 * i, a[i]);
+}
+
+// Whole blocks of 8 lanes here, the rest in R lanes at a time (whole rows per store: the next
+// pass reads them soon, and masked stores would not forward to its loads).
+template <int R, bool E>
+void lpass_rows(const float* x, float* y, const MixPass& ps, const float* tw,
+                const Edges<float>& e) {
+    using N = Cplx<float, R>;
+    const size_t m = static_cast<size_t>(ps.m);
+    const float* table = tw + ps.tw;
+    const EdgeV<VL> ev(e);
+    size_t p0 = 0;
+    for (; p0 + 8 <= m; p0 += 8) lblock_rows<R, E>(x, y, m, table, ev, p0);
+    const EdgeV<N> en(e);
+    for (; p0 + R <= m; p0 += R) lblock<N, R, E, true>(x, y, m, table, en, p0, R);
+    if (p0 < m) lblock<N, R, E, false>(x, y, m, table, en, p0, m - p0);
+}
+#endif
+
+// The lane pass of radix R (2, 4, 8 or 16), s = 1: vectors of V over p, per-lane twiddles, and
+// transposes of C x C blocks so that each lane's R outputs store as one row. The whole blocks
+// first, then the partial one. E: the loads are conjugated (the lane pass is never the last).
+template <class V, int R, bool E>
 void lpass(const typename V::value_type* x, typename V::value_type* y, const MixPass& ps,
            const typename V::value_type* tw, const Edges<typename V::value_type>& e) {
     constexpr size_t C = cw<V>;
@@ -333,25 +498,34 @@ void lpass(const typename V::value_type* x, typename V::value_type* y, const Mix
     const size_t m = static_cast<size_t>(ps.m);
     const auto* table = tw + ps.tw;
     const EdgeV<V> ev(e);
-    for (size_t p0 = 0; p0 < m; p0 += C) {
-        const size_t nv = m - p0 < C ? m - p0 : C;
-        R_<V> a[R];
-        for (int j = 0; j < R; ++j) {
-            const auto* in = x + 2 * (p0 + j * m);
-            a[j] = ev.load(nv == C ? V::load(in) : V::load_n(in, 2 * nv));
-        }
-        butterfly<V, R>(a);
-        const auto* blk = table + (p0 / 8) * 32 * (R - 1) + 2 * (p0 % 8);
-        for (int k = 1; k < R; ++k)
-            a[k] =
-                V::mul_twiddle(a[k], V::load(blk + 32 * (k - 1)), V::load(blk + 32 * (k - 1) + 16));
-        for (int g = 0; g < R; g += static_cast<int>(C)) {
-            R_<V> t[C];
-            for (size_t i = 0; i < C; ++i) t[i] = a[g + static_cast<int>(i)];
-            V::transpose_pairs(t);
-            store_rows<V>(y + 2 * (R * p0 + g), 2 * R, t, nv, std::make_index_sequence<C>{});
-        }
+    size_t p0 = 0;
+    if (m <= kHalfRowLanes) {
+        for (; p0 + C <= m; p0 += C) lblock<V, R, E, true, true>(x, y, m, table, ev, p0, C);
+        if (p0 < m) lblock<V, R, E, false, true>(x, y, m, table, ev, p0, m - p0);
+        return;
     }
+    for (; p0 + C <= m; p0 += C) lblock<V, R, E, true>(x, y, m, table, ev, p0, C);
+    if (p0 < m) lblock<V, R, E, false>(x, y, m, table, ev, p0, m - p0);
+}
+
+template <class T, int R>
+void run_lpass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& e, bool edge) {
+#if VEK_ISA_LEVEL >= 3
+    // Radix 4 over few lanes stays narrow: the next pass reads its rows with narrow loads
+    // right away, which measured slower from the wide stores.
+    if constexpr (std::is_same_v<T, float> && R < 8)
+        if (R == 2 || ps.m >= 64) {
+            if (edge)
+                lpass_rows<R, true>(x, y, ps, tw, e);
+            else
+                lpass_rows<R, false>(x, y, ps, tw, e);
+            return;
+        }
+#endif
+    if (edge)
+        lpass<Cplx<T, R>, R, true>(x, y, ps, tw, e);
+    else
+        lpass<Cplx<T, R>, R, false>(x, y, ps, tw, e);
 }
 
 template <class T, bool E>
@@ -375,9 +549,10 @@ template <class T>
 void run_pass(const T* x, T* y, const MixPass& ps, const T* tw, const Edges<T>& e, bool edge) {
     if (ps.lane) {
         switch (ps.radix) {
-        case 2: return lpass<Cplx<T, 2>, 2>(x, y, ps, tw, e);
-        case 4: return lpass<Cplx<T, 4>, 4>(x, y, ps, tw, e);
-        default: return lpass<Cplx<T, 8>, 8>(x, y, ps, tw, e);
+        case 2: return run_lpass<T, 2>(x, y, ps, tw, e, edge);
+        case 4: return run_lpass<T, 4>(x, y, ps, tw, e, edge);
+        case 16: return run_lpass<T, 16>(x, y, ps, tw, e, edge);
+        default: return run_lpass<T, 8>(x, y, ps, tw, e, edge);
         }
     }
     if (edge)
@@ -820,30 +995,13 @@ void matvec_block(const float* x, float* y, size_t nin, size_t nout, const float
     }
 }
 
-void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride) {
+// Outputs in blocks of NB vectors; x is copied first when the product runs in place (a block
+// reads all of x after the first block's stores). Kept out of line, so that the one-vector
+// product below needs no stack frame.
+[[gnu::noinline]] void matvec_blocks(const float* x, float* y, size_t nin, size_t nout,
+                                     const float* m, size_t stride) {
     using V = Widest<float>;
     constexpr size_t L = static_cast<size_t>(V::lanes), NB = 4;
-    if (nout <= L) {
-        // One vector of outputs: four chains of products over j.
-        auto a0 = V::zero(), a1 = V::zero(), a2 = V::zero(), a3 = V::zero();
-        auto row = [&](size_t j) { return V::load(m + j * stride); };
-        size_t j = 0;
-        for (; j + 4 <= nin; j += 4) {
-            a0 = V::mul_add(V::splat(x[j]), row(j), a0);
-            a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
-            a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
-            a3 = V::mul_add(V::splat(x[j + 3]), row(j + 3), a3);
-        }
-        if (j < nin) a0 = V::mul_add(V::splat(x[j]), row(j), a0);
-        if (j + 1 < nin) a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
-        if (j + 2 < nin) a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
-        const auto sum = V::add(V::add(a0, a1), V::add(a2, a3));
-        if (nout == L)
-            V::store(y, sum);
-        else
-            V::store_n(y, sum, nout);
-        return;
-    }
     alignas(64) float local[kMaxMatrixIn];
     if (x == y) {
         for (size_t j = 0; j < nin; ++j) local[j] = x[j];
@@ -858,6 +1016,32 @@ void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* 
         default: matvec_block<V, NB>(x, y, nin, nout, m, stride, c0); break;
         }
     }
+}
+
+void matvec_32f(const float* x, float* y, size_t nin, size_t nout, const float* m, size_t stride) {
+    using V = Widest<float>;
+    constexpr size_t L = static_cast<size_t>(V::lanes);
+    if (nout > L) return matvec_blocks(x, y, nin, nout, m, stride);
+    // One vector of outputs: four chains of products over j, the first link a product (nin is
+    // at least 4: the matrix plans start at 5 points).
+    auto row = [&](size_t j) { return V::load(m + j * stride); };
+    auto a0 = V::mul(V::splat(x[0]), row(0)), a1 = V::mul(V::splat(x[1]), row(1));
+    auto a2 = V::mul(V::splat(x[2]), row(2)), a3 = V::mul(V::splat(x[3]), row(3));
+    size_t j = 4;
+    for (; j + 4 <= nin; j += 4) {
+        a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+        a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+        a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+        a3 = V::mul_add(V::splat(x[j + 3]), row(j + 3), a3);
+    }
+    if (j < nin) a0 = V::mul_add(V::splat(x[j]), row(j), a0);
+    if (j + 1 < nin) a1 = V::mul_add(V::splat(x[j + 1]), row(j + 1), a1);
+    if (j + 2 < nin) a2 = V::mul_add(V::splat(x[j + 2]), row(j + 2), a2);
+    const auto sum = V::add(V::add(a0, a1), V::add(a2, a3));
+    if (nout == L)
+        V::store(y, sum);
+    else
+        V::store_n(y, sum, nout);
 }
 
 // ---- 12 points in straight lines ----------------------------------------------------------------

@@ -71,7 +71,7 @@ Turn turn(uint64_t a, uint64_t b) {
 
 // ---- the mixed-radix engine's plan ------------------------------------------------------------
 
-// The passes for n points (see dft.hpp): the lane pass (8, 4 or 2), then radices 8 and 4 for
+// The passes for n points (see dft.hpp): the lane pass (16, 8, 4 or 2), then radices 8 and 4 for
 // the remaining powers of two (a last single 2 joined with a 3 or a 5 as radix 6 or 10), one
 // radix 15 where a 3 and a 5 remain, 3, 5, 7, and the other primes (pair-sum butterflies) last,
 // where their runs are longest. False when n has a prime factor above max_prime, or when a
@@ -86,13 +86,15 @@ bool factor(int64_t n, MixInfo& info, int64_t max_prime) {
     };
     if (n == 6 || n == 10)
         push(static_cast<int32_t>(n)); // one prime-factor butterfly
+    else if (rest % 16 == 0)
+        push(16);
     else if (rest % 8 == 0)
         push(8);
     else if (rest % 4 == 0)
         push(4);
     else if (rest % 2 == 0)
         push(2);
-    const bool lane = np == 1 && (r[0] == 2 || r[0] == 4 || r[0] == 8);
+    const bool lane = np == 1 && (r[0] == 2 || r[0] == 4 || r[0] == 8 || r[0] == 16);
     int twos = 0;
     while (rest % 2 == 0) {
         rest /= 2;
