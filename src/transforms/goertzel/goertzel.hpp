@@ -35,6 +35,14 @@ struct GoertzCoef {
     double u2[2];             // w^(2 kGoertzLanes)
     double pw[kGoertzLog][2]; // w^h for h = 1, 2, 4, .. kGoertzLanes / 2
     double q[2];              // w^(1 - pad), pad = (-len) mod kGoertzLanes
+    double np[2];             // w^(-pad)
+};
+
+// The second-order form's lane weights of one frequency (see goertzel_simd.cpp), each complex
+// weight as the two rows a product of interleaved values needs: (re, re) and (im, -im).
+struct GoertzWeights {
+    double a_re[2 * kGoertzLanes], a_im[2 * kGoertzLanes];
+    double b_re[2 * kGoertzLanes], b_im[2 * kGoertzLanes];
 };
 
 struct GoertzelKernels {

@@ -97,17 +97,18 @@ double frac_mul(double f, double m) {
 // them vectorise).
 template <size_t NF>
 void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
-    constexpr size_t L = kGoertzLog, T = 8; // L + 3 turns, and one unused
-    static_assert(L + 3 == T - 1);
+    constexpr size_t L = kGoertzLog, T = 8; // L + 4 turns
+    static_assert(L + 4 == T);
     const size_t pad = (K - len % K) % K;
     constexpr double kPow2[T] = {1, 2, 4, 8, 16, 32, 64, 128};
     double g[NF * T];
     for (size_t f = 0; f < NF; ++f) {
         // Whole vectors of turns (a value stored alone and loaded with its neighbours would have
-        // to wait for its store); the last one is unused.
+        // to wait for its store).
         const double q = frac_mul(freq[f], 1.0 - static_cast<double>(pad));
+        const double np = frac_mul(freq[f], -static_cast<double>(pad));
         for (size_t j = 0; j < T; ++j)
-            g[T * f + j] = j == L + 2 ? q : frac_times(freq[f], kPow2[j]);
+            g[T * f + j] = j == L + 2 ? q : j == L + 3 ? np : frac_times(freq[f], kPow2[j]);
     }
     double re[NF * T], im[NF * T];
     turns<NF * T>(g, re, im);
@@ -118,6 +119,7 @@ void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
         coef[f].u[0] = zr[L], coef[f].u[1] = zi[L];
         coef[f].u2[0] = zr[L + 1], coef[f].u2[1] = zi[L + 1];
         coef[f].q[0] = zr[L + 2], coef[f].q[1] = zi[L + 2];
+        coef[f].np[0] = zr[L + 3], coef[f].np[1] = zi[L + 3];
     }
 }
 
@@ -200,20 +202,65 @@ constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
     cmul(v[0], v[1], c.q[0], c.q[1], out[0], out[1]);
 }
 
+// The second-order form's weights: lane l's first-order sum is s1 - conj(u) s2 (see run_second)
+// and enters the result times w^(K - l - pad), so s1's lane l takes a_l = w^(K - l - pad) and
+// s2's b_l = -w^(-l - pad). The powers w^-l come from the exactly rounded w^-h by at most
+// kGoertzLog products.
+[[gnu::noinline]] void make_weights(const GoertzCoef& c, GoertzWeights& wt) {
+    double mr[K], mi[K];
+    mr[0] = 1.0, mi[0] = 0.0;
+    for (size_t j = 0, h = 1; j < kGoertzLog; ++j, h *= 2)
+        for (size_t l = 0; l < h; ++l) // w^-(l + h) = w^-l conj(w^h)
+            cmul(mr[l], mi[l], c.pw[j][0], -c.pw[j][1], mr[l + h], mi[l + h]);
+    for (size_t l = 0; l < K; ++l) {
+        double br, bi, ar, ai;
+        cmul(mr[l], mi[l], c.np[0], c.np[1], br, bi); // w^(-l - pad)
+        cmul(br, bi, c.u[0], c.u[1], ar, ai);
+        wt.a_re[2 * l] = wt.a_re[2 * l + 1] = ar;
+        wt.a_im[2 * l] = ai, wt.a_im[2 * l + 1] = -ai;
+        wt.b_re[2 * l] = wt.b_re[2 * l + 1] = -br;
+        wt.b_im[2 * l] = -bi, wt.b_im[2 * l + 1] = bi;
+    }
+}
+
+// The second-order lanes joined: sum_l a_l s1_l + b_l s2_l, as two sums of lane-wise products
+// (one with the weights' real parts, one with their imaginary parts, the latter's pairs
+// swapped at the end), added in trees: a short chain after the last step.
+[[gnu::noinline]] void combine(const R* s1, const R* s2, const GoertzWeights& wt, double* out) {
+    R p[NV], q[NV];
+    for (size_t i = 0; i < NV; ++i) {
+        p[i] =
+            V::mul_add(s1[i], V::load(wt.a_re + i * VL), V::mul(s2[i], V::load(wt.b_re + i * VL)));
+        q[i] =
+            V::mul_add(s1[i], V::load(wt.a_im + i * VL), V::mul(s2[i], V::load(wt.b_im + i * VL)));
+    }
+    for (size_t n = NV; n > 1; n /= 2)
+        for (size_t i = 0; i < n / 2; ++i) {
+            p[i] = V::add(p[i], p[i + n / 2]);
+            q[i] = V::add(q[i], q[i + n / 2]);
+        }
+    alignas(64) double v[VL];
+    V::store(v, V::add(p[0], V::swap_pairs(q[0])));
+    for (size_t h = VL / 2; h >= 2; h /= 2)
+        for (size_t j = 0; j < h; ++j) v[j] += v[j + h];
+    out[0] = v[0], out[1] = v[1];
+}
+
 // The factors of the last call with NF frequencies on this thread, reused when the frequencies
 // (bit for bit) and the padding are the same: blocks of a signal are often searched for the
-// same tones one after another. The factors are those make_coefs gives, so a result does not
-// depend on what was called before.
+// same tones one after another. The factors are those make_coefs and make_weights give, so a
+// result does not depend on what was called before.
 template <size_t NF>
 struct CoefCache {
     uint64_t bits[NF];
     size_t pad;
-    bool valid;
+    bool valid, weighted; // weighted: wt holds the weights of coef
     GoertzCoef coef[NF];
+    GoertzWeights wt[NF];
 };
 
 template <size_t NF>
-const GoertzCoef* coefs_for(const double* freq, size_t len) {
+CoefCache<NF>& coefs_for(const double* freq, size_t len) {
     static thread_local CoefCache<NF> cache;
     uint64_t bits[NF];
     std::memcpy(bits, freq, sizeof bits);
@@ -225,8 +272,9 @@ const GoertzCoef* coefs_for(const double* freq, size_t len) {
         std::memcpy(cache.bits, bits, sizeof bits);
         cache.pad = pad;
         cache.valid = true;
+        cache.weighted = false;
     }
-    return cache.coef;
+    return cache;
 }
 
 // Lane recurrences of the first order: S = S u + x per lane, unrolled by two steps.
@@ -287,10 +335,11 @@ void run_first(const E* x, size_t len, const GoertzCoef* coef, double* out) {
 
 // Lane recurrences of the second order: s = x + 2 Re(u) s1 - s2 on every double (real and
 // imaginary parts apart, the coefficient being real), written as (x - s2) + 2 Re(u) s1 so that
-// each step's chain is one fused multiply-add. At the end s1 - conj(u) s2 is the first-order
-// lane sum, and the folds are shared.
+// each step's chain is one fused multiply-add. At the end s1 - conj(u) s2 is lane l's
+// first-order sum; combine weighs and joins the lanes in one pass.
 template <size_t NF, class E>
-void run_second(const E* x, size_t len, const GoertzCoef* coef, double* out) {
+void run_second(const E* x, size_t len, const GoertzCoef* coef, const GoertzWeights* wt,
+                double* out) {
     const size_t full = len / K, rem = len % K;
     R s1[NF][NV], s2[NF][NV], c2[NF];
     for (size_t f = 0; f < NF; ++f) {
@@ -328,12 +377,7 @@ void run_second(const E* x, size_t len, const GoertzCoef* coef, double* out) {
         load_part(p, rem, a);
         single(a);
     }
-    for (size_t f = 0; f < NF; ++f) {
-        const double nc[2] = {-coef[f].u[0], coef[f].u[1]}; // -conj(u)
-        const Rot z(nc);
-        for (size_t i = 0; i < NV; ++i) s1[f][i] = rot_add(s2[f][i], z, s1[f][i]);
-        fold(s1[f], coef[f], out + 2 * f);
-    }
+    for (size_t f = 0; f < NF; ++f) combine(s1[f], s2[f], wt[f], out + 2 * f);
 }
 
 // Whether a frequency runs the second-order recurrence: only for single-precision and 16-bit
@@ -352,14 +396,20 @@ bool second_order(const GoertzCoef& c, size_t len) {
 
 template <size_t NF, class E>
 void run(const E* x, size_t len, const double* freq, double* out) {
-    const GoertzCoef* coef = coefs_for<NF>(freq, len);
-    bool second[NF];
-    for (size_t f = 0; f < NF; ++f) second[f] = second_order<E>(coef[f], len);
+    CoefCache<NF>& cache = coefs_for<NF>(freq, len);
+    const GoertzCoef* coef = cache.coef;
+    bool second[NF], any = false;
+    for (size_t f = 0; f < NF; ++f) any |= second[f] = second_order<E>(coef[f], len);
+    if (any && !cache.weighted) {
+        for (size_t f = 0; f < NF; ++f) make_weights(coef[f], cache.wt[f]);
+        cache.weighted = true;
+    }
+    const GoertzWeights* wt = cache.wt;
     if constexpr (NF == 2) {
         if (second[0] != second[1]) { // one pass per frequency, each as if alone
             for (size_t f = 0; f < NF; ++f) {
                 if (second[f])
-                    run_second<1>(x, len, coef + f, out + 2 * f);
+                    run_second<1>(x, len, coef + f, wt + f, out + 2 * f);
                 else
                     run_first<1>(x, len, coef + f, out + 2 * f);
             }
@@ -367,7 +417,7 @@ void run(const E* x, size_t len, const double* freq, double* out) {
         }
     }
     if (second[0])
-        run_second<NF>(x, len, coef, out);
+        run_second<NF>(x, len, coef, wt, out);
     else
         run_first<NF>(x, len, coef, out);
 }
