@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "simd/vec.hpp"
 #include "transforms/goertzel/goertzel.hpp"
@@ -203,9 +204,9 @@ constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
 }
 
 // The second-order form's weights: lane l's first-order sum is s1 - conj(u) s2 (see run_second)
-// and enters the result times w^(K - l - pad), so s1's lane l takes a_l = w^(K - l - pad) and
-// s2's b_l = -w^(-l - pad). The powers w^-l come from the exactly rounded w^-h by at most
-// kGoertzLog products.
+// and enters the result times w^(K - l), so s1's lane l takes a_l = w^(K - l) = u w^-l and
+// s2's b_l = -w^-l. The powers w^-l come from the exactly rounded w^h by at most kGoertzLog
+// products.
 [[gnu::noinline]] void make_weights(const GoertzCoef& c, GoertzWeights& wt) {
     double mr[K], mi[K];
     mr[0] = 1.0, mi[0] = 0.0;
@@ -213,20 +214,20 @@ constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
         for (size_t l = 0; l < h; ++l) // w^-(l + h) = w^-l conj(w^h)
             cmul(mr[l], mi[l], c.pw[j][0], -c.pw[j][1], mr[l + h], mi[l + h]);
     for (size_t l = 0; l < K; ++l) {
-        double br, bi, ar, ai;
-        cmul(mr[l], mi[l], c.np[0], c.np[1], br, bi); // w^(-l - pad)
-        cmul(br, bi, c.u[0], c.u[1], ar, ai);
+        double ar, ai;
+        cmul(mr[l], mi[l], c.u[0], c.u[1], ar, ai);
         wt.a_re[2 * l] = wt.a_re[2 * l + 1] = ar;
         wt.a_im[2 * l] = ai, wt.a_im[2 * l + 1] = -ai;
-        wt.b_re[2 * l] = wt.b_re[2 * l + 1] = -br;
-        wt.b_im[2 * l] = -bi, wt.b_im[2 * l + 1] = bi;
+        wt.b_re[2 * l] = wt.b_re[2 * l + 1] = -mr[l];
+        wt.b_im[2 * l] = -mi[l], wt.b_im[2 * l + 1] = mi[l];
     }
 }
 
 // The second-order lanes joined: sum_l a_l s1_l + b_l s2_l, as two sums of lane-wise products
 // (one with the weights' real parts, one with their imaginary parts, the latter's pairs
 // swapped at the end), added in trees: a short chain after the last step.
-[[gnu::noinline]] void combine(const R* s1, const R* s2, const GoertzWeights& wt, double* out) {
+[[gnu::always_inline]] inline void combine(const R* s1, const R* s2, const GoertzWeights& wt,
+                                           double* out) {
     R p[NV], q[NV];
     for (size_t i = 0; i < NV; ++i) {
         p[i] =
@@ -333,22 +334,50 @@ void run_first(const E* x, size_t len, const GoertzCoef* coef, double* out) {
     for (size_t f = 0; f < NF; ++f) fold(s[f], coef[f], out + 2 * f);
 }
 
-// Lane recurrences of the second order: s = x + 2 Re(u) s1 - s2 on every double (real and
-// imaginary parts apart, the coefficient being real), written as (x - s2) + 2 Re(u) s1 so that
-// each step's chain is one fused multiply-add. At the end s1 - conj(u) s2 is lane l's
-// first-order sum; combine weighs and joins the lanes in one pass.
+// Lane recurrences of the second order: s = y + 2 Re(u) s1 - s2 on every double (real and
+// imaginary parts apart, the coefficient being real), written as (y - s2) + 2 Re(u) s1 so that
+// each step's chain is one fused multiply-add. The first step holds the first len mod K samples
+// (or a whole step), zero-padded at its end and turned by w^-pad, so that every later step is
+// whole and lane l of every step enters the result times w^(K - l); the step after it is taken
+// alone when the count of whole steps left is odd, then steps go in pairs. At the end
+// s1 - conj(u) s2 is lane l's first-order sum; combine weighs and joins the lanes in one pass.
 template <size_t NF, class E>
 void run_second(const E* x, size_t len, const GoertzCoef* coef, const GoertzWeights* wt,
                 double* out) {
-    const size_t full = len / K, rem = len % K;
+    const size_t rem = len % K;
+    size_t left = len / K; // whole steps after the first one
     R s1[NF][NV], s2[NF][NV], c2[NF];
-    for (size_t f = 0; f < NF; ++f) {
-        c2[f] = V::splat(2.0 * coef[f].u[0]);
-        for (size_t i = 0; i < NV; ++i) s1[f][i] = s2[f][i] = V::splat(0.0);
-    }
     const E* p = x;
-    size_t t = 0;
-    for (; t + 1 < full; t += 2, p += 4 * K) {
+    {
+        R a[NV];
+        if (rem > 0) {
+            load_part(p, rem, a);
+            p += 2 * rem;
+        } else {
+            load_step(p, a);
+            p += 2 * K;
+            --left;
+        }
+        for (size_t f = 0; f < NF; ++f) {
+            c2[f] = V::splat(2.0 * coef[f].u[0]);
+            const Rot z(coef[f].np);
+            for (size_t i = 0; i < NV; ++i) {
+                s1[f][i] = rem > 0 ? V::mul_add(V::swap_pairs(a[i]), z.s, V::mul(a[i], z.c)) : a[i];
+                s2[f][i] = V::splat(0.0);
+            }
+        }
+    }
+    if (left % 2 != 0) {
+        R a[NV];
+        load_step(p, a);
+        p += 2 * K;
+        for (size_t f = 0; f < NF; ++f)
+            for (size_t i = 0; i < NV; ++i) {
+                s2[f][i] = V::mul_add(c2[f], s1[f][i], V::sub(a[i], s2[f][i]));
+                std::swap(s1[f][i], s2[f][i]);
+            }
+    }
+    for (size_t t = 0; t + 1 < left; t += 2, p += 4 * K) {
         R a[NV], b[NV];
         load_step(p, a);
         load_step(p + 2 * K, b);
@@ -357,25 +386,6 @@ void run_second(const E* x, size_t len, const GoertzCoef* coef, const GoertzWeig
                 s2[f][i] = V::mul_add(c2[f], s1[f][i], V::sub(a[i], s2[f][i]));
                 s1[f][i] = V::mul_add(c2[f], s2[f][i], V::sub(b[i], s1[f][i]));
             }
-    }
-    auto single = [&](const R* a) {
-        for (size_t f = 0; f < NF; ++f)
-            for (size_t i = 0; i < NV; ++i) {
-                const R n = V::mul_add(c2[f], s1[f][i], V::sub(a[i], s2[f][i]));
-                s2[f][i] = s1[f][i];
-                s1[f][i] = n;
-            }
-    };
-    if (t < full) { // the last whole step
-        R a[NV];
-        load_step(p, a);
-        p += 2 * K;
-        single(a);
-    }
-    if (rem > 0) {
-        R a[NV];
-        load_part(p, rem, a);
-        single(a);
     }
     for (size_t f = 0; f < NF; ++f) combine(s1[f], s2[f], wt[f], out + 2 * f);
 }
