@@ -262,7 +262,14 @@ struct CoefCache {
 
 template <size_t NF>
 CoefCache<NF>& coefs_for(const double* freq, size_t len) {
-    static thread_local CoefCache<NF> cache;
+    static thread_local CoefCache<NF> tls;
+    // The thread's address once per call (in a shared library each access to a thread_local
+    // would otherwise look it up again).
+    CoefCache<NF>* c = &tls;
+#if defined(__GNUC__)
+    asm("" : "+r"(c));
+#endif
+    CoefCache<NF>& cache = *c;
     uint64_t bits[NF];
     std::memcpy(bits, freq, sizeof bits);
     const size_t pad = (K - len % K) % K;
