@@ -398,16 +398,17 @@ void run_second(const E* x, size_t len, const GoertzCoef* coef, const GoertzWeig
 }
 
 // Whether a frequency runs the second-order recurrence: only for single-precision and 16-bit
-// data, and only where its extra error (about steps * 2^-53 / |sin theta| of the data's 1-norm,
-// theta the lane step angle, from the rounding of cos theta) stays below 2^-32 of that norm, far
-// below the rounding the data already carries. Double data keeps the first-order recurrence.
+// data, and only where its error (about 2^-53 steps min(steps, 1 / |sin theta|) of the data's
+// 1-norm, theta the lane step angle) stays below 2^-32 of that norm, far below the rounding the
+// data already carries: always up to 1448 steps, beyond that unless theta is near a multiple of
+// pi. Double data keeps the first-order recurrence (error about 2^-53 steps).
 template <class E>
 bool second_order(const GoertzCoef& c, size_t len) {
     if constexpr (std::is_same_v<E, double>) {
         return false;
     } else {
         const double steps = static_cast<double>((len + K - 1) / K);
-        return steps * 0x1p-21 <= (c.u[1] < 0 ? -c.u[1] : c.u[1]);
+        return steps * steps <= 0x1p21 || steps * 0x1p-21 <= (c.u[1] < 0 ? -c.u[1] : c.u[1]);
     }
 }
 
