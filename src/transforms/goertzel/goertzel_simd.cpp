@@ -424,7 +424,10 @@ void run(const E* x, size_t len, const double* freq, double* out) {
     }
     const GoertzWeights* wt = cache.wt;
     if constexpr (NF == 2) {
-        if (second[0] != second[1]) { // one pass per frequency, each as if alone
+        // One pass per frequency, each as if alone, where the two take different forms, and for
+        // short vectors in the second-order form (there two single passes beat the joined one,
+        // whose sixteen lane vectors do not fit the registers along with the rest; measured).
+        if (second[0] != second[1] || (second[0] && len <= 8 * K)) {
             for (size_t f = 0; f < NF; ++f) {
                 if (second[f])
                     run_second<1>(x, len, coef + f, wt + f, out + 2 * f);
