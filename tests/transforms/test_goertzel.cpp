@@ -201,17 +201,23 @@ TEST(Goertzel, SixteenBitRounding) {
         ASSERT_EQ(veksGoertzTwo_16sc_Sfs(x, 2, two, f, c.sf), vekStsOk);
         EXPECT_TRUE(vt::same_bits(two[0], g));
     }
-    // A long vector against the rounded float reference.
+    // Vectors of several lengths (whole and partial steps) against the float reference, on every
+    // level: within half a unit of it.
     vt::Rng rng(3);
-    std::vector<Vek16sc> x(1000);
-    for (auto& v : x)
-        v = {static_cast<Vek16s>(rng.range(-300, 300)), static_cast<Vek16s>(rng.range(-300, 300))};
-    Vek16sc g{};
-    ASSERT_EQ(veksGoertz_16sc_Sfs(x.data(), 1000, &g, 0.1f, 3), vekStsOk);
-    const long double f01 = 0.1f;
-    const cld want_f = reference(x, f01) / 8.0L;
-    EXPECT_LE(std::abs(g.re - want_f.real()), 0.5L + 1e-6L);
-    EXPECT_LE(std::abs(g.im - want_f.imag()), 0.5L + 1e-6L);
+    for (int len : {1, 3, 7, 17, 30, 205, 1000}) {
+        std::vector<Vek16sc> x(static_cast<size_t>(len));
+        for (auto& v : x)
+            v = {static_cast<Vek16s>(rng.range(-300, 300)),
+                 static_cast<Vek16s>(rng.range(-300, 300))};
+        const long double f01 = 0.1f;
+        const cld want = reference(x, f01) / 8.0L;
+        vt::for_each_level([&](auto) {
+            Vek16sc g{};
+            ASSERT_EQ(veksGoertz_16sc_Sfs(x.data(), len, &g, 0.1f, 3), vekStsOk);
+            EXPECT_LE(std::abs(g.re - want.real()), 0.5L + 1e-6L) << len;
+            EXPECT_LE(std::abs(g.im - want.imag()), 0.5L + 1e-6L) << len;
+        });
+    }
 }
 
 } // namespace
