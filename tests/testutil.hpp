@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "simd/isa.hpp"
+#include "upper_state.hpp"
 #include "veks.h"
 
 namespace vt {
@@ -26,13 +27,17 @@ inline constexpr int64_t kReferenceWork =
     LDBL_MANT_DIG > 64 ? int64_t{1} << 21 : std::numeric_limits<int64_t>::max();
 
 // Runs `body` once per kernel level the library compiled and this processor supports, the scalar
-// one first; the best level is selected again afterwards.
+// one first; the best level is selected again afterwards. Each level's kernels must return with
+// the vector registers' upper halves clean.
 template <class F>
 void for_each_level(F&& body) {
     for (const veks::isa::Level level : veks::isa::levels()) {
         if (!veks::isa::set_level(level)) continue;
         SCOPED_TRACE(std::string("kernel level ") + veks::isa::name(level));
+        const bool clean_before = !upper_halves_in_use();
         body(level);
+        EXPECT_FALSE(clean_before && upper_halves_in_use())
+            << "a kernel returned with the upper halves of the vector registers in use";
     }
     veks::isa::set_level(veks::isa::best());
 }

@@ -15,6 +15,7 @@
 
 #include "filters/conv/conv_plans.hpp"
 #include "heap.hpp"
+#include "upper_state.hpp"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define VEKS_CONF_ASAN 1
@@ -28,9 +29,6 @@
 #endif
 #if VEKS_CONF_ASAN
 #include <sanitizer/asan_interface.h>
-#endif
-#if defined(__x86_64__) && defined(__GNUC__)
-#include <cpuid.h>
 #endif
 
 namespace conf {
@@ -1025,31 +1023,6 @@ const Step* first_failure(const Contract& c, const Call& call) {
 
 void set_mapper(const Mapper* m) { g_mapper = m; }
 
-namespace {
-
-// Whether the upper halves of the AVX or AVX-512 registers are in use (XINUSE state components
-// 2 and 6), where the processor reports it. A library call that returns in that state makes
-// the caller's next SSE instruction stall.
-bool upper_halves_in_use() {
-#if defined(__x86_64__) && defined(__GNUC__)
-    static const bool readable = [] {
-        unsigned a = 0, b = 0, c = 0, d = 0;
-        if (!__get_cpuid(1, &a, &b, &c, &d) || (c & bit_OSXSAVE) == 0) return false;
-        if (__get_cpuid_max(0, nullptr) < 0xd) return false;
-        __cpuid_count(0xd, 1, a, b, c, d);
-        return (a & 4) != 0; // XGETBV with ECX = 1
-    }();
-    if (!readable) return false;
-    unsigned lo = 0, hi = 0;
-    __asm__ volatile("xgetbv" : "=a"(lo), "=d"(hi) : "c"(1));
-    return (lo & 0x44) != 0;
-#else
-    return false;
-#endif
-}
-
-} // namespace
-
 Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     Outcome out;
     const Export& e = c.exp;
@@ -1081,9 +1054,9 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         heap::Watch w;
         heap::fail_at(o.fail_at);
         heap::limit(o.heap_limit);
-        const bool clean_before = !upper_halves_in_use();
+        const bool clean_before = !vt::upper_halves_in_use();
         out.result = e.call(e.fn, call.args.data());
-        if (clean_before && upper_halves_in_use())
+        if (clean_before && vt::upper_halves_in_use())
             problem("returns with the upper halves of the vector registers in use");
         const int mode_after = std::fegetround();
         std::fesetround(FE_TONEAREST);

@@ -8,6 +8,7 @@
 // take the scalar rule.
 #include "arith/convert/convert.hpp"
 #include "core/fpenv.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec_numeric.hpp"
 
@@ -334,27 +335,27 @@ void f64_s32_sfs(const Vek64f* s, Vek32s* d, size_t n, bool nearest, int sf) {
 } // namespace
 
 extern const ConvertKernels convert = {
-    .s8_s16 = widen<Vek8s, Vek16s>,
-    .s8_f32 = widen<Vek8s, Vek32f>,
-    .u8_f32 = widen<Vek8u, Vek32f>,
-    .s16_s32 = widen<Vek16s, Vek32s>,
-    .s16_f32 = s16_f32,
-    .u16_f32 = widen<Vek16u, Vek32f>,
-    .s32_f32 = s32_f32,
-    .s32_f64 = widen<Vek32s, Vek64f>,
-    .f32_f64 = widen<Vek32f, Vek64f>,
-    .f64_f32 = widen<Vek64f, Vek32f>,
-    .s32_s16 = s32_s16,
-    .s16_f32_sfs = s16_f32_sfs,
-    .s16_f64_sfs = s16_f64_sfs,
-    .s32_f32_sfs = s32_f32_sfs,
-    .s32_f64_sfs = s32_f64_sfs,
-    .f32_s8_sfs = f32_to_int<Vek8s>,
-    .f32_u8_sfs = f32_to_int<Vek8u>,
-    .f32_s16_sfs = f32_to_int<Vek16s>,
-    .f32_u16_sfs = f32_to_int<Vek16u>,
-    .f32_s32_sfs = f32_to_int<Vek32s>,
-    .f64_s32_sfs = f64_s32_sfs,
+    .s8_s16 = simd::entry<widen<Vek8s, Vek16s>>,
+    .s8_f32 = simd::entry<widen<Vek8s, Vek32f>>,
+    .u8_f32 = simd::entry<widen<Vek8u, Vek32f>>,
+    .s16_s32 = simd::entry<widen<Vek16s, Vek32s>>,
+    .s16_f32 = simd::entry<s16_f32>,
+    .u16_f32 = simd::entry<widen<Vek16u, Vek32f>>,
+    .s32_f32 = simd::entry<s32_f32>,
+    .s32_f64 = simd::entry<widen<Vek32s, Vek64f>>,
+    .f32_f64 = simd::entry<widen<Vek32f, Vek64f>>,
+    .f64_f32 = simd::entry<widen<Vek64f, Vek32f>>,
+    .s32_s16 = simd::entry<s32_s16>,
+    .s16_f32_sfs = simd::entry<s16_f32_sfs>,
+    .s16_f64_sfs = simd::entry<s16_f64_sfs>,
+    .s32_f32_sfs = simd::entry<s32_f32_sfs>,
+    .s32_f64_sfs = simd::entry<s32_f64_sfs>,
+    .f32_s8_sfs = simd::entry<f32_to_int<Vek8s>>,
+    .f32_u8_sfs = simd::entry<f32_to_int<Vek8u>>,
+    .f32_s16_sfs = simd::entry<f32_to_int<Vek16s>>,
+    .f32_u16_sfs = simd::entry<f32_to_int<Vek16u>>,
+    .f32_s32_sfs = simd::entry<f32_to_int<Vek32s>>,
+    .f64_s32_sfs = simd::entry<f64_s32_sfs>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -9,6 +9,7 @@
 #include "arith/elementary/fast.hpp"
 #include "arith/elementary/kernels.hpp"
 #include "arith/elementary/vector.hpp"
+#include "simd/entry.hpp"
 #include "simd/ns.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -278,8 +279,11 @@ unsigned sumln_16s(const Vek16s* s, size_t n, double* sum) { return sumln(s, n, 
 } // namespace
 
 extern const ElementaryKernels elementary = {
-    sqr_32f, sqr_64f, sqr_32fc, sqr_64fc, sqrt_32f, sqrt_64f, sqrt_32fc, sqrt_64fc, exp_32f,
-    exp_64f, ln_32f,  ln_64f,   cbrt_32f, atan_32f, atan_64f, sumln_32f, sumln_64f, sumln_16s,
+    simd::entry<sqr_32f>,   simd::entry<sqr_64f>,   simd::entry<sqr_32fc>,  simd::entry<sqr_64fc>,
+    simd::entry<sqrt_32f>,  simd::entry<sqrt_64f>,  simd::entry<sqrt_32fc>, simd::entry<sqrt_64fc>,
+    simd::entry<exp_32f>,   simd::entry<exp_64f>,   simd::entry<ln_32f>,    simd::entry<ln_64f>,
+    simd::entry<cbrt_32f>,  simd::entry<atan_32f>,  simd::entry<atan_64f>,  simd::entry<sumln_32f>,
+    simd::entry<sumln_64f>, simd::entry<sumln_16s>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -177,16 +178,16 @@ void mulaw_to_alaw(const Vek8u* s, Vek8u* d, size_t n) { transcode(kMulawToAlaw.
 } // namespace
 
 extern const G711Kernels g711 = {
-    .alaw_to_16s = decode_16s<true>,
-    .alaw_to_32f = decode_32f<true>,
-    .mulaw_to_16s = decode_16s<false>,
-    .mulaw_to_32f = decode_32f<false>,
-    .alaw_from_16s = encode_16s<true>,
-    .alaw_from_32f = encode_32f<true>,
-    .mulaw_from_16s = encode_16s<false>,
-    .mulaw_from_32f = encode_32f<false>,
-    .alaw_to_mulaw = alaw_to_mulaw,
-    .mulaw_to_alaw = mulaw_to_alaw,
+    .alaw_to_16s = simd::entry<decode_16s<true>>,
+    .alaw_to_32f = simd::entry<decode_32f<true>>,
+    .mulaw_to_16s = simd::entry<decode_16s<false>>,
+    .mulaw_to_32f = simd::entry<decode_32f<false>>,
+    .alaw_from_16s = simd::entry<encode_16s<true>>,
+    .alaw_from_32f = simd::entry<encode_32f<true>>,
+    .mulaw_from_16s = simd::entry<encode_16s<false>>,
+    .mulaw_from_32f = simd::entry<encode_32f<false>>,
+    .alaw_to_mulaw = simd::entry<alaw_to_mulaw>,
+    .mulaw_to_alaw = simd::entry<mulaw_to_alaw>,
 };
 
 } // namespace veks::kern::VEK_ISA

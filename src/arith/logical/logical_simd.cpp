@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "arith/logical/logical.hpp"
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -84,25 +85,25 @@ void shift(const T* a, int k, T* d, size_t n) {
 } // namespace
 
 extern const LogicalKernels logical = {
-    .and_8u = binary<Vek8u, And>,
-    .or_8u = binary<Vek8u, Or>,
-    .xor_8u = binary<Vek8u, Xor>,
-    .and_16u = binary<Vek16u, And>,
-    .or_16u = binary<Vek16u, Or>,
-    .xor_16u = binary<Vek16u, Xor>,
-    .andc_8u = with_const<Vek8u, And>,
-    .orc_8u = with_const<Vek8u, Or>,
-    .xorc_8u = with_const<Vek8u, Xor>,
-    .andc_16u = with_const<Vek16u, And>,
-    .orc_16u = with_const<Vek16u, Or>,
-    .xorc_16u = with_const<Vek16u, Xor>,
-    .lshift_8u = shift<Vek8u, shift_left>,
-    .lshift_16u = shift<Vek16u, shift_left>,
-    .lshift_32s = shift<Vek32s, shift_left>,
-    .rshift_8u = shift<Vek8u, shift_right_logical>,
-    .rshift_16u = shift<Vek16u, shift_right_logical>,
-    .rshift_16s = shift<Vek16s, shift_right_arithmetic>,
-    .rshift_32s = shift<Vek32s, shift_right_arithmetic>,
+    .and_8u = simd::entry<binary<Vek8u, And>>,
+    .or_8u = simd::entry<binary<Vek8u, Or>>,
+    .xor_8u = simd::entry<binary<Vek8u, Xor>>,
+    .and_16u = simd::entry<binary<Vek16u, And>>,
+    .or_16u = simd::entry<binary<Vek16u, Or>>,
+    .xor_16u = simd::entry<binary<Vek16u, Xor>>,
+    .andc_8u = simd::entry<with_const<Vek8u, And>>,
+    .orc_8u = simd::entry<with_const<Vek8u, Or>>,
+    .xorc_8u = simd::entry<with_const<Vek8u, Xor>>,
+    .andc_16u = simd::entry<with_const<Vek16u, And>>,
+    .orc_16u = simd::entry<with_const<Vek16u, Or>>,
+    .xorc_16u = simd::entry<with_const<Vek16u, Xor>>,
+    .lshift_8u = simd::entry<shift<Vek8u, shift_left>>,
+    .lshift_16u = simd::entry<shift<Vek16u, shift_left>>,
+    .lshift_32s = simd::entry<shift<Vek32s, shift_left>>,
+    .rshift_8u = simd::entry<shift<Vek8u, shift_right_logical>>,
+    .rshift_16u = simd::entry<shift<Vek16u, shift_right_logical>>,
+    .rshift_16s = simd::entry<shift<Vek16s, shift_right_arithmetic>>,
+    .rshift_32s = simd::entry<shift<Vek32s, shift_right_arithmetic>>,
 };
 
 } // namespace veks::kern::VEK_ISA

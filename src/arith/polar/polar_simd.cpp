@@ -8,6 +8,7 @@
 #include "arith/elementary/exact.hpp"
 #include "arith/elementary/fast.hpp"
 #include "arith/polar/polar.hpp"
+#include "simd/entry.hpp"
 #include "simd/ns.hpp"
 #include "simd/vec.hpp"
 
@@ -406,10 +407,13 @@ void to_cart_64f(const Vek64f* mag, const Vek64f* ph, Vek64f* re, Vek64f* im, si
 } // namespace
 
 extern const PolarKernels polar = {
-    magnitude_32fc, magnitude_32f, magnitude_64fc, magnitude_64f, phase_32fc,
-    phase_32f,      phase_64fc,    phase_64f,      power_32fc,    power_32f,
-    power_64fc,     power_64f,     to_polar_32fc,  to_polar_32f,  to_polar_64fc,
-    to_polar_64f,   to_cart_32fc,  to_cart_32f,    to_cart_64fc,  to_cart_64f,
+    simd::entry<magnitude_32fc>, simd::entry<magnitude_32f>, simd::entry<magnitude_64fc>,
+    simd::entry<magnitude_64f>,  simd::entry<phase_32fc>,    simd::entry<phase_32f>,
+    simd::entry<phase_64fc>,     simd::entry<phase_64f>,     simd::entry<power_32fc>,
+    simd::entry<power_32f>,      simd::entry<power_64fc>,    simd::entry<power_64f>,
+    simd::entry<to_polar_32fc>,  simd::entry<to_polar_32f>,  simd::entry<to_polar_64fc>,
+    simd::entry<to_polar_64f>,   simd::entry<to_cart_32fc>,  simd::entry<to_cart_32f>,
+    simd::entry<to_cart_64fc>,   simd::entry<to_cart_64f>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "filters/conv/conv.hpp"
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -152,13 +153,13 @@ void conv_32f(const Vek32f* l, size_t nl, const Vek32f* s, size_t ns, Vek32f* d)
 } // namespace
 
 extern const ConvKernels conv = {
-    .conv_32f = conv_32f,
-    .conv_16s = conv_16s,
-    .corr_32f = corr_real<Vek32f>,
-    .corr_64f = corr_real<Vek64f>,
-    .corr_32fc = corr_cplx<Vek32fc>,
-    .corr_64fc = corr_cplx<Vek64fc>,
-    .corr_16s = corr_16s,
+    .conv_32f = simd::entry<conv_32f>,
+    .conv_16s = simd::entry<conv_16s>,
+    .corr_32f = simd::entry<corr_real<Vek32f>>,
+    .corr_64f = simd::entry<corr_real<Vek64f>>,
+    .corr_32fc = simd::entry<corr_cplx<Vek32fc>>,
+    .corr_64fc = simd::entry<corr_cplx<Vek64fc>>,
+    .corr_16s = simd::entry<corr_16s>,
 };
 
 } // namespace veks::kern::VEK_ISA

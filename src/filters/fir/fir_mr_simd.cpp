@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "filters/fir/fir_mr.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 
@@ -225,28 +226,28 @@ void chunk_cplx(const MrTables& t, const double* S, size_t count, Out* d, int pa
 } // namespace
 
 extern const FirMrKernels fir_mr = {
-    .g32f = gather<Vek32f>,
-    .g64f = gather<Vek64f>,
-    .g16s = gather<Vek16s>,
-    .g32s = gather<Vek32s>,
-    .g32fc = gather<Vek32fc>,
-    .g64fc = gather<Vek64fc>,
-    .g16sc = gather<Vek16sc>,
-    .g32sc = gather<Vek32sc>,
-    .r32f_32f = chunk_real<Vek32f, true, false>,
-    .r64f_64f = chunk_real<Vek64f, false, false>,
-    .r64f_32f = chunk_real<Vek32f, false, false>,
-    .c32fc_32fc = chunk_cplx<Vek32fc, true, false>,
-    .c64fc_64fc = chunk_cplx<Vek64fc, false, false>,
-    .c64fc_32fc = chunk_cplx<Vek32fc, false, false>,
-    .r32f_16s = chunk_real<Vek16s, true, false>,
-    .r64f_16s = chunk_real<Vek16s, false, false>,
-    .r64f_32s = chunk_real<Vek32s, false, false>,
-    .c32fc_16sc = chunk_cplx<Vek16sc, true, false>,
-    .c64fc_16sc = chunk_cplx<Vek16sc, false, false>,
-    .c64fc_32sc = chunk_cplx<Vek32sc, false, false>,
-    .r32s_16s = chunk_real<Vek16s, true, true>,
-    .c32sc_16sc = chunk_cplx<Vek16sc, true, true>,
+    .g32f = simd::entry<gather<Vek32f>>,
+    .g64f = simd::entry<gather<Vek64f>>,
+    .g16s = simd::entry<gather<Vek16s>>,
+    .g32s = simd::entry<gather<Vek32s>>,
+    .g32fc = simd::entry<gather<Vek32fc>>,
+    .g64fc = simd::entry<gather<Vek64fc>>,
+    .g16sc = simd::entry<gather<Vek16sc>>,
+    .g32sc = simd::entry<gather<Vek32sc>>,
+    .r32f_32f = simd::entry<chunk_real<Vek32f, true, false>>,
+    .r64f_64f = simd::entry<chunk_real<Vek64f, false, false>>,
+    .r64f_32f = simd::entry<chunk_real<Vek32f, false, false>>,
+    .c32fc_32fc = simd::entry<chunk_cplx<Vek32fc, true, false>>,
+    .c64fc_64fc = simd::entry<chunk_cplx<Vek64fc, false, false>>,
+    .c64fc_32fc = simd::entry<chunk_cplx<Vek32fc, false, false>>,
+    .r32f_16s = simd::entry<chunk_real<Vek16s, true, false>>,
+    .r64f_16s = simd::entry<chunk_real<Vek16s, false, false>>,
+    .r64f_32s = simd::entry<chunk_real<Vek32s, false, false>>,
+    .c32fc_16sc = simd::entry<chunk_cplx<Vek16sc, true, false>>,
+    .c64fc_16sc = simd::entry<chunk_cplx<Vek16sc, false, false>>,
+    .c64fc_32sc = simd::entry<chunk_cplx<Vek32sc, false, false>>,
+    .r32s_16s = simd::entry<chunk_real<Vek16s, true, true>>,
+    .c32sc_16sc = simd::entry<chunk_cplx<Vek16sc, true, true>>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "filters/fir/fir.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 #include "simd/vec_numeric.hpp"
@@ -277,35 +278,35 @@ void block_r32s_16s(const Vek32s* rev, int T, const Vek16s* w, Vek16s* d, int n,
 
 extern const FirKernels fir = {
 #if VEK_ISA_LEVEL >= 1
-    .r32f_32f = block_r32f<Vek32f, Vek32f>,
+    .r32f_32f = simd::entry<block_r32f<Vek32f, Vek32f>>,
 #else
-    .r32f_32f = block<Vek32f, Vek32f, Vek32f>,
+    .r32f_32f = simd::entry<block<Vek32f, Vek32f, Vek32f>>,
 #endif
-    .r64f_64f = block<Vek64f, Vek64f, Vek64f>,
-    .r64f_32f = block<Vek64f, Vek32f, Vek32f>,
+    .r64f_64f = simd::entry<block<Vek64f, Vek64f, Vek64f>>,
+    .r64f_32f = simd::entry<block<Vek64f, Vek32f, Vek32f>>,
 #if VEK_ISA_LEVEL >= 1
-    .c32fc_32fc = block_c32fc,
+    .c32fc_32fc = simd::entry<block_c32fc>,
 #else
-    .c32fc_32fc = block<Vek32fc, Vek32fc, Vek32fc>,
+    .c32fc_32fc = simd::entry<block<Vek32fc, Vek32fc, Vek32fc>>,
 #endif
-    .c64fc_64fc = block<Vek64fc, Vek64fc, Vek64fc>,
-    .c64fc_32fc = block<Vek64fc, Vek32fc, Vek32fc>,
+    .c64fc_64fc = simd::entry<block<Vek64fc, Vek64fc, Vek64fc>>,
+    .c64fc_32fc = simd::entry<block<Vek64fc, Vek32fc, Vek32fc>>,
 #if VEK_ISA_LEVEL >= 2
-    .r32f_16s = block_r32f<Vek16s, Vek16s>,
+    .r32f_16s = simd::entry<block_r32f<Vek16s, Vek16s>>,
 #else
-    .r32f_16s = block<Vek32f, Vek16s, Vek16s>,
+    .r32f_16s = simd::entry<block<Vek32f, Vek16s, Vek16s>>,
 #endif
-    .r64f_16s = block<Vek64f, Vek16s, Vek16s>,
-    .r64f_32s = block<Vek64f, Vek32s, Vek32s>,
-    .c32fc_16sc = block<Vek32fc, Vek16sc, Vek16sc>,
-    .c64fc_16sc = block<Vek64fc, Vek16sc, Vek16sc>,
-    .c64fc_32sc = block<Vek64fc, Vek32sc, Vek32sc>,
+    .r64f_16s = simd::entry<block<Vek64f, Vek16s, Vek16s>>,
+    .r64f_32s = simd::entry<block<Vek64f, Vek32s, Vek32s>>,
+    .c32fc_16sc = simd::entry<block<Vek32fc, Vek16sc, Vek16sc>>,
+    .c64fc_16sc = simd::entry<block<Vek64fc, Vek16sc, Vek16sc>>,
+    .c64fc_32sc = simd::entry<block<Vek64fc, Vek32sc, Vek32sc>>,
 #if VEK_ISA_LEVEL >= 1
-    .r32s_16s = block_r32s_16s<>,
+    .r32s_16s = simd::entry<block_r32s_16s<>>,
 #else
-    .r32s_16s = block<Vek32s, Vek16s, Vek16s>,
+    .r32s_16s = simd::entry<block<Vek32s, Vek16s, Vek16s>>,
 #endif
-    .c32sc_16sc = block<Vek32sc, Vek16sc, Vek16sc>,
+    .c32sc_16sc = simd::entry<block<Vek32sc, Vek16sc, Vek16sc>>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -16,6 +16,7 @@
 #include <cstring>
 
 #include "filters/iir/iir.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #if VEK_ISA_LEVEL >= 1
 #include "simd/vec.hpp"
@@ -251,14 +252,14 @@ void bq(const double* tp, int K, double* d, const D* src, D* dst, size_t n, int 
 } // namespace
 
 extern const IirKernels iir = {
-    .arb_32f = arb<Vek32f>,
-    .bq_32f = bq<Vek32f>,
-    .arb_64f = arb<Vek64f>,
-    .bq_64f = bq<Vek64f>,
-    .arb_16s = arb<Vek16s>,
-    .bq_16s = bq<Vek16s>,
-    .arb_32s = arb<Vek32s>,
-    .bq_32s = bq<Vek32s>,
+    .arb_32f = simd::entry<arb<Vek32f>>,
+    .bq_32f = simd::entry<bq<Vek32f>>,
+    .arb_64f = simd::entry<arb<Vek64f>>,
+    .bq_64f = simd::entry<bq<Vek64f>>,
+    .arb_16s = simd::entry<arb<Vek16s>>,
+    .bq_16s = simd::entry<bq<Vek16s>>,
+    .arb_32s = simd::entry<arb<Vek32s>>,
+    .bq_32s = simd::entry<bq<Vek32s>>,
 };
 
 } // namespace veks::kern::VEK_ISA

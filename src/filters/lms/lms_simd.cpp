@@ -7,6 +7,7 @@
 // sample j's moved by one (its first element is the input just written over sample j's oldest,
 // which is saved beforehand). The operations and their order are those of one sample at a time.
 #include "filters/lms/lms.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -60,8 +61,8 @@ int run(Vek32f* taps, int T, S* line, int idx, const S* src, const S* ref, S* ds
 } // namespace
 
 extern const LmsKernels lms = {
-    .run_32f = run<Vek32f>,
-    .run_16s = run<Vek16s>,
+    .run_32f = simd::entry<run<Vek32f>>,
+    .run_16s = simd::entry<run<Vek16s>>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -5,6 +5,7 @@
 // level computes the same selection. Pre-emphasis is a plain loop run from the end (each output
 // reads its original left neighbour), vectorised by the compiler.
 #include "filters/resample/resample.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 
@@ -89,12 +90,12 @@ void preemph_16s(Vek16s* x, size_t n, Vek32f val) {
 } // namespace
 
 extern const ResampleKernels resample = {
-    .median_8u = median<Vek8u>,
-    .median_16s = median<Vek16s>,
-    .median_32f = median<Vek32f>,
-    .median_64f = median<Vek64f>,
-    .preemph_32f = preemph_32f,
-    .preemph_16s = preemph_16s,
+    .median_8u = simd::entry<median<Vek8u>>,
+    .median_16s = simd::entry<median<Vek16s>>,
+    .median_32f = simd::entry<median<Vek32f>>,
+    .median_64f = simd::entry<median<Vek64f>>,
+    .preemph_32f = simd::entry<preemph_32f>,
+    .preemph_16s = simd::entry<preemph_16s>,
 };
 
 } // namespace veks::kern::VEK_ISA

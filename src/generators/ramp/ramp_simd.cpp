@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "generators/ramp/ramp.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -109,22 +110,22 @@ void jaehne(T* dst, size_t len, double magn) {
 } // namespace
 
 extern const RampKernels ramp = {
-    .ramp_8u = fill_ramp<Vek8u>,
-    .ramp_8s = fill_ramp<Vek8s>,
-    .ramp_16u = fill_ramp<Vek16u>,
-    .ramp_16s = fill_ramp<Vek16s>,
-    .ramp_32u = fill_ramp<Vek32u>,
-    .ramp_32s = fill_ramp<Vek32s>,
-    .ramp_32f = fill_ramp<Vek32f>,
-    .ramp_64f = fill_ramp<Vek64f>,
-    .jaehne_8u = jaehne<Vek8u>,
-    .jaehne_8s = jaehne<Vek8s>,
-    .jaehne_16u = jaehne<Vek16u>,
-    .jaehne_16s = jaehne<Vek16s>,
-    .jaehne_32u = jaehne<Vek32u>,
-    .jaehne_32s = jaehne<Vek32s>,
-    .jaehne_32f = jaehne<Vek32f>,
-    .jaehne_64f = jaehne<Vek64f>,
+    .ramp_8u = simd::entry<fill_ramp<Vek8u>>,
+    .ramp_8s = simd::entry<fill_ramp<Vek8s>>,
+    .ramp_16u = simd::entry<fill_ramp<Vek16u>>,
+    .ramp_16s = simd::entry<fill_ramp<Vek16s>>,
+    .ramp_32u = simd::entry<fill_ramp<Vek32u>>,
+    .ramp_32s = simd::entry<fill_ramp<Vek32s>>,
+    .ramp_32f = simd::entry<fill_ramp<Vek32f>>,
+    .ramp_64f = simd::entry<fill_ramp<Vek64f>>,
+    .jaehne_8u = simd::entry<jaehne<Vek8u>>,
+    .jaehne_8s = simd::entry<jaehne<Vek8s>>,
+    .jaehne_16u = simd::entry<jaehne<Vek16u>>,
+    .jaehne_16s = simd::entry<jaehne<Vek16s>>,
+    .jaehne_32u = simd::entry<jaehne<Vek32u>>,
+    .jaehne_32s = simd::entry<jaehne<Vek32s>>,
+    .jaehne_32f = simd::entry<jaehne<Vek32f>>,
+    .jaehne_64f = simd::entry<jaehne<Vek64f>>,
 };
 
 } // namespace veks::kern::VEK_ISA

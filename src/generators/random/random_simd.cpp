@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "generators/random/random.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -113,10 +114,10 @@ void uniform(RandWords& g, T* dst, size_t n, double scale, double mid) {
 } // namespace
 
 extern const RandomKernels random = {
-    .draws = draws,
-    .uniform_32f = uniform<Vek32f>,
-    .uniform_64f = uniform<Vek64f>,
-    .uniform_16s = uniform<Vek16s>,
-    .uniform_8u = uniform<Vek8u>,
+    .draws = simd::entry<draws>,
+    .uniform_32f = simd::entry<uniform<Vek32f>>,
+    .uniform_64f = simd::entry<uniform<Vek64f>>,
+    .uniform_16s = simd::entry<uniform<Vek16s>>,
+    .uniform_8u = simd::entry<uniform<Vek8u>>,
 };
 } // namespace veks::kern::VEK_ISA

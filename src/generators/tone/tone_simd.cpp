@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "generators/tone/tone.hpp"
+#include "simd/entry.hpp"
 #include "simd/ns.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -69,8 +70,8 @@ void rotate(const ToneStart& s, C* dst, size_t len) {
 } // namespace
 
 extern const ToneKernels tone = {
-    .rotate_32fc = rotate<Vek32fc, float>,
-    .rotate_64fc = rotate<Vek64fc, double>,
+    .rotate_32fc = simd::entry<rotate<Vek32fc, float>>,
+    .rotate_64fc = simd::entry<rotate<Vek64fc, double>>,
 };
 
 } // namespace veks::kern::VEK_ISA

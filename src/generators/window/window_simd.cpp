@@ -28,6 +28,7 @@
 
 #include "arith/elementary/elementary.hpp"
 #include "generators/window/window.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 
@@ -489,11 +490,11 @@ void apply_16sc(const WindowPlan& p, const Vek16sc* src, Vek16sc* dst, WindowRou
 } // namespace
 
 extern const WindowKernels window = {
-    .apply_32f = apply_32f,
-    .apply_32fc = apply_32fc,
-    .apply_64f = apply_64f,
-    .apply_16s = apply_16s,
-    .apply_16sc = apply_16sc,
+    .apply_32f = simd::entry<apply_32f>,
+    .apply_32fc = simd::entry<apply_32fc>,
+    .apply_64f = simd::entry<apply_64f>,
+    .apply_16s = simd::entry<apply_16s>,
+    .apply_16sc = simd::entry<apply_16sc>,
 };
 
 } // namespace veks::kern::VEK_ISA

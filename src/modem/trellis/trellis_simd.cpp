@@ -2,6 +2,7 @@
 // over the constellation that the compiler widens per level. Products and sums are rounded one
 // at a time in every level (no fused multiply-add), so every level gives the scalar bits.
 #include "modem/trellis/trellis.hpp"
+#include "simd/entry.hpp"
 #include "simd/ns.hpp"
 
 namespace veks::kern::VEK_ISA {
@@ -27,8 +28,8 @@ void dist_16sc(Vek16sc r, const Vek16sc* __restrict pts, int64_t* __restrict d, 
 } // namespace
 
 extern const TrellisKernels trellis = {
-    .dist_32fc = dist_32fc,
-    .dist_16sc = dist_16sc,
+    .dist_32fc = simd::entry<dist_32fc>,
+    .dist_16sc = simd::entry<dist_16sc>,
 };
 
 } // namespace veks::kern::VEK_ISA

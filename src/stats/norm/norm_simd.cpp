@@ -12,6 +12,7 @@
 #include <cstring>
 #include <limits>
 
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 #include "stats/norm/norm.hpp"
 #include "stats/partial_sums.hpp"
@@ -382,37 +383,37 @@ Wide dot_16s32s(const Vek16s* a, const Vek32s* b, size_t n) {
 } // namespace
 
 extern const NormKernels norm = {
-    .max_abs_32f = max_abs_32f,
-    .sum_abs_32f = sum_abs<Vek32f>,
-    .sum_sq_32f = sum_sq<Vek32f>,
-    .max_abs_diff_32f = max_abs_diff<Vek32f>,
-    .sum_abs_diff_32f = sum_abs_diff<Vek32f>,
-    .sum_sq_diff_32f = sum_sq_diff<Vek32f>,
-    .max_abs_64f = max_abs_64f,
-    .sum_abs_64f = sum_abs<Vek64f>,
-    .sum_sq_64f = sum_sq<Vek64f>,
-    .max_abs_diff_64f = max_abs_diff<Vek64f>,
-    .sum_abs_diff_64f = sum_abs_diff<Vek64f>,
-    .sum_sq_diff_64f = sum_sq_diff<Vek64f>,
-    .max_abs_16s = max_abs_16s,
-    .sum_abs_16s = sum_abs_16s,
-    .sum_sq_16s = sum_sq_16s,
-    .max_abs_diff_16s = max_abs_diff_16s,
-    .sum_abs_diff_16s = sum_abs_diff_16s,
-    .sum_sq_diff_16s = sum_sq_diff_16s,
-    .dot_32f = dot_real<Vek32f>,
-    .dot_32fc = dot_32fc,
-    .dot_32f32fc = dot_32f32fc,
-    .dot_64f = dot_real<Vek64f>,
-    .dot_64fc = dot_64fc,
-    .dot_64f64fc = dot_64f64fc,
-    .dot_16s = dot_16s<>,
-    .dot_16sc = dot_16sc,
-    .dot_16s16sc = dot_16s16sc,
-    .dot_32s = dot_32s,
-    .dot_32sc = dot_32sc,
-    .dot_32s32sc = dot_32s32sc,
-    .dot_16s32s = dot_16s32s,
+    .max_abs_32f = simd::entry<max_abs_32f>,
+    .sum_abs_32f = simd::entry<sum_abs<Vek32f>>,
+    .sum_sq_32f = simd::entry<sum_sq<Vek32f>>,
+    .max_abs_diff_32f = simd::entry<max_abs_diff<Vek32f>>,
+    .sum_abs_diff_32f = simd::entry<sum_abs_diff<Vek32f>>,
+    .sum_sq_diff_32f = simd::entry<sum_sq_diff<Vek32f>>,
+    .max_abs_64f = simd::entry<max_abs_64f>,
+    .sum_abs_64f = simd::entry<sum_abs<Vek64f>>,
+    .sum_sq_64f = simd::entry<sum_sq<Vek64f>>,
+    .max_abs_diff_64f = simd::entry<max_abs_diff<Vek64f>>,
+    .sum_abs_diff_64f = simd::entry<sum_abs_diff<Vek64f>>,
+    .sum_sq_diff_64f = simd::entry<sum_sq_diff<Vek64f>>,
+    .max_abs_16s = simd::entry<max_abs_16s>,
+    .sum_abs_16s = simd::entry<sum_abs_16s>,
+    .sum_sq_16s = simd::entry<sum_sq_16s>,
+    .max_abs_diff_16s = simd::entry<max_abs_diff_16s>,
+    .sum_abs_diff_16s = simd::entry<sum_abs_diff_16s>,
+    .sum_sq_diff_16s = simd::entry<sum_sq_diff_16s>,
+    .dot_32f = simd::entry<dot_real<Vek32f>>,
+    .dot_32fc = simd::entry<dot_32fc>,
+    .dot_32f32fc = simd::entry<dot_32f32fc>,
+    .dot_64f = simd::entry<dot_real<Vek64f>>,
+    .dot_64fc = simd::entry<dot_64fc>,
+    .dot_64f64fc = simd::entry<dot_64f64fc>,
+    .dot_16s = simd::entry<dot_16s<>>,
+    .dot_16sc = simd::entry<dot_16sc>,
+    .dot_16s16sc = simd::entry<dot_16s16sc>,
+    .dot_32s = simd::entry<dot_32s>,
+    .dot_32sc = simd::entry<dot_32sc>,
+    .dot_32s32sc = simd::entry<dot_32s32sc>,
+    .dot_16s32s = simd::entry<dot_16s32s>,
 };
 
 } // namespace veks::kern::VEK_ISA

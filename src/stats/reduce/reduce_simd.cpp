@@ -7,6 +7,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 #include "stats/partial_sums.hpp"
 #include "stats/reduce/reduce.hpp"
@@ -314,30 +315,30 @@ uint64_t max_finite_magnitude_64f(const Vek64f* p, size_t n, bool* nonfinite) {
 } // namespace
 
 extern const ReduceKernels reduce = {
-    .sum_32f = sum<Vek32f>,
-    .sum_64f = sum<Vek64f>,
-    .sum_32fc = sum_32fc,
-    .sum_sq_32f = sum_sq<Vek32f>,
-    .sum_sq_64f = sum_sq<Vek64f>,
-    .sum_16s = sum_16s,
-    .sum_16sc = sum_16sc,
-    .sum_sq_16s = sum_sq_16s,
-    .extreme_16s = extreme_16s,
-    .first_extreme_16s = first_extreme_16s,
-    .first_max_32f = first_ext<true, Vek32f>,
-    .first_min_32f = first_ext<false, Vek32f>,
-    .first_max_64f = first_ext<true, Vek64f>,
-    .first_min_64f = first_ext<false, Vek64f>,
-    .max_every_16s = max_every<Vek16s>,
-    .max_every_32s = max_every<Vek32s>,
-    .max_every_32f = max_every<Vek32f>,
-    .min_every_16s = min_every<Vek16s>,
-    .min_every_32s = min_every<Vek32s>,
-    .min_every_32f = min_every<Vek32f>,
-    .magnitude_or_16s = magnitude_or_16s,
-    .magnitude_or_32s = magnitude_or_32s,
-    .max_finite_magnitude_32f = max_finite_magnitude_32f,
-    .max_finite_magnitude_64f = max_finite_magnitude_64f,
+    .sum_32f = simd::entry<sum<Vek32f>>,
+    .sum_64f = simd::entry<sum<Vek64f>>,
+    .sum_32fc = simd::entry<sum_32fc>,
+    .sum_sq_32f = simd::entry<sum_sq<Vek32f>>,
+    .sum_sq_64f = simd::entry<sum_sq<Vek64f>>,
+    .sum_16s = simd::entry<sum_16s>,
+    .sum_16sc = simd::entry<sum_16sc>,
+    .sum_sq_16s = simd::entry<sum_sq_16s>,
+    .extreme_16s = simd::entry<extreme_16s>,
+    .first_extreme_16s = simd::entry<first_extreme_16s>,
+    .first_max_32f = simd::entry<first_ext<true, Vek32f>>,
+    .first_min_32f = simd::entry<first_ext<false, Vek32f>>,
+    .first_max_64f = simd::entry<first_ext<true, Vek64f>>,
+    .first_min_64f = simd::entry<first_ext<false, Vek64f>>,
+    .max_every_16s = simd::entry<max_every<Vek16s>>,
+    .max_every_32s = simd::entry<max_every<Vek32s>>,
+    .max_every_32f = simd::entry<max_every<Vek32f>>,
+    .min_every_16s = simd::entry<min_every<Vek16s>>,
+    .min_every_32s = simd::entry<min_every<Vek32s>>,
+    .min_every_32f = simd::entry<min_every<Vek32f>>,
+    .magnitude_or_16s = simd::entry<magnitude_or_16s>,
+    .magnitude_or_32s = simd::entry<magnitude_or_32s>,
+    .max_finite_magnitude_32f = simd::entry<max_finite_magnitude_32f>,
+    .max_finite_magnitude_64f = simd::entry<max_finite_magnitude_64f>,
 };
 
 } // namespace veks::kern::VEK_ISA

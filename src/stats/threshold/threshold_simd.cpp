@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 #include "stats/threshold/threshold.hpp"
@@ -218,12 +219,13 @@ void normalize_16sc(const Vek16sc* s, Vek16sc* d, size_t n, Vek16sc sub, Vek16s 
 
 template <class T, class L>
 constexpr ThresholdOps<T, L> real_ops() {
-    return {lt<T>, gt<T>, lt_val<T>, gt_val<T>};
+    return {simd::entry<lt<T>>, simd::entry<gt<T>>, simd::entry<lt_val<T>>, simd::entry<gt_val<T>>};
 }
 
 template <class C>
 constexpr ThresholdOps<C, Base<C>> complex_ops() {
-    return {lt_c<C>, gt_c<C>, lt_val_c<C>, gt_val_c<C>};
+    return {simd::entry<lt_c<C>>, simd::entry<gt_c<C>>, simd::entry<lt_val_c<C>>,
+            simd::entry<gt_val_c<C>>};
 }
 
 } // namespace
@@ -235,16 +237,16 @@ extern const ThresholdKernels threshold = {
     .c32fc = complex_ops<Vek32fc>(),
     .c64fc = complex_ops<Vek64fc>(),
     .c16sc = complex_ops<Vek16sc>(),
-    .lt_inv_32f = lt_inv<Vek32f>,
-    .lt_inv_64f = lt_inv<Vek64f>,
-    .lt_inv_32fc = lt_inv_c<Vek32fc>,
-    .lt_inv_64fc = lt_inv_c<Vek64fc>,
-    .normalize_32f = normalize<Vek32f>,
-    .normalize_64f = normalize<Vek64f>,
-    .normalize_32fc = normalize_c<Vek32fc>,
-    .normalize_64fc = normalize_c<Vek64fc>,
-    .normalize_16s = normalize_16s,
-    .normalize_16sc = normalize_16sc,
+    .lt_inv_32f = simd::entry<lt_inv<Vek32f>>,
+    .lt_inv_64f = simd::entry<lt_inv<Vek64f>>,
+    .lt_inv_32fc = simd::entry<lt_inv_c<Vek32fc>>,
+    .lt_inv_64fc = simd::entry<lt_inv_c<Vek64fc>>,
+    .normalize_32f = simd::entry<normalize<Vek32f>>,
+    .normalize_64f = simd::entry<normalize<Vek64f>>,
+    .normalize_32fc = simd::entry<normalize_c<Vek32fc>>,
+    .normalize_64fc = simd::entry<normalize_c<Vek64fc>>,
+    .normalize_16s = simd::entry<normalize_16s>,
+    .normalize_16sc = simd::entry<normalize_16sc>,
 };
 
 } // namespace veks::kern::VEK_ISA

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "transforms/fft/fft.hpp"
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 
@@ -629,17 +630,17 @@ void cfft_64f(const double* src, double* dst, int order, const double* tw, bool 
 } // namespace
 
 extern const FftKernels fft = {
-    .cfft_32f = cfft_32f,
-    .cfft_64f = cfft_64f,
-    .scale_32f = scale<float>,
-    .scale_64f = scale<double>,
-    .rsplit_fwd_32f = rsplit<VF, float, false>,
-    .rsplit_fwd_64f = rsplit<VD, double, false>,
-    .rsplit_inv_32f = rsplit<VF, float, true>,
-    .rsplit_inv_64f = rsplit<VD, double, true>,
-    .mul_pairs_32f = mul_pairs_32f,
-    .mul_pairs_64f = mul_pairs_64f,
-    .mul_pairs_16s = mul_pairs_16s,
+    .cfft_32f = simd::entry<cfft_32f>,
+    .cfft_64f = simd::entry<cfft_64f>,
+    .scale_32f = simd::entry<scale<float>>,
+    .scale_64f = simd::entry<scale<double>>,
+    .rsplit_fwd_32f = simd::entry<rsplit<VF, float, false>>,
+    .rsplit_fwd_64f = simd::entry<rsplit<VD, double, false>>,
+    .rsplit_inv_32f = simd::entry<rsplit<VF, float, true>>,
+    .rsplit_inv_64f = simd::entry<rsplit<VD, double, true>>,
+    .mul_pairs_32f = simd::entry<mul_pairs_32f>,
+    .mul_pairs_64f = simd::entry<mul_pairs_64f>,
+    .mul_pairs_16s = simd::entry<mul_pairs_16s>,
 };
 
 } // namespace veks::kern::VEK_ISA

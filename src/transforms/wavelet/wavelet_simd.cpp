@@ -4,6 +4,7 @@
 // the scalar level's bits.
 #include <cstdint>
 
+#include "simd/entry.hpp"
 #include "simd/numeric.hpp"
 #include "simd/vec.hpp"
 #include "transforms/wavelet/wavelet.hpp"
@@ -143,23 +144,23 @@ void merge_int(const double* __restrict even, const double* __restrict odd, T* _
 } // namespace
 
 extern const WaveletKernels wavelet = {
-    .haar_fwd_8s = haar_fwd_8s,
-    .haar_fwd_16s = haar_fwd_16s,
-    .haar_fwd_32f = haar_fwd_float<Vek32f>,
-    .haar_fwd_64f = haar_fwd_float<Vek64f>,
-    .haar_inv_8s = haar_inv_8s,
-    .haar_inv_16s = haar_inv_16s,
-    .haar_inv_32f = haar_inv_float<Vek32f>,
-    .haar_inv_64f = haar_inv_float<Vek64f>,
-    .split_32f = split<Vek32f>,
-    .split_16s = split<Vek16s>,
-    .split_8s = split<Vek8s>,
-    .widen_32f = widen_32f,
-    .mac = mac,
-    .narrow_32f = narrow_32f,
-    .merge_32f = merge_32f,
-    .merge_16s = merge_int<Vek16s>,
-    .merge_8s = merge_int<Vek8s>,
+    .haar_fwd_8s = simd::entry<haar_fwd_8s>,
+    .haar_fwd_16s = simd::entry<haar_fwd_16s>,
+    .haar_fwd_32f = simd::entry<haar_fwd_float<Vek32f>>,
+    .haar_fwd_64f = simd::entry<haar_fwd_float<Vek64f>>,
+    .haar_inv_8s = simd::entry<haar_inv_8s>,
+    .haar_inv_16s = simd::entry<haar_inv_16s>,
+    .haar_inv_32f = simd::entry<haar_inv_float<Vek32f>>,
+    .haar_inv_64f = simd::entry<haar_inv_float<Vek64f>>,
+    .split_32f = simd::entry<split<Vek32f>>,
+    .split_16s = simd::entry<split<Vek16s>>,
+    .split_8s = simd::entry<split<Vek8s>>,
+    .widen_32f = simd::entry<widen_32f>,
+    .mac = simd::entry<mac>,
+    .narrow_32f = simd::entry<narrow_32f>,
+    .merge_32f = simd::entry<merge_32f>,
+    .merge_16s = simd::entry<merge_int<Vek16s>>,
+    .merge_8s = simd::entry<merge_int<Vek8s>>,
 };
 
 } // namespace veks::kern::VEK_ISA
