@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 #include "transforms/goertzel/goertzel.hpp"
 
@@ -486,9 +487,9 @@ void run_16sc(const Vek16sc* x, size_t len, const double* freq, size_t nf, doubl
 } // namespace
 
 extern const GoertzelKernels goertzel{
-    .run_32fc = run_32fc,
-    .run_64fc = run_64fc,
-    .run_16sc = run_16sc,
+    .run_32fc = simd::entry<run_32fc>,
+    .run_64fc = simd::entry<run_64fc>,
+    .run_16sc = simd::entry<run_16sc>,
 };
 
 } // namespace veks::kern::VEK_ISA
