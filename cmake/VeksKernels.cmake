@@ -31,15 +31,6 @@ if(VEKS_X86)
         # is still checked for that warning by the other levels.
         list(APPEND VEKS_ISA_FLAGS_avx512 -Wno-uninitialized)
     endif()
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        # With inter-procedural register allocation GCC may call a kernel's helper without the
-        # vzeroupper it needs and then count the upper register halves as clean after the call,
-        # so the kernel returns with them in use. The caller's next SSE instruction (any float
-        # code built for the baseline) then stalls for hundreds of cycles on current Intel
-        # cores. The conformance suite checks the state after every export.
-        list(APPEND VEKS_ISA_FLAGS_avx2 -fno-ipa-ra)
-        list(APPEND VEKS_ISA_FLAGS_avx512 -fno-ipa-ra)
-    endif()
     if(WIN32)
         # GCC cannot rely on 32- or 64-byte stack alignment on Windows (the ABI guarantees 16
         # bytes at most, and 4 on 32-bit), yet may spill vector registers with aligned moves.

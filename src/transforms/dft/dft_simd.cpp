@@ -6,6 +6,7 @@
 #include <cstring>
 #include <utility>
 
+#include "simd/entry.hpp"
 #include "simd/vec.hpp"
 #include "transforms/dft/dft.hpp"
 
@@ -894,28 +895,28 @@ void c12(const T* x, T* y, MixCall<T> call) {
 } // namespace
 
 extern const DftKernels dft = {
-    .mix_32f = mix<float>,
-    .mix_64f = mix<double>,
-    .direct_c_32f = direct_c<float>,
-    .direct_c_64f = direct_c<double>,
-    .direct_rf_32f = direct_rf<float>,
-    .direct_rf_64f = direct_rf<double>,
-    .direct_ri_32f = direct_ri<float>,
-    .direct_ri_64f = direct_ri<double>,
-    .rsplit_fwd_32f = rsplit<float, false>,
-    .rsplit_fwd_64f = rsplit<double, false>,
-    .rsplit_inv_32f = rsplit<float, true>,
-    .rsplit_inv_64f = rsplit<double, true>,
-    .chirp_in_32f = chirp_in<float>,
-    .chirp_in_64f = chirp_in<double>,
-    .chirp_out_32f = chirp_out<float>,
-    .chirp_out_64f = chirp_out<double>,
-    .cmul_32f = cmul<float>,
-    .cmul_64f = cmul<double>,
-    .dct_order_32f = dct_order_32f,
-    .dct_rotate_32f = dct_rotate_32f,
-    .matvec_32f = matvec_32f,
-    .c12_32f = c12<float>,
+    .mix_32f = simd::entry<mix<float>>,
+    .mix_64f = simd::entry<mix<double>>,
+    .direct_c_32f = simd::entry<direct_c<float>>,
+    .direct_c_64f = simd::entry<direct_c<double>>,
+    .direct_rf_32f = simd::entry<direct_rf<float>>,
+    .direct_rf_64f = simd::entry<direct_rf<double>>,
+    .direct_ri_32f = simd::entry<direct_ri<float>>,
+    .direct_ri_64f = simd::entry<direct_ri<double>>,
+    .rsplit_fwd_32f = simd::entry<rsplit<float, false>>,
+    .rsplit_fwd_64f = simd::entry<rsplit<double, false>>,
+    .rsplit_inv_32f = simd::entry<rsplit<float, true>>,
+    .rsplit_inv_64f = simd::entry<rsplit<double, true>>,
+    .chirp_in_32f = simd::entry<chirp_in<float>>,
+    .chirp_in_64f = simd::entry<chirp_in<double>>,
+    .chirp_out_32f = simd::entry<chirp_out<float>>,
+    .chirp_out_64f = simd::entry<chirp_out<double>>,
+    .cmul_32f = simd::entry<cmul<float>>,
+    .cmul_64f = simd::entry<cmul<double>>,
+    .dct_order_32f = simd::entry<dct_order_32f>,
+    .dct_rotate_32f = simd::entry<dct_rotate_32f>,
+    .matvec_32f = simd::entry<matvec_32f>,
+    .c12_32f = simd::entry<c12<float>>,
 };
 
 } // namespace veks::kern::VEK_ISA
