@@ -725,11 +725,15 @@ VEK_API VekStatus veksDCTInv_16s_Sfs(const Vek16s* pSrc, Vek16s* pDst,
  *  evaluate the frequencies rFreq[0] and rFreq[1] in one pass over the data into pVal[0] and
  *  pVal[1], each with the same bits as the single form gives. The 16-bit forms multiply the
  *  result by 2^-scaleFactor, round each part half away from zero and saturate.
- *  The library evaluates the sum by 16 interleaved first-order complex recurrences (sample n
- *  goes to recurrence n mod 16, which rotates by e^{16 i w} per step) joined by halving folds.
- *  Unlike the second-order recurrence, this loses no accuracy where cos(w) is near +-1: the
- *  error grows with len / 16 only. All rotation factors come from exact reductions of rFreq
- *  times small integers. Each thread keeps the factors of its last call (per form, keyed by the
+ *  The library evaluates the sum by 16 interleaved recurrences (each takes every 16th sample,
+ *  so its step angle is theta = 16 w), joined with exactly reduced rotation factors.
+ *  The 64fc forms run first-order complex recurrences: their error grows with len / 16 only,
+ *  wherever cos(theta) is. The 32fc and 16-bit forms run Goertzel's real second-order
+ *  recurrence (one multiply-add per value instead of a complex rotation) wherever its error,
+ *  about 2^-53 (len / 16) min(len / 16, 1 / |sin theta|) of the data's 1-norm, stays below 2^-32
+ *  of that norm (always for len up to 23168; beyond that unless theta is near a multiple of pi),
+ *  and the first-order form otherwise; either way far below the rounding of the inputs and of
+ *  the result. Each thread keeps the factors of its last call (per form, keyed by the
  *  frequencies and len mod 16), so repeated calls for the same tones skip their set-up; the
  *  result never depends on earlier calls.
  *

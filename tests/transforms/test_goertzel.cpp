@@ -70,6 +70,50 @@ void matches_reference(VekStatus (*one)(const C*, int, C*, R),
 TEST(Goertzel, Single) { matches_reference(veksGoertz_32fc, veksGoertzTwo_32fc, 1e-7L); }
 TEST(Goertzel, Double) { matches_reference(veksGoertz_64fc, veksGoertzTwo_64fc, 1e-15L); }
 
+// Single-precision data: near the frequencies whose lane step angle (16 w) is a multiple of pi
+// (0 included) the recurrence must stay accurate to far below the output's rounding, for a tone
+// at the frequency itself (the errors of a badly conditioned recurrence add up coherently
+// there): within half a float ulp of the result plus 2^-30 of the data's 1-norm, short and long
+// vectors (the long one on both sides of the point where the kernel changes its recurrence),
+// alone and in pairs.
+TEST(Goertzel, AccurateNearLaneAngleMultiplesOfPi) {
+    std::vector<std::pair<int, float>> cases;
+    for (int len : {205, 4096}) {
+        for (float f : {1e-10f, 1e-8f, 1e-6f, 1e-4f}) cases.emplace_back(len, f);
+        for (float base : {1.0f / 16, 1.0f / 32, 0.25f, 0.5f, 15.0f / 16})
+            for (int ulps : {0, 1, -1, -30, 3000}) {
+                float f = base;
+                for (int k = 0; k < std::abs(ulps); ++k)
+                    f = std::nextafter(f, ulps > 0 ? 1.0f : 0.0f);
+                cases.emplace_back(len, f);
+            }
+    }
+    // 65536 steps: 1 / |sin theta| about 13000, 65000 (the point of change), 4e6, and a tone away
+    // from the multiples of pi.
+    for (float f : {7.5e-7f, 1.5e-7f, 2.5e-9f, 0.3f}) cases.emplace_back(1 << 20, f);
+    vt::Rng rng(11);
+    for (auto [len, f] : cases) {
+        std::vector<Vek32fc> x(static_cast<size_t>(len));
+        for (size_t n = 0; n < x.size(); ++n) {
+            const double a = 2 * 3.14159265358979323846 * f * static_cast<double>(n);
+            x[n] = {static_cast<float>(std::cos(a) + rng.uniform(-0.1, 0.1)),
+                    static_cast<float>(std::sin(a) + rng.uniform(-0.1, 0.1))};
+        }
+        const cld want = reference(x, static_cast<long double>(f));
+        const long double bound = 0x1p-24L * std::abs(want) + 0x1p-30L * norm1(x);
+        SCOPED_TRACE(testing::Message() << "len " << len << " f " << f);
+        vt::for_each_level([&](auto) {
+            Vek32fc got{}, pair[2] = {}, other{};
+            ASSERT_EQ(veksGoertz_32fc(x.data(), len, &got, f), vekStsOk);
+            EXPECT_LE(std::abs(cld(got.re, got.im) - want), bound);
+            const float fs[2] = {0.3f, f};
+            ASSERT_EQ(veksGoertzTwo_32fc(x.data(), len, pair, fs), vekStsOk);
+            ASSERT_EQ(veksGoertz_32fc(x.data(), len, &other, 0.3f), vekStsOk);
+            EXPECT_TRUE(vt::same_bits(pair[1], got) && vt::same_bits(pair[0], other));
+        });
+    }
+}
+
 // A result does not depend on the calls before it (the factors of the last frequencies are
 // kept per thread): after another frequency, after the same one, after the same one with another
 // length of the same or of a different remainder mod 16, alone and in pairs.
@@ -157,17 +201,23 @@ TEST(Goertzel, SixteenBitRounding) {
         ASSERT_EQ(veksGoertzTwo_16sc_Sfs(x, 2, two, f, c.sf), vekStsOk);
         EXPECT_TRUE(vt::same_bits(two[0], g));
     }
-    // A long vector against the rounded float reference.
+    // Vectors of several lengths (whole and partial steps) against the float reference, on every
+    // level: within half a unit of it.
     vt::Rng rng(3);
-    std::vector<Vek16sc> x(1000);
-    for (auto& v : x)
-        v = {static_cast<Vek16s>(rng.range(-300, 300)), static_cast<Vek16s>(rng.range(-300, 300))};
-    Vek16sc g{};
-    ASSERT_EQ(veksGoertz_16sc_Sfs(x.data(), 1000, &g, 0.1f, 3), vekStsOk);
-    const long double f01 = 0.1f;
-    const cld want_f = reference(x, f01) / 8.0L;
-    EXPECT_LE(std::abs(g.re - want_f.real()), 0.5L + 1e-6L);
-    EXPECT_LE(std::abs(g.im - want_f.imag()), 0.5L + 1e-6L);
+    for (int len : {1, 3, 7, 17, 30, 205, 1000}) {
+        std::vector<Vek16sc> x(static_cast<size_t>(len));
+        for (auto& v : x)
+            v = {static_cast<Vek16s>(rng.range(-300, 300)),
+                 static_cast<Vek16s>(rng.range(-300, 300))};
+        const long double f01 = 0.1f;
+        const cld want = reference(x, f01) / 8.0L;
+        vt::for_each_level([&](auto) {
+            Vek16sc g{};
+            ASSERT_EQ(veksGoertz_16sc_Sfs(x.data(), len, &g, 0.1f, 3), vekStsOk);
+            EXPECT_LE(std::abs(g.re - want.real()), 0.5L + 1e-6L) << len;
+            EXPECT_LE(std::abs(g.im - want.imag()), 0.5L + 1e-6L) << len;
+        });
+    }
 }
 
 } // namespace

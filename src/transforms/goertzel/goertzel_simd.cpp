@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 #include "simd/entry.hpp"
 #include "simd/vec.hpp"
@@ -98,17 +99,18 @@ double frac_mul(double f, double m) {
 // them vectorise).
 template <size_t NF>
 void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
-    constexpr size_t L = kGoertzLog, T = 8; // L + 3 turns, and one unused
-    static_assert(L + 3 == T - 1);
+    constexpr size_t L = kGoertzLog, T = 8; // L + 4 turns
+    static_assert(L + 4 == T);
     const size_t pad = (K - len % K) % K;
     constexpr double kPow2[T] = {1, 2, 4, 8, 16, 32, 64, 128};
     double g[NF * T];
     for (size_t f = 0; f < NF; ++f) {
         // Whole vectors of turns (a value stored alone and loaded with its neighbours would have
-        // to wait for its store); the last one is unused.
+        // to wait for its store).
         const double q = frac_mul(freq[f], 1.0 - static_cast<double>(pad));
+        const double np = frac_mul(freq[f], -static_cast<double>(pad));
         for (size_t j = 0; j < T; ++j)
-            g[T * f + j] = j == L + 2 ? q : frac_times(freq[f], kPow2[j]);
+            g[T * f + j] = j == L + 2 ? q : j == L + 3 ? np : frac_times(freq[f], kPow2[j]);
     }
     double re[NF * T], im[NF * T];
     turns<NF * T>(g, re, im);
@@ -119,7 +121,25 @@ void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
         coef[f].u[0] = zr[L], coef[f].u[1] = zi[L];
         coef[f].u2[0] = zr[L + 1], coef[f].u2[1] = zi[L + 1];
         coef[f].q[0] = zr[L + 2], coef[f].q[1] = zi[L + 2];
+        coef[f].np[0] = zr[L + 3], coef[f].np[1] = zi[L + 3];
     }
+}
+
+// VL 16-bit values widened to double (exact).
+inline R load_int16(const Vek16s* p) {
+#if VEK_ISA_LEVEL >= 3
+    static_assert(VL == 8);
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    return _mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
+#elif VEK_ISA_LEVEL == 2
+    static_assert(VL == 4);
+    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+    return _mm256_cvtepi32_pd(_mm_cvtepi16_epi32(v));
+#else
+    alignas(64) double t[VL];
+    for (size_t j = 0; j < VL; ++j) t[j] = static_cast<double>(p[j]);
+    return V::load(t);
+#endif
 }
 
 // One step (K complex samples from p) widened to double.
@@ -130,9 +150,7 @@ inline void load_step(const E* p, R* a) {
     } else if constexpr (std::is_same_v<E, double>) {
         for (size_t i = 0; i < NV; ++i) a[i] = V::load(p + i * VL);
     } else {
-        alignas(64) double t[2 * K];
-        for (size_t j = 0; j < 2 * K; ++j) t[j] = static_cast<double>(p[j]);
-        for (size_t i = 0; i < NV; ++i) a[i] = V::load(t + i * VL);
+        for (size_t i = 0; i < NV; ++i) a[i] = load_int16(p + i * VL);
     }
 }
 
@@ -147,10 +165,17 @@ inline void load_part(const E* p, size_t rem, R* a) {
             a[i] = cnt == VL ? V::load_float(p + at) : V::load_float_n(p + at, cnt);
         } else if constexpr (std::is_same_v<E, double>) {
             a[i] = cnt == VL ? V::load(p + at) : V::load_n(p + at, cnt);
+        } else if (cnt == VL) {
+            a[i] = load_int16(p + at);
         } else {
+#if VEK_ISA_LEVEL >= 3
+            const __m128i v = _mm_maskz_loadu_epi16(static_cast<__mmask8>((1u << cnt) - 1), p + at);
+            a[i] = _mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
+#else
             alignas(64) double t[VL];
             for (size_t j = 0; j < VL; ++j) t[j] = j < cnt ? static_cast<double>(p[at + j]) : 0.0;
             a[i] = V::load(t);
+#endif
         }
     }
 }
@@ -201,21 +226,73 @@ constexpr size_t log2_of(size_t n) { return n <= 1 ? 0 : 1 + log2_of(n / 2); }
     cmul(v[0], v[1], c.q[0], c.q[1], out[0], out[1]);
 }
 
+// The second-order form's weights: lane l's first-order sum is s1 - conj(u) s2 (see run_second)
+// and enters the result times w^(K - l), so s1's lane l takes a_l = w^(K - l) = u w^-l and
+// s2's b_l = -w^-l. The powers w^-l come from the exactly rounded w^h by at most kGoertzLog
+// products.
+[[gnu::noinline]] void make_weights(const GoertzCoef& c, GoertzWeights& wt) {
+    double mr[K], mi[K];
+    mr[0] = 1.0, mi[0] = 0.0;
+    for (size_t j = 0, h = 1; j < kGoertzLog; ++j, h *= 2)
+        for (size_t l = 0; l < h; ++l) // w^-(l + h) = w^-l conj(w^h)
+            cmul(mr[l], mi[l], c.pw[j][0], -c.pw[j][1], mr[l + h], mi[l + h]);
+    for (size_t l = 0; l < K; ++l) {
+        double ar, ai;
+        cmul(mr[l], mi[l], c.u[0], c.u[1], ar, ai);
+        wt.a_re[2 * l] = wt.a_re[2 * l + 1] = ar;
+        wt.a_im[2 * l] = ai, wt.a_im[2 * l + 1] = -ai;
+        wt.b_re[2 * l] = wt.b_re[2 * l + 1] = -mr[l];
+        wt.b_im[2 * l] = -mi[l], wt.b_im[2 * l + 1] = mi[l];
+    }
+}
+
+// The second-order lanes joined: sum_l a_l s1_l + b_l s2_l, as two sums of lane-wise products
+// (one with the weights' real parts, one with their imaginary parts, the latter's pairs
+// swapped at the end), added in trees: a short chain after the last step.
+[[gnu::always_inline]] inline void combine(const R* s1, const R* s2, const GoertzWeights& wt,
+                                           double* out) {
+    R p[NV], q[NV];
+    for (size_t i = 0; i < NV; ++i) {
+        p[i] =
+            V::mul_add(s1[i], V::load(wt.a_re + i * VL), V::mul(s2[i], V::load(wt.b_re + i * VL)));
+        q[i] =
+            V::mul_add(s1[i], V::load(wt.a_im + i * VL), V::mul(s2[i], V::load(wt.b_im + i * VL)));
+    }
+    for (size_t n = NV; n > 1; n /= 2)
+        for (size_t i = 0; i < n / 2; ++i) {
+            p[i] = V::add(p[i], p[i + n / 2]);
+            q[i] = V::add(q[i], q[i + n / 2]);
+        }
+    alignas(64) double v[VL];
+    V::store(v, V::add(p[0], V::swap_pairs(q[0])));
+    for (size_t h = VL / 2; h >= 2; h /= 2)
+        for (size_t j = 0; j < h; ++j) v[j] += v[j + h];
+    out[0] = v[0], out[1] = v[1];
+}
+
 // The factors of the last call with NF frequencies on this thread, reused when the frequencies
 // (bit for bit) and the padding are the same: blocks of a signal are often searched for the
-// same tones one after another. The factors are those make_coefs gives, so a result does not
-// depend on what was called before.
+// same tones one after another. The factors are those make_coefs and make_weights give, so a
+// result does not depend on what was called before.
 template <size_t NF>
 struct CoefCache {
     uint64_t bits[NF];
     size_t pad;
-    bool valid;
+    bool valid, weighted; // weighted: wt holds the weights of coef
     GoertzCoef coef[NF];
+    GoertzWeights wt[NF];
 };
 
 template <size_t NF>
-const GoertzCoef* coefs_for(const double* freq, size_t len) {
-    static thread_local CoefCache<NF> cache;
+CoefCache<NF>& coefs_for(const double* freq, size_t len) {
+    static thread_local CoefCache<NF> tls;
+    // The thread's address once per call (in a shared library each access to a thread_local
+    // would otherwise look it up again).
+    CoefCache<NF>* c = &tls;
+#if defined(__GNUC__)
+    asm("" : "+r"(c));
+#endif
+    CoefCache<NF>& cache = *c;
     uint64_t bits[NF];
     std::memcpy(bits, freq, sizeof bits);
     const size_t pad = (K - len % K) % K;
@@ -226,13 +303,14 @@ const GoertzCoef* coefs_for(const double* freq, size_t len) {
         std::memcpy(cache.bits, bits, sizeof bits);
         cache.pad = pad;
         cache.valid = true;
+        cache.weighted = false;
     }
-    return cache.coef;
+    return cache;
 }
 
+// Lane recurrences of the first order: S = S u + x per lane, unrolled by two steps.
 template <size_t NF, class E>
-void run(const E* x, size_t len, const double* freq, double* out) {
-    const GoertzCoef* coef = coefs_for<NF>(freq, len);
+void run_first(const E* x, size_t len, const GoertzCoef* coef, double* out) {
     // Whole steps, then the last `rem` samples as a step zero-padded at its end: the sum then
     // carries a factor w^pad, which the last product takes out.
     const size_t full = len / K, rem = len % K;
@@ -284,6 +362,108 @@ void run(const E* x, size_t len, const double* freq, double* out) {
         single(a);
     }
     for (size_t f = 0; f < NF; ++f) fold(s[f], coef[f], out + 2 * f);
+}
+
+// Lane recurrences of the second order: s = y + 2 Re(u) s1 - s2 on every double (real and
+// imaginary parts apart, the coefficient being real), written as (y - s2) + 2 Re(u) s1 so that
+// each step's chain is one fused multiply-add. The first step holds the first len mod K samples
+// (or a whole step), zero-padded at its end and turned by w^-pad, so that every later step is
+// whole and lane l of every step enters the result times w^(K - l); the step after it is taken
+// alone when the count of whole steps left is odd, then steps go in pairs. At the end
+// s1 - conj(u) s2 is lane l's first-order sum; combine weighs and joins the lanes in one pass.
+template <size_t NF, class E>
+void run_second(const E* x, size_t len, const GoertzCoef* coef, const GoertzWeights* wt,
+                double* out) {
+    const size_t rem = len % K;
+    size_t left = len / K; // whole steps after the first one
+    R s1[NF][NV], s2[NF][NV], c2[NF];
+    const E* p = x;
+    {
+        R a[NV];
+        if (rem > 0) {
+            load_part(p, rem, a);
+            p += 2 * rem;
+        } else {
+            load_step(p, a);
+            p += 2 * K;
+            --left;
+        }
+        for (size_t f = 0; f < NF; ++f) {
+            c2[f] = V::splat(2.0 * coef[f].u[0]);
+            const Rot z(coef[f].np);
+            for (size_t i = 0; i < NV; ++i) {
+                s1[f][i] = rem > 0 ? V::mul_add(V::swap_pairs(a[i]), z.s, V::mul(a[i], z.c)) : a[i];
+                s2[f][i] = V::splat(0.0);
+            }
+        }
+    }
+    if (left % 2 != 0) {
+        R a[NV];
+        load_step(p, a);
+        p += 2 * K;
+        for (size_t f = 0; f < NF; ++f)
+            for (size_t i = 0; i < NV; ++i) {
+                s2[f][i] = V::mul_add(c2[f], s1[f][i], V::sub(a[i], s2[f][i]));
+                std::swap(s1[f][i], s2[f][i]);
+            }
+    }
+    for (size_t t = 0; t + 1 < left; t += 2, p += 4 * K) {
+        R a[NV], b[NV];
+        load_step(p, a);
+        load_step(p + 2 * K, b);
+        for (size_t f = 0; f < NF; ++f)
+            for (size_t i = 0; i < NV; ++i) {
+                s2[f][i] = V::mul_add(c2[f], s1[f][i], V::sub(a[i], s2[f][i]));
+                s1[f][i] = V::mul_add(c2[f], s2[f][i], V::sub(b[i], s1[f][i]));
+            }
+    }
+    for (size_t f = 0; f < NF; ++f) combine(s1[f], s2[f], wt[f], out + 2 * f);
+}
+
+// Whether a frequency runs the second-order recurrence: only for single-precision and 16-bit
+// data, and only where its error (about 2^-53 steps min(steps, 1 / |sin theta|) of the data's
+// 1-norm, theta the lane step angle) stays below 2^-32 of that norm, far below the rounding the
+// data already carries: always up to 1448 steps, beyond that unless theta is near a multiple of
+// pi. Double data keeps the first-order recurrence (error about 2^-53 steps).
+template <class E>
+bool second_order(const GoertzCoef& c, size_t len) {
+    if constexpr (std::is_same_v<E, double>) {
+        return false;
+    } else {
+        const double steps = static_cast<double>((len + K - 1) / K);
+        return steps * steps <= 0x1p21 || steps * 0x1p-21 <= (c.u[1] < 0 ? -c.u[1] : c.u[1]);
+    }
+}
+
+template <size_t NF, class E>
+void run(const E* x, size_t len, const double* freq, double* out) {
+    CoefCache<NF>& cache = coefs_for<NF>(freq, len);
+    const GoertzCoef* coef = cache.coef;
+    bool second[NF], any = false;
+    for (size_t f = 0; f < NF; ++f) any |= second[f] = second_order<E>(coef[f], len);
+    if (any && !cache.weighted) {
+        for (size_t f = 0; f < NF; ++f) make_weights(coef[f], cache.wt[f]);
+        cache.weighted = true;
+    }
+    const GoertzWeights* wt = cache.wt;
+    if constexpr (NF == 2) {
+        // One pass per frequency, each as if alone, where the two take different forms, and for
+        // short vectors in the second-order form (there two single passes beat the joined one,
+        // whose sixteen lane vectors do not fit the registers along with the rest; measured).
+        if (second[0] != second[1] || (second[0] && len <= 8 * K)) {
+            for (size_t f = 0; f < NF; ++f) {
+                if (second[f])
+                    run_second<1>(x, len, coef + f, wt + f, out + 2 * f);
+                else
+                    run_first<1>(x, len, coef + f, out + 2 * f);
+            }
+            return;
+        }
+    }
+    if (second[0])
+        run_second<NF>(x, len, coef, wt, out);
+    else
+        run_first<NF>(x, len, coef, out);
 }
 
 template <class E>
