@@ -4,43 +4,17 @@
 #include <cmath>
 #include <complex>
 
-#include "fft_ref.hpp"
+#include "dft_sweep.hpp"
 #include "testutil.hpp"
 
 namespace {
 
 using vt::cld;
-using vt::ref_dft;
 
+// Error of an interleaved result.
 template <class T>
 double rel_rms(const std::vector<T>& got, const std::vector<cld>& want) {
-    long double e = 0, r = 0;
-    for (size_t i = 0; i < want.size(); ++i) {
-        const cld g(got[2 * i], got[2 * i + 1]);
-        e += std::norm(g - want[i]);
-        r += std::norm(want[i]);
-    }
-    return r == 0 ? std::sqrt(static_cast<double>(e)) : std::sqrt(static_cast<double>(e / r));
-}
-
-// Accuracy bound: relative RMS error at most 2 eps log2(N) (eps for N < 4).
-template <class T>
-double bound(int order) {
-    return 2.0 * std::numeric_limits<T>::epsilon() * (order < 2 ? 1 : order);
-}
-
-template <class T>
-std::vector<T> random_data(vt::Rng& rng, size_t n) {
-    std::vector<T> v(n);
-    for (auto& x : v) x = static_cast<T>(rng.uniform(-1.0, 1.0));
-    return v;
-}
-
-template <class T>
-std::vector<cld> to_complex(const std::vector<T>& v) {
-    std::vector<cld> c(v.size() / 2);
-    for (size_t i = 0; i < c.size(); ++i) c[i] = cld(v[2 * i], v[2 * i + 1]);
-    return c;
+    return vt::rel_rms(vt::as_complex(got), want);
 }
 
 template <class T>
@@ -49,10 +23,17 @@ struct Api;
 #define VEK_FFT_API(T, Cx, Sx)                                                                     \
     template <>                                                                                    \
     struct Api<T> {                                                                                \
+        using Part = T;                                                                            \
         using C = Vek##Cx;                                                                         \
-        using ObjC = VeksFFTSpec_C_##Cx;                                                           \
+        using SpecC = VeksFFTSpec_C_##Cx;                                                          \
         using SpecS = VeksFFTSpec_C_##Sx;                                                          \
         using SpecR = VeksFFTSpec_R_##Sx;                                                          \
+        static constexpr bool pow2 = true;                                                         \
+        static int length(int order) { return 1 << order; }                                        \
+        /* relative RMS error at most 2 eps log2(N) (eps for N < 4) */                             \
+        static double bound(int order) {                                                           \
+            return 2.0 * std::numeric_limits<T>::epsilon() * (order < 2 ? 1 : order);              \
+        }                                                                                          \
         static constexpr auto initC = veksFFTInitAlloc_C_##Cx;                                     \
         static constexpr auto freeC = veksFFTFree_C_##Cx;                                          \
         static constexpr auto bufC = veksFFTGetBufSize_C_##Cx;                                     \
@@ -66,168 +47,25 @@ struct Api;
         static constexpr auto initR = veksFFTInitAlloc_R_##Sx;                                     \
         static constexpr auto freeR = veksFFTFree_R_##Sx;                                          \
         static constexpr auto bufR = veksFFTGetBufSize_R_##Sx;                                     \
-        static constexpr auto fwdPack = veksFFTFwd_RToPack_##Sx;                                   \
-        static constexpr auto fwdPerm = veksFFTFwd_RToPerm_##Sx;                                   \
-        static constexpr auto fwdCcs = veksFFTFwd_RToCCS_##Sx;                                     \
-        static constexpr auto invPack = veksFFTInv_PackToR_##Sx;                                   \
-        static constexpr auto invPerm = veksFFTInv_PermToR_##Sx;                                   \
-        static constexpr auto invCcs = veksFFTInv_CCSToR_##Sx;                                     \
+        static constexpr decltype(&veksFFTFwd_RToPack_##Sx) fwdR[3] = {                            \
+            veksFFTFwd_RToPack_##Sx, veksFFTFwd_RToPerm_##Sx, veksFFTFwd_RToCCS_##Sx};             \
+        static constexpr decltype(&veksFFTInv_PackToR_##Sx) invR[3] = {                            \
+            veksFFTInv_PackToR_##Sx, veksFFTInv_PermToR_##Sx, veksFFTInv_CCSToR_##Sx};             \
     };
 VEK_FFT_API(float, 32fc, 32f)
 VEK_FFT_API(double, 64fc, 64f)
 
-// Forward and inverse complex transforms (flag 8) against the reference, on every level, out of
-// place and in place, on data 4 bytes past an alignment boundary; the split-array kind (flag 2)
-// on the same data.
-template <class T>
-void complex_matches_reference(int max_order, int max_all_levels) {
-    using A = Api<T>;
-    using C = typename A::C;
-    vt::Rng rng(11);
-    for (int order = 0; order <= max_order; ++order) {
-        const int n = 1 << order;
-        typename A::ObjC* plan = nullptr;
-        ASSERT_EQ(A::initC(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
-        typename A::SpecS* split = nullptr;
-        ASSERT_EQ(A::initS(&split, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
-        int size = -1;
-        ASSERT_EQ(A::bufS(split, &size), vekStsOk);
-        const auto x = random_data<T>(rng, 2 * size_t(n));
-        for (bool inverse : {false, true}) {
-            const auto want = ref_dft(to_complex(x), inverse);
-            auto body = [&](auto) {
-                for (bool in_place : {false, true}) {
-                    vt::Buf<T> src(x, sizeof(T) * 2), dst(2 * n, sizeof(T) * 4);
-                    C* s = reinterpret_cast<C*>(src.data());
-                    C* d = in_place ? s : reinterpret_cast<C*>(dst.data());
-                    ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, plan, nullptr), vekStsOk);
-                    const auto got = in_place ? src.vec() : dst.vec();
-                    EXPECT_LE(rel_rms(got, want), bound<T>(order))
-                        << "order " << order << " inverse " << inverse << " in place " << in_place;
-                    ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
-                    if (!in_place) {
-                        ASSERT_TRUE(vt::bits_equal(src.vec(), x));
-                    }
-                }
-                // Split arrays (the inverse divided by N), with and without a caller's buffer.
-                for (bool own_buffer : {false, true}) {
-                    vt::Buf<T> sr(n, sizeof(T) * 2), si(n, sizeof(T) * 6), dr(n, sizeof(T) * 2),
-                        di(n, sizeof(T) * 4);
-                    for (int i = 0; i < n; ++i)
-                        sr[i] = x[2 * size_t(i)], si[i] = x[2 * size_t(i) + 1];
-                    std::vector<Vek8u> buf(size_t(size) + 1);
-                    ASSERT_EQ((inverse ? A::invS : A::fwdS)(sr.data(), si.data(), dr.data(),
-                                                            di.data(), split,
-                                                            own_buffer ? buf.data() + 1 : nullptr),
-                              vekStsOk);
-                    std::vector<T> got(2 * size_t(n));
-                    for (int i = 0; i < n; ++i) { // times N (exact) for the inverse
-                        got[2 * size_t(i)] = dr[i] * T(inverse ? n : 1);
-                        got[2 * size_t(i) + 1] = di[i] * T(inverse ? n : 1);
-                    }
-                    EXPECT_LE(rel_rms(got, want), bound<T>(order)) << "split, order " << order;
-                    ASSERT_TRUE(dr.guards_intact() && di.guards_intact());
-                }
-            };
-            if (order <= max_all_levels)
-                vt::for_each_level(body);
-            else
-                body(0);
-        }
-        ASSERT_EQ(A::freeC(plan), vekStsOk);
-        ASSERT_EQ(A::freeS(split), vekStsOk);
-    }
+std::vector<int> orders(int max) {
+    std::vector<int> v;
+    for (int order = 0; order <= max; ++order) v.push_back(order);
+    return v;
 }
 
-TEST(FftComplex, C32fcMatchesReference) { complex_matches_reference<float>(16, 13); }
-TEST(FftComplex, C64fcMatchesReference) { complex_matches_reference<double>(15, 12); }
-
-// Expands a Perm/Pack/CCS spectrum into X[0..N-1] for comparison.
-template <class T>
-std::vector<T> unpack(const std::vector<T>& p, int n, int layout) {
-    std::vector<T> full(2 * size_t(n), T(0));
-    auto put = [&](int k, T re, T im) {
-        full[2 * k] = re;
-        full[2 * k + 1] = im;
-        if (k != 0) {
-            full[2 * (n - k)] = re;
-            full[2 * (n - k) + 1] = -im;
-        }
-    };
-    if (n == 1) {
-        put(0, p[0], layout == 2 ? p[1] : T(0));
-        return full;
-    }
-    const T r0 = p[0];
-    const T rh = layout == 0 ? p[n - 1] : layout == 1 ? p[1] : p[n];
-    put(0, r0, 0);
-    for (int k = 1; k < n / 2; ++k) {
-        const int at = layout == 0 ? 2 * k - 1 : 2 * k;
-        put(k, p[at], p[at + 1]);
-    }
-    put(n / 2, rh, 0);
-    return full;
-}
-
-// Real transforms in each layout against the reference, every level, in and out of place; the
-// inverse of the reference spectrum returns N times the signal (flag 8).
-template <class T>
-void real_matches_reference(int max_order, int max_all_levels) {
-    using A = Api<T>;
-    vt::Rng rng(13);
-    for (int order = 0; order <= max_order; ++order) {
-        const int n = 1 << order;
-        typename A::SpecR* plan = nullptr;
-        ASSERT_EQ(A::initR(&plan, order, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
-        const auto x = random_data<T>(rng, n);
-        std::vector<cld> xc(n);
-        for (int i = 0; i < n; ++i) xc[i] = cld(x[i], 0);
-        const auto want = ref_dft(xc, false);
-        auto body = [&](auto) {
-            for (int layout = 0; layout < 3; ++layout) {
-                const int plen = layout == 2 ? (n == 1 ? 2 : n + 2) : n;
-                for (bool in_place : {false, true}) {
-                    vt::Buf<T> src(plen, sizeof(T) * 2), dst(plen, sizeof(T) * 4);
-                    for (int i = 0; i < n; ++i) src[i] = x[i];
-                    T* d = in_place ? src.data() : dst.data();
-                    auto fwd = layout == 0 ? A::fwdPack : layout == 1 ? A::fwdPerm : A::fwdCcs;
-                    ASSERT_EQ(fwd(src.data(), d, plan, nullptr), vekStsOk);
-                    const auto packed = in_place ? src.vec() : dst.vec();
-                    if (layout == 2) {
-                        EXPECT_EQ(packed[1], T(0));
-                        if (n > 1) {
-                            EXPECT_EQ(packed[n + 1], T(0));
-                        }
-                    }
-                    EXPECT_LE(rel_rms(unpack(packed, n, layout), want), bound<T>(order))
-                        << "order " << order << " layout " << layout;
-                    ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
-                    // Inverse of the spectrum just computed.
-                    vt::Buf<T> back(plen, sizeof(T) * 6);
-                    T* b = in_place ? d : back.data();
-                    auto inv = layout == 0 ? A::invPack : layout == 1 ? A::invPerm : A::invCcs;
-                    ASSERT_EQ(inv(d, b, plan, nullptr), vekStsOk);
-                    std::vector<T> got(2 * size_t(n));
-                    std::vector<cld> nx(n);
-                    for (int i = 0; i < n; ++i) {
-                        got[2 * i] = b[i];
-                        nx[i] = cld(static_cast<long double>(n) * x[i], 0);
-                    }
-                    EXPECT_LE(rel_rms(got, nx), 2 * bound<T>(order)) << "inverse order " << order;
-                    ASSERT_TRUE(back.guards_intact());
-                }
-            }
-        };
-        if (order <= max_all_levels)
-            vt::for_each_level(body);
-        else
-            body(0);
-        ASSERT_EQ(A::freeR(plan), vekStsOk);
-    }
-}
-
-TEST(FftReal, R32fMatchesReference) { real_matches_reference<float>(16, 13); }
-TEST(FftReal, R64fMatchesReference) { real_matches_reference<double>(15, 12); }
+// Every level up to order 13 (single) or 12 (double).
+TEST(FftComplex, C32fcMatchesReference) { vt::complex_sweep<Api<float>>(orders(16), 1 << 14, 11); }
+TEST(FftComplex, C64fcMatchesReference) { vt::complex_sweep<Api<double>>(orders(15), 1 << 13, 11); }
+TEST(FftReal, R32fMatchesReference) { vt::real_sweep<Api<float>>(orders(16), 1 << 14, 13); }
+TEST(FftReal, R64fMatchesReference) { vt::real_sweep<Api<double>>(orders(15), 1 << 13, 13); }
 
 // Forward then inverse returns the input for flags 1, 2 and 4 and N times it for flag 8, at
 // orders up to 20 for the complex and real single kinds.
@@ -235,7 +73,7 @@ TEST(FftSelfCheck, RoundTripPerFlag) {
     vt::Rng rng(14);
     for (int order : {0, 1, 2, 3, 4, 5, 6, 9, 12, 15, 17, 20}) {
         const int n = 1 << order;
-        const auto x = random_data<float>(rng, 2 * size_t(n));
+        const auto x = vt::rvec<float>(rng, 2 * n, 1);
         for (int flag : {1, 2, 4, 8}) {
             const double gain = flag == 8 ? n : 1.0;
             VeksFFTSpec_C_32fc* c = nullptr;
@@ -249,7 +87,7 @@ TEST(FftSelfCheck, RoundTripPerFlag) {
                       vekStsOk);
             std::vector<cld> want(n);
             for (int i = 0; i < n; ++i) want[i] = cld(gain * x[2 * i], gain * x[2 * i + 1]);
-            EXPECT_LE(rel_rms(z, want), 2 * bound<float>(order)) << order << " flag " << flag;
+            EXPECT_LE(rel_rms(z, want), 2 * Api<float>::bound(order)) << order << " flag " << flag;
             veksFFTFree_C_32fc(c);
 
             VeksFFTSpec_R_32f* r = nullptr;
@@ -262,7 +100,7 @@ TEST(FftSelfCheck, RoundTripPerFlag) {
                 zz[2 * i] = zr[i];
                 want[i] = cld(gain * x[i], 0);
             }
-            EXPECT_LE(rel_rms(zz, want), 2 * bound<float>(order)) << order << " flag " << flag;
+            EXPECT_LE(rel_rms(zz, want), 2 * Api<float>::bound(order)) << order << " flag " << flag;
             veksFFTFree_R_32f(r);
         }
     }
@@ -282,15 +120,15 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
                       vekStsOk);
             return out;
         };
-        const auto a = random_data<float>(rng, 2 * size_t(n));
-        const auto b = random_data<float>(rng, 2 * size_t(n));
+        const auto a = vt::rvec<float>(rng, 2 * n, 1);
+        const auto b = vt::rvec<float>(rng, 2 * n, 1);
         std::vector<float> ab(a.size());
         for (size_t i = 0; i < ab.size(); ++i) ab[i] = 2.0f * a[i] - b[i];
         const auto fa = fft(a), fb = fft(b), fab = fft(ab);
         std::vector<cld> lin(n);
         for (int i = 0; i < n; ++i)
             lin[i] = 2.0L * cld(fa[2 * i], fa[2 * i + 1]) - cld(fb[2 * i], fb[2 * i + 1]);
-        EXPECT_LE(rel_rms(fab, lin), 4 * bound<float>(order)) << "linearity " << order;
+        EXPECT_LE(rel_rms(fab, lin), 4 * Api<float>::bound(order)) << "linearity " << order;
 
         // A unit impulse at position s gives exp(-2 pi i k s / N); the shifted signal's spectrum
         // is the original's times that ramp.
@@ -304,7 +142,7 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
             const long double ang = -2 * pi * static_cast<long double>((int64_t(k) * s) % n) / n;
             ramp[k] = cld(std::cos(ang), std::sin(ang));
         }
-        EXPECT_LE(rel_rms(fi, ramp), bound<float>(order)) << "impulse " << order;
+        EXPECT_LE(rel_rms(fi, ramp), Api<float>::bound(order)) << "impulse " << order;
         std::vector<float> sh(a.size());
         for (int i = 0; i < n; ++i) {
             sh[2 * ((i + s) % n)] = a[2 * i];
@@ -313,7 +151,7 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
         const auto fsh = fft(sh);
         std::vector<cld> want(n);
         for (int k = 0; k < n; ++k) want[k] = cld(fa[2 * k], fa[2 * k + 1]) * ramp[k];
-        EXPECT_LE(rel_rms(fsh, want), 4 * bound<float>(order)) << "shift " << order;
+        EXPECT_LE(rel_rms(fsh, want), 4 * Api<float>::bound(order)) << "shift " << order;
         veksFFTFree_C_32fc(plan);
     }
 }

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <complex>
 
-#include "fft_ref.hpp"
+#include "dft_ref.hpp"
 #include "testutil.hpp"
 
 namespace {

@@ -88,9 +88,7 @@ void mul_float_case(VekStatus (*op)(const T*, const T*, T*, int),
     vt::Rng rng(22);
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            std::vector<T> a(n), b(n);
-            for (auto& v : a) v = static_cast<T>(rng.uniform(-10, 10));
-            for (auto& v : b) v = static_cast<T>(rng.uniform(-10, 10));
+            const auto a = vt::rvec<T>(rng, n, 10), b = vt::rvec<T>(rng, n, 10);
             vt::Buf<T> pa(a, sizeof(T) * 2), pb(b, sizeof(T) * 4), pd(n, sizeof(T) * 6);
             ASSERT_EQ(op(pa.data(), pb.data(), pd.data(), n), vekStsOk);
             // Reference from the layout's own description.
@@ -136,9 +134,8 @@ TEST(FftPack, ConvolutionAndCorrelationThroughTheFft) {
         ASSERT_EQ(veksFFTInitAlloc_R_64f(&plan, order, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone),
                   vekStsOk);
         vt::Rng rng(23);
-        std::vector<double> a(n), b(n), fa(n), fb(n), out(n);
-        for (auto& v : a) v = rng.uniform(-1, 1);
-        for (auto& v : b) v = rng.uniform(-1, 1);
+        const auto a = vt::rvec<double>(rng, n, 1), b = vt::rvec<double>(rng, n, 1);
+        std::vector<double> fa(n), fb(n), out(n);
         ASSERT_EQ(veksFFTFwd_RToPack_64f(a.data(), fa.data(), plan, nullptr), vekStsOk);
         ASSERT_EQ(veksFFTFwd_RToPack_64f(b.data(), fb.data(), plan, nullptr), vekStsOk);
         std::vector<double> prod(n);

@@ -37,12 +37,11 @@ void matches_reference(VekStatus (*one)(const C*, int, C*, R),
                        VekStatus (*two)(const C*, int, C*, const R*), long double tol) {
     vt::Rng rng(42);
     for (int len : kLengths) {
-        std::vector<C> x(static_cast<size_t>(len));
-        for (C& v : x) v = {static_cast<R>(rng.uniform(-1, 1)), static_cast<R>(rng.uniform(-1, 1))};
-        const R freqs[] = {R(0),        R(len > 1 ? 1.0 / len : 0.0),
-                           R(0.123456), R(0.5),
-                           R(0.25),     R(0.999),
-                           R(1e-4),     static_cast<R>(static_cast<double>(len / 3) / len)};
+        const auto x = vt::rvec<C>(rng, len, 1);
+        // Bins k / len among them (k = 0, 1, len / 3, len - 1).
+        const R freqs[] = {
+            0,       R(len > 1 ? 1.0 / len : 0.0), R(0.123456),         R(0.5), R(0.25), R(0.999),
+            R(1e-4), R((len / 3) / double(len)),   R((len - 1.0) / len)};
         const long double scale = norm1(x);
         vt::for_each_level([&](auto) {
             for (R f : freqs) {
@@ -119,8 +118,7 @@ TEST(Goertzel, AccurateNearLaneAngleMultiplesOfPi) {
 // length of the same or of a different remainder mod 16, alone and in pairs.
 TEST(Goertzel, IndependentOfEarlierCalls) {
     vt::Rng rng(5);
-    std::vector<Vek64fc> x(310);
-    for (auto& v : x) v = {rng.uniform(-1, 1), rng.uniform(-1, 1)};
+    const auto x = vt::rvec<Vek64fc>(rng, 310, 1);
     vt::for_each_level([&](auto) {
         for (int len : {20, 205, 290}) {
             for (double f : {0.0, 0.1234, 0.7}) {
@@ -142,25 +140,6 @@ TEST(Goertzel, IndependentOfEarlierCalls) {
             }
         }
     });
-}
-
-// For rFreq = k / len the result is the k-th DFT bin.
-TEST(Goertzel, EqualsDftBin) {
-    vt::Rng rng(7);
-    for (int len : {5, 12, 64, 100, 205, 1000}) {
-        std::vector<Vek64fc> x(static_cast<size_t>(len)), X(static_cast<size_t>(len));
-        for (auto& v : x) v = {rng.uniform(-1, 1), rng.uniform(-1, 1)};
-        VeksDFTSpec_C_64fc* plan = nullptr;
-        ASSERT_EQ(veksDFTInitAlloc_C_64fc(&plan, len, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
-        ASSERT_EQ(veksDFTFwd_CToC_64fc(x.data(), X.data(), plan, nullptr), vekStsOk);
-        veksDFTFree_C_64fc(plan);
-        for (int k : {0, 1, len / 2, len - 1}) {
-            Vek64fc g{};
-            ASSERT_EQ(veksGoertz_64fc(x.data(), len, &g, static_cast<double>(k) / len), vekStsOk);
-            EXPECT_NEAR(g.re, X[k].re, 1e-12 * len) << len << " " << k;
-            EXPECT_NEAR(g.im, X[k].im, 1e-12 * len) << len << " " << k;
-        }
-    }
 }
 
 // rFreq = 0 is the sum; len = 1 gives x[0] e^{i w}.

@@ -196,8 +196,7 @@ TEST(WaveletBank, AgainstDirectConvolutionAcrossSplitsAndLevels) {
         list.push_back(b);
     }
     const long N = 1200;
-    F x(N);
-    for (auto& v : x) v = float(rng.uniform(-100, 100));
+    const F x = vt::rvec<float>(rng, int(N), 100);
     for (const Bank& b : list) {
         const std::vector<F> out = periodic(b, {x}, {int(N)});
         for (int c = 0; c < 2; ++c) {
@@ -232,8 +231,7 @@ TEST(WaveletBank, PerfectReconstruction) {
     for (const Pair& p : banks())
         for (int N : {16, 1000, 4096}) {
             SCOPED_TRACE(p.name);
-            F x(size_t(N), 0.0f);
-            for (auto& v : x) v = float(rng.uniform(-1, 1));
+            const F x = vt::rvec<float>(rng, N, 1);
             const F y = periodic(p.inv, periodic(p.fwd, {x}, {N}), {N})[0];
             for (int i = 0; i < N; ++i) ASSERT_NEAR(y[size_t(i)], x[size_t(i)], 2e-6) << i;
             vt::for_each_level([&](auto) {

@@ -1,0 +1,141 @@
+// Float complex and real transforms against the long-double reference, shared by the FFT (sizes
+// given as orders) and the DFT (sizes given as lengths): every kernel level below a size, out of
+// place with a caller's buffer and in place without, split arrays (the inverse divided by N) with
+// and without a buffer, the Pack, Perm and CCS layouts in and out of place and their inverses
+// back to N times the signal, unaligned data and guards.
+//
+// A describes one kind: Part, C, SpecC, SpecS, SpecR, pow2 (sizes are powers of two), length(arg),
+// the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3].
+#pragma once
+
+#include <algorithm>
+#include <string>
+
+#include "dft_ref.hpp"
+
+namespace vt {
+
+template <class A>
+std::vector<cld> reference(const std::vector<cld>& x, bool inverse) {
+    return A::pow2 ? ref_dft(x, inverse) : ref_dft_any(x, inverse);
+}
+
+template <class A>
+void complex_sweep(const std::vector<int>& args, int all_levels_below, uint64_t seed) {
+    using T = typename A::Part;
+    using C = typename A::C;
+    Rng rng(seed);
+    for (int arg : args) {
+        const int n = A::length(arg);
+        if (!A::pow2 && int64_t{n} * n > kReferenceWork) continue;
+        SCOPED_TRACE("N = " + std::to_string(n));
+        typename A::SpecC* plan = nullptr;
+        typename A::SpecS* split = nullptr;
+        ASSERT_EQ(A::initC(&plan, arg, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        ASSERT_EQ(A::initS(&split, arg, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
+        int size = -1, ssize = -1;
+        ASSERT_EQ(A::bufC(plan, &size), vekStsOk);
+        ASSERT_EQ(A::bufS(split, &ssize), vekStsOk);
+        std::vector<Vek8u> buf(static_cast<size_t>(std::max(size, ssize)) + 1);
+        const auto x = rvec<T>(rng, 2 * n, 1);
+        for (bool inverse : {false, true}) {
+            const auto want = reference<A>(as_complex(x), inverse);
+            auto body = [&](auto) {
+                for (bool in_place : {false, true}) {
+                    Buf<T> src(x, sizeof(T) * 2), dst(2 * n, sizeof(T) * 4);
+                    C* s = reinterpret_cast<C*>(src.data());
+                    C* d = in_place ? s : reinterpret_cast<C*>(dst.data());
+                    ASSERT_EQ((inverse ? A::invC : A::fwdC)(s, d, plan,
+                                                            in_place ? nullptr : buf.data() + 1),
+                              vekStsOk);
+                    EXPECT_LE(rel_rms(as_complex(in_place ? src.vec() : dst.vec()), want),
+                              A::bound(arg))
+                        << "inverse " << inverse << " in place " << in_place;
+                    ASSERT_TRUE(src.guards_intact() && dst.guards_intact());
+                    if (!in_place) {
+                        ASSERT_TRUE(bits_equal(src.vec(), x));
+                    }
+                }
+                for (bool own_buffer : {false, true}) {
+                    Buf<T> sr(n, sizeof(T) * 2), si(n, sizeof(T) * 6), dr(n, sizeof(T) * 2),
+                        di(n, sizeof(T) * 4);
+                    for (int i = 0; i < n; ++i)
+                        sr[i] = x[2 * size_t(i)], si[i] = x[2 * size_t(i) + 1];
+                    ASSERT_EQ((inverse ? A::invS : A::fwdS)(sr.data(), si.data(), dr.data(),
+                                                            di.data(), split,
+                                                            own_buffer ? buf.data() + 1 : nullptr),
+                              vekStsOk);
+                    std::vector<cld> got(static_cast<size_t>(n));
+                    for (int i = 0; i < n; ++i) // times N (exact) for the inverse
+                        got[i] = cld(dr[i], di[i]) * static_cast<long double>(inverse ? n : 1);
+                    EXPECT_LE(rel_rms(got, want), A::bound(arg)) << "split, inverse " << inverse;
+                    ASSERT_TRUE(dr.guards_intact() && di.guards_intact());
+                }
+            };
+            if (n < all_levels_below)
+                for_each_level(body);
+            else
+                body(0);
+        }
+        ASSERT_EQ(A::freeC(plan), vekStsOk);
+        ASSERT_EQ(A::freeS(split), vekStsOk);
+    }
+}
+
+template <class A>
+void real_sweep(const std::vector<int>& args, int all_levels_below, uint64_t seed) {
+    using T = typename A::Part;
+    Rng rng(seed);
+    for (int arg : args) {
+        const int n = A::length(arg);
+        if (!A::pow2 && int64_t{n} * n > kReferenceWork) continue;
+        SCOPED_TRACE("N = " + std::to_string(n));
+        typename A::SpecR* plan = nullptr;
+        ASSERT_EQ(A::initR(&plan, arg, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
+        const auto x = rvec<T>(rng, n, 1);
+        const auto want = reference<A>(std::vector<cld>(x.begin(), x.end()), false);
+        const int h = (n - 1) / 2;
+        const bool even = n % 2 == 0;
+        auto body = [&](auto) {
+            for (int layout = 0; layout < 3; ++layout) {
+                // Where the layout keeps R_k and I_k (k = 1 .. h), and R_{N/2}.
+                const int at = layout == 0 ? 1 : layout == 1 ? (even ? 2 : 1) : 2;
+                const int mid = layout == 0 ? n - 1 : layout == 1 ? 1 : n;
+                const int len = layout == 2 ? (even ? n + 2 : n + 1) : n;
+                for (bool in_place : {false, true}) {
+                    Buf<T> buf(len, sizeof(T) * 2), dst(len, sizeof(T) * 4);
+                    for (int i = 0; i < n; ++i) buf[i] = x[i];
+                    T* d = in_place ? buf.data() : dst.data();
+                    ASSERT_EQ(A::fwdR[layout](buf.data(), d, plan, nullptr), vekStsOk);
+                    std::vector<cld> got(static_cast<size_t>(n));
+                    got[0] = cld(d[0], 0);
+                    for (int k = 1; k <= h; ++k)
+                        got[k] = cld(d[at + 2 * (k - 1)], d[at + 2 * k - 1]);
+                    if (even) got[n / 2] = cld(d[mid], 0);
+                    for (int k = (n + 2) / 2; k < n; ++k) got[k] = std::conj(got[n - k]);
+                    EXPECT_LE(rel_rms(got, want), A::bound(arg))
+                        << "layout " << layout << " in place " << in_place;
+                    if (layout == 2) {
+                        EXPECT_TRUE(d[1] == 0 && (!even || d[n + 1] == 0));
+                    }
+                    ASSERT_TRUE(buf.guards_intact() && dst.guards_intact());
+                    Buf<T> back(len, sizeof(T) * 6);
+                    T* b = in_place ? d : back.data();
+                    ASSERT_EQ(A::invR[layout](d, b, plan, nullptr), vekStsOk);
+                    std::vector<cld> gx(static_cast<size_t>(n)), wx(static_cast<size_t>(n));
+                    for (int i = 0; i < n; ++i)
+                        gx[i] = b[i], wx[i] = static_cast<long double>(n) * x[i];
+                    EXPECT_LE(rel_rms(gx, wx), 2 * A::bound(arg)) << "inverse, layout " << layout;
+                    ASSERT_TRUE(back.guards_intact());
+                }
+            }
+        };
+        if (n < all_levels_below)
+            for_each_level(body);
+        else
+            body(0);
+        ASSERT_EQ(A::freeR(plan), vekStsOk);
+    }
+}
+
+} // namespace vt
