@@ -262,4 +262,22 @@ template <class T, class Call>
     return bits_equal(d.vec(), want);
 }
 
+// A random element of any type, each part of a complex one (the real part first) drawn by
+// Rng::any, biased toward the type's boundaries.
+template <class T>
+T any_elem(Rng& r) {
+    if constexpr (is_cplx<T>) {
+        const part_t<T> re = r.any<part_t<T>>();
+        return T{re, r.any<part_t<T>>()};
+    } else {
+        return r.any<T>();
+    }
+}
+template <class T>
+std::vector<T> any_vec(Rng& r, int n) {
+    std::vector<T> v(static_cast<size_t>(n));
+    for (auto& x : v) x = any_elem<T>(r);
+    return v;
+}
+
 } // namespace vt

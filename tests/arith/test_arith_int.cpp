@@ -35,14 +35,6 @@ long double im(const T& v) {
     return vt::to_c(v).imag();
 }
 
-template <class T>
-std::vector<T> random_vec(vt::Rng& rng, int n) {
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& x : v)
-        for (int k = 0; k < kParts<T>; ++k) part(x, k) = rng.any<Part<T>>();
-    return v;
-}
-
 // Exact value times 2^-sf, half to even, saturated to P.
 template <class P>
 P ref_scale(long double v, int sf) {
@@ -66,8 +58,8 @@ template <class A, class B, class D, class Run, class RunI, class ExactF>
 void check(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true, bool cst = false) {
     vt::Rng rng(seed);
     auto one = [&](int n, int sf) {
-        const auto a = random_vec<A>(rng, n);
-        auto b = random_vec<B>(rng, n);
+        const auto a = vt::any_vec<A>(rng, n);
+        auto b = vt::any_vec<B>(rng, n);
         if (cst) b.assign(b.size(), b[0]);
         std::vector<D> want(static_cast<size_t>(n));
         for (int i = 0; i < n; ++i) {
@@ -244,8 +236,8 @@ void check_div(uint64_t seed, F run, bool cst = false) {
         int k = 0;
         for (int n : vt::test_lengths()) {
             const int sf = kScales[k++ % kScales.size()] % 40; // also every residue of the list
-            auto a = random_vec<T>(rng, n);
-            const auto b = random_vec<T>(rng, n);
+            auto a = vt::any_vec<T>(rng, n);
+            const auto b = vt::any_vec<T>(rng, n);
             if (cst) {
                 if (part(a[0], 0) == 0) part(a[0], 0) = 3;
                 a.assign(a.size(), a[0]);

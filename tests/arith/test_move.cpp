@@ -6,24 +6,6 @@
 
 namespace {
 
-// Random values of any element type, complex pairs included.
-template <class T>
-T rnd(vt::Rng& r) {
-    if constexpr (std::is_arithmetic_v<T>) {
-        return r.any<T>();
-    } else {
-        using R = decltype(T{}.re);
-        return T{r.any<R>(), r.any<R>()};
-    }
-}
-
-template <class T>
-std::vector<T> rvec(vt::Rng& r, int n) {
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& x : v) x = rnd<T>(r);
-    return v;
-}
-
 // Byte offsets that keep an element's natural alignment but break every vector alignment.
 template <class T>
 size_t off(int k) {
@@ -47,7 +29,7 @@ void check_copy(VekStatus (*fn)(const T*, T*, int)) {
     vt::for_each_level([&](auto) {
         int k = 0;
         for (int n : vt::test_lengths()) {
-            const auto src = rvec<T>(rng, n);
+            const auto src = vt::any_vec<T>(rng, n);
             vt::Buf<T> s(src, off<T>(k++));
             ASSERT_TRUE(vt::writes(
                 src, [&](T* d) { return fn(s.data(), d, n); }, {}, off<T>(k + 2)));
@@ -130,7 +112,7 @@ void check_flip(VekStatus (*fn)(const T*, T*, int), VekStatus (*fn_i)(T*, int)) 
     vt::for_each_level([&](auto) {
         int k = 0;
         for (int n : vt::test_lengths()) {
-            const auto src = rvec<T>(rng, n);
+            const auto src = vt::any_vec<T>(rng, n);
             vt::Buf<T> s(src, off<T>(k++));
             ASSERT_TRUE(vt::writes(
                 reversed(src), [&](T* d) { return fn(s.data(), d, n); }, {}, off<T>(k + 1)));
@@ -158,7 +140,7 @@ void check_conj(VekStatus (*fn)(const C*, C*, int), VekStatus (*fn_i)(C*, int),
     vt::for_each_level([&](auto) {
         int k = 0;
         for (int n : vt::test_lengths()) {
-            const auto src = rvec<C>(rng, n);
+            const auto src = vt::any_vec<C>(rng, n);
             std::vector<C> want(n);
             for (int i = 0; i < n; ++i) want[i] = conj_ref(src[i]);
             vt::Buf<C> s(src, off<C>(k++));
@@ -202,16 +184,16 @@ TEST(Move, PartiallyOverlappingVectors) {
     vt::Rng rng(12);
     for (int n : {1, 2, 9, 64, 333, 1001})
         for (int shift : {-7, -1, 1, 3, 17}) {
-            std::vector<float> buf = rvec<float>(rng, n + 40), want = buf;
+            std::vector<float> buf = vt::any_vec<float>(rng, n + 40), want = buf;
             std::memmove(want.data() + 20 + shift, want.data() + 20, n * sizeof(float));
             ASSERT_EQ(veksCopy_32f(buf.data() + 20, buf.data() + 20 + shift, n), vekStsOk);
             ASSERT_TRUE(vt::bits_equal(buf, want)) << n << " " << shift;
-            buf = rvec<float>(rng, n + 40);
+            buf = vt::any_vec<float>(rng, n + 40);
             const std::vector<float> src(buf.begin() + 20, buf.begin() + 20 + n);
             ASSERT_EQ(veksFlip_32f(buf.data() + 20, buf.data() + 20 + shift, n), vekStsOk);
             const std::vector<float> got(buf.begin() + 20 + shift, buf.begin() + 20 + shift + n);
             ASSERT_TRUE(vt::bits_equal(got, reversed(src))) << n << " " << shift;
-            std::vector<Vek16sc> cb = rvec<Vek16sc>(rng, n + 40);
+            std::vector<Vek16sc> cb = vt::any_vec<Vek16sc>(rng, n + 40);
             const std::vector<Vek16sc> cs(cb.begin() + 20, cb.begin() + 20 + n);
             ASSERT_EQ(veksConj_16sc(cb.data() + 20, cb.data() + 20 + shift, n), vekStsOk);
             for (int i = 0; i < n; ++i)
@@ -229,7 +211,7 @@ void check_split_join(VekStatus (*re_fn)(const C*, R*, int), VekStatus (*im_fn)(
     vt::for_each_level([&](auto) {
         int k = 0;
         for (int n : vt::test_lengths()) {
-            const auto src = rvec<C>(rng, n);
+            const auto src = vt::any_vec<C>(rng, n);
             std::vector<R> re(n), im(n);
             std::vector<C> re_only(n), im_only(n);
             for (int i = 0; i < n; ++i) {

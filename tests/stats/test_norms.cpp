@@ -187,7 +187,7 @@ TEST(Norm, IntegerNormsMatchExactReference) {
 
 // ---- dot products ------------------------------------------------------------------------------
 
-// Parts of a real or complex element, and random elements (boundary-biased parts).
+// Parts of a real or complex element.
 template <class T>
 using Part = vt::part_t<T>;
 template <class T>
@@ -197,13 +197,6 @@ LD real_of(T x) {
 template <class T>
 LD imag_of(T x) {
     return vt::to_c(x).imag();
-}
-template <class T>
-T rand_elem(vt::Rng& rng) {
-    if constexpr (vt::is_cplx<T>)
-        return T{rng.any<Part<T>>(), rng.any<Part<T>>()};
-    else
-        return rng.any<T>();
 }
 
 #ifdef __SIZEOF_INT128__
@@ -243,10 +236,8 @@ template <class A, class B, class D, class Fn, class Check>
 void sweep_dot(uint64_t seed, Fn fn, Check check) {
     vt::Rng rng(seed);
     for (int n : vt::test_lengths()) {
-        std::vector<A> a(n);
-        std::vector<B> b(n);
-        for (auto& x : a) x = rand_elem<A>(rng);
-        for (auto& x : b) x = rand_elem<B>(rng);
+        const auto a = vt::any_vec<A>(rng, n);
+        const auto b = vt::any_vec<B>(rng, n);
         LD re, im, mag;
         ref_dot(a, b, re, im, mag);
         D first{};

@@ -36,15 +36,10 @@ using Base = decltype(C{}.re);
 // Any value for real elements; parts within [-4, 4] for float complex, any parts for 16-bit.
 template <class C>
 C rand_c(vt::Rng& rng) {
-    if constexpr (std::is_arithmetic_v<C>) {
-        return rng.any<C>();
-    } else {
-        using B = Base<C>;
-        if constexpr (std::is_integral_v<B>)
-            return C{rng.any<B>(), rng.any<B>()};
-        else
-            return C{static_cast<B>(rng.uniform(-4, 4)), static_cast<B>(rng.uniform(-4, 4))};
-    }
+    if constexpr (vt::is_cplx<C> && std::is_floating_point_v<vt::part_t<C>>)
+        return vt::rnd<C>(rng, 4);
+    else
+        return vt::any_elem<C>(rng);
 }
 
 // Float parts within a few ulps of the reference (the rescale factor goes through a square root
