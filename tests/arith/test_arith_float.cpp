@@ -11,18 +11,10 @@ namespace {
 
 using vt::off;
 
+// Parts within [-100, 100] for complex elements, [-1000, 1000] for real ones.
 template <class T>
 std::vector<T> fvec(vt::Rng& rng, int n) {
-    std::vector<T> v(static_cast<size_t>(n));
-    for (auto& x : v) {
-        if constexpr (vt::is_cplx<T>) {
-            using P = vt::part_t<T>;
-            x = {static_cast<P>(rng.uniform(-100, 100)), static_cast<P>(rng.uniform(-100, 100))};
-        } else {
-            x = static_cast<T>(rng.uniform(-1000, 1000));
-        }
-    }
-    return v;
+    return vt::rvec<T>(rng, n, vt::is_cplx<T> ? 100 : 1000);
 }
 
 // Calls a two-vector member f(a, b, d) or its in-place form f(a, d); a constant member

@@ -67,47 +67,36 @@ std::vector<T> every() {
     return v;
 }
 
-TEST(ElementaryInt, SquareEveryInput) {
+TEST(ElementaryInt, SquareAndSquareRootEveryInput) {
     const auto s = every<Vek16s>();
     const auto u = every<Vek16u>();
     const auto b = every<Vek8u>();
-    std::vector<Vek16s> d(65536);
-    std::vector<Vek16u> du(65536);
+    std::vector<Vek16s> d(65536), r(65536);
+    std::vector<Vek16u> du(65536), ru(65536);
+    Vek8u db[256], rb[256];
     for (int sf : scales) {
         ASSERT_EQ(veksSqr_16s_Sfs(s.data(), d.data(), 65536, sf), vekStsOk);
         ASSERT_EQ(veksSqr_16u_Sfs(u.data(), du.data(), 65536, sf), vekStsOk);
+        ASSERT_EQ(veksSqrt_16s_Sfs(s.data(), r.data(), 65536, sf), vekStsSqrtNegArgWrn);
+        ASSERT_EQ(veksSqrt_16u_Sfs(u.data(), ru.data(), 65536, sf), vekStsOk);
         for (int i = 0; i < 65536; ++i) {
             ASSERT_EQ(d[i], scaled<Vek16s>(int64_t{s[i]} * s[i], sf)) << s[i] << " sf " << sf;
             ASSERT_EQ(du[i], scaled<Vek16u>(int64_t{u[i]} * u[i], sf)) << u[i] << " sf " << sf;
+            const long double q = std::ldexp(std::sqrt(static_cast<long double>(u[i])), -sf);
+            ASSERT_EQ(ru[i], rounded<Vek16u>(q)) << u[i] << " sf " << sf;
+            ASSERT_EQ(r[i], s[i] < 0 ? 0 : std::min<int>(ru[i - 32768], 32767)) << s[i];
         }
-        Vek8u db[256];
         ASSERT_EQ(veksSqr_8u_Sfs(b.data(), db, 256, sf), vekStsOk);
-        for (int i = 0; i < 256; ++i) ASSERT_EQ(db[i], scaled<Vek8u>(i * i, sf));
+        ASSERT_EQ(veksSqrt_8u_Sfs(b.data(), rb, 256, sf), vekStsOk);
+        for (int i = 0; i < 256; ++i) {
+            ASSERT_EQ(db[i], scaled<Vek8u>(i * i, sf));
+            ASSERT_EQ(rb[i], std::min<int>(ru[i], 255));
+        }
     }
     const Vek16sc z[] = {{3, 4}, {-32768, -32768}, {-32768, 32767}};
     Vek16sc w[3];
     ASSERT_EQ(veksSqr_16sc_Sfs(z, w, 3, 1), vekStsOk);
     EXPECT_TRUE(vt::starts_with(w, {{-4, 12}, {0, 32767}, {32767, -32768}}));
-}
-
-TEST(ElementaryInt, SquareRootEveryInput) {
-    const auto s = every<Vek16s>();
-    const auto u = every<Vek16u>();
-    const auto b = every<Vek8u>();
-    std::vector<Vek16s> d(65536);
-    std::vector<Vek16u> du(65536);
-    for (int sf : scales) {
-        ASSERT_EQ(veksSqrt_16s_Sfs(s.data(), d.data(), 65536, sf), vekStsSqrtNegArgWrn);
-        ASSERT_EQ(veksSqrt_16u_Sfs(u.data(), du.data(), 65536, sf), vekStsOk);
-        for (int i = 0; i < 65536; ++i) {
-            const long double r = std::ldexp(std::sqrt(static_cast<long double>(u[i])), -sf);
-            ASSERT_EQ(du[i], rounded<Vek16u>(r)) << u[i] << " sf " << sf;
-            ASSERT_EQ(d[i], s[i] < 0 ? 0 : std::min<int>(du[i - 32768], 32767)) << s[i];
-        }
-        Vek8u db[256];
-        ASSERT_EQ(veksSqrt_8u_Sfs(b.data(), db, 256, sf), vekStsOk);
-        for (int i = 0; i < 256; ++i) ASSERT_EQ(db[i], std::min<int>(du[i], 255));
-    }
 }
 
 TEST(ElementaryInt, SquareRoot64) {
