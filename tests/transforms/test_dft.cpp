@@ -58,14 +58,16 @@ VEK_DFT_API(float, 32fc, 32f)
 VEK_DFT_API(double, 64fc, 64f)
 
 // Every plan: straight-line (1-4), powers of two, the limits 150 and 180 and their neighbours,
-// mixed radix (smooth lengths, with and without a lane pass of 2 to 16, pair-sum radices), the
-// direct transform (large prime factors up to 150) and Bluestein (above).
+// mixed radix (smooth lengths, with and without a lane pass of 2 to 16, pair-sum radices, two
+// pair-sum passes of which the first takes twiddles: 968 = 8 11 11, and 1936 whose real transform
+// runs 968 points), the direct transform (large prime factors up to 150) and Bluestein (above).
 const std::vector<int>& lengths() {
     static const std::vector<int> v = {
-        1,   2,   3,   4,   5,   6,   7,   8,   9,    10,   11,   12,   13,   14,   15,  16,  20,
-        21,  22,  25,  27,  30,  35,  49,  53,  60,   64,   88,   97,   100,  101,  105, 121, 80,
-        48,  144, 128, 134, 143, 149, 150, 151, 152,  168,  169,  179,  180,  181,  182, 187, 240,
-        243, 296, 302, 375, 400, 500, 512, 625, 1000, 1009, 1536, 2048, 3000, 4099, 4800};
+        1,   2,   3,   4,   5,    6,    7,    8,    9,    10,   11,   12,  13,  14,
+        15,  16,  20,  21,  22,   25,   27,   30,   35,   49,   53,   60,  64,  88,
+        97,  100, 101, 105, 121,  80,   48,   144,  128,  134,  143,  149, 150, 151,
+        152, 168, 169, 179, 180,  181,  182,  187,  240,  243,  296,  302, 375, 400,
+        500, 512, 625, 968, 1000, 1009, 1536, 1936, 2048, 3000, 4099, 4800};
     return v;
 }
 
