@@ -186,108 +186,67 @@ inline void leaf_dft(typename V::R* x) {
         dft8<V, T, INV>(x);
 }
 
+// One group of the leaf pass: the S-point transforms of the kPairs<V> = W columns
+// in[l + p in_step] (lane l < W, p < S), stored as W blocks of S values, lane l's block at
+// out + rev(l) out_step (rev over log2(W) bits); transposed on the way out.
+template <class V, class T, int S, bool INV>
+inline void leaf_group(const T* in, size_t in_step, T* out, size_t out_step) {
+    constexpr int W = kPairs<V>;
+    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
+    typename V::R x[S];
+    for (int p = 0; p < S; ++p, in += in_step) x[p] = V::load(in);
+    leaf_dft<V, T, S, INV>(x);
+    for (int c = 0; c < S / W; ++c) {
+        typename V::R t[W];
+        for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
+        V::transpose_pairs(t);
+        for (int l = 0; l < W; ++l)
+            V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
+    }
+}
+
 // Out of place: bit-reversal permutation and the S-point leaf transforms in one pass. Leaf
 // block b (dst[S*b ..]) is the S-point transform of src[rev(b) + p*nb], p = 0..S-1; kPairs<V>
 // consecutive rev(b) values are loaded as one vector per p and transposed on the way out.
+// rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is l
+// reversed over log2(W) bits, times nb / W.
 template <class V, class T, int S, bool INV>
 void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
-    constexpr int W = kPairs<V>;
+    constexpr size_t W = kPairs<V>;
     if constexpr (W > 1) {
-        if (nb < static_cast<size_t>(W))
-            return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
+        if (nb < W) return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
     }
-    // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is
-    // l reversed over log2(W) bits, times nb / W.
-    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
-    const size_t in_step = 2 * nb, out_step = 2 * S * (nb / W);
-    for (size_t r0 = 0; r0 < nb; r0 += W) {
-        typename V::R x[S];
-        const T* in = src + 2 * r0;
-        for (int p = 0; p < S; ++p, in += in_step) x[p] = V::load(in);
-        leaf_dft<V, T, S, INV>(x);
-        T* out = dst + 2 * S * bit_reverse(r0, bbits);
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
-            V::transpose_pairs(t);
-            for (int l = 0; l < W; ++l)
-                V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
-        }
-    }
+    const size_t out_step = 2 * S * (nb / W);
+    for (size_t r0 = 0; r0 < nb; r0 += W)
+        leaf_group<V, T, S, INV>(src + 2 * r0, 2 * nb, dst + 2 * S * bit_reverse(r0, bbits),
+                                 out_step);
 }
 
-// In place, after a full bit-reversal permutation: each block holds its leaf's input in
-// bit-reversed order; W blocks are transposed into lanes, transformed and transposed back.
+// In place, nb >= S: the bit reversal and the leaf pass together. The inputs x[S t + q + p nb]
+// (q, p < S) of square t feed exactly the leaf blocks rev(S t + q) = rev'(t) + rev(q) nb / S
+// (rev' over bbits - log2 S bits), which hold square rev'(t)'s inputs. So squares t and rev'(t)
+// are copied to `buf` (2 S^2 complex values) and each one's transforms are stored over the
+// other: one pass over the data instead of a bit-reversal pass followed by a leaf pass.
 template <class V, class T, int S, bool INV>
-void leaf_in_place(T* x, size_t nb) {
-    constexpr int W = kPairs<V>;
-    if constexpr (W > 1) {
-        if (nb < static_cast<size_t>(W)) return leaf_in_place<Narrower<V>, T, S, INV>(x, nb);
-    }
-    constexpr int lb = S == 16 ? 4 : 3;
-    for (size_t b0 = 0; b0 < nb; b0 += W) {
-        typename V::R q[S], y[S];
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int l = 0; l < W; ++l) t[l] = V::load(x + 2 * ((b0 + l) * S + c * W));
-            V::transpose_pairs(t);
-            for (int i = 0; i < W; ++i) q[c * W + i] = t[i];
-        }
-        for (int p = 0; p < S; ++p) y[p] = q[bit_reverse(static_cast<size_t>(p), lb)];
-        leaf_dft<V, T, S, INV>(y);
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int i = 0; i < W; ++i) t[i] = y[c * W + i];
-            V::transpose_pairs(t);
-            for (int l = 0; l < W; ++l) V::store(x + 2 * ((b0 + l) * S + c * W), t[l]);
-        }
-    }
-}
-
-template <class T>
-void bit_reverse_in_place_scalar(T* x, int order) {
-    const size_t n = size_t{1} << order;
-    for (size_t i = 1; i + 1 < n; ++i) {
-        const size_t j = bit_reverse(i, order);
-        if (i < j) {
-            const T a = x[2 * i], b = x[2 * i + 1];
-            x[2 * i] = x[2 * j];
-            x[2 * i + 1] = x[2 * j + 1];
-            x[2 * j] = a;
-            x[2 * j + 1] = b;
-        }
-    }
-}
-
-// Bit reversal in W x W tiles: an index is (a, m, c) with a and c of lb = log2(W) bits, and
-// rev(a, m, c) = (rev c, rev m, rev a). Rows a of the tile at middle m are vectors over c;
-// transposed, row c holds lanes a, which bit_reverse_pairs puts in rev(a) order for row rev(c) of
-// the tile at rev(m). Tiles m and rev(m) are exchanged together.
-template <class V, class T>
-void bit_reverse_in_place(T* x, int order) {
-    constexpr int W = kPairs<V>;
-    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
-    if constexpr (W == 1) {
-        bit_reverse_in_place_scalar(x, order);
-    } else {
-        if (order < 2 * lb + 1) return bit_reverse_in_place_scalar(x, order);
-        const int mb = order - 2 * lb;
-        const size_t row = size_t{1} << (order - lb); // stride of a
-        auto at = [&](size_t a, size_t m, size_t c) { return x + 2 * (a * row + (m << lb) + c); };
-        for (size_t m = 0; m < (size_t{1} << mb); ++m) {
-            const size_t mr = bit_reverse(m, mb);
-            if (mr < m) continue;
-            typename V::R t[W], u[W];
-            for (int i = 0; i < W; ++i) t[i] = V::load(at(i, m, 0));
-            for (int i = 0; i < W; ++i) u[i] = V::load(at(i, mr, 0));
-            V::transpose_pairs(t);
-            V::transpose_pairs(u);
-            for (int c = 0; c < W; ++c) {
-                const size_t rc = bit_reverse(static_cast<size_t>(c), lb);
-                V::store(at(rc, mr, 0), V::bit_reverse_pairs(t[c]));
-                if (mr != m) V::store(at(rc, m, 0), V::bit_reverse_pairs(u[c]));
-            }
-        }
+void leaf_in_place(T* x, size_t nb, int bbits, T* buf) {
+    constexpr size_t W = kPairs<V>;
+    constexpr int sb = S == 16 ? 4 : 3;
+    const size_t out_step = 2 * S * (nb / W);
+    T* const square[2] = {buf, buf + 2 * S * S};
+    for (size_t t = 0; t < nb / S; ++t) {
+        const size_t tr = bit_reverse(t, bbits - sb);
+        if (tr < t) continue;
+        const size_t from[2] = {t, tr};
+        const int count = tr == t ? 1 : 2;
+        for (int i = 0; i < count; ++i)
+            for (size_t p = 0; p < S; ++p)
+                std::memcpy(square[i] + 2 * S * p, x + 2 * (S * from[i] + p * nb),
+                            2 * S * sizeof(T));
+        for (int i = 0; i < count; ++i)
+            for (size_t q0 = 0; q0 < S; q0 += W)
+                leaf_group<V, T, S, INV>(square[i] + 2 * q0, 2 * S,
+                                         x + 2 * S * bit_reverse(S * from[i] + q0, bbits),
+                                         out_step);
     }
 }
 
@@ -373,8 +332,8 @@ void stages(T* x, size_t len, size_t leaf, const T* tw) {
 }
 
 // In place, transforms of up to this many bytes copy their input to the stack and run the fused
-// bit-reversal and leaf pass out of place from the copy: a copy within the level-1 cache costs
-// less than the tiled bit reversal followed by a separate leaf pass.
+// bit-reversal and leaf pass out of place from the copy (a copy within the level-1 cache costs
+// little); larger ones use the same stack area for leaf_in_place's pairs of squares.
 inline constexpr size_t kCopyInPlaceBytes = 16384;
 
 template <class V, class T, int S, bool INV>
@@ -382,15 +341,17 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     constexpr int lb = S == 16 ? 4 : 3;
     const size_t n = size_t{1} << order;
     const size_t nb = n / S;
+    static_assert(2 * S * S * 2 * sizeof(T) <= kCopyInPlaceBytes);
     if (src != dst) {
         leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
-    } else if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
-        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
-        std::memcpy(copy, src, 2 * n * sizeof(T));
-        leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
     } else {
-        bit_reverse_in_place<V, T>(dst, order);
-        leaf_in_place<V, T, S, INV>(dst, nb);
+        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
+        if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
+            std::memcpy(copy, src, 2 * n * sizeof(T));
+            leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
+        } else {
+            leaf_in_place<V, T, S, INV>(dst, nb, order - lb, copy);
+        }
     }
     if (n > S) stages<V, T, INV>(dst, n, S, tw);
 }
