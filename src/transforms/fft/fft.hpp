@@ -65,15 +65,27 @@ constexpr size_t fft_stage_values(int order) {
 }
 
 // Orders 3 to 7 may also run as one register-resident pass over N = L R points: R rows of L
-// complex values (L = 2 at order 3, 4 at orders 4 to 6, 8 at order 7; fft_simd.cpp).
-// Its table follows the stage table: for each row k = 1 .. R - 1, the duplicated real parts
-// (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary parts: 4 L values per row.
+// complex values (fft_simd.cpp), with L = 2 at order 3, 4 at orders 4 and 5, 4 or 8 at order 6
+// (the widest the level has) and 8 at order 7. The table follows the stage table and holds the
+// rows of each of the order's lane counts, fewer lanes first: for each row k = 1 .. R - 1, the
+// duplicated real parts (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary
+// parts: 4 L values per row.
 constexpr bool fft_has_short_pass(int order) { return order >= 3 && order <= 7; }
-constexpr int fft_short_lanes(int order) { return order == 3 ? 2 : order == 7 ? 8 : 4; }
+constexpr bool fft_short_has_lanes(int order, int lanes) {
+    return order == 3   ? lanes == 2
+           : order <= 5 ? lanes == 4
+           : order == 6 ? lanes == 4 || lanes == 8
+                        : lanes == 8;
+}
+// Where the rows of `lanes` start in the short pass's table.
+constexpr size_t fft_short_offset(int order, int lanes) {
+    size_t at = 0;
+    for (int l = 2; l < lanes; l *= 2)
+        if (fft_short_has_lanes(order, l)) at += 4 * size_t(l) * ((size_t{1} << order) / l - 1);
+    return at;
+}
 constexpr size_t fft_short_values(int order) {
-    if (!fft_has_short_pass(order)) return 0;
-    const size_t lanes = static_cast<size_t>(fft_short_lanes(order));
-    return 4 * lanes * ((size_t{1} << order) / lanes - 1);
+    return fft_has_short_pass(order) ? fft_short_offset(order, 16) : 0;
 }
 
 // Values in a complex plan's whole table: the stage table, then the short-pass rows.

@@ -413,11 +413,11 @@ void cfft_short(const T* src, T* dst, const T* tw) {
     }
 }
 
-// The short pass in rows of kPairs<V> complex values, when that is the order's lane count.
+// The short pass in rows of kPairs<V> complex values, when the order has rows of that width.
 template <class V, class T, bool INV>
 bool short_in(const T* src, T* dst, int order, const T* tw) {
-    if (!fft_has_short_pass(order) || fft_short_lanes(order) != kPairs<V>) return false;
-    tw += fft_stage_values(order);
+    if (!fft_has_short_pass(order) || !fft_short_has_lanes(order, kPairs<V>)) return false;
+    tw += fft_stage_values(order) + fft_short_offset(order, kPairs<V>);
     const int rows = (1 << order) / kPairs<V>; // at least kPairs<V>, by the lane counts
     if constexpr (kPairs<V> <= 4)
         if (rows == 4) return cfft_short<V, T, 4, INV>(src, dst, tw), true;

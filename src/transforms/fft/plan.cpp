@@ -220,15 +220,19 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
 template <class T>
 void fill_short_twiddles(T* out, int corder, const double* qs, size_t nf) {
     const size_t n = size_t{1} << corder;
-    const size_t lanes = static_cast<size_t>(kern::fft_short_lanes(corder));
-    for (size_t k = 1; k < n / lanes; ++k)
-        for (size_t l = 0; l < lanes; ++l) {
-            double re, im;
-            root(qs, nf, k * l * (nf / n), re, im);
-            T* w = out + 4 * lanes * (k - 1) + 2 * l;
-            w[0] = w[1] = static_cast<T>(re);
-            w[2 * lanes] = w[2 * lanes + 1] = static_cast<T>(im);
-        }
+    for (int lanes_i = 2; lanes_i <= 8; lanes_i *= 2) {
+        if (!kern::fft_short_has_lanes(corder, lanes_i)) continue;
+        const size_t lanes = static_cast<size_t>(lanes_i);
+        T* rows = out + kern::fft_short_offset(corder, lanes_i);
+        for (size_t k = 1; k < n / lanes; ++k)
+            for (size_t l = 0; l < lanes; ++l) {
+                double re, im;
+                root(qs, nf, k * l * (nf / n), re, im);
+                T* w = rows + 4 * lanes * (k - 1) + 2 * l;
+                w[0] = w[1] = static_cast<T>(re);
+                w[2 * lanes] = w[2 * lanes + 1] = static_cast<T>(im);
+            }
+    }
 }
 
 // Split-step factors for k < N/4 (see fft.hpp), duplicated for the vector kernels.
