@@ -237,7 +237,7 @@ TEST(CrossCorr, Exact16Bit) {
     vt::Rng rng(5);
     for (auto [l1, l2, low, n] : std::vector<std::tuple<int, int, int, int>>{
              {30, 50, -40, 100}, {1000, 1000, -300, 383}, {1000, 1000, -300, 600}})
-        for (int sf : {-2, 0, 9}) {
+        for (int sf : {-2, 0, 9, 25}) {
             const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
             std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
             ASSERT_EQ(veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
@@ -292,7 +292,7 @@ TEST(AutoCorr, Exact16Bit) {
     vt::Rng rng(7);
     for (auto [n, lags] :
          std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}, {3000, 640}})
-        for (int sf : {-1, 0, 12}) {
+        for (int sf : {-1, 0, 12, 26}) {
             const auto x = rvec<Vek16s>(rng, n, 32767);
             std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());
             ASSERT_EQ(veksAutoCorr_16s_Sfs(x.data(), n, p.data(), lags, sf), vekStsOk);
