@@ -31,15 +31,20 @@ struct FftKernels {
     // x[i] *= s for n reals.
     void (*scale_32f)(float* x, size_t n, float s);
     void (*scale_64f)(double* x, size_t n, double s);
-    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4, in place.
-    // Forward: half-length spectrum -> Perm layout; inverse: Perm layout -> the half-length
-    // spectrum whose unnormalised inverse is N times the interleaved signal. `tab` holds the
-    // factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated imaginary
-    // parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
+    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4. `tab` holds
+    // the factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated
+    // imaginary parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
+    // Forward, in place: half-length spectrum -> Perm layout.
     void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
-    void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
-    void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
+    // Inverse of 2^order reals (order >= 2): the spectrum's values at 0 and N/2 are r0 and half,
+    // pair k (1 <= k < N/2) is at s[2k - off], s[2k - off + 1] (off 1 for the Pack layout, else
+    // 0); the split steps then the half-length unnormalised inverse transform (twiddles tw)
+    // leave N times the signal in dst. s may equal dst.
+    void (*rinv_32f)(const float* s, size_t off, float r0, float half, float* dst, int order,
+                     const float* tab, const float* tw);
+    void (*rinv_64f)(const double* s, size_t off, double r0, double half, double* dst, int order,
+                     const double* tab, const double* tw);
     // Packed-spectrum pairs: d[k] = x[k] * y[k] (or x[k] * conj(y[k])) for `pairs` complex
     // values stored as re, im. Single precision forms each product in double and rounds once;
     // double precision uses extended precision. The 16-bit form takes the exact 64-bit result
