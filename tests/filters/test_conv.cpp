@@ -167,8 +167,7 @@ void cross_case(C, vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
                  std::to_string(lowLag) + " + " + std::to_string(dstLen));
     const auto a = rvec<T>(rng, l1, 1.0), b = rvec<T>(rng, l2, 1.0);
     vt::Buf<T> d(dstLen, alignof(T), T{});
-    const VekStatus st = C::cross(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
-    ASSERT_EQ(st, vekStsOk);
+    ASSERT_EQ(C::cross(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag), vekStsOk);
     ASSERT_TRUE(d.guards_intact());
     const long double tol = fft_allowance<T>(energy(a), energy(b), 2 * (l1 + l2));
     for (int k = 0; k < dstLen; ++k) {
