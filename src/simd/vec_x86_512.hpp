@@ -150,6 +150,10 @@ struct Vec<float, 16> {
         r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
         r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
     }
+    // !(a <= b): a above b, or the pair unordered.
+    static M not_le(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NLE_UQ); }
+    // Writes the lanes of a selected by m to p; the others stay as they are in memory.
+    static void store_where(float* p, M m, R a) { _mm512_mask_storeu_ps(p, m, a); }
 };
 
 // ---- double x 8 ------------------------------------------------------------------------------
