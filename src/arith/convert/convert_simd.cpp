@@ -87,8 +87,9 @@ void s32_s16(const Vek32s* s, Vek16s* d, size_t n) {
 // ---------------------------------------------------------------------------------------------
 // Integer to float with a scale factor.
 
+// (Out of line: inlined, its rounding-mode object would give the vector paths a stack frame.)
 template <class S, class D>
-void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
+[[gnu::noinline]] void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
     const RoundNearestScope nearest;
     if (sf >= -1023 && sf <= 1022) {
         // One multiplication by an exact power of two: exact in double for these sources
@@ -112,27 +113,43 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
     using VF = simd::Vec<float, 16>;
     using VI = simd::Vec<int32_t, 16>;
     constexpr size_t w = 16;
+    // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(k);
-    auto cvt = [&](typename VI::R x) {
+    const auto cvt = [vk](typename VI::R x) {
         const auto f = VI::to_float_nearest(x);
         return Scaled ? VF::mul_nearest(f, vk) : f;
     };
-    auto load = [&](const S* p) {
+    const auto load = [](const S* p) {
         if constexpr (sizeof(S) == 4)
             return VI::load(reinterpret_cast<const int32_t*>(p));
         else
             return VI::load_extend(p);
     };
-    for (; i + 2 * w <= n; i += 2 * w) {
+    if constexpr (sizeof(S) == 4) {
+        // Up to one vector straight through (likely: no taken branch on a short call).
+        if (n <= w) [[likely]] {
+            VF::store_n(d, cvt(VI::load_n(reinterpret_cast<const int32_t*>(s), n)), n);
+            return;
+        }
+    }
+    for (; i + 4 * w <= n; i += 4 * w) {
         const auto a = cvt(load(s + i)), b = cvt(load(s + i + w));
+        const auto c = cvt(load(s + i + 2 * w)), e = cvt(load(s + i + 3 * w));
         VF::store(d + i, a);
         VF::store(d + i + w, b);
+        VF::store(d + i + 2 * w, c);
+        VF::store(d + i + 3 * w, e);
     }
     for (; i + w <= n; i += w) VF::store(d + i, cvt(load(s + i)));
     if (i < n) {
-        S tail[w] = {};
-        std::memcpy(tail, s + i, (n - i) * sizeof(S));
-        VF::store_n(d + i, cvt(load(tail)), n - i);
+        if constexpr (sizeof(S) == 4) {
+            VF::store_n(d + i, cvt(VI::load_n(reinterpret_cast<const int32_t*>(s + i), n - i)),
+                        n - i);
+        } else {
+            S tail[w] = {};
+            std::memcpy(tail, s + i, (n - i) * sizeof(S));
+            VF::store_n(d + i, cvt(load(tail)), n - i);
+        }
     }
 #else
     const RoundNearestScope nearest(sizeof(S) == 4 || Scaled);

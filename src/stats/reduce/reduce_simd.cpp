@@ -226,6 +226,11 @@ template <class T, class Pick>
 inline void every(const T* s, T* d, size_t n, Pick pick) {
     using V = simd::Wide<T>;
     constexpr size_t W = V::lanes;
+    // Up to one vector: straight through (marked likely: no taken branch on a short call).
+    if (n <= W) [[likely]] {
+        V::store_n(d, pick(V::load_n(s, n), V::load_n(d, n)), n);
+        return;
+    }
     size_t i = 0;
     for (; i + 2 * W <= n; i += 2 * W) {
         const auto a = pick(V::load(s + i), V::load(d + i));

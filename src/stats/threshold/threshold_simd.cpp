@@ -22,6 +22,11 @@ template <class T, class Pick>
 inline void select_each(const T* s, T* d, size_t n, Pick pick) {
     using V = simd::Wide<T>;
     constexpr size_t W = V::lanes;
+    // Up to one vector: straight through (marked likely: no taken branch on a short call).
+    if (n <= W) [[likely]] {
+        V::store_n(d, pick(V::load_n(s, n)), n);
+        return;
+    }
     size_t i = 0;
     for (; i + 4 * W <= n; i += 4 * W) {
         const auto a = V::load(s + i), b = V::load(s + i + W), c = V::load(s + i + 2 * W),
