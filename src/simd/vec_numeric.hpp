@@ -86,6 +86,12 @@ inline constexpr bool rounds_explicitly = requires(typename V::R r) {
     V::round_nearest(r);
 };
 
+// Whether V replaces NaN lanes by zero in one instruction (zero_nan).
+template <class V>
+inline constexpr bool has_zero_nan = requires(typename V::R r) {
+    V::zero_nan(r);
+};
+
 // num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
 // NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
 // rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
@@ -109,6 +115,24 @@ auto float_to_int32_saturate(typename VF::R y) {
                        v);
     }
     return v;
+}
+
+// The same rule for results that a saturating narrowing to 16 bits or fewer takes on to their
+// destination, for levels with has_zero_nan: NaN gives 0,
+// values from 2^16 on give 2^16, -2^31 and below INT32_MIN; every other value is converted as
+// above. No lane is looked at again.
+template <bool Nearest, class VF>
+auto float_to_int32_narrowing(typename VF::R y) {
+    using VI = Vec<int32_t, VF::lanes>;
+    y = VF::min(VF::zero_nan(y), VF::splat(65536.0f));
+    if constexpr (!Nearest)
+        return VI::from_float_trunc(y);
+    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
+        return VI::from_float_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VF>)
+        return VI::from_float_trunc(VF::round_nearest(y));
+    else
+        return VI::from_float_nearest(y);
 }
 
 // The same for double lanes, into 32-bit lanes (the integer register the level's conversion

@@ -260,9 +260,14 @@ struct Vec<double, 2> {
     static R load(const double* p) { return _mm_loadu_pd(p); }
     static void store(double* p, R a) { _mm_storeu_pd(p, a); }
     static void stream(double* p, R a) { _mm_stream_pd(p, a); }
-    static R load_n(const double* p, size_t n) { return n ? _mm_load_sd(p) : _mm_setzero_pd(); }
+    static R load_n(const double* p, size_t n) {
+        return n >= 2 ? load(p) : n ? _mm_load_sd(p) : _mm_setzero_pd();
+    }
     static void store_n(double* p, R a, size_t n) {
-        if (n) _mm_store_sd(p, a);
+        if (n >= 2)
+            store(p, a);
+        else if (n)
+            _mm_store_sd(p, a);
     }
     // 2 floats widened, and 2 lanes stored as floats (rounded by the current mode).
     // (64-bit moves that accept any alignment.)

@@ -150,6 +150,12 @@ struct Vec<float, 16> {
         r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
         r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
     }
+    // !(a <= b): a above b, or the pair unordered.
+    static M not_le(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NLE_UQ); }
+    // Writes the lanes of a selected by m to p; the others stay as they are in memory.
+    static void store_where(float* p, M m, R a) { _mm512_mask_storeu_ps(p, m, a); }
+    // NaN lanes (quiet or signalling) replaced by +0, every other lane kept bit for bit.
+    static R zero_nan(R a) { return _mm512_fixupimm_ps(a, a, _mm512_set1_epi32(0x88), 0); }
 };
 
 // ---- double x 8 ------------------------------------------------------------------------------
@@ -588,6 +594,17 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
     static R narrow_sat_zip(R a, R b) {
         static_assert(bytes == 4 && is_signed);
         return narrow_sat<int16_t>(interleave_lo(a, b), interleave_hi(a, b));
+    }
+    // Four vectors of 32-bit lanes (consecutive elements a, b, c, e) narrowed to one of bytes, in
+    // order, saturated (signed to signed or unsigned D; unsigned D takes negative lanes to 0).
+    template <class D>
+    static R narrow_sat_quarter_in_order(R a, R b, R c, R e) {
+        static_assert(bytes == 4 && is_signed && sizeof(D) == 1);
+        const R p = _mm512_packs_epi32(a, b), q = _mm512_packs_epi32(c, e);
+        const R r = std::is_signed_v<D> ? _mm512_packs_epi16(p, q) : _mm512_packus_epi16(p, q);
+        // Quarter k of r holds four lanes of each of a, b, c, e from their quarter k.
+        return _mm512_permutexvar_epi32(
+            _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15), r);
     }
 
   private:

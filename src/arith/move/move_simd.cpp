@@ -212,8 +212,53 @@ void conj(const T* src, T* dst, size_t n) {
 
 // ---- Split and join -------------------------------------------------------------------------
 
+// 32fc parts over the vector layer: W values from two registers of parts a step (deinterleaved
+// into the real and the imaginary parts), the last ones from two partial registers. A call of up
+// to W values runs straight through (marked likely: no taken branch on a short call).
+template <class V, bool Re, bool Im>
+void split_32fc(const Vek32fc* src, Vek32f* re, Vek32f* im, size_t n) {
+    constexpr size_t W = V::lanes;
+    const float* p = &src->re;
+    const auto parts = [p](size_t at, size_t m, typename V::R& e, typename V::R& o) {
+        // m complex values from element `at` on, m <= W
+        const size_t k = 2 * m;
+        const auto a = V::load_n(p + 2 * at, k < W ? k : W);
+        const auto b = k > W ? V::load_n(p + 2 * at + W, k - W) : V::zero();
+        V::deinterleave(a, b, e, o);
+    };
+    typename V::R e, o;
+    if (n <= W) [[likely]] {
+        parts(0, n, e, o);
+        if constexpr (Re) V::store_n(re, e, n);
+        if constexpr (Im) V::store_n(im, o, n);
+        return;
+    }
+    size_t i = 0;
+    for (; i + W <= n; i += W) {
+        V::deinterleave(V::load(p + 2 * i), V::load(p + 2 * i + W), e, o);
+        if constexpr (Re) V::store(re + i, e);
+        if constexpr (Im) V::store(im + i, o);
+    }
+    if (i < n) {
+        parts(i, n - i, e, o);
+        if constexpr (Re) V::store_n(re + i, e, n - i);
+        if constexpr (Im) V::store_n(im + i, o, n - i);
+    }
+}
+
+template <class VF>
+constexpr bool has_deinterleave = requires(typename VF::R r) {
+    VF::deinterleave(r, r, r, r);
+};
+
 template <class R, class C>
 void split(const C* src, R* re, R* im, size_t n) {
+    using VF = simd::Wide<float>;
+    if constexpr (std::is_same_v<C, Vek32fc> && VF::lanes > 1 && has_deinterleave<VF>) {
+        if (re && im) return split_32fc<VF, true, true>(src, re, im, n);
+        if (re) return split_32fc<VF, true, false>(src, re, im, n);
+        return split_32fc<VF, false, true>(src, re, im, n);
+    }
     if (re && im) {
         for (size_t i = 0; i < n; ++i) {
             re[i] = src[i].re;

@@ -226,6 +226,11 @@ template <class T, class Pick>
 inline void every(const T* s, T* d, size_t n, Pick pick) {
     using V = simd::Wide<T>;
     constexpr size_t W = V::lanes;
+    // Up to one vector: straight through (marked likely: no taken branch on a short call).
+    if (n <= W) [[likely]] {
+        V::store_n(d, pick(V::load_n(s, n), V::load_n(d, n)), n);
+        return;
+    }
     size_t i = 0;
     for (; i + 2 * W <= n; i += 2 * W) {
         const auto a = pick(V::load(s + i), V::load(d + i));
@@ -243,17 +248,51 @@ inline void every(const T* s, T* d, size_t n, Pick pick) {
 // The float forms keep d[i] when d[i] >= s[i] (max) or unless d[i] > s[i] (min), so an unordered
 // pair gives s[i] (max) or d[i] (min), and of two equal zeros d[i] stays. The min rule is the
 // layer's min(s, d); the max rule is not max(d, s) (which takes s of two equal zeros), so it
-// compares and selects (with x held in its register, which the select needs as well).
+// compares and selects (with x held in its register, which the select needs as well). Where the
+// level stores through a lane mask, long vectors instead write s[i] only where !(d[i] >= s[i]):
+// one compare a vector and no select. Short ones keep whole stores: a load that follows a
+// masked store to the same place (the caller's next call) waits for the store to complete.
+constexpr size_t kMaskedStoreFrom = 256;
+
 template <class T>
 void max_every(const T* s, T* d, size_t n) {
     using V = simd::Wide<T>;
-    if constexpr (std::is_floating_point_v<T>)
+    if constexpr (std::is_floating_point_v<T> &&
+                  requires(T * p, typename V::R r) { V::store_where(p, V::not_le(r, r), r); }) {
+        if (n < kMaskedStoreFrom) {
+            every(s, d, n, [](auto x, auto y) {
+                x = simd::in_register(x);
+                return V::select(V::ge(y, x), y, x);
+            });
+            return;
+        }
+        // !(d[i] >= s[i]) is !(s[i] <= d[i]), which reads d straight from memory.
+        constexpr size_t W = V::lanes;
+        auto step = [&](size_t at) {
+            const auto x = simd::in_register(V::load(s + at));
+            V::store_where(d + at, V::not_le(x, V::load(d + at)), x);
+        };
+        size_t i = 0;
+        for (; i + 4 * W <= n; i += 4 * W) {
+            step(i);
+            step(i + W);
+            step(i + 2 * W);
+            step(i + 3 * W);
+        }
+        for (; i + W <= n; i += W) step(i);
+        if (i < n) {
+            // Absent lanes load as two zeros, which compare equal and are not written.
+            const auto x = simd::in_register(V::load_n(s + i, n - i));
+            V::store_where(d + i, V::not_le(x, V::load_n(d + i, n - i)), x);
+        }
+    } else if constexpr (std::is_floating_point_v<T>) {
         every(s, d, n, [](auto x, auto y) {
             x = simd::in_register(x);
             return V::select(V::ge(y, x), y, x);
         });
-    else
+    } else {
         every(s, d, n, [](auto x, auto y) { return V::max(x, y); });
+    }
 }
 template <class T>
 void min_every(const T* s, T* d, size_t n) {

@@ -22,6 +22,11 @@ template <class T, class Pick>
 inline void select_each(const T* s, T* d, size_t n, Pick pick) {
     using V = simd::Wide<T>;
     constexpr size_t W = V::lanes;
+    // Up to one vector: straight through (marked likely: no taken branch on a short call).
+    if (n <= W) [[likely]] {
+        V::store_n(d, pick(V::load_n(s, n)), n);
+        return;
+    }
     size_t i = 0;
     for (; i + 4 * W <= n; i += 4 * W) {
         const auto a = V::load(s + i), b = V::load(s + i + W), c = V::load(s + i + 2 * W),
@@ -35,18 +40,20 @@ inline void select_each(const T* s, T* d, size_t n, Pick pick) {
     if (i < n) V::store_n(d + i, pick(V::load_n(s + i, n - i)), n - i);
 }
 
+// x < level ? level : x is the layer's max(level, x), and x > level ? level : x its min(level, x):
+// one instruction a vector, which keeps x of an unordered pair and of two equal zeros.
 template <class T>
 void lt(const T* s, T* d, size_t n, T level) {
     using V = simd::Wide<T>;
     const auto l = V::splat(level);
-    select_each(s, d, n, [l](auto x) { return V::select(V::lt(x, l), l, x); });
+    select_each(s, d, n, [l](auto x) { return V::max(l, x); });
 }
 
 template <class T>
 void gt(const T* s, T* d, size_t n, T level) {
     using V = simd::Wide<T>;
     const auto l = V::splat(level);
-    select_each(s, d, n, [l](auto x) { return V::select(V::gt(x, l), l, x); });
+    select_each(s, d, n, [l](auto x) { return V::min(l, x); });
 }
 
 template <class T>

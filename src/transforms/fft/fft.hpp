@@ -31,15 +31,20 @@ struct FftKernels {
     // x[i] *= s for n reals.
     void (*scale_32f)(float* x, size_t n, float s);
     void (*scale_64f)(double* x, size_t n, double s);
-    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4, in place.
-    // Forward: half-length spectrum -> Perm layout; inverse: Perm layout -> the half-length
-    // spectrum whose unnormalised inverse is N times the interleaved signal. `tab` holds the
-    // factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated imaginary
-    // parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
+    // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4. `tab` holds
+    // the factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated
+    // imaginary parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
+    // Forward, in place: half-length spectrum -> Perm layout.
     void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
     void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
-    void (*rsplit_inv_32f)(float* z, size_t n, const float* tab);
-    void (*rsplit_inv_64f)(double* z, size_t n, const double* tab);
+    // Inverse of 2^order reals (order >= 2): the spectrum's values at 0 and N/2 are r0 and half,
+    // pair k (1 <= k < N/2) is at s[2k - off], s[2k - off + 1] (off 1 for the Pack layout, else
+    // 0); the split steps then the half-length unnormalised inverse transform (twiddles tw)
+    // leave N times the signal in dst. s may equal dst.
+    void (*rinv_32f)(const float* s, size_t off, float r0, float half, float* dst, int order,
+                     const float* tab, const float* tw);
+    void (*rinv_64f)(const double* s, size_t off, double r0, double half, double* dst, int order,
+                     const double* tab, const double* tw);
     // Packed-spectrum pairs: d[k] = x[k] * y[k] (or x[k] * conj(y[k])) for `pairs` complex
     // values stored as re, im. Single precision forms each product in double and rounds once;
     // double precision uses extended precision. The 16-bit form takes the exact 64-bit result
@@ -60,15 +65,27 @@ constexpr size_t fft_stage_values(int order) {
 }
 
 // Orders 3 to 7 may also run as one register-resident pass over N = L R points: R rows of L
-// complex values (L = 2 at order 3, 4 at orders 4 to 6, 8 at order 7; fft_simd.cpp).
-// Its table follows the stage table: for each row k = 1 .. R - 1, the duplicated real parts
-// (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary parts: 4 L values per row.
+// complex values (fft_simd.cpp), with L = 2 at order 3, 4 at orders 4 and 5, 4 or 8 at order 6
+// (the widest the level has) and 8 at order 7. The table follows the stage table and holds the
+// rows of each of the order's lane counts, fewer lanes first: for each row k = 1 .. R - 1, the
+// duplicated real parts (c, c) of W_N^(k l) for the L lanes l, then the duplicated imaginary
+// parts: 4 L values per row.
 constexpr bool fft_has_short_pass(int order) { return order >= 3 && order <= 7; }
-constexpr int fft_short_lanes(int order) { return order == 3 ? 2 : order == 7 ? 8 : 4; }
+constexpr bool fft_short_has_lanes(int order, int lanes) {
+    return order == 3   ? lanes == 2
+           : order <= 5 ? lanes == 4
+           : order == 6 ? lanes == 4 || lanes == 8
+                        : lanes == 8;
+}
+// Where the rows of `lanes` start in the short pass's table.
+constexpr size_t fft_short_offset(int order, int lanes) {
+    size_t at = 0;
+    for (int l = 2; l < lanes; l *= 2)
+        if (fft_short_has_lanes(order, l)) at += 4 * size_t(l) * ((size_t{1} << order) / l - 1);
+    return at;
+}
 constexpr size_t fft_short_values(int order) {
-    if (!fft_has_short_pass(order)) return 0;
-    const size_t lanes = static_cast<size_t>(fft_short_lanes(order));
-    return 4 * lanes * ((size_t{1} << order) / lanes - 1);
+    return fft_has_short_pass(order) ? fft_short_offset(order, 16) : 0;
 }
 
 // Values in a complex plan's whole table: the stage table, then the short-pass rows.

@@ -186,108 +186,67 @@ inline void leaf_dft(typename V::R* x) {
         dft8<V, T, INV>(x);
 }
 
+// One group of the leaf pass: the S-point transforms of the kPairs<V> = W columns
+// in[l + p in_step] (lane l < W, p < S), stored as W blocks of S values, lane l's block at
+// out + rev(l) out_step (rev over log2(W) bits); transposed on the way out.
+template <class V, class T, int S, bool INV>
+inline void leaf_group(const T* in, size_t in_step, T* out, size_t out_step) {
+    constexpr int W = kPairs<V>;
+    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
+    typename V::R x[S];
+    for (int p = 0; p < S; ++p, in += in_step) x[p] = V::load(in);
+    leaf_dft<V, T, S, INV>(x);
+    for (int c = 0; c < S / W; ++c) {
+        typename V::R t[W];
+        for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
+        V::transpose_pairs(t);
+        for (int l = 0; l < W; ++l)
+            V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
+    }
+}
+
 // Out of place: bit-reversal permutation and the S-point leaf transforms in one pass. Leaf
 // block b (dst[S*b ..]) is the S-point transform of src[rev(b) + p*nb], p = 0..S-1; kPairs<V>
 // consecutive rev(b) values are loaded as one vector per p and transposed on the way out.
+// rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is l
+// reversed over log2(W) bits, times nb / W.
 template <class V, class T, int S, bool INV>
 void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
-    constexpr int W = kPairs<V>;
+    constexpr size_t W = kPairs<V>;
     if constexpr (W > 1) {
-        if (nb < static_cast<size_t>(W))
-            return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
+        if (nb < W) return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
     }
-    // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is
-    // l reversed over log2(W) bits, times nb / W.
-    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
-    const size_t in_step = 2 * nb, out_step = 2 * S * (nb / W);
-    for (size_t r0 = 0; r0 < nb; r0 += W) {
-        typename V::R x[S];
-        const T* in = src + 2 * r0;
-        for (int p = 0; p < S; ++p, in += in_step) x[p] = V::load(in);
-        leaf_dft<V, T, S, INV>(x);
-        T* out = dst + 2 * S * bit_reverse(r0, bbits);
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int i = 0; i < W; ++i) t[i] = x[c * W + i];
-            V::transpose_pairs(t);
-            for (int l = 0; l < W; ++l)
-                V::store(out + kRev8.v[l << (8 - lb)] * out_step + 2 * c * W, t[l]);
-        }
-    }
+    const size_t out_step = 2 * S * (nb / W);
+    for (size_t r0 = 0; r0 < nb; r0 += W)
+        leaf_group<V, T, S, INV>(src + 2 * r0, 2 * nb, dst + 2 * S * bit_reverse(r0, bbits),
+                                 out_step);
 }
 
-// In place, after a full bit-reversal permutation: each block holds its leaf's input in
-// bit-reversed order; W blocks are transposed into lanes, transformed and transposed back.
+// In place, nb >= S: the bit reversal and the leaf pass together. The inputs x[S t + q + p nb]
+// (q, p < S) of square t feed exactly the leaf blocks rev(S t + q) = rev'(t) + rev(q) nb / S
+// (rev' over bbits - log2 S bits), which hold square rev'(t)'s inputs. So squares t and rev'(t)
+// are copied to `buf` (2 S^2 complex values) and each one's transforms are stored over the
+// other: one pass over the data instead of a bit-reversal pass followed by a leaf pass.
 template <class V, class T, int S, bool INV>
-void leaf_in_place(T* x, size_t nb) {
-    constexpr int W = kPairs<V>;
-    if constexpr (W > 1) {
-        if (nb < static_cast<size_t>(W)) return leaf_in_place<Narrower<V>, T, S, INV>(x, nb);
-    }
-    constexpr int lb = S == 16 ? 4 : 3;
-    for (size_t b0 = 0; b0 < nb; b0 += W) {
-        typename V::R q[S], y[S];
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int l = 0; l < W; ++l) t[l] = V::load(x + 2 * ((b0 + l) * S + c * W));
-            V::transpose_pairs(t);
-            for (int i = 0; i < W; ++i) q[c * W + i] = t[i];
-        }
-        for (int p = 0; p < S; ++p) y[p] = q[bit_reverse(static_cast<size_t>(p), lb)];
-        leaf_dft<V, T, S, INV>(y);
-        for (int c = 0; c < S / W; ++c) {
-            typename V::R t[W];
-            for (int i = 0; i < W; ++i) t[i] = y[c * W + i];
-            V::transpose_pairs(t);
-            for (int l = 0; l < W; ++l) V::store(x + 2 * ((b0 + l) * S + c * W), t[l]);
-        }
-    }
-}
-
-template <class T>
-void bit_reverse_in_place_scalar(T* x, int order) {
-    const size_t n = size_t{1} << order;
-    for (size_t i = 1; i + 1 < n; ++i) {
-        const size_t j = bit_reverse(i, order);
-        if (i < j) {
-            const T a = x[2 * i], b = x[2 * i + 1];
-            x[2 * i] = x[2 * j];
-            x[2 * i + 1] = x[2 * j + 1];
-            x[2 * j] = a;
-            x[2 * j + 1] = b;
-        }
-    }
-}
-
-// Bit reversal in W x W tiles: an index is (a, m, c) with a and c of lb = log2(W) bits, and
-// rev(a, m, c) = (rev c, rev m, rev a). Rows a of the tile at middle m are vectors over c;
-// transposed, row c holds lanes a, which bit_reverse_pairs puts in rev(a) order for row rev(c) of
-// the tile at rev(m). Tiles m and rev(m) are exchanged together.
-template <class V, class T>
-void bit_reverse_in_place(T* x, int order) {
-    constexpr int W = kPairs<V>;
-    constexpr int lb = W == 8 ? 3 : W == 4 ? 2 : W == 2 ? 1 : 0;
-    if constexpr (W == 1) {
-        bit_reverse_in_place_scalar(x, order);
-    } else {
-        if (order < 2 * lb + 1) return bit_reverse_in_place_scalar(x, order);
-        const int mb = order - 2 * lb;
-        const size_t row = size_t{1} << (order - lb); // stride of a
-        auto at = [&](size_t a, size_t m, size_t c) { return x + 2 * (a * row + (m << lb) + c); };
-        for (size_t m = 0; m < (size_t{1} << mb); ++m) {
-            const size_t mr = bit_reverse(m, mb);
-            if (mr < m) continue;
-            typename V::R t[W], u[W];
-            for (int i = 0; i < W; ++i) t[i] = V::load(at(i, m, 0));
-            for (int i = 0; i < W; ++i) u[i] = V::load(at(i, mr, 0));
-            V::transpose_pairs(t);
-            V::transpose_pairs(u);
-            for (int c = 0; c < W; ++c) {
-                const size_t rc = bit_reverse(static_cast<size_t>(c), lb);
-                V::store(at(rc, mr, 0), V::bit_reverse_pairs(t[c]));
-                if (mr != m) V::store(at(rc, m, 0), V::bit_reverse_pairs(u[c]));
-            }
-        }
+void leaf_in_place(T* x, size_t nb, int bbits, T* buf) {
+    constexpr size_t W = kPairs<V>;
+    constexpr int sb = S == 16 ? 4 : 3;
+    const size_t out_step = 2 * S * (nb / W);
+    T* const square[2] = {buf, buf + 2 * S * S};
+    for (size_t t = 0; t < nb / S; ++t) {
+        const size_t tr = bit_reverse(t, bbits - sb);
+        if (tr < t) continue;
+        const size_t from[2] = {t, tr};
+        const int count = tr == t ? 1 : 2;
+        for (int i = 0; i < count; ++i)
+            for (size_t p = 0; p < S; ++p)
+                std::memcpy(square[i] + 2 * S * p, x + 2 * (S * from[i] + p * nb),
+                            2 * S * sizeof(T));
+        for (int i = 0; i < count; ++i)
+            for (size_t q0 = 0; q0 < S; q0 += W)
+                leaf_group<V, T, S, INV>(square[i] + 2 * q0, 2 * S,
+                                         x + 2 * S * bit_reverse(S * from[i] + q0, bbits),
+                                         out_step);
     }
 }
 
@@ -373,8 +332,8 @@ void stages(T* x, size_t len, size_t leaf, const T* tw) {
 }
 
 // In place, transforms of up to this many bytes copy their input to the stack and run the fused
-// bit-reversal and leaf pass out of place from the copy: a copy within the level-1 cache costs
-// less than the tiled bit reversal followed by a separate leaf pass.
+// bit-reversal and leaf pass out of place from the copy (a copy within the level-1 cache costs
+// little); larger ones use the same stack area for leaf_in_place's pairs of squares.
 inline constexpr size_t kCopyInPlaceBytes = 16384;
 
 template <class V, class T, int S, bool INV>
@@ -382,15 +341,17 @@ void cfft_leafed(const T* src, T* dst, int order, const T* tw) {
     constexpr int lb = S == 16 ? 4 : 3;
     const size_t n = size_t{1} << order;
     const size_t nb = n / S;
+    static_assert(2 * S * S * 2 * sizeof(T) <= kCopyInPlaceBytes);
     if (src != dst) {
         leaf_out_of_place<V, T, S, INV>(src, dst, nb, order - lb);
-    } else if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
-        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
-        std::memcpy(copy, src, 2 * n * sizeof(T));
-        leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
     } else {
-        bit_reverse_in_place<V, T>(dst, order);
-        leaf_in_place<V, T, S, INV>(dst, nb);
+        alignas(64) T copy[kCopyInPlaceBytes / sizeof(T)];
+        if (2 * n * sizeof(T) <= kCopyInPlaceBytes) {
+            std::memcpy(copy, src, 2 * n * sizeof(T));
+            leaf_out_of_place<V, T, S, INV>(copy, dst, nb, order - lb);
+        } else {
+            leaf_in_place<V, T, S, INV>(dst, nb, order - lb, copy);
+        }
     }
     if (n > S) stages<V, T, INV>(dst, n, S, tw);
 }
@@ -452,11 +413,11 @@ void cfft_short(const T* src, T* dst, const T* tw) {
     }
 }
 
-// The short pass in rows of kPairs<V> complex values, when that is the order's lane count.
+// The short pass in rows of kPairs<V> complex values, when the order has rows of that width.
 template <class V, class T, bool INV>
 bool short_in(const T* src, T* dst, int order, const T* tw) {
-    if (!fft_has_short_pass(order) || fft_short_lanes(order) != kPairs<V>) return false;
-    tw += fft_stage_values(order);
+    if (!fft_has_short_pass(order) || !fft_short_has_lanes(order, kPairs<V>)) return false;
+    tw += fft_stage_values(order) + fft_short_offset(order, kPairs<V>);
     const int rows = (1 << order) / kPairs<V>; // at least kPairs<V>, by the lane counts
     if constexpr (kPairs<V> <= 4)
         if (rows == 4) return cfft_short<V, T, 4, INV>(src, dst, tw), true;
@@ -514,11 +475,11 @@ void scale(T* x, size_t n, T s) {
 // (the inverse keeps the factor 2 of both halves, so that the half-length inverse transform
 // yields N times the signal). Index 0 and the self-mirrored N/4 are handled apart.
 template <class V, class T, bool INV>
-inline void split_values(const T* z, size_t n, const T* fr, const T* fi, size_t k,
+inline void split_values(const T* s, size_t off, size_t n, const T* fr, const T* fi, size_t k,
                          typename V::R& lo, typename V::R& hi) {
     const size_t km = n / 2 - k - (kPairs<V> - 1); // first complex of the mirrored vector
-    const auto p = V::load(z + 2 * k);
-    const auto q = V::conj(V::reverse_pairs(V::load(z + 2 * km)));
+    const auto p = V::load(s + 2 * k - off);
+    const auto q = V::conj(V::reverse_pairs(V::load(s + 2 * km - off)));
     const auto t = V::mul_twiddle(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
     if constexpr (INV) {
         const auto sum = V::add(p, q);
@@ -531,11 +492,14 @@ inline void split_values(const T* z, size_t n, const T* fr, const T* fi, size_t 
     hi = V::reverse_pairs(hi);
 }
 
+// The split steps read pair k (k >= 1) at s[2k - off], s[2k - off + 1]: off is 1 for a Pack
+// layout source, else 0. They write the Perm positions of z, which may equal s when off is 0.
+
 // Split pair k: the results at k and at the mirrored block.
 template <class V, class T, bool INV>
-inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+inline void split_pair(const T* s, size_t off, T* z, size_t n, const T* fr, const T* fi, size_t k) {
     typename V::R lo, hi;
-    split_values<V, T, INV>(z, n, fr, fi, k, lo, hi);
+    split_values<V, T, INV>(s, off, n, fr, fi, k, lo, hi);
     V::store(z + 2 * k, lo);
     V::store(z + 2 * (n / 2 - k - (kPairs<V> - 1)), hi);
 }
@@ -543,10 +507,10 @@ inline void split_pair(T* z, size_t n, const T* fr, const T* fi, size_t k) {
 // Split pairs k, k + 1, ... below N/4 with vectors of V while the block [k, k + W) stays below
 // its mirrored block, then with narrower vectors down to one lane.
 template <class V, class T, bool INV>
-void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
+void split_pairs(const T* s, size_t off, T* z, size_t n, const T* fr, const T* fi, size_t k) {
     for (; k + 2 * kPairs<V> <= n / 2 - k + 1 && k + kPairs<V> <= n / 4; k += kPairs<V>)
-        split_pair<V, T, INV>(z, n, fr, fi, k);
-    if constexpr (kPairs<V> >= 2) split_pairs<Narrower<V>, T, INV>(z, n, fr, fi, k);
+        split_pair<V, T, INV>(s, off, z, n, fr, fi, k);
+    if constexpr (kPairs<V> >= 2) split_pairs<Narrower<V>, T, INV>(s, off, z, n, fr, fi, k);
 }
 
 // The split steps of 16 reals (8 complex values) next to the transform's short pass, which
@@ -555,41 +519,73 @@ void split_pairs(T* z, size_t n, const T* fr, const T* fi, size_t k) {
 // by the Pack layout's move, is served by one store (a load that straddles several smaller
 // stores waits until they reach the cache). Same arithmetic as the general steps below.
 template <class T, bool INV>
-void rsplit16(T* z, const T* fr, const T* fi) {
+void rsplit16(const T* s, size_t off, T* z, const T* fr, const T* fi, T r0, T r1) {
     using C = One<T>;
     using Row = simd::Vec<T, 4>;
     typename C::R r[8];
-    r[0] = C::splat_pair(z[0] + z[1], z[0] - z[1]);
-    for (size_t k = 1; k < 4; ++k) split_values<C, T, INV>(z, 16, fr, fi, k, r[k], r[8 - k]);
+    r[0] = C::splat_pair(r0 + r1, r0 - r1);
+    for (size_t k = 1; k < 4; ++k) split_values<C, T, INV>(s, off, 16, fr, fi, k, r[k], r[8 - k]);
     if constexpr (INV)
-        r[4] = C::mul(C::load(z + 8), C::splat_pair(T(2), T(-2)));
+        r[4] = C::mul(C::load(s + 8 - off), C::splat_pair(T(2), T(-2)));
     else
-        r[4] = C::conj(C::load(z + 8));
+        r[4] = C::conj(C::load(s + 8 - off));
     for (int j = 0; j < 4; ++j) Row::store(z + 4 * j, Row::join(r[2 * j], r[2 * j + 1]));
 }
 
+// The split steps of N = n reals; r0 and r1 are the values of the first pair (for the inverse,
+// the spectrum's values at 0 and N/2).
 template <class V, class T, bool INV>
-void rsplit(T* z, size_t n, const T* tab) {
+void rsplit(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
     const size_t quarter_n = n / 4;
     const T* fr = tab;
     const T* fi = tab + 2 * quarter_n;
     if constexpr (kPairs<V> >= 2)
-        if (n == 16) return rsplit16<T, INV>(z, fr, fi);
-    const T r0 = z[0], r1 = z[1];
-    z[0] = r0 + r1;
-    z[1] = r0 - r1;
+        if (n == 16) return rsplit16<T, INV>(s, off, z, fr, fi, r0, r1);
     // Below 32 points one lane at a time: vector loads that straddle the transform's vector
     // stores just before would wait for both of them.
     if (n >= 32)
-        split_pairs<V, T, INV>(z, n, fr, fi, 1);
+        split_pairs<V, T, INV>(s, off, z, n, fr, fi, 1);
     else
-        split_pairs<One<T>, T, INV>(z, n, fr, fi, 1);
+        split_pairs<One<T>, T, INV>(s, off, z, n, fr, fi, 1);
+    const T mid_re = s[n / 2 - off], mid_im = s[n / 2 + 1 - off];
+    z[0] = r0 + r1;
+    z[1] = r0 - r1;
     if constexpr (INV) {
-        z[n / 2] = 2 * z[n / 2];
-        z[n / 2 + 1] = -2 * z[n / 2 + 1];
+        z[n / 2] = 2 * mid_re;
+        z[n / 2 + 1] = -2 * mid_im;
     } else {
-        z[n / 2 + 1] = -z[n / 2 + 1];
+        z[n / 2] = mid_re;
+        z[n / 2 + 1] = -mid_im;
     }
+}
+
+template <class V, class T>
+void rsplit_fwd(T* z, size_t n, const T* tab) {
+    rsplit<V, T, false>(z, 0, z, n, tab, z[0], z[1]);
+}
+
+// Up to this many bytes of reals the inverse real transform's split steps write to the stack and
+// its half-length transform runs out of place from there (its bit reversal fused into the first
+// pass). Measured on the development machine: 10 to 20% faster than moving the spectrum into the
+// destination first, up to 8 KiB; at 16 KiB, 12% slower.
+inline constexpr size_t kSplitOnStackBytes = 8192;
+
+// The inverse real transform of 2^order reals (order >= 2) once its layout's values are read:
+// the split steps from s, then the half-length inverse transform into dst. Above the stack size
+// the pairs are moved to their Perm positions in dst and both steps run there in place: at these
+// sizes a copy followed by in-place steps beats steps reading one buffer and writing another.
+template <class V, class T>
+void rinv(const T* s, size_t off, T r0, T half, T* dst, int order, const T* tab, const T* tw) {
+    const size_t n = size_t{1} << order;
+    if (n * sizeof(T) <= kSplitOnStackBytes) {
+        alignas(64) T z[kSplitOnStackBytes / sizeof(T)];
+        rsplit<V, T, true>(s, off, z, n, tab, r0, half);
+        cfft<V, T>(z, dst, order - 1, tw, true);
+        return;
+    }
+    if (s != dst || off != 0) std::memmove(dst + 2, s + 2 - off, (n - 2) * sizeof(T));
+    rsplit<V, T, true>(dst, 0, dst, n, tab, r0, half);
+    cfft<V, T>(dst, dst, order - 1, tw, true);
 }
 
 void mul_pairs_32f(const float* x, const float* y, float* d, size_t pairs, bool conj_y) {
@@ -634,10 +630,10 @@ extern const FftKernels fft = {
     .cfft_64f = simd::entry<cfft_64f>,
     .scale_32f = simd::entry<scale<float>>,
     .scale_64f = simd::entry<scale<double>>,
-    .rsplit_fwd_32f = simd::entry<rsplit<VF, float, false>>,
-    .rsplit_fwd_64f = simd::entry<rsplit<VD, double, false>>,
-    .rsplit_inv_32f = simd::entry<rsplit<VF, float, true>>,
-    .rsplit_inv_64f = simd::entry<rsplit<VD, double, true>>,
+    .rsplit_fwd_32f = simd::entry<rsplit_fwd<VF, float>>,
+    .rsplit_fwd_64f = simd::entry<rsplit_fwd<VD, double>>,
+    .rinv_32f = simd::entry<rinv<VF, float>>,
+    .rinv_64f = simd::entry<rinv<VD, double>>,
     .mul_pairs_32f = simd::entry<mul_pairs_32f>,
     .mul_pairs_64f = simd::entry<mul_pairs_64f>,
     .mul_pairs_16s = simd::entry<mul_pairs_16s>,

@@ -220,15 +220,19 @@ void fill_stage_twiddles(T* out, int corder, const double* qs, size_t nf) {
 template <class T>
 void fill_short_twiddles(T* out, int corder, const double* qs, size_t nf) {
     const size_t n = size_t{1} << corder;
-    const size_t lanes = static_cast<size_t>(kern::fft_short_lanes(corder));
-    for (size_t k = 1; k < n / lanes; ++k)
-        for (size_t l = 0; l < lanes; ++l) {
-            double re, im;
-            root(qs, nf, k * l * (nf / n), re, im);
-            T* w = out + 4 * lanes * (k - 1) + 2 * l;
-            w[0] = w[1] = static_cast<T>(re);
-            w[2 * lanes] = w[2 * lanes + 1] = static_cast<T>(im);
-        }
+    for (int lanes_i = 2; lanes_i <= 8; lanes_i *= 2) {
+        if (!kern::fft_short_has_lanes(corder, lanes_i)) continue;
+        const size_t lanes = static_cast<size_t>(lanes_i);
+        T* rows = out + kern::fft_short_offset(corder, lanes_i);
+        for (size_t k = 1; k < n / lanes; ++k)
+            for (size_t l = 0; l < lanes; ++l) {
+                double re, im;
+                root(qs, nf, k * l * (nf / n), re, im);
+                T* w = rows + 4 * lanes * (k - 1) + 2 * l;
+                w[0] = w[1] = static_cast<T>(re);
+                w[2 * lanes] = w[2 * lanes + 1] = static_cast<T>(im);
+            }
+    }
 }
 
 // Split-step factors for k < N/4 (see fft.hpp), duplicated for the vector kernels.
@@ -305,8 +309,9 @@ struct Engine<float> {
     static void split_fwd(float* z, size_t n, const float* t) {
         kern::fft_kernels().rsplit_fwd_32f(z, n, t);
     }
-    static void split_inv(float* z, size_t n, const float* t) {
-        kern::fft_kernels().rsplit_inv_32f(z, n, t);
+    static void real_inv(const float* s, size_t off, float r0, float half, float* dst, int order,
+                         const float* tab, const float* tw) {
+        kern::fft_kernels().rinv_32f(s, off, r0, half, dst, order, tab, tw);
     }
     static void mul_pairs(const float* x, const float* y, float* d, size_t pairs, bool conj_y) {
         kern::fft_kernels().mul_pairs_32f(x, y, d, pairs, conj_y);
@@ -322,8 +327,9 @@ struct Engine<double> {
     static void split_fwd(double* z, size_t n, const double* t) {
         kern::fft_kernels().rsplit_fwd_64f(z, n, t);
     }
-    static void split_inv(double* z, size_t n, const double* t) {
-        kern::fft_kernels().rsplit_inv_64f(z, n, t);
+    static void real_inv(const double* s, size_t off, double r0, double half, double* dst,
+                         int order, const double* tab, const double* tw) {
+        kern::fft_kernels().rinv_64f(s, off, r0, half, dst, order, tab, tw);
     }
     static void mul_pairs(const double* x, const double* y, double* d, size_t pairs, bool conj_y) {
         kern::fft_kernels().mul_pairs_64f(x, y, d, pairs, conj_y);
@@ -453,8 +459,6 @@ template <class T>
 void inverse_real(const Plan<T>& s, const T* src, T* dst, Layout layout, std::byte*) noexcept {
     const int order = s.order;
     const size_t n = size_t{1} << order;
-    // Copy into dst in Perm order, then split and transform in place there: walking dst in order
-    // beats writing the split step's results straight to bit-reversed positions at every order.
     if (n == 1) {
         dst[0] = src[0];
     } else {
@@ -462,20 +466,14 @@ void inverse_real(const Plan<T>& s, const T* src, T* dst, Layout layout, std::by
         const T half = layout == Layout::ccs    ? src[n]
                        : layout == Layout::pack ? src[n - 1]
                                                 : src[1];
-        if (layout == Layout::pack)
-            std::memmove(dst + 2, src + 1, (n - 2) * sizeof(T));
-        else if (src != dst)
-            std::memcpy(dst + 2, src + 2, (n - 2) * sizeof(T));
-        dst[0] = r0;
-        dst[1] = half;
-    }
-    if (order == 1) {
-        const T a = dst[0], b = dst[1];
-        dst[0] = a + b;
-        dst[1] = a - b;
-    } else if (order >= 2) {
-        Engine<T>::split_inv(dst, n, s.split_inv);
-        Engine<T>::cfft(dst, dst, order - 1, s.twiddles, true);
+        if (order == 1) {
+            dst[0] = r0 + half;
+            dst[1] = r0 - half;
+        } else {
+            // The pairs are read where the layout keeps them (Pack: one value before Perm).
+            Engine<T>::real_inv(src, layout == Layout::pack ? 1 : 0, r0, half, dst, order,
+                                s.split_inv, s.twiddles);
+        }
     }
     if (s.inv_norm) Engine<T>::mul(dst, n, s.scale);
 }
