@@ -41,6 +41,19 @@ if(VEKS_X86)
     endif()
 endif()
 
+# The other library sources (entry points, plans, objects) are built for the baseline without
+# straight-line vectorisation: it packs two scalar results into one vector through a stack slot
+# (two 8-byte stores read back as one 16-byte load, e.g. a complex double result converted to
+# complex float), and that load waits a dozen cycles for the stores to reach the cache, longer
+# than a short call's whole kernel.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    set(VEKS_ENTRY_FLAGS -fno-tree-slp-vectorize)
+elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    set(VEKS_ENTRY_FLAGS -fno-slp-vectorize)
+else()
+    set(VEKS_ENTRY_FLAGS)
+endif()
+
 # Replaces every *_simd.cpp in the list by one generated wrapper per ISA level.
 function(veks_filter_kernel_sources out_var)
     set(result)
@@ -67,6 +80,7 @@ function(veks_filter_kernel_sources out_var)
                 list(APPEND result ${wrapper})
             endforeach()
         else()
+            set_source_files_properties(${src} PROPERTIES COMPILE_OPTIONS "${VEKS_ENTRY_FLAGS}")
             list(APPEND result ${src})
         endif()
     endforeach()
