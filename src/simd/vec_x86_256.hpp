@@ -291,7 +291,10 @@ struct Vec<double, 4> {
     static R conj(R a) { return _mm256_xor_pd(a, odd_sign()); }
     static R mul_neg_i(R a) { return _mm256_xor_pd(swap_pairs(a), odd_sign()); }
     static R mul_pos_i(R a) { return _mm256_xor_pd(swap_pairs(a), even_sign()); }
-    static R splat_pair(double re, double im) { return _mm256_setr_pd(re, im, re, im); }
+    static R splat_pair(double re, double im) { // joined in registers, as on AVX-512
+        const __m128d p = _mm_unpacklo_pd(_mm_set_sd(re), _mm_set_sd(im));
+        return _mm256_insertf128_pd(_mm256_castpd128_pd256(p), p, 1);
+    }
     static R dup_re(R a) { return _mm256_movedup_pd(a); }
     static R dup_im(R a) { return _mm256_permute_pd(a, 0xF); }
     static R mul_twiddle(R a, R wr, R wi) {

@@ -302,8 +302,10 @@ struct Vec<double, 8> {
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
     static R mul_neg_i(R a) { return _mm512_xor_pd(swap_pairs(a), odd_sign()); }
     static R mul_pos_i(R a) { return _mm512_xor_pd(swap_pairs(a), even_sign()); }
+    // (Joined in registers: a set from scalars went through the stack, and the vector load
+    // waited for the two scalar stores.)
     static R splat_pair(double re, double im) {
-        return _mm512_setr_pd(re, im, re, im, re, im, re, im);
+        return _mm512_broadcast_f64x2(_mm_unpacklo_pd(_mm_set_sd(re), _mm_set_sd(im)));
     }
     static R dup_re(R a) { return _mm512_movedup_pd(a); }
     static R dup_im(R a) { return _mm512_permute_pd(a, 0xFF); }
