@@ -391,18 +391,6 @@ struct Vec {
         for (int i = 0; i + 1 < N; i += 2) r.v[i] = a.v[N - 2 - i], r.v[i + 1] = a.v[N - 1 - i];
         return r;
     }
-    // Complex value k moves to position bit_reverse(k) (over log2(N/2) bits).
-    static R bit_reverse_pairs(R a) {
-        constexpr int C = N / 2;
-        R r = a;
-        for (int k = 0; k < C; ++k) {
-            int rk = 0;
-            for (int b = 1, q = C >> 1; b < C; b <<= 1, q >>= 1)
-                if (k & b) rk |= q;
-            r.v[2 * rk] = a.v[2 * k], r.v[2 * rk + 1] = a.v[2 * k + 1];
-        }
-        return r;
-    }
     // The vector whose low N/2 lanes are lo's and high N/2 lanes hi's (registers of the vector
     // with half as many lanes), without a trip through memory on the native vectors.
     template <class H = Vec<T, N / 2>>

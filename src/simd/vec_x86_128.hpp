@@ -178,7 +178,6 @@ struct Vec<float, 4> {
     static R reverse_pairs(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
     // Lanes 0, 1 of lo then lanes 0, 1 of hi (two Vec<float, 2> registers).
     static R join(R lo, R hi) { return _mm_movelh_ps(lo, hi); }
-    static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R* r) {
         const R a = _mm_movelh_ps(r[0], r[1]), b = _mm_movehl_ps(r[1], r[0]);
         r[0] = a;
@@ -242,7 +241,6 @@ struct Vec<float, 2> {
     static R mul_conj_twiddle(R a, R wr, R wi) { return Full::mul_conj_twiddle(a, wr, wi); }
     static void rotate(R a, R b, R& x1, R& x3) { Full::rotate(a, b, x1, x3); }
     static R reverse_pairs(R a) { return a; }
-    static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R*) {}
 };
 
@@ -375,7 +373,6 @@ struct Vec<double, 2> {
         x3 = _mm_add_pd(a, mul_pos_i(b));
     }
     static R reverse_pairs(R a) { return a; }
-    static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R*) {}
 };
 

@@ -122,9 +122,6 @@ struct Vec<float, 8> {
     static R reverse_pairs(R a) {
         return _mm256_permutevar8x32_ps(a, _mm256_setr_epi32(6, 7, 4, 5, 2, 3, 0, 1));
     }
-    static R bit_reverse_pairs(R a) {
-        return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(a), 0xD8));
-    }
     static void transpose_pairs(R* r) {
         const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
         const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
@@ -314,7 +311,6 @@ struct Vec<double, 4> {
     static R join(__m128d lo, __m128d hi) {
         return _mm256_insertf128_pd(_mm256_castpd128_pd256(lo), hi, 1);
     }
-    static R bit_reverse_pairs(R a) { return a; }
     static void transpose_pairs(R* r) {
         const R a = _mm256_permute2f128_pd(r[0], r[1], 0x20);
         const R b = _mm256_permute2f128_pd(r[0], r[1], 0x31);

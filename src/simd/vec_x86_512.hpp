@@ -124,10 +124,6 @@ struct Vec<float, 16> {
         return _mm512_permutexvar_ps(
             _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
     }
-    static R bit_reverse_pairs(R a) {
-        return _mm512_castpd_ps(
-            _mm512_permutexvar_pd(_mm512_setr_epi64(0, 4, 2, 6, 1, 5, 3, 7), _mm512_castps_pd(a)));
-    }
     static void transpose_pairs(R* r) {
         __m512d t[8], u[8];
         for (int i = 0; i < 8; i += 2) {
@@ -324,7 +320,6 @@ struct Vec<double, 8> {
     static R reverse_pairs(R a) {
         return _mm512_permutexvar_pd(_mm512_setr_epi64(6, 7, 4, 5, 2, 3, 0, 1), a);
     }
-    static R bit_reverse_pairs(R a) { return _mm512_shuffle_f64x2(a, a, 0xD8); }
     static void transpose_pairs(R* r) {
         const R t0 = _mm512_shuffle_f64x2(r[0], r[1], 0x44);
         const R t1 = _mm512_shuffle_f64x2(r[0], r[1], 0xEE);
