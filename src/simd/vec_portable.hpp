@@ -233,6 +233,12 @@ struct Vec {
         for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
         return r;
     }
+    // The lanes in reverse order (a[N-1], .., a[0]).
+    static R reverse(R a) {
+        R r;
+        for (int i = 0; i < N; ++i) r.v[i] = a.v[N - 1 - i];
+        return r;
+    }
     // The largest and the smallest lane (for lanes that hold no NaN).
     static T max_lanes(R a) {
         T m = a.v[0];
@@ -408,6 +414,30 @@ struct Vec {
                 std::swap(r[j].v[2 * k], r[k].v[2 * j]);
                 std::swap(r[j].v[2 * k + 1], r[k].v[2 * j + 1]);
             }
+    }
+    // transpose_pairs with the rows left in halves (N / 2 lanes each), for storing half rows:
+    // afterwards r[j] holds the first halves of rows j and j + N/4 (in its low and its high
+    // half), and r[j + N/4] their second halves (j < N/4).
+    static void transpose_pairs_split(R* r) {
+        static_assert(N % 4 == 0);
+        constexpr int Q = N / 4, H = N / 2;
+        transpose_pairs(r);
+        for (int j = 0; j < Q; ++j)
+            for (int i = 0; i < H; ++i) std::swap(r[j].v[H + i], r[j + Q].v[i]);
+    }
+    // The complex values of the K vectors r[0 .. K) interleaved: afterwards r[0 .. K), read in
+    // order, holds r0[0], r1[0], .., r(K-1)[0], r0[1], r1[1], .. (a K x N/2 matrix of complex
+    // values transposed, N/2 rows of K side by side).
+    template <int K>
+    static void interleave_pairs(R* r) {
+        constexpr int C = N / 2;
+        R t[K];
+        for (int k = 0; k < K; ++k) t[k] = r[k];
+        for (int i = 0; i < K * C; ++i) {
+            const T* from = t[i % K].v + 2 * (i / K);
+            T* to = r[i / C].v + 2 * (i % C);
+            to[0] = from[0], to[1] = from[1];
+        }
     }
 
   private:

@@ -353,6 +353,7 @@ struct Vec<double, 2> {
 
     static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
     static R slide_up(R a, R below) { return _mm_shuffle_pd(below, a, 1); }
+    static R reverse(R a) { return _mm_shuffle_pd(a, a, 1); }
     static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }
     static R conj(R a) { return _mm_xor_pd(a, odd_sign()); }
@@ -426,11 +427,18 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
             std::memcpy(&v, p, sizeof v);
             s = _mm_cvtsi32_si128(v);
         }
-        using VS = Vec<S, 16 / sizeof(S)>;
-        if constexpr (sizeof(S) == 1 && bytes == 4)
-            return Vec<WiderOf<S>, 8>::widen_lo(VS::widen_lo(s));
-        else
-            return VS::widen_lo(s);
+        return extend<S>(s);
+    }
+    // The first n of them (0 <= n <= N), the other lanes 0; nothing beyond p + n is read.
+    template <class S>
+    static R load_extend_n(const S* p, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        return extend<S>(Vec<S, 16 / sizeof(S)>::load_n(p, n));
+#else
+        S b[N] = {};
+        std::memcpy(b, p, n * sizeof(S));
+        return load_extend(b);
+#endif
     }
     static R splat(T x) {
         if constexpr (bytes == 1) return _mm_set1_epi8(static_cast<char>(x));
@@ -624,6 +632,15 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
     }
 
   private:
+    // The low N elements of s (of type S) extended to T.
+    template <class S>
+    static R extend(__m128i s) {
+        using VS = Vec<S, 16 / sizeof(S)>;
+        if constexpr (sizeof(S) == 1 && bytes == 4)
+            return Vec<WiderOf<S>, 8>::widen_lo(VS::widen_lo(s));
+        else
+            return VS::widen_lo(s);
+    }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm_unpacklo_epi8(a, b);
         if constexpr (bytes == 2) return _mm_unpacklo_epi16(a, b);

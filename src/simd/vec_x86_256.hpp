@@ -283,6 +283,7 @@ struct Vec<double, 4> {
         return _mm256_shuffle_pd(_mm256_permute2f128_pd(below, a, 0x21), a, 0x5);
 #endif
     }
+    static R reverse(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(0, 1, 2, 3)); }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
     static R even_sign() { return _mm256_setr_pd(-0., 0., -0., 0.); }
     static R conj(R a) { return _mm256_xor_pd(a, odd_sign()); }
@@ -375,15 +376,18 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
                           : sizeof(S) * N == 8
                               ? _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))
                               : _mm_cvtsi32_si128(load_int32(p));
-        constexpr bool s_signed = std::is_signed_v<S>;
-        if constexpr (sizeof(S) == 1 && bytes == 2)
-            return s_signed ? _mm256_cvtepi8_epi16(s) : _mm256_cvtepu8_epi16(s);
-        if constexpr (sizeof(S) == 1 && bytes == 4)
-            return s_signed ? _mm256_cvtepi8_epi32(s) : _mm256_cvtepu8_epi32(s);
-        if constexpr (sizeof(S) == 2 && bytes == 4)
-            return s_signed ? _mm256_cvtepi16_epi32(s) : _mm256_cvtepu16_epi32(s);
-        if constexpr (sizeof(S) == 4 && bytes == 8)
-            return s_signed ? _mm256_cvtepi32_epi64(s) : _mm256_cvtepu32_epi64(s);
+        return extend<S>(s);
+    }
+    // The first n of them (0 <= n <= N), the other lanes 0; nothing beyond p + n is read.
+    template <class S>
+    static R load_extend_n(const S* p, size_t n) {
+#if VEK_ISA_LEVEL >= 3
+        return extend<S>(Vec<S, 16 / sizeof(S)>::load_n(p, n));
+#else
+        S b[N] = {};
+        std::memcpy(b, p, n * sizeof(S));
+        return load_extend(b);
+#endif
     }
     static R splat(T x) {
         if constexpr (bytes == 1) return _mm256_set1_epi8(static_cast<char>(x));
@@ -574,6 +578,20 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     }
 
   private:
+    // The low N elements of s (of type S) extended to T.
+    template <class S>
+    static R extend(__m128i s) {
+        static_assert(sizeof(S) < bytes);
+        constexpr bool s_signed = std::is_signed_v<S>;
+        if constexpr (sizeof(S) == 1 && bytes == 2)
+            return s_signed ? _mm256_cvtepi8_epi16(s) : _mm256_cvtepu8_epi16(s);
+        if constexpr (sizeof(S) == 1 && bytes == 4)
+            return s_signed ? _mm256_cvtepi8_epi32(s) : _mm256_cvtepu8_epi32(s);
+        if constexpr (sizeof(S) == 2 && bytes == 4)
+            return s_signed ? _mm256_cvtepi16_epi32(s) : _mm256_cvtepu16_epi32(s);
+        if constexpr (sizeof(S) == 4 && bytes == 8)
+            return s_signed ? _mm256_cvtepi32_epi64(s) : _mm256_cvtepu32_epi64(s);
+    }
     static int load_int32(const void* p) {
         int v;
         std::memcpy(&v, p, sizeof v);

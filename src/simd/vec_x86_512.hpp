@@ -146,6 +146,54 @@ struct Vec<float, 16> {
         r[3] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0x88));
         r[7] = _mm512_castpd_ps(_mm512_shuffle_f64x2(u[3], u[7], 0xDD));
     }
+    // 8 x 8 in two shuffle stages instead of three (see the portable vector for the layout).
+    static void transpose_pairs_split(R* r) {
+        __m512d u[8];
+        for (int j = 0; j < 8; j += 2) {
+            u[j] = _mm512_unpacklo_pd(_mm512_castps_pd(r[j]), _mm512_castps_pd(r[j + 1]));
+            u[j + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(r[j]), _mm512_castps_pd(r[j + 1]));
+        }
+        // u[2i + h], 128-bit granule g: column 2g + h of rows 2i and 2i + 1. Granules g and g + 2
+        // of rows 0-3 are the first halves of the rows q = 2g + h and q + 4 of the transpose;
+        // those of rows 4-7 their second halves.
+        const __m512i pick[2] = {_mm512_setr_epi64(0, 1, 8, 9, 4, 5, 12, 13),
+                                 _mm512_setr_epi64(2, 3, 10, 11, 6, 7, 14, 15)};
+        for (int h = 0; h < 2; ++h)
+            for (int g = 0; g < 2; ++g) {
+                const int q = 2 * g + h;
+                r[q] = _mm512_castpd_ps(_mm512_permutex2var_pd(u[h], pick[g], u[2 + h]));
+                r[q + 4] = _mm512_castpd_ps(_mm512_permutex2var_pd(u[4 + h], pick[g], u[6 + h]));
+            }
+    }
+    // The complex values of r[0 .. K) interleaved, K = 2 or 4 (see the portable vector).
+    template <int K>
+    static void interleave_pairs(R* r) {
+        const auto d = [](R v) { return _mm512_castps_pd(v); };
+        const auto f = [](__m512d v) { return _mm512_castpd_ps(v); };
+        if constexpr (K == 2) {
+            const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
+            const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
+            const __m512d a0 = d(r[0]), a1 = d(r[1]);
+            r[0] = f(_mm512_permutex2var_pd(a0, lo, a1));
+            r[1] = f(_mm512_permutex2var_pd(a0, hi, a1));
+        } else {
+            static_assert(K == 4);
+            // t0 / t1: (r0, r1) of the even / odd values; t2 / t3 likewise for (r2, r3); then
+            // the 128-bit granules gathered so that vector i holds the values 2i and 2i + 1.
+            const __m512d t0 = _mm512_unpacklo_pd(d(r[0]), d(r[1]));
+            const __m512d t1 = _mm512_unpackhi_pd(d(r[0]), d(r[1]));
+            const __m512d t2 = _mm512_unpacklo_pd(d(r[2]), d(r[3]));
+            const __m512d t3 = _mm512_unpackhi_pd(d(r[2]), d(r[3]));
+            const __m512d v0 = _mm512_shuffle_f64x2(t0, t2, 0x44);
+            const __m512d v1 = _mm512_shuffle_f64x2(t0, t2, 0xEE);
+            const __m512d w0 = _mm512_shuffle_f64x2(t1, t3, 0x44);
+            const __m512d w1 = _mm512_shuffle_f64x2(t1, t3, 0xEE);
+            r[0] = f(_mm512_shuffle_f64x2(v0, w0, 0x88));
+            r[1] = f(_mm512_shuffle_f64x2(v0, w0, 0xDD));
+            r[2] = f(_mm512_shuffle_f64x2(v1, w1, 0x88));
+            r[3] = f(_mm512_shuffle_f64x2(v1, w1, 0xDD));
+        }
+    }
     // !(a <= b): a above b, or the pair unordered.
     static M not_le(R a, R b) { return _mm512_cmp_ps_mask(a, b, _CMP_NLE_UQ); }
     // Writes the lanes of a selected by m to p; the others stay as they are in memory.
@@ -293,6 +341,9 @@ struct Vec<double, 8> {
         return _mm512_castsi512_pd(
             _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
     }
+    static R reverse(R a) {
+        return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
+    }
     static R odd_sign() { return _mm512_setr_pd(0., -0., 0., -0., 0., -0., 0., -0.); }
     static R even_sign() { return _mm512_setr_pd(-0., 0., -0., 0., -0., 0., -0., 0.); }
     static R conj(R a) { return _mm512_xor_pd(a, odd_sign()); }
@@ -363,23 +414,18 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         if constexpr (bytes == 4) _mm512_mask_storeu_epi32(p, k, a);
         if constexpr (bytes == 8) _mm512_mask_storeu_epi64(p, k, a);
     }
+    // N lanes of T from N elements of a narrower type S, sign- or zero-extended as S is.
     template <class S>
     static R load_extend(const S* p) {
-        static_assert(sizeof(S) < bytes);
-        constexpr bool s_signed = std::is_signed_v<S>;
-        if constexpr (sizeof(S) * N == 32) {
-            const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-            if constexpr (sizeof(S) == 1)
-                return s_signed ? _mm512_cvtepi8_epi16(s) : _mm512_cvtepu8_epi16(s);
-            if constexpr (sizeof(S) == 2)
-                return s_signed ? _mm512_cvtepi16_epi32(s) : _mm512_cvtepu16_epi32(s);
-            if constexpr (sizeof(S) == 4)
-                return s_signed ? _mm512_cvtepi32_epi64(s) : _mm512_cvtepu32_epi64(s);
-        } else {
-            static_assert(sizeof(S) == 1 && bytes == 4);
-            const __m128i s = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-            return s_signed ? _mm512_cvtepi8_epi32(s) : _mm512_cvtepu8_epi32(s);
-        }
+        if constexpr (sizeof(S) * N == 32)
+            return extend<S>(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)));
+        else
+            return extend<S>(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
+    }
+    // The first n of them (0 <= n <= N), the other lanes 0; nothing beyond p + n is read.
+    template <class S>
+    static R load_extend_n(const S* p, size_t n) {
+        return extend<S>(Vec<S, N>::load_n(p, n)); // a 256- or 128-bit vector
     }
     static R splat(T x) {
         if constexpr (bytes == 1) return _mm512_set1_epi8(static_cast<char>(x));
@@ -605,6 +651,24 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
     }
 
   private:
+    // The N elements of S in s (a 256-bit register, or 128 bits for bytes to 32-bit lanes)
+    // extended to T.
+    template <class S, class Narrow>
+    static R extend(Narrow s) {
+        static_assert(sizeof(S) < bytes);
+        constexpr bool s_signed = std::is_signed_v<S>;
+        if constexpr (sizeof(S) * N == 32) {
+            if constexpr (sizeof(S) == 1)
+                return s_signed ? _mm512_cvtepi8_epi16(s) : _mm512_cvtepu8_epi16(s);
+            if constexpr (sizeof(S) == 2)
+                return s_signed ? _mm512_cvtepi16_epi32(s) : _mm512_cvtepu16_epi32(s);
+            if constexpr (sizeof(S) == 4)
+                return s_signed ? _mm512_cvtepi32_epi64(s) : _mm512_cvtepu32_epi64(s);
+        } else {
+            static_assert(sizeof(S) == 1 && bytes == 4);
+            return s_signed ? _mm512_cvtepi8_epi32(s) : _mm512_cvtepu8_epi32(s);
+        }
+    }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm512_unpacklo_epi8(a, b);
         if constexpr (bytes == 2) return _mm512_unpacklo_epi16(a, b);

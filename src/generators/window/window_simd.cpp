@@ -411,20 +411,6 @@ void apply_each(const WindowPlan& p, const T* src, T* dst, Conv conv) {
     });
 }
 
-// The lanes of a vector of doubles in reverse order.
-inline VD::R reversed(VD::R a) {
-#if VEK_ISA_LEVEL >= 3
-    return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
-#elif VEK_ISA_LEVEL == 2
-    return _mm256_permute4x64_pd(a, 0x1B);
-#elif VEK_ISA_LEVEL == 1
-    return _mm_shuffle_pd(a, a, 1);
-#else
-    static_assert(VD::lanes == 1);
-    return a;
-#endif
-}
-
 // Single-precision members: each block of coefficients multiplies the floats at both ends in
 // vectors, the far end by the block reversed in registers (for the complex members each
 // coefficient serves the two parts of one value).
@@ -449,7 +435,7 @@ void apply_float(const WindowPlan& p, const T* src, T* dst) {
                     c = VD::load_pairs(w + i);
                 const size_t f = (front + i) * parts, b = (last - i - (per - 1)) * parts;
                 VD::store_float(d + f, VD::mul(VD::load_float(s + f), c));
-                VD::store_float(d + b, VD::mul(VD::load_float(s + b), reversed(c)));
+                VD::store_float(d + b, VD::mul(VD::load_float(s + b), VD::reverse(c)));
             }
         }
         for (; i < count; ++i)

@@ -365,31 +365,15 @@ template <class V, bool HALF>
 inline void transpose_store(typename V::value_type* y, size_t stride, R_<V>* t, size_t nv) {
 #if VEK_ISA_LEVEL >= 3
     if constexpr (HALF && std::is_same_v<V, Vec<float, 16>>) {
-        // 8 x 8 in two shuffle stages instead of three: pairs of k side by side (t2[2j + h]
-        // holds the pair j of the lanes 2g + h in its granule g), then each 256-bit half of a
-        // gathered vector is a half row, stored on its own.
-        __m512d u[8];
-        for (int j = 0; j < 8; j += 2) {
-            u[j] = _mm512_unpacklo_pd(_mm512_castps_pd(t[j]), _mm512_castps_pd(t[j + 1]));
-            u[j + 1] = _mm512_unpackhi_pd(_mm512_castps_pd(t[j]), _mm512_castps_pd(t[j + 1]));
-        }
-        const __m512i pick[2] = {_mm512_setr_epi64(0, 1, 8, 9, 2, 3, 10, 11),
-                                 _mm512_setr_epi64(4, 5, 12, 13, 6, 7, 14, 15)};
-        for (int h = 0; h < 2; ++h)
-            for (int gp = 0; gp < 2; ++gp) {
-                const __m512d first = _mm512_permutex2var_pd(u[h], pick[gp], u[2 + h]);
-                const __m512d second = _mm512_permutex2var_pd(u[4 + h], pick[gp], u[6 + h]);
-                for (int half = 0; half < 2; ++half) {
-                    const size_t row = static_cast<size_t>(2 * (2 * gp + half) + h);
-                    if (row >= nv) continue;
-                    float* out = y + row * stride;
-                    const __m256d f =
-                        half ? _mm512_extractf64x4_pd(first, 1) : _mm512_castpd512_pd256(first);
-                    const __m256d sc =
-                        half ? _mm512_extractf64x4_pd(second, 1) : _mm512_castpd512_pd256(second);
-                    _mm256_storeu_pd(reinterpret_cast<double*>(out), f);
-                    _mm256_storeu_pd(reinterpret_cast<double*>(out + 8), sc);
-                }
+        // Rows q and q + 4 in the two halves of t[q] (first halves) and t[q + 4] (second).
+        V::transpose_pairs_split(t);
+        for (size_t q = 0; q < 4; ++q)
+            for (size_t half = 0; half < 2; ++half) {
+                const size_t row = q + 4 * half;
+                if (row >= nv) continue;
+                float* out = y + row * stride;
+                V::Half::store(out, half ? V::high(t[q]) : V::low(t[q]));
+                V::Half::store(out + 8, half ? V::high(t[q + 4]) : V::low(t[q + 4]));
             }
         return;
     }
@@ -427,32 +411,6 @@ inline void lblock(const typename V::value_type* x, typename V::value_type* y, s
 // R outputs lie side by side, R x 8 values in R consecutive vectors.
 using VL = Vec<float, 16>;
 
-template <int R>
-inline void lane_rows(R_<VL>* a) {
-    const auto d = [](R_<VL> v) { return _mm512_castps_pd(v); };
-    const auto f = [](__m512d v) { return _mm512_castpd_ps(v); };
-    if constexpr (R == 2) {
-        const __m512i lo = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
-        const __m512i hi = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
-        const auto a0 = d(a[0]), a1 = d(a[1]);
-        a[0] = f(_mm512_permutex2var_pd(a0, lo, a1));
-        a[1] = f(_mm512_permutex2var_pd(a0, hi, a1));
-    } else {
-        // t0/t1: (a0, a1) of the even / odd lanes; t2/t3 likewise for (a2, a3); then the
-        // 128-bit granules gathered so that vector i holds lanes 2i and 2i + 1.
-        const auto t0 = _mm512_unpacklo_pd(d(a[0]), d(a[1]));
-        const auto t1 = _mm512_unpackhi_pd(d(a[0]), d(a[1]));
-        const auto t2 = _mm512_unpacklo_pd(d(a[2]), d(a[3]));
-        const auto t3 = _mm512_unpackhi_pd(d(a[2]), d(a[3]));
-        const auto v0 = _mm512_shuffle_f64x2(t0, t2, 0x44), v1 = _mm512_shuffle_f64x2(t0, t2, 0xEE);
-        const auto w0 = _mm512_shuffle_f64x2(t1, t3, 0x44), w1 = _mm512_shuffle_f64x2(t1, t3, 0xEE);
-        a[0] = f(_mm512_shuffle_f64x2(v0, w0, 0x88));
-        a[1] = f(_mm512_shuffle_f64x2(v0, w0, 0xDD));
-        a[2] = f(_mm512_shuffle_f64x2(v1, w1, 0x88));
-        a[3] = f(_mm512_shuffle_f64x2(v1, w1, 0xDD));
-    }
-}
-
 template <int R, bool E>
 inline void lblock_rows(const float* x, float* y, size_t m, const float* table, const EdgeV<VL>& ev,
                         size_t p0) {
@@ -466,7 +424,7 @@ inline void lblock_rows(const float* x, float* y, size_t m, const float* table, 
     for (int k = 1; k < R; ++k)
         a[k] =
             VL::mul_twiddle(a[k], VL::load(blk + 32 * (k - 1)), VL::load(blk + 32 * (k - 1) + 16));
-    lane_rows<R>(a);
+    VL::interleave_pairs<R>(a);
     for (int i = 0; i < R; ++i) VL::store(y + 2 * R * p0 + 16 * i, a[i]);
 }
 

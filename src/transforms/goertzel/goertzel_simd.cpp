@@ -125,22 +125,20 @@ void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
     }
 }
 
-// VL 16-bit values widened to double (exact).
-inline R load_int16(const Vek16s* p) {
-#if VEK_ISA_LEVEL >= 3
-    static_assert(VL == 8);
-    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    return _mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
-#elif VEK_ISA_LEVEL == 2
-    static_assert(VL == 4);
-    const __m128i v = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
-    return _mm256_cvtepi32_pd(_mm_cvtepi16_epi32(v));
+// VL 16-bit values widened to double (exact); load_int16_n: the first n of them (n <= VL), the
+// other lanes 0, nothing beyond them read.
+#if VEK_ISA_LEVEL >= 2
+using VI = simd::Vec<int32_t, static_cast<int>(VL)>;
+inline R load_int16(const Vek16s* p) { return V::from_int32(VI::load_extend(p)); }
+inline R load_int16_n(const Vek16s* p, size_t n) { return V::from_int32(VI::load_extend_n(p, n)); }
 #else
+inline R load_int16_n(const Vek16s* p, size_t n) {
     alignas(64) double t[VL];
-    for (size_t j = 0; j < VL; ++j) t[j] = static_cast<double>(p[j]);
+    for (size_t j = 0; j < VL; ++j) t[j] = j < n ? static_cast<double>(p[j]) : 0.0;
     return V::load(t);
-#endif
 }
+inline R load_int16(const Vek16s* p) { return load_int16_n(p, VL); }
+#endif
 
 // One step (K complex samples from p) widened to double.
 template <class E>
@@ -165,17 +163,8 @@ inline void load_part(const E* p, size_t rem, R* a) {
             a[i] = cnt == VL ? V::load_float(p + at) : V::load_float_n(p + at, cnt);
         } else if constexpr (std::is_same_v<E, double>) {
             a[i] = cnt == VL ? V::load(p + at) : V::load_n(p + at, cnt);
-        } else if (cnt == VL) {
-            a[i] = load_int16(p + at);
         } else {
-#if VEK_ISA_LEVEL >= 3
-            const __m128i v = _mm_maskz_loadu_epi16(static_cast<__mmask8>((1u << cnt) - 1), p + at);
-            a[i] = _mm512_cvtepi32_pd(_mm256_cvtepi16_epi32(v));
-#else
-            alignas(64) double t[VL];
-            for (size_t j = 0; j < VL; ++j) t[j] = j < cnt ? static_cast<double>(p[at + j]) : 0.0;
-            a[i] = V::load(t);
-#endif
+            a[i] = cnt == VL ? load_int16(p + at) : load_int16_n(p + at, cnt);
         }
     }
 }
