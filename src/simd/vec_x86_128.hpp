@@ -633,13 +633,24 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
 
   private:
     // The low N elements of s (of type S) extended to T.
+    // (SSE4.1's extensions on the AVX levels: one instruction, which can take the load.)
     template <class S>
     static R extend(__m128i s) {
+#if VEK_ISA_LEVEL >= 2
+        constexpr bool s_signed = std::is_signed_v<S>;
+        if constexpr (sizeof(S) == 1 && bytes == 2)
+            return s_signed ? _mm_cvtepi8_epi16(s) : _mm_cvtepu8_epi16(s);
+        if constexpr (sizeof(S) == 1 && bytes == 4)
+            return s_signed ? _mm_cvtepi8_epi32(s) : _mm_cvtepu8_epi32(s);
+        if constexpr (sizeof(S) == 2 && bytes == 4)
+            return s_signed ? _mm_cvtepi16_epi32(s) : _mm_cvtepu16_epi32(s);
+#else
         using VS = Vec<S, 16 / sizeof(S)>;
         if constexpr (sizeof(S) == 1 && bytes == 4)
             return Vec<WiderOf<S>, 8>::widen_lo(VS::widen_lo(s));
         else
             return VS::widen_lo(s);
+#endif
     }
     static R interleave_lo(R a, R b) {
         if constexpr (bytes == 1) return _mm_unpacklo_epi8(a, b);

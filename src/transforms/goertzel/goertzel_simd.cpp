@@ -125,19 +125,16 @@ void make_coefs(const double* freq, size_t len, GoertzCoef* coef) {
     }
 }
 
-// VL 16-bit values widened to double (exact); load_int16_n: the first n of them (n <= VL), the
-// other lanes 0, nothing beyond them read.
+// VL 16-bit values widened to double (exact).
 #if VEK_ISA_LEVEL >= 2
 using VI = simd::Vec<int32_t, static_cast<int>(VL)>;
 inline R load_int16(const Vek16s* p) { return V::from_int32(VI::load_extend(p)); }
-inline R load_int16_n(const Vek16s* p, size_t n) { return V::from_int32(VI::load_extend_n(p, n)); }
 #else
-inline R load_int16_n(const Vek16s* p, size_t n) {
+inline R load_int16(const Vek16s* p) {
     alignas(64) double t[VL];
-    for (size_t j = 0; j < VL; ++j) t[j] = j < n ? static_cast<double>(p[j]) : 0.0;
+    for (size_t j = 0; j < VL; ++j) t[j] = static_cast<double>(p[j]);
     return V::load(t);
 }
-inline R load_int16(const Vek16s* p) { return load_int16_n(p, VL); }
 #endif
 
 // One step (K complex samples from p) widened to double.
@@ -163,8 +160,16 @@ inline void load_part(const E* p, size_t rem, R* a) {
             a[i] = cnt == VL ? V::load_float(p + at) : V::load_float_n(p + at, cnt);
         } else if constexpr (std::is_same_v<E, double>) {
             a[i] = cnt == VL ? V::load(p + at) : V::load_n(p + at, cnt);
+        } else if (cnt == VL) {
+            a[i] = load_int16(p + at);
         } else {
-            a[i] = cnt == VL ? load_int16(p + at) : load_int16_n(p + at, cnt);
+#if VEK_ISA_LEVEL >= 2
+            a[i] = V::from_int32(VI::load_extend_n(p + at, cnt));
+#else
+            alignas(64) double t[VL];
+            for (size_t j = 0; j < VL; ++j) t[j] = j < cnt ? static_cast<double>(p[at + j]) : 0.0;
+            a[i] = V::load(t);
+#endif
         }
     }
 }
