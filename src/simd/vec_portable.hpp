@@ -415,15 +415,13 @@ struct Vec {
                 std::swap(r[j].v[2 * k + 1], r[k].v[2 * j + 1]);
             }
     }
-    // transpose_pairs with the rows left in halves (N / 2 lanes each), for storing half rows:
-    // afterwards r[j] holds the first halves of rows j and j + N/4 (in its low and its high
-    // half), and r[j + N/4] their second halves (j < N/4).
-    static void transpose_pairs_split(R* r) {
-        static_assert(N % 4 == 0);
-        constexpr int Q = N / 4, H = N / 2;
-        transpose_pairs(r);
-        for (int j = 0; j < Q; ++j)
-            for (int i = 0; i < H; ++i) std::swap(r[j].v[H + i], r[j + Q].v[i]);
+    // The transpose of the square matrix r[0 .. N/2) of complex values (row j = r[j]) stored:
+    // its rows `stride` values apart from p, the first `rows` of them (rows <= N/2) only.
+    static void store_transposed_pairs_n(T* p, size_t stride, const R* r, size_t rows) {
+        R t[N / 2];
+        for (int j = 0; j < N / 2; ++j) t[j] = r[j];
+        transpose_pairs(t);
+        for (size_t j = 0; j < rows; ++j) store(p + j * stride, t[j]);
     }
     // The complex values of the K vectors r[0 .. K) interleaved: afterwards r[0 .. K), read in
     // order, holds r0[0], r1[0], .., r(K-1)[0], r0[1], r1[1], .. (a K x N/2 matrix of complex

@@ -365,16 +365,7 @@ template <class V, bool HALF>
 inline void transpose_store(typename V::value_type* y, size_t stride, R_<V>* t, size_t nv) {
 #if VEK_ISA_LEVEL >= 3
     if constexpr (HALF && std::is_same_v<V, Vec<float, 16>>) {
-        // Rows q and q + 4 in the two halves of t[q] (first halves) and t[q + 4] (second).
-        V::transpose_pairs_split(t);
-        for (size_t q = 0; q < 4; ++q)
-            for (size_t half = 0; half < 2; ++half) {
-                const size_t row = q + 4 * half;
-                if (row >= nv) continue;
-                float* out = y + row * stride;
-                V::Half::store(out, half ? V::high(t[q]) : V::low(t[q]));
-                V::Half::store(out + 8, half ? V::high(t[q + 4]) : V::low(t[q + 4]));
-            }
+        V::store_transposed_pairs_n(y, stride, t, nv);
         return;
     }
 #endif
