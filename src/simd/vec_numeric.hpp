@@ -92,6 +92,22 @@ inline constexpr bool has_zero_nan = requires(typename V::R r) {
     V::zero_nan(r);
 };
 
+// Float lanes converted to 32-bit lanes: truncated, or (Nearest) rounded to nearest, by the
+// instruction where the level has one (rounds_explicitly<VF>), else by the caller's rounding mode.
+// Out-of-range and NaN lanes give what the conversion instruction gives; the rules below fix them.
+template <bool Nearest, class VF>
+auto float_to_int32(typename VF::R y) {
+    using VI = Vec<int32_t, VF::lanes>;
+    if constexpr (!Nearest)
+        return VI::from_float_trunc(y);
+    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
+        return VI::from_float_nearest_explicit(y);
+    else if constexpr (rounds_explicitly<VF>)
+        return VI::from_float_trunc(VF::round_nearest(y));
+    else
+        return VI::from_float_nearest(y);
+}
+
 // num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
 // NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
 // rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
@@ -100,15 +116,7 @@ inline constexpr bool has_zero_nan = requires(typename V::R r) {
 template <bool Nearest, class VF>
 auto float_to_int32_saturate(typename VF::R y) {
     using VI = Vec<int32_t, VF::lanes>;
-    typename VI::R v;
-    if constexpr (!Nearest)
-        v = VI::from_float_trunc(y);
-    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
-        v = VI::from_float_nearest_explicit(y);
-    else if constexpr (rounds_explicitly<VF>)
-        v = VI::from_float_trunc(VF::round_nearest(y));
-    else
-        v = VI::from_float_nearest(y);
+    typename VI::R v = float_to_int32<Nearest, VF>(y);
     if (VI::any(VI::eq(v, VI::splat(INT32_MIN)))) {
         v = VI::select(int_mask_of<VF>(VF::unordered(y, y)), VI::zero(), v);
         v = VI::select(int_mask_of<VF>(VF::ge(y, VF::splat(2147483648.0f))), VI::splat(INT32_MAX),
@@ -123,21 +131,13 @@ auto float_to_int32_saturate(typename VF::R y) {
 // above. No lane is looked at again.
 template <bool Nearest, class VF>
 auto float_to_int32_narrowing(typename VF::R y) {
-    using VI = Vec<int32_t, VF::lanes>;
-    y = VF::min(VF::zero_nan(y), VF::splat(65536.0f));
-    if constexpr (!Nearest)
-        return VI::from_float_trunc(y);
-    else if constexpr (requires { VI::from_float_nearest_explicit(y); })
-        return VI::from_float_nearest_explicit(y);
-    else if constexpr (rounds_explicitly<VF>)
-        return VI::from_float_trunc(VF::round_nearest(y));
-    else
-        return VI::from_float_nearest(y);
+    return float_to_int32<Nearest, VF>(VF::min(VF::zero_nan(y), VF::splat(65536.0f)));
 }
 
 // The same for double lanes, into 32-bit lanes (the integer register the level's conversion
 // gives): NaN is zeroed and the value clamped to the 32-bit range in double, where both bounds
-// are exact.
+// are exact. (The conversion step repeats float_to_int32's choice with the integer vector's
+// double conversions.)
 template <bool Nearest, class VD>
 auto double_to_int32_saturate(typename VD::R y) {
     using VI = Vec<int32_t, 2 * VD::lanes>;
