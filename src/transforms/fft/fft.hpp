@@ -34,9 +34,9 @@ struct FftKernels {
     // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4. `tab` holds
     // the factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated
     // imaginary parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
-    // Forward, in place: half-length spectrum -> Perm layout.
-    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
-    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
+    // Forward, in place: half-length spectrum -> Perm layout, or Pack layout when `pack`.
+    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab, bool pack);
+    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab, bool pack);
     // Inverse of 2^order reals (order >= 2): the spectrum's values at 0 and N/2 are r0 and half,
     // pair k (1 <= k < N/2) is at s[2k - off], s[2k - off + 1] (off 1 for the Pack layout, else
     // 0); the split steps then the half-length unnormalised inverse transform (twiddles tw)
