@@ -11,7 +11,9 @@
 // leaf size 8 or 16), 12m values: for each block of 8 indices j (W = exp(-2 pi i / 4m)), the
 // real parts of W^j, the imaginary parts of W^j, then the same for W^2j and W^3j, each value
 // duplicated (c, c) in runs of 16. A vector of interleaved data then multiplies without
-// shuffling the twiddles, and a stage reads its table as one stream.
+// shuffling the twiddles, and a stage reads its table as one stream. A radix-16 pass (two
+// stages at once) reads only the first quarter of its second stage's table and rotates those
+// twiddles by powers of W_16 for the rest.
 //
 // Kernels never check arguments; lengths and orders are those of a valid plan.
 #pragma once

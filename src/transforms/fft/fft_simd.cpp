@@ -257,18 +257,66 @@ void leaf_in_place(T* x, size_t nb, int bbits, T* buf) {
 // Butterfly at complex index j of a stage with quarter length m. The stage table is blocked
 // by 8 indices: 96 values per block, the real and imaginary parts of W^j, W^2j and W^3j, each
 // duplicated (c, c per index) in runs of 16.
+// The twiddles W^j, W^2j and W^3j of one butterfly, as duplicated real and imaginary parts.
+template <class V>
+struct Twiddles3 {
+    typename V::R r[3], i[3];
+};
+
+template <class V, class T>
+inline Twiddles3<V> load_twiddles(const T* tw, size_t j) {
+    const T* w = tw + (j / 8) * 96 + (j % 8) * 2;
+    Twiddles3<V> t;
+    for (int k = 0; k < 3; ++k) {
+        t.r[k] = V::load(w + 32 * k);
+        t.i[k] = V::load(w + 32 * k + 16);
+    }
+    return t;
+}
+
 template <class V, class T, bool INV>
 inline void butterfly4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3,
-                       const T* tw, size_t j) {
-    const T* w = tw + (j / 8) * 96 + (j % 8) * 2;
-    const auto t1 = twiddle_split<V, INV>(a2, V::load(w), V::load(w + 16));
-    const auto t2 = twiddle_split<V, INV>(a1, V::load(w + 32), V::load(w + 48));
-    const auto t3 = twiddle_split<V, INV>(a3, V::load(w + 64), V::load(w + 80));
+                       const Twiddles3<V>& w) {
+    const auto t1 = twiddle_split<V, INV>(a2, w.r[0], w.i[0]);
+    const auto t2 = twiddle_split<V, INV>(a1, w.r[1], w.i[1]);
+    const auto t3 = twiddle_split<V, INV>(a3, w.r[2], w.i[2]);
     const auto s02 = V::add(a0, t2), d02 = V::sub(a0, t2);
     const auto s13 = V::add(t1, t3), d13 = V::sub(t1, t3);
     a0 = V::add(s02, s13);
     a2 = V::sub(s02, s13);
     rotate_pair<V, INV>(d02, d13, a1, a3);
+}
+
+template <class V, class T, bool INV>
+inline void butterfly4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3,
+                       const T* tw, size_t j) {
+    butterfly4<V, T, INV>(a0, a1, a2, a3, load_twiddles<V>(tw, j));
+}
+
+// (wr, wi) times W_16^p = exp(-2 pi i p / 16), p = 1, 2, 3, 4, 6 or 9.
+template <class V, class T, int P>
+inline void rotate16(typename V::R wr, typename V::R wi, typename V::R& or_, typename V::R& oi) {
+    using K = Consts<T>;
+    if constexpr (P == 4) {
+        or_ = wi;
+        oi = V::sub(V::zero(), wr);
+    } else {
+        constexpr T c = P == 1 ? K::c1 : P == 2 ? K::r : P == 3 ? K::s1 : P == 6 ? -K::r : -K::c1;
+        constexpr T s = P == 1 ? -K::s1 : P == 2 ? -K::r : P == 3 ? -K::c1 : P == 6 ? -K::r : K::s1;
+        or_ = V::mul_sub(wr, V::splat(c), V::mul(wi, V::splat(s)));
+        oi = V::mul_add(wr, V::splat(s), V::mul(wi, V::splat(c)));
+    }
+}
+
+// The twiddles of index m q + j in a stage of quarter length 4m from those of index j:
+// W_16m^(k (m q + j)) = W_16m^(k j) W_16^(k q).
+template <class V, class T, int Q>
+inline Twiddles3<V> shifted_twiddles(const Twiddles3<V>& w) {
+    Twiddles3<V> t;
+    rotate16<V, T, Q>(w.r[0], w.i[0], t.r[0], t.i[0]);
+    rotate16<V, T, 2 * Q>(w.r[1], w.i[1], t.r[1], t.i[1]);
+    rotate16<V, T, 3 * Q>(w.r[2], w.i[2], t.r[2], t.i[2]);
+    return t;
 }
 
 template <class V, class T, bool INV>
@@ -285,7 +333,12 @@ void radix4_stage(T* x, size_t m, const T* tw) {
 }
 
 // Two radix-4 stages (quarter lengths m and 4m) over the block x[0 .. 16m) in one pass: the
-// sixteen points j + k m (k < 16) are closed under both stages, so they stay in registers.
+// sixteen points j + k m (k < 16) are closed under both stages, so they stay in registers. The
+// second stage's butterflies at m q + j (q = 1 .. 3) take the twiddles of j rotated by powers of
+// W_16 instead of loading their own: a third of the twiddle loads, and only the first quarter of
+// the second stage's table is read. Measured on the development machine, that made the complex
+// transforms from 32768 points 10 to 25% faster (a pass there streams its table from the
+// level-2 cache or beyond), 5 to 13% at 1024 and 2048, and about level in between.
 template <class V, class T, bool INV>
 void radix16_stage(T* x, size_t m, const T* tw_m, const T* tw_4m) {
     for (size_t j = 0; j < 2 * m; j += 2 * kPairs<V>) {
@@ -293,8 +346,11 @@ void radix16_stage(T* x, size_t m, const T* tw_m, const T* tw_4m) {
         for (int k = 0; k < 16; ++k) v[k] = V::load(x + 2 * m * k + j);
         for (int b = 0; b < 4; ++b)
             butterfly4<V, T, INV>(v[4 * b], v[4 * b + 1], v[4 * b + 2], v[4 * b + 3], tw_m, j / 2);
-        for (int q = 0; q < 4; ++q)
-            butterfly4<V, T, INV>(v[q], v[4 + q], v[8 + q], v[12 + q], tw_4m, m * q + j / 2);
+        const auto w = load_twiddles<V>(tw_4m, j / 2);
+        butterfly4<V, T, INV>(v[0], v[4], v[8], v[12], w);
+        butterfly4<V, T, INV>(v[1], v[5], v[9], v[13], shifted_twiddles<V, T, 1>(w));
+        butterfly4<V, T, INV>(v[2], v[6], v[10], v[14], shifted_twiddles<V, T, 2>(w));
+        butterfly4<V, T, INV>(v[3], v[7], v[11], v[15], shifted_twiddles<V, T, 3>(w));
         for (int k = 0; k < 16; ++k) V::store(x + 2 * m * k + j, v[k]);
     }
 }
