@@ -630,13 +630,11 @@ void rsplit(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
     z[1] = r0 - r1;
 }
 
-// The split steps from s to z with each block's results stored only after the next block is
-// loaded, for results stored one value off their inputs: a Pack layout source (off 1) or
-// destination (zoff 1), in place or not. In place, no store then overwrites a value still to be
-// read (a block's results reach at most one value into the next block, or into the mirrored
-// block before it); out of place, no load waits on the store just before it, whose addresses in
-// a buffer at the same page offset it would otherwise resemble. The pairs left in the middle by
-// the full vectors are read from a copy.
+// The split steps in place (z and s the same array) with results stored one value off their
+// inputs: a Pack layout source (off 1) or destination (zoff 1). Each block's results are stored
+// only after the next block is loaded, so that no store overwrites a value still to be read (a
+// block's results reach at most one value into the next block, or into the next mirrored
+// block). The pairs left in the middle by the full vectors are read from a copy.
 template <class V, class T, bool INV>
 void split_ahead(const T* s, size_t off, T* z, size_t zoff, size_t n, const T* tab, T r0, T r1) {
     constexpr size_t L = kPairs<V>;
