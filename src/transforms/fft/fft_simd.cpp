@@ -250,14 +250,14 @@ void leaf_in_place(T* x, size_t nb, int bbits, T* buf) {
     }
 }
 
-// One radix-4 decimation-in-time stage over the block x[0 .. 4m): the four quarter-length
-// transforms sit at 0, m, 2m, 3m and hold, in bit-reversed order, the residues 0, 2, 1, 3.
-// The stage's table holds, for W^j, W^2j and W^3j in turn, the real parts duplicated
-// (c, c per j) and then the imaginary parts duplicated (s, s per j): 12m values.
-// Butterfly at complex index j of a stage with quarter length m. The stage table is blocked
-// by 8 indices: 96 values per block, the real and imaginary parts of W^j, W^2j and W^3j, each
-// duplicated (c, c per index) in runs of 16.
-// The twiddles W^j, W^2j and W^3j of one butterfly, as duplicated real and imaginary parts.
+// Radix-4 decimation-in-time stages. A stage over the block x[0 .. 4m) joins the four
+// quarter-length transforms at 0, m, 2m, 3m, which hold, in bit-reversed order, the residues
+// 0, 2, 1, 3. Its table (12m values) is blocked by 8 indices j: 96 values per block, the real
+// and then the imaginary parts of W^j, W^2j and W^3j, each value duplicated (c, c per index),
+// in runs of 16.
+
+// The twiddles W^j, W^2j and W^3j of the butterfly at index j, as duplicated real and imaginary
+// parts.
 template <class V>
 struct Twiddles3 {
     typename V::R r[3], i[3];
@@ -274,6 +274,7 @@ inline Twiddles3<V> load_twiddles(const T* tw, size_t j) {
     return t;
 }
 
+// The butterfly of the four values at index j (a0 .. a3 from the quarters at 0, m, 2m, 3m).
 template <class V, class T, bool INV>
 inline void butterfly4(typename V::R& a0, typename V::R& a1, typename V::R& a2, typename V::R& a3,
                        const Twiddles3<V>& w) {
