@@ -11,7 +11,9 @@
 // leaf size 8 or 16), 12m values: for each block of 8 indices j (W = exp(-2 pi i / 4m)), the
 // real parts of W^j, the imaginary parts of W^j, then the same for W^2j and W^3j, each value
 // duplicated (c, c) in runs of 16. A vector of interleaved data then multiplies without
-// shuffling the twiddles, and a stage reads its table as one stream.
+// shuffling the twiddles, and a stage reads its table as one stream. A radix-16 pass (two
+// stages at once) reads only the first quarter of its second stage's table and rotates those
+// twiddles by powers of W_16 for the rest.
 //
 // Kernels never check arguments; lengths and orders are those of a valid plan.
 #pragma once
@@ -34,9 +36,9 @@ struct FftKernels {
     // Real-transform split steps on N reals viewed as N/2 complex values, N >= 4. `tab` holds
     // the factors for k < N/4 as 2 (N/4) duplicated real parts, then 2 (N/4) duplicated
     // imaginary parts: forward (1/2 - sin(2 pi k/N)/2) - i cos(2 pi k/N)/2, inverse -sin + i cos.
-    // Forward, in place: half-length spectrum -> Perm layout.
-    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab);
-    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab);
+    // Forward, in place: half-length spectrum -> Perm layout, or Pack layout when `pack`.
+    void (*rsplit_fwd_32f)(float* z, size_t n, const float* tab, bool pack);
+    void (*rsplit_fwd_64f)(double* z, size_t n, const double* tab, bool pack);
     // Inverse of 2^order reals (order >= 2): the spectrum's values at 0 and N/2 are r0 and half,
     // pair k (1 <= k < N/2) is at s[2k - off], s[2k - off + 1] (off 1 for the Pack layout, else
     // 0); the split steps then the half-length unnormalised inverse transform (twiddles tw)

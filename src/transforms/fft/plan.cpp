@@ -306,8 +306,8 @@ struct Engine<float> {
         kern::fft_kernels().cfft_32f(src, dst, order, tw, inv);
     }
     static void mul(float* x, size_t n, float v) { kern::fft_kernels().scale_32f(x, n, v); }
-    static void split_fwd(float* z, size_t n, const float* t) {
-        kern::fft_kernels().rsplit_fwd_32f(z, n, t);
+    static void split_fwd(float* z, size_t n, const float* t, bool pack) {
+        kern::fft_kernels().rsplit_fwd_32f(z, n, t, pack);
     }
     static void real_inv(const float* s, size_t off, float r0, float half, float* dst, int order,
                          const float* tab, const float* tw) {
@@ -324,8 +324,8 @@ struct Engine<double> {
         kern::fft_kernels().cfft_64f(src, dst, order, tw, inv);
     }
     static void mul(double* x, size_t n, double v) { kern::fft_kernels().scale_64f(x, n, v); }
-    static void split_fwd(double* z, size_t n, const double* t) {
-        kern::fft_kernels().rsplit_fwd_64f(z, n, t);
+    static void split_fwd(double* z, size_t n, const double* t, bool pack) {
+        kern::fft_kernels().rsplit_fwd_64f(z, n, t, pack);
     }
     static void real_inv(const double* s, size_t off, double r0, double half, double* dst,
                          int order, const double* tab, const double* tw) {
@@ -437,8 +437,8 @@ void forward_real(const Plan<T>& s, const T* src, T* dst, Layout layout, std::by
         Engine<T>::cfft(src, dst, order - 1, s.twiddles, false);
     }
     if (s.fwd_norm) Engine<T>::mul(dst, n, s.scale);
-    if (order >= 2) Engine<T>::split_fwd(dst, n, s.split_fwd);
-    // dst now holds the Perm layout.
+    if (order >= 2) Engine<T>::split_fwd(dst, n, s.split_fwd, layout == Layout::pack);
+    // dst now holds the layout asked for, or the Perm layout that CCS stretches.
     if (layout == Layout::ccs) {
         if (n == 1) {
             dst[1] = 0;
@@ -448,10 +448,6 @@ void forward_real(const Plan<T>& s, const T* src, T* dst, Layout layout, std::by
             dst[n] = half;
             dst[n + 1] = 0;
         }
-    } else if (layout == Layout::pack && n > 2) {
-        const T half = dst[1];
-        std::memmove(dst + 1, dst + 2, (n - 2) * sizeof(T));
-        dst[n - 1] = half;
     }
 }
 
