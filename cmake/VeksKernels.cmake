@@ -1,11 +1,11 @@
 # Multi-ISA kernel sources.
 #
 # A kernel source named <family>_simd.cpp (anywhere under src/, beside its family's entry points)
-# is compiled once per instruction-set level
-# that the target has: as `scalar` (the reference: auto-vectorisation off), and on x86 as `sse2`,
-# `avx2` (AVX2 + FMA) and `avx512` (F, BW, DQ, VL). Each compilation sees VEK_ISA (the namespace
-# name) and VEK_ISA_LEVEL (0, 1, 2, 3), so the file writes its loops once and adds hand-written intrinsics under
-# `#if VEK_ISA_LEVEL >= n` where the compiler's own vectorisation is not enough.
+# is compiled once per instruction-set level that the target has: as `scalar` (the reference:
+# auto-vectorisation off), and on x86 as `sse2`, `avx2` (AVX2 + FMA) and `avx512` (F, BW, DQ, VL).
+# Each compilation sees VEK_ISA (the namespace name) and VEK_ISA_LEVEL (0, 1, 2, 3), so the file
+# writes its loops once over the vector layer (src/simd/vec.hpp), which holds every intrinsic; an
+# operation a kernel needs and the layer lacks is added there, on every level.
 
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64|i[3-6]86|x86)$")
     set(VEKS_X86 ON)
