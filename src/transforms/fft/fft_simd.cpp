@@ -631,13 +631,13 @@ void rsplit(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
     z[1] = r0 - r1;
 }
 
-// The split steps in place (z and s the same array) with results stored one value off their
-// inputs: a Pack layout source (off 1) or destination (zoff 1). Each block's results are stored
+// The split steps in place in z with results stored one value off their inputs: a Pack layout
+// source (off 1) or destination (zoff 1). Each block's results are stored
 // only after the next block is loaded, so that no store overwrites a value still to be read (a
 // block's results reach at most one value into the next block, or into the next mirrored
 // block). The pairs left in the middle by the full vectors are read from a copy.
 template <class V, class T, bool INV>
-void split_ahead(const T* s, size_t off, T* z, size_t zoff, size_t n, const T* tab, T r0, T r1) {
+void split_ahead(T* z, size_t off, size_t zoff, size_t n, const T* tab, T r0, T r1) {
     constexpr size_t L = kPairs<V>;
     const T* fr = tab;
     const T* fi = tab + n / 2;
@@ -651,7 +651,7 @@ void split_ahead(const T* s, size_t off, T* z, size_t zoff, size_t n, const T* t
     size_t k = 1;
     for (; split_block_fits<V>(k, n); k += L) {
         typename V::R next_lo, next_hi;
-        split_values<V, T, INV>(s, off, n, fr, fi, k, next_lo, next_hi);
+        split_values<V, T, INV>(z, off, n, fr, fi, k, next_lo, next_hi);
         store_held();
         lo = next_lo;
         hi = next_hi;
@@ -659,7 +659,7 @@ void split_ahead(const T* s, size_t off, T* z, size_t zoff, size_t n, const T* t
     }
     // Pairs k .. N/2 - k are left (at most 2 L).
     alignas(64) T rest[4 * L];
-    std::memcpy(rest, s + 2 * k - off, 2 * (n / 2 - 2 * k + 1) * sizeof(T));
+    std::memcpy(rest, z + 2 * k - off, 2 * (n / 2 - 2 * k + 1) * sizeof(T));
     store_held();
     split_middle<V, T, INV>(rest, 2 * k, z, zoff, n, tab, k);
     z[0] = r0 + r1;
@@ -680,7 +680,7 @@ template <class V, class T>
 void rsplit_fwd(T* z, size_t n, const T* tab, bool pack) {
     const T r0 = z[0], r1 = z[1];
     if (pack && n * sizeof(T) >= kSplitPackBytes)
-        return split_ahead<V, T, false>(z, 0, z, 1, n, tab, r0, r1);
+        return split_ahead<V, T, false>(z, 0, 1, n, tab, r0, r1);
     rsplit<V, T, false>(z, 0, z, n, tab, r0, r1);
     if (pack && n > 2) {
         std::memmove(z + 1, z + 2, (n - 2) * sizeof(T));
@@ -709,7 +709,7 @@ void rinv(const T* s, size_t off, T r0, T half, T* dst, int order, const T* tab,
         return;
     }
     if (s == dst && off == 1 && n * sizeof(T) >= kSplitPackBytes) {
-        split_ahead<V, T, true>(s, off, dst, 0, n, tab, r0, half);
+        split_ahead<V, T, true>(dst, 1, 0, n, tab, r0, half);
     } else {
         if (s != dst || off != 0) std::memmove(dst + 2, s + 2 - off, (n - 2) * sizeof(T));
         rsplit<V, T, true>(dst, 0, dst, n, tab, r0, half);
