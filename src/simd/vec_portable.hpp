@@ -226,13 +226,16 @@ struct Vec {
         return a.v[0];
     }
     static T first(R a) { return a.v[0]; }
-    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, the lowest from `below`.
-    static R slide_up(R a, R below) {
+    // (lo[K], .., lo[N-1], hi[0], .., hi[K-1]): N lanes from lane K of lo followed by hi
+    // (0 <= K <= N).
+    template <int K>
+    static R window(R lo, R hi) {
         R r;
-        r.v[0] = below.v[N - 1];
-        for (int i = 1; i < N; ++i) r.v[i] = a.v[i - 1];
+        for (int i = 0; i < N; ++i) r.v[i] = i + K < N ? lo.v[i + K] : hi.v[i + K - N];
         return r;
     }
+    // (below[N-1], a[0], .., a[N-2]): the lanes moved up by one, the lowest from `below`.
+    static R slide_up(R a, R below) { return window<N - 1>(below, a); }
     // The lanes in reverse order (a[N-1], .., a[0]).
     static R reverse(R a) {
         R r;

@@ -176,6 +176,26 @@ struct Vec<float, 4> {
         x3 = _mm_add_ps(a, mul_pos_i(b));
     }
     static R reverse_pairs(R a) { return _mm_shuffle_ps(a, a, _MM_SHUFFLE(1, 0, 3, 2)); }
+    // (lo[K], .., lo[3], hi[0], .., hi[K-1]): four lanes from lane K of lo followed by hi
+    // (0 <= K <= 4).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 4);
+        if constexpr (K == 0) {
+            return lo;
+        } else if constexpr (K == 1) {
+            const R t = _mm_move_ss(lo, hi); // hi[0], lo[1], lo[2], lo[3]
+            return _mm_shuffle_ps(t, t, _MM_SHUFFLE(0, 3, 2, 1));
+        } else if constexpr (K == 2) {
+            return _mm_shuffle_ps(lo, hi, _MM_SHUFFLE(1, 0, 3, 2));
+        } else if constexpr (K == 3) {
+            const R t =
+                _mm_shuffle_ps(lo, hi, _MM_SHUFFLE(0, 0, 3, 3)); // lo[3], lo[3], hi[0], hi[0]
+            return _mm_shuffle_ps(t, hi, _MM_SHUFFLE(2, 1, 2, 0));
+        } else {
+            return hi;
+        }
+    }
     // Lanes 0, 1 of lo then lanes 0, 1 of hi (two Vec<float, 2> registers).
     static R join(R lo, R hi) { return _mm_movelh_ps(lo, hi); }
     static void transpose_pairs(R* r) {
@@ -352,7 +372,18 @@ struct Vec<double, 2> {
     static R from_bits(__m128i a) { return _mm_castsi128_pd(a); }
 
     static R swap_pairs(R a) { return _mm_shuffle_pd(a, a, 1); }
-    static R slide_up(R a, R below) { return _mm_shuffle_pd(below, a, 1); }
+    // (lo[K], .., hi[K-1]): two lanes from lane K of lo followed by hi (0 <= K <= 2).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 2);
+        if constexpr (K == 0)
+            return lo;
+        else if constexpr (K == 2)
+            return hi;
+        else
+            return _mm_shuffle_pd(lo, hi, 1);
+    }
+    static R slide_up(R a, R below) { return window<1>(below, a); }
     static R reverse(R a) { return _mm_shuffle_pd(a, a, 1); }
     static R even_sign() { return _mm_setr_pd(-0.0, 0.0); }
     static R odd_sign() { return _mm_setr_pd(0.0, -0.0); }

@@ -122,6 +122,32 @@ struct Vec<float, 8> {
     static R reverse_pairs(R a) {
         return _mm256_permutevar8x32_ps(a, _mm256_setr_epi32(6, 7, 4, 5, 2, 3, 0, 1));
     }
+    // (lo[K], .., lo[7], hi[0], .., hi[K-1]): eight lanes from lane K of lo followed by hi
+    // (0 <= K <= 8).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 8);
+        if constexpr (K == 0) {
+            return lo;
+        } else if constexpr (K == 8) {
+            return hi;
+        } else {
+#if VEK_ISA_LEVEL >= 3
+            return _mm256_castsi256_ps(
+                _mm256_alignr_epi32(_mm256_castps_si256(hi), _mm256_castps_si256(lo), K));
+#else
+            const R mid = _mm256_permute2f128_ps(lo, hi, 0x21); // lo[4 .. 7], hi[0 .. 3]
+            if constexpr (K == 4)
+                return mid;
+            else if constexpr (K < 4)
+                return _mm256_castsi256_ps(
+                    _mm256_alignr_epi8(_mm256_castps_si256(mid), _mm256_castps_si256(lo), 4 * K));
+            else
+                return _mm256_castsi256_ps(_mm256_alignr_epi8(
+                    _mm256_castps_si256(hi), _mm256_castps_si256(mid), 4 * (K - 4)));
+#endif
+        }
+    }
     static void transpose_pairs(R* r) {
         const __m256d t0 = _mm256_unpacklo_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
         const __m256d t1 = _mm256_unpackhi_pd(_mm256_castps_pd(r[0]), _mm256_castps_pd(r[1]));
@@ -275,14 +301,31 @@ struct Vec<double, 4> {
     }
 
     static R swap_pairs(R a) { return _mm256_permute_pd(a, 0x5); }
-    static R slide_up(R a, R below) {
+    // (lo[K], .., lo[3], hi[0], .., hi[K-1]): four lanes from lane K of lo followed by hi
+    // (0 <= K <= 4).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 4);
+        if constexpr (K == 0) {
+            return lo;
+        } else if constexpr (K == 4) {
+            return hi;
+        } else {
 #if VEK_ISA_LEVEL >= 3
-        return _mm256_castsi256_pd(
-            _mm256_alignr_epi64(_mm256_castpd_si256(a), _mm256_castpd_si256(below), 3));
+            return _mm256_castsi256_pd(
+                _mm256_alignr_epi64(_mm256_castpd_si256(hi), _mm256_castpd_si256(lo), K));
 #else
-        return _mm256_shuffle_pd(_mm256_permute2f128_pd(below, a, 0x21), a, 0x5);
+            const R mid = _mm256_permute2f128_pd(lo, hi, 0x21); // lo[2], lo[3], hi[0], hi[1]
+            if constexpr (K == 1)
+                return _mm256_shuffle_pd(lo, mid, 0x5);
+            else if constexpr (K == 2)
+                return mid;
+            else
+                return _mm256_shuffle_pd(mid, hi, 0x5);
 #endif
+        }
     }
+    static R slide_up(R a, R below) { return window<3>(below, a); }
     static R reverse(R a) { return _mm256_permute4x64_pd(a, _MM_SHUFFLE(0, 1, 2, 3)); }
     static R odd_sign() { return _mm256_setr_pd(0., -0., 0., -0.); }
     static R even_sign() { return _mm256_setr_pd(-0., 0., -0., 0.); }

@@ -124,6 +124,19 @@ struct Vec<float, 16> {
         return _mm512_permutexvar_ps(
             _mm512_setr_epi32(14, 15, 12, 13, 10, 11, 8, 9, 6, 7, 4, 5, 2, 3, 0, 1), a);
     }
+    // (lo[K], .., lo[15], hi[0], .., hi[K-1]): sixteen lanes from lane K of lo followed by hi
+    // (0 <= K <= 16).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 16);
+        if constexpr (K == 0)
+            return lo;
+        else if constexpr (K == 16)
+            return hi;
+        else
+            return _mm512_castsi512_ps(
+                _mm512_alignr_epi32(_mm512_castps_si512(hi), _mm512_castps_si512(lo), K));
+    }
     static void transpose_pairs(R* r) {
         __m512d t[8], u[8];
         for (int i = 0; i < 8; i += 2) {
@@ -349,10 +362,20 @@ struct Vec<double, 8> {
     }
 
     static R swap_pairs(R a) { return _mm512_permute_pd(a, 0x55); }
-    static R slide_up(R a, R below) {
-        return _mm512_castsi512_pd(
-            _mm512_alignr_epi64(_mm512_castpd_si512(a), _mm512_castpd_si512(below), 7));
+    // (lo[K], .., lo[7], hi[0], .., hi[K-1]): eight lanes from lane K of lo followed by hi
+    // (0 <= K <= 8).
+    template <int K>
+    static R window(R lo, R hi) {
+        static_assert(K >= 0 && K <= 8);
+        if constexpr (K == 0)
+            return lo;
+        else if constexpr (K == 8)
+            return hi;
+        else
+            return _mm512_castsi512_pd(
+                _mm512_alignr_epi64(_mm512_castpd_si512(hi), _mm512_castpd_si512(lo), K));
     }
+    static R slide_up(R a, R below) { return window<7>(below, a); }
     static R reverse(R a) {
         return _mm512_permutexvar_pd(_mm512_setr_epi64(7, 6, 5, 4, 3, 2, 1, 0), a);
     }

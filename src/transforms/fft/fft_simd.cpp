@@ -532,11 +532,9 @@ void scale(T* x, size_t n, T s) {
 // (the inverse keeps the factor 2 of both halves, so that the half-length inverse transform
 // yields N times the signal). Index 0 and the self-mirrored N/4 are handled apart.
 template <class V, class T, bool INV>
-inline void split_values(const T* s, size_t off, size_t n, const T* fr, const T* fi, size_t k,
-                         typename V::R& lo, typename V::R& hi) {
-    const size_t km = n / 2 - k - (kPairs<V> - 1); // first complex of the mirrored vector
-    const auto p = V::load(s + 2 * k - off);
-    const auto q = V::conj(V::reverse_pairs(V::load(s + 2 * km - off)));
+inline void split_block(typename V::R p, typename V::R mirrored, const T* fr, const T* fi, size_t k,
+                        typename V::R& lo, typename V::R& hi) {
+    const auto q = V::conj(V::reverse_pairs(mirrored));
     const auto t = V::mul_twiddle(V::sub(p, q), V::load(fr + 2 * k), V::load(fi + 2 * k));
     if constexpr (INV) {
         const auto sum = V::add(p, q);
@@ -547,6 +545,14 @@ inline void split_values(const T* s, size_t off, size_t n, const T* fr, const T*
         hi = V::conj(V::sub(p, t));
     }
     hi = V::reverse_pairs(hi);
+}
+
+// The block of pairs k .. k + W - 1 read from s (see below) and its mirrored block.
+template <class V, class T, bool INV>
+inline void split_values(const T* s, size_t off, size_t n, const T* fr, const T* fi, size_t k,
+                         typename V::R& lo, typename V::R& hi) {
+    const size_t km = n / 2 - k - (kPairs<V> - 1); // first complex of the mirrored vector
+    split_block<V, T, INV>(V::load(s + 2 * k - off), V::load(s + 2 * km - off), fr, fi, k, lo, hi);
 }
 
 // The split steps read pair k (k >= 1) at s[2k - off], s[2k - off + 1] and write it at
@@ -631,90 +637,102 @@ void rsplit(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
     z[1] = r0 - r1;
 }
 
-// The split steps in place in z with results stored one value off their inputs: a Pack layout
-// source (off 1) or destination (zoff 1). Each block's results are stored
-// only after the next block is loaded, so that no store overwrites a value still to be read (a
-// block's results reach at most one value into the next block, or into the next mirrored
-// block). The pairs left in the middle by the full vectors are read from a copy.
-template <class V, class T, bool INV>
-void split_ahead(T* z, size_t off, size_t zoff, size_t n, const T* tab, T r0, T r1) {
-    constexpr size_t L = kPairs<V>;
+// The split steps of N = n reals from pairs at s[2k - OFF] into pairs at z[2k - ZOFF] (k >= 1;
+// 1 for the Pack layout, 0 for Perm); z may equal s. Every load and store is of a whole vector at
+// a multiple of the vector width from s or z: a block's pairs and its mirrored block's are cut
+// from neighbouring loads, and the results, off the vector boundaries, are joined with the
+// previous block's before they are stored. With s and z aligned to the vector no access
+// straddles two cache lines, where plain vector steps straddle on every access to the lower
+// half, and to both from or to a Pack layout. In place, every store follows the loads of the
+// values it covers (a block's results reach at most one vector into the next block, or into the
+// next mirrored block); the pairs left in the middle by the full vectors are read from a copy.
+template <class V, class T, bool INV, size_t OFF, size_t ZOFF>
+void split_whole(const T* s, T* z, size_t n, const T* tab, T r0, T r1) {
+    constexpr size_t W = V::lanes, L = kPairs<V>;
     const T* fr = tab;
     const T* fi = tab + n / 2;
-    typename V::R lo = V::zero(), hi = V::zero();
-    size_t held = 0; // first pair of the block whose results wait; 0 while there is none
-    const auto store_held = [&] {
-        if (held == 0) return;
-        V::store(z + 2 * held - zoff, lo);
-        V::store(z + 2 * (n / 2 - held - (L - 1)) - zoff, hi);
-    };
-    size_t k = 1;
-    for (; split_block_fits<V>(k, n); k += L) {
-        typename V::R next_lo, next_hi;
-        split_values<V, T, INV>(z, off, n, fr, fi, k, next_lo, next_hi);
-        store_held();
-        lo = next_lo;
-        hi = next_hi;
-        held = k;
+    // Block j: pairs k = 1 + L j .. L (j + 1) within a = s[W j .. W (j + 1)) and the next
+    // vector; its mirrored block's pairs start at s[b - OFF], b = N - W (j + 1), c = s[b .. b + W).
+    auto a = V::load(s), c = V::load(s + n - W);
+    // Results waiting to be stored: the last lanes of the lower ones (below them the values of
+    // index 0: z[0], z[1] in Perm, z[0] in Pack) and, in Pack, the first lane of the upper ones
+    // (at first the value of index N/2 at z[N - 1]).
+    auto low = ZOFF ? V::splat_pair(r0 - r1, r0 + r1) : V::splat_pair(r0 + r1, r0 - r1);
+    auto high = low;
+    size_t k = 1, j = 0, b = n - W;
+    for (; split_block_fits<V>(k, n); k += L, ++j, b -= W) {
+        const auto a_next = V::load(s + W * (j + 1)), c_below = V::load(s + b - W);
+        typename V::R lo, hi;
+        split_block<V, T, INV>(V::template window<2 - OFF>(a, a_next),
+                               V::template window < OFF ? W - 1 : 0 > (OFF ? c_below : c, c), fr,
+                               fi, k, lo, hi);
+        V::store(z + W * j, V::template window<W - 2 + ZOFF>(low, lo));
+        V::store(z + b, V::template window<ZOFF>(hi, high));
+        a = a_next;
+        c = c_below;
+        low = lo;
+        high = hi;
     }
     // Pairs k .. N/2 - k are left (at most 2 L).
     alignas(64) T rest[4 * L];
-    std::memcpy(rest, z + 2 * k - off, 2 * (n / 2 - 2 * k + 1) * sizeof(T));
-    store_held();
-    split_middle<V, T, INV>(rest, 2 * k, z, zoff, n, tab, k);
-    z[0] = r0 + r1;
-    z[zoff ? n - 1 : 1] = r0 - r1;
+    std::memcpy(rest, s + 2 * k - OFF, 2 * (n / 2 - 2 * k + 1) * sizeof(T));
+    // The last block's results again, with the lanes still waiting (from 64 reals there is one).
+    V::store(z + 2 * k - W - ZOFF, low);
+    if (ZOFF) V::store(z + n - 2 * k + 1, high);
+    split_middle<V, T, INV>(rest, 2 * k, z, ZOFF, n, tab, k);
 }
 
-// From this many bytes of reals the forward split steps write the Pack layout themselves, and
-// the inverse ones read it in place (split_ahead); otherwise the values are moved to or from
-// their Perm positions. The Pack positions are one value off the vector alignment, so that every
-// access straddles two cache lines. Measured on the development machine: the forward transform
-// gains 5 to 10% from 64 KiB and loses up to 10% below; the inverse in place gains 3 to 10% from
-// 64 KiB, while out of place a move followed by the steps in place stays 3 to 7% faster than
-// steps from the source to the destination up to 1 MiB, and level beyond.
-inline constexpr size_t kSplitPackBytes = 65536;
+// From this many reals the split steps run on whole vectors (split_whole).
+inline constexpr size_t kSplitWholeFrom = 128;
 
 // The forward split steps in place, into the Perm layout or the Pack layout.
 template <class V, class T>
 void rsplit_fwd(T* z, size_t n, const T* tab, bool pack) {
     const T r0 = z[0], r1 = z[1];
-    if (pack && n * sizeof(T) >= kSplitPackBytes)
-        return split_ahead<V, T, false>(z, 0, 1, n, tab, r0, r1);
-    rsplit<V, T, false>(z, 0, z, n, tab, r0, r1);
-    if (pack && n > 2) {
-        std::memmove(z + 1, z + 2, (n - 2) * sizeof(T));
-        z[n - 1] = r0 - r1;
+    if (n < kSplitWholeFrom) {
+        rsplit<V, T, false>(z, 0, z, n, tab, r0, r1);
+        if (pack && n > 2) {
+            std::memmove(z + 1, z + 2, (n - 2) * sizeof(T));
+            z[n - 1] = r0 - r1;
+        }
+    } else if (pack) {
+        split_whole<V, T, false, 0, 1>(z, z, n, tab, r0, r1);
+    } else {
+        split_whole<V, T, false, 0, 0>(z, z, n, tab, r0, r1);
     }
+}
+
+// The inverse split steps from pairs at s[2k - off] into z in the Perm layout.
+template <class V, class T>
+void rsplit_inv(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
+    if (n < kSplitWholeFrom)
+        rsplit<V, T, true>(s, off, z, n, tab, r0, r1);
+    else if (off)
+        split_whole<V, T, true, 1, 0>(s, z, n, tab, r0, r1);
+    else
+        split_whole<V, T, true, 0, 0>(s, z, n, tab, r0, r1);
 }
 
 // Up to this many bytes of reals the inverse real transform's split steps write to the stack and
 // its half-length transform runs out of place from there (its bit reversal fused into the first
-// pass). Measured on the development machine: 10 to 20% faster than moving the spectrum into the
-// destination first, up to 8 KiB; at 16 KiB, 12% slower.
+// pass). Measured on the development machine: 3 to 9% faster than the steps into the
+// destination followed by the transform in place there, from 1 to 8 KiB; at 16 KiB, level.
 inline constexpr size_t kSplitOnStackBytes = 8192;
 
 // The inverse real transform of 2^order reals (order >= 2) once its layout's values are read:
 // the split steps from s, then the half-length inverse transform into dst. Above the stack size
-// both run in place in dst: the pairs are first moved to their Perm positions, unless a Pack
-// spectrum is transformed in place from kSplitPackBytes on. At these sizes a move followed by
-// in-place steps beats steps reading one buffer and writing another.
+// the steps write to dst, where the transform runs in place.
 template <class V, class T>
 void rinv(const T* s, size_t off, T r0, T half, T* dst, int order, const T* tab, const T* tw) {
     const size_t n = size_t{1} << order;
     if (n * sizeof(T) <= kSplitOnStackBytes) {
         alignas(64) T z[kSplitOnStackBytes / sizeof(T)];
-        rsplit<V, T, true>(s, off, z, n, tab, r0, half);
+        rsplit_inv<V, T>(s, off, z, n, tab, r0, half);
         cfft<V, T>(z, dst, order - 1, tw, true);
-        return;
-    }
-    if (s == dst && off == 1 && n * sizeof(T) >= kSplitPackBytes) {
-        split_ahead<V, T, true>(dst, 1, 0, n, tab, r0, half);
     } else {
-        if (s != dst || off != 0) std::memmove(dst + 2, s + 2 - off, (n - 2) * sizeof(T));
-        rsplit<V, T, true>(dst, 0, dst, n, tab, r0, half);
+        rsplit_inv<V, T>(s, off, dst, n, tab, r0, half);
+        cfft<V, T>(dst, dst, order - 1, tw, true);
     }
-    cfft<V, T>(dst, dst, order - 1, tw, true);
 }
 
 void mul_pairs_32f(const float* x, const float* y, float* d, size_t pairs, bool conj_y) {
