@@ -646,9 +646,11 @@ void rsplit(const T* s, size_t off, T* z, size_t n, const T* tab, T r0, T r1) {
 // half, and to both from or to a Pack layout. In place, every store follows the loads of the
 // values it covers (a block's results reach at most one vector into the next block, or into the
 // next mirrored block); the pairs left in the middle by the full vectors are read from a copy.
+// N >= 64, so that there is at least one full block.
 template <class V, class T, bool INV, size_t OFF, size_t ZOFF>
 void split_whole(const T* s, T* z, size_t n, const T* tab, T r0, T r1) {
     constexpr size_t W = V::lanes, L = kPairs<V>;
+    constexpr int kMirrorCut = OFF ? W - 1 : 0;
     const T* fr = tab;
     const T* fi = tab + n / 2;
     // Block j: pairs k = 1 + L j .. L (j + 1) within a = s[W j .. W (j + 1)) and the next
@@ -664,8 +666,8 @@ void split_whole(const T* s, T* z, size_t n, const T* tab, T r0, T r1) {
         const auto a_next = V::load(s + W * (j + 1)), c_below = V::load(s + b - W);
         typename V::R lo, hi;
         split_block<V, T, INV>(V::template window<2 - OFF>(a, a_next),
-                               V::template window < OFF ? W - 1 : 0 > (OFF ? c_below : c, c), fr,
-                               fi, k, lo, hi);
+                               V::template window<kMirrorCut>(OFF ? c_below : c, c), fr, fi, k, lo,
+                               hi);
         V::store(z + W * j, V::template window<W - 2 + ZOFF>(low, lo));
         V::store(z + b, V::template window<ZOFF>(hi, high));
         a = a_next;
@@ -676,7 +678,7 @@ void split_whole(const T* s, T* z, size_t n, const T* tab, T r0, T r1) {
     // Pairs k .. N/2 - k are left (at most 2 L).
     alignas(64) T rest[4 * L];
     std::memcpy(rest, s + 2 * k - OFF, 2 * (n / 2 - 2 * k + 1) * sizeof(T));
-    // The last block's results again, with the lanes still waiting (from 64 reals there is one).
+    // The last block's results again, with the lanes still waiting.
     V::store(z + 2 * k - W - ZOFF, low);
     if (ZOFF) V::store(z + n - 2 * k + 1, high);
     split_middle<V, T, INV>(rest, 2 * k, z, ZOFF, n, tab, k);
