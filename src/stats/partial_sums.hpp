@@ -11,11 +11,15 @@
 //
 // Short streams: the partial sums a stream never reached stay +0, and adding +0 leaves a partial
 // sum unchanged (a partial sum built from +0 is never -0 unless the caller rounds downward, and
-// there -0 + +0 is -0 too), so the tree skips the registers beyond the stream's end and the tail
-// is one partial vector per register: the same bits with no work for absent elements.
+// there -0 + +0 is -0 too), so the tail is one partial vector per register and the tree runs
+// whole: the same bits with no work for absent elements. Every register index is a constant
+// (the loops are unrolled by index sequences), so the partial sums stay in registers from the
+// first addition to the tree; a run-time index, or a tree cut short at run time, makes them an
+// array in memory that every call zeroes, stores and reloads.
 #pragma once
 
 #include <cstddef>
+#include <utility>
 
 #include "simd/vec.hpp"
 
@@ -37,33 +41,32 @@ class PartialSums {
     }
 
     // Runs a stream of n positions: full(k, t) adds the terms of positions t .. t + W - 1 to
-    // register k, part(k, t, m) the first m of them (0 < m < W; the other lanes add +0). Returns
-    // the number of registers the stream reached (for total()).
+    // register k, part(k, t, m) the first m of them (0 < m < W; the other lanes add +0).
     template <class Full, class Part>
-    static size_t stream(size_t n, Full full, Part part) {
+    static void stream(size_t n, Full full, Part part) {
         size_t t = 0;
         for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
-            for (size_t k = 0; k < kRegs; ++k) full(k, t + k * W);
+            each([&](size_t k) { full(k, t + k * W); });
         const size_t rest = n - t;
-        for (size_t k = 0; k < kRegs && k * W < rest; ++k) {
+        each([&](size_t k) {
+            if (k * W >= rest) return;
             if (rest - k * W >= W)
                 full(k, t + k * W);
             else
                 part(k, t + k * W, rest - k * W);
-        }
-        return n >= kLanes ? kRegs : (rest + W - 1) / W;
+        });
     }
 
-    // The tree over all partial sums; `used` registers were reached by the stream.
-    double total(size_t used) {
-        fold_registers(used, 1);
+    // The tree over all partial sums.
+    double total() {
+        fold_registers<1>();
         return V::sum(r[0]);
     }
 
     // The tree stopped two apart (a stream of interleaved complex values): the total of the even
     // and of the odd positions.
-    void total_pairs(size_t used, double& even, double& odd) {
-        fold_registers(used, 2);
+    void total_pairs(double& even, double& odd) {
+        fold_registers<2>();
         if constexpr (W == 1) {
             even = V::first(r[0]);
             odd = V::first(r[1]);
@@ -83,11 +86,20 @@ class PartialSums {
     R r[kRegs];
 
   private:
-    // Register-level steps of the tree (lanes w W apart), down to `stop` lanes.
-    void fold_registers(size_t used, size_t stop) {
-        for (size_t w = kRegs / 2; w >= 1 && w * W >= stop; w /= 2) {
-            for (size_t j = 0; j < w && j + w < used; ++j) r[j] = V::add(r[j], r[j + w]);
-            used = used < w ? used : w;
+    // f(0), ..., f(kRegs - 1).
+    template <class F>
+    static void each(F f) {
+        [&]<size_t... K>(std::index_sequence<K...>) { (f(K), ...); }
+        (std::make_index_sequence<kRegs>{});
+    }
+
+    // The register-level steps of the tree (lanes w W apart), down to Stop lanes apart.
+    template <size_t Stop, size_t w = kRegs / 2>
+    void fold_registers() {
+        if constexpr (w >= 1 && w * W >= Stop) {
+            [&]<size_t... J>(std::index_sequence<J...>) { ((r[J] = V::add(r[J], r[J + w])), ...); }
+            (std::make_index_sequence<w>{});
+            fold_registers<Stop, w / 2>();
         }
     }
 };

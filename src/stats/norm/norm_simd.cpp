@@ -35,22 +35,22 @@ inline R load_n(const double* p, size_t m) { return VD::load_n(p, m); }
 template <class T, class Op>
 inline double reduce1(const T* a, size_t n, Op op) {
     PartialSums<VD> s;
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t)); },
         [&](size_t k, size_t t, size_t m) { s.r[k] = op(s.r[k], load_n(a + t, m)); });
-    return s.total(used);
+    return s.total();
 }
 
 // The same over two sources read in step.
 template <class T, class Op>
 inline double reduce2(const T* a, const T* b, size_t n, Op op) {
     PartialSums<VD> s;
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t), load(b + t)); },
         [&](size_t k, size_t t, size_t m) {
             s.r[k] = op(s.r[k], load_n(a + t, m), load_n(b + t, m));
         });
-    return s.total(used);
+    return s.total();
 }
 
 // Exact products (float by float) fuse; rounded products (double by double) are added as such.
@@ -223,12 +223,12 @@ Vek64fc dot_complex(const T* a, const T* b, size_t n) {
         p.r[k] = add_product<T>(p.r[k], x, y);
         q.r[k] = add_product<T>(q.r[k], x, partner(t, y));
     };
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         2 * n, [&](size_t k, size_t t) { step(k, t, load(a + t), load(b + t)); },
         [&](size_t k, size_t t, size_t m) { step(k, t, load_n(a + t, m), load_n(b + t, m)); });
     double even, odd;
-    p.total_pairs(used, even, odd);
-    return Vek64fc{even - odd, q.total(used)};
+    p.total_pairs(even, odd);
+    return Vek64fc{even - odd, q.total()};
 }
 
 // Real times complex: the stream t = 2i, 2i + 1 multiplies a[i] by b's part t; the even sum is
@@ -243,13 +243,13 @@ Vek64fc dot_real_complex(const T* a, const T* b, size_t n) {
         else
             return VD::load_pairs(a + t / 2);
     };
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         2 * n, [&](size_t k, size_t t) { p.r[k] = add_product<T>(p.r[k], pairs(t), load(b + t)); },
         [&](size_t k, size_t t, size_t m) {
             p.r[k] = add_product<T>(p.r[k], VD::load_pairs_n(a + t / 2, m / 2), load_n(b + t, m));
         });
     double even, odd;
-    p.total_pairs(used, even, odd);
+    p.total_pairs(even, odd);
     return Vek64fc{even, odd};
 }
 

@@ -37,20 +37,20 @@ inline RD load_n(const double* p, size_t m) { return VD::load_n(p, m); }
 template <class T>
 double sum(const T* p, size_t n) {
     PartialSums<VD> s;
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(p + t)); },
         [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(p + t, m)); });
-    return s.total(used);
+    return s.total();
 }
 
 // Interleaved complex floats: the sums of the even (real) and odd (imaginary) positions.
 void sum_32fc(const Vek32fc* p, size_t n, double* re, double* im) {
     const float* x = &p->re;
     PartialSums<VD> s;
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         2 * n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(x + t)); },
         [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(x + t, m)); });
-    s.total_pairs(used, *re, *im);
+    s.total_pairs(*re, *im);
 }
 
 // The sum and the sum of squares. Squares of floats are exact in double, so a fused
@@ -65,11 +65,11 @@ void sum_sq(const T* p, size_t n, double* sum_out, double* sq_out) {
         else
             q.r[k] = VD::add(q.r[k], VD::mul(x, x));
     };
-    const size_t used = PartialSums<VD>::stream(
+    PartialSums<VD>::stream(
         n, [&](size_t k, size_t t) { step(k, load(p + t)); },
         [&](size_t k, size_t t, size_t m) { step(k, load_n(p + t, m)); });
-    *sum_out = s.total(used);
-    *sq_out = q.total(used);
+    *sum_out = s.total();
+    *sq_out = q.total();
 }
 
 // ---- Integer sums ------------------------------------------------------------------------
