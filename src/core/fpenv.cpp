@@ -5,9 +5,7 @@ namespace veks {
 #if defined(__x86_64__) || defined(__i386__)
 
 namespace {
-#if !defined(__SSE2_MATH__)
 constexpr uint16_t kX87RoundingBits = 0x0C00;
-#endif
 constexpr uint32_t kMxcsrRoundingBits = 0x6000;
 
 bool has_mxcsr() noexcept {
@@ -37,16 +35,14 @@ bool sse_rounds_to_nearest() noexcept {
 } // namespace
 
 void RoundNearestScope::enter() noexcept {
-#if !defined(__SSE2_MATH__)
-    // Doubles are computed on the x87 here. (Where SSE computes them, the x87 control word rules
-    // only long double, which no guarded code uses, and reading it costs a store and a reload.)
+    // (The x87 word matters even where SSE computes doubles: the C library's lrint and its kin
+    // round with the x87 on 32-bit x86 and on Windows.)
     asm volatile("fnstcw %0" : "=m"(x87_) : : "memory");
     if (x87_ & kX87RoundingBits) {
         uint16_t nearest = x87_ & static_cast<uint16_t>(~kX87RoundingBits);
         asm volatile("fldcw %0" : : "m"(nearest) : "memory");
         restore_x87_ = true;
     }
-#endif
     if (has_mxcsr() && !sse_rounds_to_nearest()) {
         asm volatile("stmxcsr %0" : "=m"(mxcsr_) : : "memory");
         if (mxcsr_ & kMxcsrRoundingBits) {
