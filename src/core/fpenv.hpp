@@ -1,8 +1,9 @@
 // Floating-point environment guard for the operations whose integer results depend on the
 // rounding mode (integer division, float-to-integer conversion). For the duration of the call
-// the rounding-control fields are set to round-to-nearest-even (x87 control word and SSE MXCSR
-// on x86, the floating-point control register elsewhere); the caller's settings come back on
-// scope exit. When the caller already rounds to nearest, nothing is written.
+// the rounding-control fields are set to round-to-nearest-even (SSE MXCSR on x86, and the x87
+// control word where the C library rounds with the x87: 32-bit x86 and Windows; the
+// floating-point control register elsewhere); the caller's settings come back on scope exit. When
+// the caller already rounds to nearest, nothing is written.
 //
 // Reading the control registers costs a few nanoseconds per call, which short calls notice: the
 // SSE mode is found by rounding two numbers (fpenv.cpp), and kernels that round explicitly
