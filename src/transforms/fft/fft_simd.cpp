@@ -384,15 +384,17 @@ void stages(T* x, size_t len, size_t leaf, const T* tw) {
             for (size_t g = 0; g < len; g += 4 * m) radix4_stage<V, T, INV>(x + 2 * g, m, table(m));
         return;
     }
-    if (kRadix16 && len / 16 >= leaf) {
-        const size_t m = len / 16;
-        for (int i = 0; i < 16; ++i) stages<V, T, INV>(x + 2 * i * m, m, leaf, tw);
-        radix16_stage<V, T, INV>(x, m, table(m), table(4 * m));
-    } else {
-        const size_t q = len / 4;
-        for (int i = 0; i < 4; ++i) stages<V, T, INV>(x + 2 * i * q, q, leaf, tw);
-        radix4_stage<V, T, INV>(x, q, table(q));
+    if constexpr (kRadix16) {
+        if (len / 16 >= leaf) {
+            const size_t m = len / 16;
+            for (int i = 0; i < 16; ++i) stages<V, T, INV>(x + 2 * i * m, m, leaf, tw);
+            radix16_stage<V, T, INV>(x, m, table(m), table(4 * m));
+            return;
+        }
     }
+    const size_t q = len / 4;
+    for (int i = 0; i < 4; ++i) stages<V, T, INV>(x + 2 * i * q, q, leaf, tw);
+    radix4_stage<V, T, INV>(x, q, table(q));
 }
 
 // In place, transforms of up to this many bytes copy their input to the stack and run the fused
