@@ -591,6 +591,16 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
     static R narrow_sat_in_order(R lo, R hi) {
         return _mm256_permute4x64_epi64(narrow_sat<D>(lo, hi), 0xD8);
     }
+    // Four vectors of 32-bit lanes (consecutive elements a, b, c, e) narrowed to one of bytes, in
+    // order, saturated (signed to signed or unsigned D; unsigned D takes negative lanes to 0).
+    template <class D>
+    static R narrow_sat_quarter_in_order(R a, R b, R c, R e) {
+        static_assert(bytes == 4 && is_signed && sizeof(D) == 1);
+        const R p = _mm256_packs_epi32(a, b), q = _mm256_packs_epi32(c, e);
+        const R r = std::is_signed_v<D> ? _mm256_packs_epi16(p, q) : _mm256_packus_epi16(p, q);
+        // Half k of r holds four lanes of each of a, b, c, e from their half k.
+        return _mm256_permutevar8x32_epi32(r, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+    }
     static __m128i low(R a) { return _mm256_castsi256_si128(a); }
     static __m128i high(R a) { return _mm256_extracti128_si256(a, 1); }
 

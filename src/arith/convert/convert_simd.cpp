@@ -227,6 +227,17 @@ template <class S, class T, bool Nearest>
     }
 }
 
+// Four vectors of 32-bit lanes narrowed to one of bytes D, in order, where the integer vector V
+// can (narrows_quarters).
+template <class V, class D>
+inline constexpr bool narrows_quarters = requires(typename V::R x) {
+    V::template narrow_sat_quarter_in_order<D>(x, x, x, x);
+};
+template <class V, class D, class R>
+R narrow_quarters(R a, R b, R c, R e) {
+    return V::template narrow_sat_quarter_in_order<D>(a, b, c, e);
+}
+
 // 32f -> T for -126 <= sf <= 126: y = x * 2^-sf in float (exact, or harmlessly under- or
 // overflowed; skipped for sf = 0), converted by the saturating rule's vector twin, narrowed with
 // saturation. On the AVX-512 level the conversion rounds by the instruction itself and the tail
@@ -301,7 +312,14 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
         for (; i + w <= n; i += w)
             simd::Vec<T, 16>::store(d + i, VI::template narrow_sat_half<T>(cvt(i)));
 #else
-        // Two vectors of 32-bit lanes to one of 16-bit lanes, in order; bytes from its halves.
+        // Bytes four vectors at a time where the level narrows them in one register; then two
+        // vectors of 32-bit lanes to one of 16-bit lanes, in order, bytes from its halves.
+        if constexpr (sizeof(T) == 1 && narrows_quarters<VI, T>) {
+            for (; i + 4 * w <= n; i += 4 * w)
+                simd::Vec<T, 4 * w>::store(
+                    d + i,
+                    narrow_quarters<VI, T>(cvt(i), cvt(i + w), cvt(i + 2 * w), cvt(i + 3 * w)));
+        }
         using V16 = simd::Vec<std::conditional_t<sizeof(T) == 2, T, int16_t>, 2 * w>;
         for (; i + 2 * w <= n; i += 2 * w) {
             const auto a = cvt(i), b = cvt(i + w);
