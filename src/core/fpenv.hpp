@@ -5,41 +5,82 @@
 // floating-point control register elsewhere); the caller's settings come back on scope exit. When
 // the caller already rounds to nearest, nothing is written.
 //
-// Reading the control registers costs a few nanoseconds per call, which short calls notice: the
-// SSE mode is found by rounding two numbers (fpenv.cpp), and kernels that round explicitly
-// (see simd/vec_numeric.hpp) construct the guard disengaged, which compiles to nothing.
+// Reading the control registers costs a few nanoseconds per call, which short calls notice. On
+// x86-64 outside Windows only the SSE mode matters, and the guard finds it inline by rounding two
+// numbers: a caller that rounds to nearest pays two additions and a compare, with no call. Kernels
+// that round explicitly (see simd/vec_numeric.hpp) construct the guard disengaged, which compiles
+// to nothing.
 #pragma once
 
 #include <cfenv>
 #include <cstdint>
 
+#include "simd/ns.hpp"
+
 namespace veks {
+
+// Whether anything under the guard rounds with the x87. On 32-bit x86 and on Windows the C
+// library's lrint and its kin do, so the guard sets its control word there. On the other 64-bit
+// systems floats, doubles and the C library's rounding functions all use SSE, and the library
+// keeps long double out of guarded code, so the x87 word is left as it is.
+#if defined(__x86_64__) && !defined(_WIN32)
+inline constexpr bool kGuardX87 = false;
+#else
+inline constexpr bool kGuardX87 = true;
+#endif
+
+// The caller's controls, as far as the guard changed them (core/fpenv.cpp).
+struct SavedRounding {
+    bool changed = false; // something was set and must be restored
+#if defined(__x86_64__) || defined(__i386__)
+    uint16_t x87 = 0;
+    uint32_t mxcsr = 0;
+    bool restore_x87 = false;
+    bool restore_mxcsr = false;
+#else
+    int mode = FE_TONEAREST;
+#endif
+};
+
+// Sets every control that does not round to nearest, saving it; puts back what was saved.
+void set_round_nearest(SavedRounding& saved) noexcept;
+void restore_rounding(const SavedRounding& saved) noexcept;
+
+// (Per level: these inline functions compile to different instructions in each kernel source.)
+inline namespace VEK_PER_ISA {
+
+// Whether SSE arithmetic rounds to nearest, found by rounding rather than by reading MXCSR:
+// STMXCSR takes about 17 cycles on Zen 3 and holds up what follows, a third of a short call.
+// 1 + 1.5 * 2^-53 lies 0.75 of a unit in the last place above 1: to nearest and upward it
+// rounds to 1 + 2^-52, downward and toward zero to 1. Its negation tells upward from nearest.
+// False where doubles are not computed with SSE (the register is read there).
+inline bool sse_rounds_to_nearest() noexcept {
+#if defined(__SSE2_MATH__)
+    double one = 1.0, over = 0x1.8p-53;
+    asm("" : "+x"(one), "+x"(over)); // computed at run time, under the caller's mode
+    const double above = one + over, below = -one - over;
+    return (above == 1.0 + 0x1p-52) & (below == -(1.0 + 0x1p-52));
+#else
+    return false;
+#endif
+}
 
 class RoundNearestScope {
   public:
     // engage = false: does nothing (for code paths that do not read the rounding mode).
     explicit RoundNearestScope(bool engage = true) noexcept {
-        if (engage) enter();
+        // Where SSE is all that rounds, a caller already rounding to nearest costs no call.
+        if (engage && !(!kGuardX87 && sse_rounds_to_nearest())) set_round_nearest(saved_);
     }
     ~RoundNearestScope() {
-        if (changed_) leave();
+        if (saved_.changed) restore_rounding(saved_);
     }
     RoundNearestScope(const RoundNearestScope&) = delete;
     RoundNearestScope& operator=(const RoundNearestScope&) = delete;
 
   private:
-    void enter() noexcept;
-    void leave() noexcept;
-
-    bool changed_ = false; // something was set and must be restored
-#if defined(__x86_64__) || defined(__i386__)
-    uint16_t x87_ = 0;
-    uint32_t mxcsr_ = 0;
-    bool restore_x87_ = false;
-    bool restore_mxcsr_ = false;
-#else
-    int mode_ = FE_TONEAREST;
-#endif
+    SavedRounding saved_;
 };
 
+} // namespace VEK_PER_ISA
 } // namespace veks
