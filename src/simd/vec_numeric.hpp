@@ -86,7 +86,8 @@ inline constexpr bool rounds_explicitly = requires(typename V::R r) {
     V::round_nearest(r);
 };
 
-// Whether V replaces NaN lanes by zero in one instruction (zero_nan).
+// Whether V replaces NaN lanes by zero (zero_nan): one instruction on AVX-512, a compare and a
+// mask on AVX2, cheaper than looking at every vector's lanes again.
 template <class V>
 inline constexpr bool has_zero_nan = requires(typename V::R r) {
     V::zero_nan(r);

@@ -67,6 +67,8 @@ struct Vec<float, 8> {
     static R abs(R a) {
         return _mm256_and_ps(a, _mm256_castsi256_ps(_mm256_set1_epi32(0x7FFFFFFF)));
     }
+    // NaN lanes (quiet or signalling) replaced by +0, every other lane kept bit for bit.
+    static R zero_nan(R a) { return _mm256_and_ps(a, _mm256_cmp_ps(a, a, _CMP_ORD_Q)); }
 
     static R bit_and(R a, R b) { return _mm256_and_ps(a, b); }
     static R bit_or(R a, R b) { return _mm256_or_ps(a, b); }
