@@ -112,11 +112,17 @@ auto float_to_int32(typename VF::R y) {
 // num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
 // NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
 // rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
-// instruction gives INT32_MIN for every lane it cannot represent; only vectors holding that
-// value are looked at again.
+// instruction gives INT32_MIN for every lane it cannot represent. Where NaN is zeroed cheaply
+// and a comparison gives all-ones lanes (AVX2), the lanes from 2^31 on are flipped to INT32_MAX
+// by one exclusive or; elsewhere only vectors holding INT32_MIN are looked at again.
 template <bool Nearest, class VF>
 auto float_to_int32_saturate(typename VF::R y) {
     using VI = Vec<int32_t, VF::lanes>;
+    if constexpr (has_zero_nan<VF> && !VF::bit_masks) {
+        y = VF::zero_nan(y);
+        const auto big = VF::bits(VF::ge(y, VF::splat(2147483648.0f)));
+        return VI::bit_xor(float_to_int32<Nearest, VF>(y), big);
+    }
     typename VI::R v = float_to_int32<Nearest, VF>(y);
     if (VI::any(VI::eq(v, VI::splat(INT32_MIN)))) {
         v = VI::select(int_mask_of<VF>(VF::unordered(y, y)), VI::zero(), v);
