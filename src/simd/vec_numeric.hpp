@@ -93,14 +93,25 @@ inline constexpr bool has_zero_nan = requires(typename V::R r) {
     V::zero_nan(r);
 };
 
+// Whether rounding float lanes to nearest by the instruction takes a step of its own before a
+// truncating conversion (AVX2's round_nearest), which a long run saves by converting under a
+// RoundNearestScope instead (ByMode below).
+template <class VF>
+inline constexpr bool rounds_in_extra_step = rounds_explicitly<VF> && !requires(typename VF::R y) {
+    Vec<int32_t, VF::lanes>::from_float_nearest_explicit(y);
+};
+
 // Float lanes converted to 32-bit lanes: truncated, or (Nearest) rounded to nearest, by the
-// instruction where the level has one (rounds_explicitly<VF>), else by the caller's rounding mode.
-// Out-of-range and NaN lanes give what the conversion instruction gives; the rules below fix them.
-template <bool Nearest, class VF>
+// instruction where the level has one (rounds_explicitly<VF>) unless ByMode, else by the caller's
+// rounding mode. Out-of-range and NaN lanes give what the conversion instruction gives; the rules
+// below fix them.
+template <bool Nearest, class VF, bool ByMode = false>
 auto float_to_int32(typename VF::R y) {
     using VI = Vec<int32_t, VF::lanes>;
     if constexpr (!Nearest)
         return VI::from_float_trunc(y);
+    else if constexpr (ByMode)
+        return VI::from_float_nearest(y);
     else if constexpr (requires { VI::from_float_nearest_explicit(y); })
         return VI::from_float_nearest_explicit(y);
     else if constexpr (rounds_explicitly<VF>)
@@ -111,19 +122,19 @@ auto float_to_int32(typename VF::R y) {
 
 // num::round_even_saturate<int32_t> (Nearest) and num::trunc_saturate<int32_t> on float lanes:
 // NaN gives 0, 2^31 and above INT32_MAX, -2^31 and below INT32_MIN. Nearest reads the caller's
-// rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF>. The conversion
-// instruction gives INT32_MIN for every lane it cannot represent. Where NaN is zeroed cheaply
-// and a comparison gives all-ones lanes (AVX2), the lanes from 2^31 on are flipped to INT32_MAX
-// by one exclusive or; elsewhere only vectors holding INT32_MIN are looked at again.
-template <bool Nearest, class VF>
+// rounding mode (hold a RoundNearestScope) unless rounds_explicitly<VF> and not ByMode. The
+// conversion instruction gives INT32_MIN for every lane it cannot represent. Where NaN is zeroed
+// cheaply and a comparison gives all-ones lanes (AVX2), the lanes from 2^31 on are flipped to
+// INT32_MAX by one exclusive or; elsewhere only vectors holding INT32_MIN are looked at again.
+template <bool Nearest, class VF, bool ByMode = false>
 auto float_to_int32_saturate(typename VF::R y) {
     using VI = Vec<int32_t, VF::lanes>;
     if constexpr (has_zero_nan<VF> && !VF::bit_masks) {
         y = VF::zero_nan(y);
         const auto big = VF::bits(VF::ge(y, VF::splat(2147483648.0f)));
-        return VI::bit_xor(float_to_int32<Nearest, VF>(y), big);
+        return VI::bit_xor(float_to_int32<Nearest, VF, ByMode>(y), big);
     }
-    typename VI::R v = float_to_int32<Nearest, VF>(y);
+    typename VI::R v = float_to_int32<Nearest, VF, ByMode>(y);
     if (VI::any(VI::eq(v, VI::splat(INT32_MIN)))) {
         v = VI::select(int_mask_of<VF>(VF::unordered(y, y)), VI::zero(), v);
         v = VI::select(int_mask_of<VF>(VF::ge(y, VF::splat(2147483648.0f))), VI::splat(INT32_MAX),
@@ -136,9 +147,9 @@ auto float_to_int32_saturate(typename VF::R y) {
 // destination, for levels with has_zero_nan: NaN gives 0,
 // values from 2^16 on give 2^16, -2^31 and below INT32_MIN; every other value is converted as
 // above. No lane is looked at again.
-template <bool Nearest, class VF>
+template <bool Nearest, class VF, bool ByMode = false>
 auto float_to_int32_narrowing(typename VF::R y) {
-    return float_to_int32<Nearest, VF>(VF::min(VF::zero_nan(y), VF::splat(65536.0f)));
+    return float_to_int32<Nearest, VF, ByMode>(VF::min(VF::zero_nan(y), VF::splat(65536.0f)));
 }
 
 // The same for double lanes, into 32-bit lanes (the integer register the level's conversion

@@ -242,8 +242,9 @@ R narrow_quarters(R a, R b, R c, R e) {
 // overflowed; skipped for sf = 0), converted by the saturating rule's vector twin, narrowed with
 // saturation. On the AVX-512 level the conversion rounds by the instruction itself and the tail
 // is one partial vector: nothing reads or sets the caller's rounding mode, and a call of up to
-// one vector is one masked load, conversion and store.
-template <class T, bool Nearest, bool Scaled>
+// one vector is one masked load, conversion and store. ByMode: the vectors round by the caller's
+// mode, made nearest for the call, even where the level could round them explicitly.
+template <class T, bool Nearest, bool Scaled, bool ByMode = false>
 void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     size_t i = 0;
 #if VEK_ISA_LEVEL >= 1
@@ -252,7 +253,7 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     constexpr size_t w = VF::lanes;
 #if VEK_ISA_LEVEL < 3
     // The vectors read the caller's rounding mode where the level cannot round explicitly.
-    const RoundNearestScope vector_nearest(Nearest && !simd::rounds_explicitly<VF>);
+    const RoundNearestScope vector_nearest(Nearest && (ByMode || !simd::rounds_explicitly<VF>));
 #endif
     // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(Scaled ? static_cast<float>(pow2(-sf)) : 1.0f);
@@ -260,9 +261,9 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
         if constexpr (Scaled) x = VF::mul(x, vk);
         // (Narrow destinations: no second look at the lanes the conversion could not represent.)
         if constexpr (sizeof(T) < 4 && simd::has_zero_nan<VF>)
-            return simd::float_to_int32_narrowing<Nearest, VF>(x);
+            return simd::float_to_int32_narrowing<Nearest, VF, ByMode>(x);
         else
-            return simd::float_to_int32_saturate<Nearest, VF>(x);
+            return simd::float_to_int32_saturate<Nearest, VF, ByMode>(x);
     };
     const auto cvt = [convert, s](size_t at) { return convert(VF::load(s + at)); };
 #if VEK_ISA_LEVEL >= 3
@@ -358,6 +359,18 @@ template <class S, class T>
             : float_to_int_ref<S, T, false>(s, d, n, sf);
 }
 
+// Rounding to nearest. Where the level rounds explicitly in a step of its own (AVX2), a run from
+// kByModeFrom elements on converts under a RoundNearestScope instead: the guard's probe costs
+// about 1.5 ns a call, the extra step about 15% of a long run's time.
+inline constexpr size_t kByModeFrom = 256;
+
+template <class T, bool Scaled>
+void f32_to_int_nearest(const Vek32f* s, T* d, size_t n, int sf) {
+    if constexpr (simd::rounds_in_extra_step<simd::Wide<float>>)
+        if (n >= kByModeFrom) return f32_to_int_body<T, true, Scaled, true>(s, d, n, sf);
+    f32_to_int_body<T, true, Scaled>(s, d, n, sf);
+}
+
 template <class T>
 void f32_to_int(const Vek32f* s, T* d, size_t n, bool nearest, int sf) {
     if (!simd::kHasVectors || sf < -126 || sf > 126)
@@ -365,11 +378,11 @@ void f32_to_int(const Vek32f* s, T* d, size_t n, bool nearest, int sf) {
     // (Rounding to nearest without a scale is laid out straight through.)
     if (sf == 0) [[likely]] {
         if (nearest) [[likely]]
-            f32_to_int_body<T, true, false>(s, d, n, sf);
+            f32_to_int_nearest<T, false>(s, d, n, sf);
         else
             f32_to_int_body<T, false, false>(s, d, n, sf);
     } else {
-        nearest ? f32_to_int_body<T, true, true>(s, d, n, sf)
+        nearest ? f32_to_int_nearest<T, true>(s, d, n, sf)
                 : f32_to_int_body<T, false, true>(s, d, n, sf);
     }
 }
