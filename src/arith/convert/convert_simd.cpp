@@ -227,6 +227,16 @@ template <class S, class T, bool Nearest>
     }
 }
 
+// Scale factors outside the vectors' range, the scalar level and the last elements after the
+// vectors: the reference rule under the rounding mode it needs (out of line, so that the vector
+// paths need no stack frame).
+template <class S, class T>
+[[gnu::noinline]] void float_to_int_scoped(const S* s, T* d, size_t n, bool nearest, int sf) {
+    const RoundNearestScope scope(nearest);
+    nearest ? float_to_int_ref<S, T, true>(s, d, n, sf)
+            : float_to_int_ref<S, T, false>(s, d, n, sf);
+}
+
 // Four vectors of 32-bit lanes narrowed to one of bytes D, in order, where the integer vector V
 // can (narrows_quarters).
 template <class V, class D>
@@ -344,19 +354,7 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     return;
 #endif
 #endif
-    if (i < n) {
-        const RoundNearestScope nearest(Nearest);
-        float_to_int_ref<Vek32f, T, Nearest>(s + i, d + i, n - i, sf);
-    }
-}
-
-// Scale factors outside the vectors' range, and the scalar level: the reference rule under the
-// rounding mode it needs (out of line, so that the vector paths need no stack frame).
-template <class S, class T>
-[[gnu::noinline]] void float_to_int_scoped(const S* s, T* d, size_t n, bool nearest, int sf) {
-    const RoundNearestScope scope(nearest);
-    nearest ? float_to_int_ref<S, T, true>(s, d, n, sf)
-            : float_to_int_ref<S, T, false>(s, d, n, sf);
+    if (i < n) float_to_int_scoped(s + i, d + i, n - i, Nearest, sf);
 }
 
 // Rounding to nearest. Where the level rounds explicitly in a step of its own (AVX2), a run from
@@ -364,10 +362,16 @@ template <class S, class T>
 // about 1.5 ns a call, the extra step about 15% of a long run's time.
 inline constexpr size_t kByModeFrom = 256;
 
+// (Out of line: the long path's guard would give the short one a stack frame.)
+template <class T, bool Scaled>
+[[gnu::noinline]] void f32_to_int_by_mode(const Vek32f* s, T* d, size_t n, int sf) {
+    f32_to_int_body<T, true, Scaled, true>(s, d, n, sf);
+}
+
 template <class T, bool Scaled>
 void f32_to_int_nearest(const Vek32f* s, T* d, size_t n, int sf) {
     if constexpr (simd::rounds_in_extra_step<simd::Wide<float>>)
-        if (n >= kByModeFrom) return f32_to_int_body<T, true, Scaled, true>(s, d, n, sf);
+        if (n >= kByModeFrom) return f32_to_int_by_mode<T, Scaled>(s, d, n, sf);
     f32_to_int_body<T, true, Scaled>(s, d, n, sf);
 }
 
@@ -414,10 +418,7 @@ void f64_to_s32_body(const Vek64f* s, Vek32s* d, size_t n, int sf) {
     }
 #endif
 #endif
-    if (i < n) {
-        const RoundNearestScope nearest(Nearest);
-        float_to_int_ref<Vek64f, Vek32s, Nearest>(s + i, d + i, n - i, sf);
-    }
+    if (i < n) float_to_int_scoped(s + i, d + i, n - i, Nearest, sf);
 }
 
 void f64_s32_sfs(const Vek64f* s, Vek32s* d, size_t n, bool nearest, int sf) {
