@@ -82,5 +82,22 @@ class RoundNearestScope {
     SavedRounding saved_;
 };
 
+// Calls F(a...) rounding to nearest. Where the probe decides (x86-64 outside Windows) and the
+// caller already rounds to nearest, F runs inline with no guard; otherwise a copy of the call runs
+// out of line under a RoundNearestScope. A kernel called this way keeps no guard state on its
+// common path, and so needs no stack frame there.
+template <auto F, class... A>
+[[gnu::noinline]] void call_guarded(A... a) noexcept {
+    const RoundNearestScope scope;
+    F(a...);
+}
+template <auto F, class... A>
+inline void call_rounding_to_nearest(A... a) noexcept {
+    if (!kGuardX87 && sse_rounds_to_nearest()) [[likely]]
+        F(a...);
+    else
+        call_guarded<F>(a...);
+}
+
 } // namespace VEK_PER_ISA
 } // namespace veks

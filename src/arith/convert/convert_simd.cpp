@@ -29,8 +29,6 @@ using num::pow2;
 template <class S, class D>
 void widen(const S* s, D* d, size_t n) {
     size_t i = 0;
-    // Doubles to floats round: explicitly on the AVX-512 level, by the caller's mode elsewhere.
-    const RoundNearestScope nearest(std::is_same_v<S, Vek64f> && VEK_ISA_LEVEL < 3);
 #if VEK_ISA_LEVEL >= 1
     using VD = simd::Wide<double>;
     if constexpr (std::is_same_v<D, Vek64f> && VD::lanes >= 4) {
@@ -45,7 +43,7 @@ void widen(const S* s, D* d, size_t n) {
                 VD::store(d + i, VD::from_int32(x));
         }
     } else if constexpr (std::is_same_v<S, Vek64f> && VD::lanes >= 4) {
-        // Doubles rounded to floats (the caller holds a RoundNearestScope).
+        // Doubles rounded to floats (below the AVX-512 level under f64_f32's rounding mode).
         using VF = simd::Vec<float, VD::lanes>;
 #if VEK_ISA_LEVEL >= 3
         for (; i + 2 * VD::lanes <= n; i += 2 * VD::lanes) {
@@ -77,6 +75,15 @@ void widen(const S* s, D* d, size_t n) {
     for (; i < n; ++i) d[i] = static_cast<D>(s[i]);
 }
 
+// Doubles to floats round: explicitly on the AVX-512 level, by the caller's mode made nearest
+// elsewhere.
+void f64_f32(const Vek64f* s, Vek32f* d, size_t n) {
+    if constexpr (VEK_ISA_LEVEL < 3)
+        call_rounding_to_nearest<&widen<Vek64f, Vek32f>>(s, d, n);
+    else
+        widen(s, d, n);
+}
+
 void s32_s16(const Vek32s* s, Vek16s* d, size_t n) {
     for (size_t i = 0; i < n; ++i) {
         const int32_t v = s[i];
@@ -105,7 +112,7 @@ template <class S, class D>
 // 16s or 32s -> 32f, optionally times k (an exact power of two whose products are correctly
 // rounded; see the callers). On the AVX-512 level every conversion and product is rounded to
 // nearest by the instruction itself and the tail is one partial vector, so the caller's rounding
-// mode is never read; elsewhere the kernel holds a RoundNearestScope.
+// mode is never read; elsewhere int_to_f32 makes it nearest for the call.
 template <bool Scaled, class S>
 void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
     size_t i = 0;
@@ -152,7 +159,6 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
         }
     }
 #else
-    const RoundNearestScope nearest(sizeof(S) == 4 || Scaled);
 #if VEK_ISA_LEVEL >= 1
     using VF = simd::Wide<float>;
     using VI = simd::Vec<int32_t, VF::lanes>;
@@ -181,21 +187,31 @@ void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
 #endif
 }
 
-void s16_f32(const Vek16s* s, Vek32f* d, size_t n) { int_to_f32_body<false>(s, d, n, 1.0f); }
+// Below the AVX-512 level the conversions of 32-bit sources and the scaled products read the
+// rounding mode.
+template <bool Scaled, class S>
+void int_to_f32(const S* s, Vek32f* d, size_t n, float k) {
+    if constexpr (VEK_ISA_LEVEL < 3 && (sizeof(S) == 4 || Scaled))
+        call_rounding_to_nearest<&int_to_f32_body<Scaled, S>>(s, d, n, k);
+    else
+        int_to_f32_body<Scaled>(s, d, n, k);
+}
 
-void s32_f32(const Vek32s* s, Vek32f* d, size_t n) { int_to_f32_body<false>(s, d, n, 1.0f); }
+void s16_f32(const Vek16s* s, Vek32f* d, size_t n) { int_to_f32<false>(s, d, n, 1.0f); }
+
+void s32_f32(const Vek32s* s, Vek32f* d, size_t n) { int_to_f32<false>(s, d, n, 1.0f); }
 
 void s16_f32_sfs(const Vek16s* s, Vek32f* d, size_t n, int sf) {
     if (!simd::kHasVectors || sf < -126 || sf > 126) return int_to_float_sfs_ref(s, d, n, sf);
     // A 16-bit integer is exact in float; one multiplication by the exact 2^-sf rounds once.
-    int_to_f32_body<true>(s, d, n, static_cast<float>(pow2(-sf)));
+    int_to_f32<true>(s, d, n, static_cast<float>(pow2(-sf)));
 }
 
 void s32_f32_sfs(const Vek32s* s, Vek32f* d, size_t n, int sf) {
     if (!simd::kHasVectors || sf < -96 || sf > 126) return int_to_float_sfs_ref(s, d, n, sf);
     // For 1 <= |v| < 2^31 and -96 <= sf <= 126 the product is a normal float, so rounding v
     // first and scaling exactly afterwards gives the correctly rounded v * 2^-sf.
-    int_to_f32_body<true>(s, d, n, static_cast<float>(pow2(-sf)));
+    int_to_f32<true>(s, d, n, static_cast<float>(pow2(-sf)));
 }
 
 void s16_f64_sfs(const Vek16s* s, Vek64f* d, size_t n, int sf) {
@@ -444,7 +460,7 @@ extern const ConvertKernels convert = {
     .s32_f32 = simd::entry<s32_f32>,
     .s32_f64 = simd::entry<widen<Vek32s, Vek64f>>,
     .f32_f64 = simd::entry<widen<Vek32f, Vek64f>>,
-    .f64_f32 = simd::entry<widen<Vek64f, Vek32f>>,
+    .f64_f32 = simd::entry<f64_f32>,
     .s32_s16 = simd::entry<s32_s16>,
     .s16_f32_sfs = simd::entry<s16_f32_sfs>,
     .s16_f64_sfs = simd::entry<s16_f64_sfs>,
