@@ -23,6 +23,7 @@ function(veks_add_conformance_harness target)
     target_include_directories(${target} PUBLIC ${VEKS_CONF_DIR} ${PROJECT_SOURCE_DIR}/tests
                                          PRIVATE ${gen})
     target_link_libraries(${target} PUBLIC veks_internal veks_flags)
+    veks_check_code(${target})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # GCC 12 warns about std::function members inside std::regex under the sanitizers
         # (-Wmaybe-uninitialized in libstdc++'s own headers).
