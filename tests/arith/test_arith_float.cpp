@@ -217,8 +217,9 @@ void check_div_by_zero(VekStatus (*f)(const T*, const T*, T*, int), U nan_bits) 
             if (n > 4) {
                 EXPECT_EQ(std::bit_cast<U>(pd[1]), nan_bits);
                 EXPECT_EQ(std::bit_cast<U>(pd[n - 1]), nan_bits);
-                EXPECT_EQ(pd[0], T(1.5));
             }
+            for (int i = 0; i < n; ++i) // every other quotient, in the blocks redone too
+                EXPECT_TRUE(x[static_cast<size_t>(i)] == 0 || pd[i] == T(1.5)) << n << " " << i;
             x[z] = 1;
             if (n > 4) x[1] = x[n - 1] = 1;
             vt::Buf<T> px2(x, off<T>(1));

@@ -605,46 +605,55 @@ void subcrev_cv(const C* s, C c, C* d, size_t n) {
     vc_pair(&s->re, c.re, c.im, &d->re, 2 * n, v_rsub);
 }
 
-// Real quotients y / x; a block holding a zero divisor is redone by the plain loop, which
-// applies the zero-divisor rule and reports it.
+// Real quotients y / x. Two vectors at a time; a pair holding a zero divisor is redone by the
+// plain loop, out of line, which applies the zero-divisor rule and reports it. The last partial
+// vector reads its absent divisor lanes as 1, so that they neither divide by zero nor look like a
+// zero.
+template <class T>
+[[gnu::noinline]] int div_with_zero(const T* a, const T* b, T* d, size_t n) {
+    return div_f(a, b, d, n);
+}
+
 template <class T>
 int div_v(const T* a, const T* b, T* d, size_t n) {
     using V = Wide<T>;
     if constexpr (V::lanes == 1) {
         return div_f(a, b, d, n);
     } else {
+        constexpr size_t w = V::lanes;
         const auto z = V::zero();
-        // Up to one vector straight through (likely: no taken branch on a short call); absent
-        // divisor lanes read as 1, so that they neither divide by zero nor look like a zero.
-        if (n <= V::lanes) [[likely]] {
-            const auto x = V::select(V::first_n(n), V::load_n(a, n), V::splat(T(1)));
-            if (V::any(V::eq(x, z))) return div_f(a, b, d, n);
-            V::store_n(d, V::div(V::load_n(b, n), x), n);
+        const auto part = [a, b, d, z](size_t at, size_t m) {
+            const auto x = V::select(V::first_n(m), V::load_n(a + at, m), V::splat(T(1)));
+            if (V::any(V::eq(x, z))) [[unlikely]]
+                return div_with_zero(a + at, b + at, d + at, m);
+            V::store_n(d + at, V::div(V::load_n(b + at, m), x), m);
             return 0;
-        }
+        };
+        // (Likely: a call of up to one vector runs straight through.)
+        if (n <= w) [[likely]]
+            return part(0, n);
         int zero = 0;
         size_t i = 0;
         const bool stream = streams(d, 3 * n * sizeof(T));
         if (stream) { // plain up to the first 64-byte boundary of d, then streaming stores
             i = ((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T);
             if (i > n) i = n;
-            zero |= div_f(a, b, d, i);
+            zero |= div_with_zero(a, b, d, i);
         }
-        for (; i + V::lanes <= n; i += V::lanes) {
-            const auto x = V::load(a + i);
-            if (V::any(V::eq(x, z))) {
-                zero |= div_f(a + i, b + i, d + i, V::lanes);
+        const auto put = [d, stream](size_t at, typename V::R q) {
+            stream ? V::stream(d + at, q) : V::store(d + at, q);
+        };
+        for (; i + 2 * w <= n; i += 2 * w) {
+            const auto x0 = V::load(a + i), x1 = V::load(a + i + w);
+            if (V::any(V::eq(x0, z)) | V::any(V::eq(x1, z))) [[unlikely]] {
+                zero |= div_with_zero(a + i, b + i, d + i, 2 * w);
                 continue;
             }
-            const auto q = V::div(V::load(b + i), x);
-            if (stream)
-                V::stream(d + i, q);
-            else
-                V::store(d + i, q);
+            put(i, V::div(V::load(b + i), x0));
+            put(i + w, V::div(V::load(b + i + w), x1));
         }
         if (stream) simd::stream_fence();
-        // A partial vector would read its absent lanes as zero divisors: the plain loop ends.
-        if (i < n) zero |= div_f(a + i, b + i, d + i, n - i);
+        for (; i < n; i += w) zero |= part(i, std::min(w, n - i));
         return zero;
     }
 }
