@@ -268,8 +268,9 @@ R narrow_quarters(R a, R b, R c, R e) {
 // overflowed; skipped for sf = 0), converted by the saturating rule's vector twin, narrowed with
 // saturation. On the AVX-512 level the conversion rounds by the instruction itself and the tail
 // is one partial vector: nothing reads or sets the caller's rounding mode, and a call of up to
-// one vector is one masked load, conversion and store. ByMode: the vectors round by the caller's
-// mode, made nearest for the call, even where the level could round them explicitly.
+// one vector is one masked load, conversion and store. ByMode: the vectors round by the mode,
+// which the caller has made nearest (call_rounding_to_nearest), even where the level could round
+// them explicitly.
 template <class T, bool Nearest, bool Scaled, bool ByMode = false>
 void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     size_t i = 0;
@@ -279,7 +280,7 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     constexpr size_t w = VF::lanes;
 #if VEK_ISA_LEVEL < 3
     // The vectors read the caller's rounding mode where the level cannot round explicitly.
-    const RoundNearestScope vector_nearest(Nearest && (ByMode || !simd::rounds_explicitly<VF>));
+    const RoundNearestScope vector_nearest(Nearest && !ByMode && !simd::rounds_explicitly<VF>);
 #endif
     // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(Scaled ? static_cast<float>(pow2(-sf)) : 1.0f);
@@ -374,20 +375,15 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
 }
 
 // Rounding to nearest. Where the level rounds explicitly in a step of its own (AVX2), a run from
-// kByModeFrom elements on converts under a RoundNearestScope instead: the guard's probe costs
-// about 1.5 ns a call, the extra step about 15% of a long run's time.
+// kByModeFrom elements on rounds by the mode instead, made nearest for the call: the mode's
+// probe costs about 1.5 ns a call, the extra step about 15% of a long run's time.
 inline constexpr size_t kByModeFrom = 256;
-
-// (Out of line: the long path's guard would give the short one a stack frame.)
-template <class T, bool Scaled>
-[[gnu::noinline]] void f32_to_int_by_mode(const Vek32f* s, T* d, size_t n, int sf) {
-    f32_to_int_body<T, true, Scaled, true>(s, d, n, sf);
-}
 
 template <class T, bool Scaled>
 void f32_to_int_nearest(const Vek32f* s, T* d, size_t n, int sf) {
     if constexpr (simd::rounds_in_extra_step<simd::Wide<float>>)
-        if (n >= kByModeFrom) return f32_to_int_by_mode<T, Scaled>(s, d, n, sf);
+        if (n >= kByModeFrom)
+            return call_rounding_to_nearest<&f32_to_int_body<T, true, Scaled, true>>(s, d, n, sf);
     f32_to_int_body<T, true, Scaled>(s, d, n, sf);
 }
 
