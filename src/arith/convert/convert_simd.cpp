@@ -112,9 +112,11 @@ template <class S, class D>
 // 16s or 32s -> 32f, optionally times k (an exact power of two whose products are correctly
 // rounded; see the callers). On the AVX-512 level every conversion and product is rounded to
 // nearest by the instruction itself and the tail is one partial vector, so the caller's rounding
-// mode is never read; elsewhere int_to_f32 makes it nearest for the call.
+// mode is never read; elsewhere int_to_f32 makes it nearest for the call. (Always inlined: with
+// two callers there, the probe's fast path and the guarded copy, the compiler kept one copy out of
+// line and the fast path paid a call.)
 template <bool Scaled, class S>
-void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
+[[gnu::always_inline]] inline void int_to_f32_body(const S* s, Vek32f* d, size_t n, float k) {
     size_t i = 0;
 #if VEK_ISA_LEVEL >= 3
     using VF = simd::Vec<float, 16>;
