@@ -17,6 +17,10 @@
 
 #include "simd/ns.hpp"
 
+#if defined(__SSE2_MATH__)
+#include <emmintrin.h>
+#endif
+
 namespace veks {
 
 // Whether anything under the guard rounds with the x87. On 32-bit x86 and on Windows the C
@@ -56,10 +60,11 @@ inline namespace VEK_PER_ISA {
 // False where doubles are not computed with SSE (the register is read there).
 inline bool sse_rounds_to_nearest() noexcept {
 #if defined(__SSE2_MATH__)
-    double one = 1.0, over = 0x1.8p-53;
+    // Both sums in one register: one addition, one compare, one branch for the caller.
+    __m128d one = _mm_set_pd(-1.0, 1.0), over = _mm_set_pd(-0x1.8p-53, 0x1.8p-53);
     asm("" : "+x"(one), "+x"(over)); // computed at run time, under the caller's mode
-    const double above = one + over, below = -one - over;
-    return (above == 1.0 + 0x1p-52) & (below == -(1.0 + 0x1p-52));
+    const __m128d nearest = _mm_set_pd(-(1.0 + 0x1p-52), 1.0 + 0x1p-52);
+    return _mm_movemask_pd(_mm_cmpeq_pd(_mm_add_pd(one, over), nearest)) == 3;
 #else
     return false;
 #endif
