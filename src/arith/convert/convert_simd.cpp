@@ -377,9 +377,10 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
 }
 
 // Rounding to nearest. Where the level rounds explicitly in a step of its own (AVX2), a run from
-// kByModeFrom elements on rounds by the mode instead, made nearest for the call: the mode's
-// probe costs about 1.5 ns a call, the extra step about 15% of a long run's time.
-inline constexpr size_t kByModeFrom = 256;
+// kByModeFrom elements on rounds by the mode instead, made nearest for the call: below it the
+// mode's probe costs more than the step (about 1 ns a call at 16 to 80 elements), from 160
+// elements on the step costs more (10% of the time at 160, 15% of a long run's).
+inline constexpr size_t kByModeFrom = 128;
 
 template <class T, bool Scaled>
 void f32_to_int_nearest(const Vek32f* s, T* d, size_t n, int sf) {
