@@ -14,6 +14,7 @@
 
 #include <cfenv>
 #include <cstdint>
+#include <type_traits>
 
 #include "simd/ns.hpp"
 
@@ -86,6 +87,14 @@ class RoundNearestScope {
   private:
     SavedRounding saved_;
 };
+
+// A RoundNearestScope whose engagement is known at compile time: nothing at all when it does not
+// engage. (A scope constructed disengaged still keeps its state on the stack and tests it on exit
+// after every call in between: its address reaches restore_rounding, so the compiler cannot drop
+// it, and the function gets an aligned stack frame.)
+struct NoRoundingScope {};
+template <bool Engage>
+using RoundNearestScopeIf = std::conditional_t<Engage, RoundNearestScope, NoRoundingScope>;
 
 // Calls F(a...) rounding to nearest. Where the probe decides (x86-64 outside Windows) and the
 // caller already rounds to nearest, F runs inline with no guard; otherwise a copy of the call runs

@@ -282,7 +282,8 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
     constexpr size_t w = VF::lanes;
 #if VEK_ISA_LEVEL < 3
     // The vectors read the caller's rounding mode where the level cannot round explicitly.
-    const RoundNearestScope vector_nearest(Nearest && !ByMode && !simd::rounds_explicitly<VF>);
+    [[maybe_unused]] const RoundNearestScopeIf<Nearest && !ByMode && !simd::rounds_explicitly<VF>>
+        vector_nearest{};
 #endif
     // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(Scaled ? static_cast<float>(pow2(-sf)) : 1.0f);
@@ -414,7 +415,8 @@ void f64_to_s32_body(const Vek64f* s, Vek32s* d, size_t n, int sf) {
     using VD = simd::Wide<double>;
     using VI = simd::Vec<int32_t, VD::lanes>; // the conversion's result, half as wide
     constexpr size_t w = VD::lanes;
-    const RoundNearestScope vector_nearest(Nearest && !simd::rounds_explicitly<VD>);
+    [[maybe_unused]] const RoundNearestScopeIf<Nearest && !simd::rounds_explicitly<VD>>
+        vector_nearest{};
     const auto vk = VD::splat(pow2(-sf));
     auto convert = [&](typename VD::R x) {
         return simd::double_to_int32_saturate<Nearest, VD>(VD::mul(x, vk));

@@ -44,8 +44,7 @@ VekStatus threshold(Op op, const T* src, T* dst, int len, L level, T value = T{}
     if constexpr (is_complex<T>) VEK_CHECK(require(!(level < 0), vekStsThresholdLevelErr));
     // Only the 16-bit complex kernels convert to integers, but the rounding mode is the
     // family's documented environment for every complex member.
-    std::conditional_t<is_complex<T>, RoundNearestScope, int> rounding{};
-    (void)rounding;
+    [[maybe_unused]] const RoundNearestScopeIf<is_complex<T>> rounding{};
     const auto& k = ops<T>(kern::threshold_kernels());
     const size_t n = static_cast<size_t>(len);
     switch (op) {
