@@ -605,56 +605,71 @@ void subcrev_cv(const C* s, C c, C* d, size_t n) {
     vc_pair(&s->re, c.re, c.im, &d->re, 2 * n, v_rsub);
 }
 
-// Real quotients y / x. Two vectors at a time; a pair holding a zero divisor is redone by the
-// plain loop, out of line, which applies the zero-divisor rule and reports it. The last partial
-// vector reads its absent divisor lanes as 1, so that they neither divide by zero nor look like a
-// zero.
+// Real quotients y / x, two vectors at a time, then partial vectors whose absent divisor lanes
+// read as 1 (so that they neither divide by zero nor look like a zero). A block holding a zero
+// divisor is redone by the plain loop, which applies the zero-divisor rule and reports it.
 template <class T>
 [[gnu::noinline]] int div_with_zero(const T* a, const T* b, T* d, size_t n) {
     return div_f(a, b, d, n);
 }
 
 template <class T>
-int div_v(const T* a, const T* b, T* d, size_t n) {
+[[gnu::noinline]] int div_checked_from(const T* a, const T* b, T* d, size_t n, size_t i, int zero);
+
+// The quotients from element i on (the first i written; `zero` tells whether one of them had a
+// zero divisor). Unchecked, the first zero divisor hands the rest to the checked copy, out of
+// line: the common path then keeps nothing across a call and needs no stack frame.
+template <class T, bool Checked>
+int div_from(const T* a, const T* b, T* d, size_t n, size_t i, int zero) {
     using V = Wide<T>;
-    if constexpr (V::lanes == 1) {
+    constexpr size_t w = V::lanes;
+    const auto z = V::zero();
+    const bool stream = streams(d, 3 * n * sizeof(T)); // from the first 64-byte boundary of d
+    const auto put = [d, stream](size_t at, typename V::R q) {
+        stream ? V::stream(d + at, q) : V::store(d + at, q);
+    };
+    for (; i + 2 * w <= n; i += 2 * w) {
+        const auto x0 = V::load(a + i), x1 = V::load(a + i + w);
+        if (V::any(V::eq(x0, z)) | V::any(V::eq(x1, z))) [[unlikely]] {
+            if constexpr (!Checked) return div_checked_from(a, b, d, n, i, zero);
+            zero |= div_with_zero(a + i, b + i, d + i, 2 * w);
+            continue;
+        }
+        put(i, V::div(V::load(b + i), x0));
+        put(i + w, V::div(V::load(b + i + w), x1));
+    }
+    if (stream) simd::stream_fence();
+    for (; i < n; i += w) {
+        const size_t m = std::min(w, n - i);
+        const auto x = V::select(V::first_n(m), V::load_n(a + i, m), V::splat(T(1)));
+        if (V::any(V::eq(x, z))) [[unlikely]] {
+            if constexpr (!Checked) return div_checked_from(a, b, d, n, i, zero);
+            zero |= div_with_zero(a + i, b + i, d + i, m);
+            continue;
+        }
+        V::store_n(d + i, V::div(V::load_n(b + i, m), x), m);
+    }
+    return zero;
+}
+
+template <class T>
+int div_checked_from(const T* a, const T* b, T* d, size_t n, size_t i, int zero) {
+    return div_from<T, true>(a, b, d, n, i, zero);
+}
+
+template <class T>
+int div_v(const T* a, const T* b, T* d, size_t n) {
+    if constexpr (Wide<T>::lanes == 1) {
         return div_f(a, b, d, n);
     } else {
-        constexpr size_t w = V::lanes;
-        const auto z = V::zero();
-        const auto part = [a, b, d, z](size_t at, size_t m) {
-            const auto x = V::select(V::first_n(m), V::load_n(a + at, m), V::splat(T(1)));
-            if (V::any(V::eq(x, z))) [[unlikely]]
-                return div_with_zero(a + at, b + at, d + at, m);
-            V::store_n(d + at, V::div(V::load_n(b + at, m), x), m);
-            return 0;
-        };
-        // (Likely: a call of up to one vector runs straight through.)
-        if (n <= w) [[likely]]
-            return part(0, n);
-        int zero = 0;
-        size_t i = 0;
-        const bool stream = streams(d, 3 * n * sizeof(T));
-        if (stream) { // plain up to the first 64-byte boundary of d, then streaming stores
-            i = ((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T);
+        // Streaming stores start at the first 64-byte boundary of d; the plain loop writes the
+        // elements before it.
+        if (streams(d, 3 * n * sizeof(T))) {
+            size_t i = ((64 - (reinterpret_cast<uintptr_t>(d) & 63)) & 63) / sizeof(T);
             if (i > n) i = n;
-            zero |= div_with_zero(a, b, d, i);
+            return div_from<T, false>(a, b, d, n, i, div_with_zero(a, b, d, i));
         }
-        const auto put = [d, stream](size_t at, typename V::R q) {
-            stream ? V::stream(d + at, q) : V::store(d + at, q);
-        };
-        for (; i + 2 * w <= n; i += 2 * w) {
-            const auto x0 = V::load(a + i), x1 = V::load(a + i + w);
-            if (V::any(V::eq(x0, z)) | V::any(V::eq(x1, z))) [[unlikely]] {
-                zero |= div_with_zero(a + i, b + i, d + i, 2 * w);
-                continue;
-            }
-            put(i, V::div(V::load(b + i), x0));
-            put(i + w, V::div(V::load(b + i + w), x1));
-        }
-        if (stream) simd::stream_fence();
-        for (; i < n; i += w) zero |= part(i, std::min(w, n - i));
-        return zero;
+        return div_from<T, false>(a, b, d, n, 0, 0);
     }
 }
 
