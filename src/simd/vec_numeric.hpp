@@ -94,8 +94,8 @@ inline constexpr bool has_zero_nan = requires(typename V::R r) {
 };
 
 // Whether rounding float lanes to nearest by the instruction takes a step of its own before a
-// truncating conversion (AVX2's round_nearest), which a long run saves by converting under a
-// RoundNearestScope instead (ByMode below).
+// truncating conversion (AVX2's round_nearest), which a long run saves by converting by the mode,
+// made nearest for the call (call_rounding_to_nearest), instead (ByMode below).
 template <class VF>
 inline constexpr bool rounds_in_extra_step = rounds_explicitly<VF> && !requires(typename VF::R y) {
     Vec<int32_t, VF::lanes>::from_float_nearest_explicit(y);
