@@ -45,9 +45,20 @@ struct HeaderText {
 #include "conformance_headers.inc" // const HeaderText kHeaders[] = {{"veks_arith.h", R"(...)"}, ...}
 
 std::vector<Export> make_table() {
-    return {
+    static const ExportRow rows[] = {
 #include "conformance_exports.inc" // entry("veksAdd_16s", &veksAdd_16s), ...
     };
+    std::vector<Export> table(std::size(rows));
+    for (size_t i = 0; i < table.size(); ++i) {
+        const ExportRow& r = rows[i];
+        Export& e = table[i];
+        e.name = r.name;
+        e.fn = r.fn;
+        e.call = r.call;
+        e.ret = r.ret;
+        e.types.assign(r.types, r.types + r.count);
+    }
+    return table;
 }
 
 std::string trim(const std::string& s) {

@@ -16,7 +16,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -106,25 +105,29 @@ enum class Ret { status, pointer, other, none };
 
 using Invoker = int64_t (*)(void (*)(), const Arg*);
 
-template <class R, class... A>
-int64_t invoke(void (*fn)(), const Arg* args) {
+template <class T>
+T arg_value(const Arg& a) {
+    T v;
+    std::memcpy(static_cast<void*>(&v), a.b, sizeof v);
+    return v;
+}
+
+template <class R, class... A, size_t... I>
+int64_t invoke_with(void (*fn)(), const Arg* args, std::index_sequence<I...>) {
     auto f = reinterpret_cast<R (*)(A...)>(fn);
-    size_t i = 0;
-    auto get = [&]<class T>(std::type_identity<T>) {
-        T v;
-        std::memcpy(static_cast<void*>(&v), args[i++].b, sizeof v);
-        return v;
-    };
-    std::tuple<A...> t{get(std::type_identity<A>{})...}; // braced: left to right
-    (void)get;
     if constexpr (std::is_void_v<R>) {
-        std::apply(f, t);
+        f(arg_value<A>(args[I])...);
         return 0;
     } else if constexpr (std::is_pointer_v<R>) {
-        return static_cast<int64_t>(reinterpret_cast<intptr_t>(std::apply(f, t)));
+        return static_cast<int64_t>(reinterpret_cast<intptr_t>(f(arg_value<A>(args[I])...)));
     } else {
-        return static_cast<int64_t>(std::apply(f, t));
+        return static_cast<int64_t>(f(arg_value<A>(args[I])...));
     }
+}
+
+template <class R, class... A>
+int64_t invoke(void (*fn)(), const Arg* args) {
+    return invoke_with<R, A...>(fn, args, std::index_sequence_for<A...>{});
 }
 
 struct Export {
@@ -138,18 +141,31 @@ struct Export {
     int index(const std::string& param) const; // -1 if absent
 };
 
+// One row of the generated export table. Rows are plain data and each distinct signature has
+// one invoker and one type list, so the table of every export compiles quickly.
+struct ExportRow {
+    const char* name;
+    void (*fn)();
+    Invoker call;
+    Ret ret;
+    const TypeInfo* types;
+    size_t count;
+};
+
 template <class R, class... A>
-Export entry(const char* name, R (*fn)(A...)) {
-    Export e;
-    e.name = name;
-    e.fn = reinterpret_cast<void (*)()>(fn);
-    e.call = &invoke<R, A...>;
-    e.ret = std::is_same_v<R, VekStatus> ? Ret::status
-            : std::is_void_v<R>          ? Ret::none
-            : std::is_pointer_v<R>       ? Ret::pointer
-                                         : Ret::other;
-    e.types = {type_of<A>()...};
-    return e;
+struct Signature {
+    static constexpr TypeInfo types[] = {type_of<A>()..., TypeInfo{}}; // never empty
+    static constexpr Ret ret = std::is_same_v<R, VekStatus> ? Ret::status
+                               : std::is_void_v<R>          ? Ret::none
+                               : std::is_pointer_v<R>       ? Ret::pointer
+                                                            : Ret::other;
+};
+
+template <class R, class... A>
+[[gnu::noinline]] ExportRow entry(const char* name, R (*fn)(A...)) {
+    using S = Signature<R, A...>;
+    return {name,        reinterpret_cast<void (*)()>(fn), &invoke<R, A...>, S::ret, S::types,
+            sizeof...(A)};
 }
 
 // Every export, with parameter names filled in from the headers. Problems met while reading the
