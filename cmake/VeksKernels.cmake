@@ -3,6 +3,7 @@
 # A kernel source named <family>_simd.cpp (anywhere under src/, beside its family's entry points)
 # is compiled once per instruction-set level that the target has: as `scalar` (the reference:
 # auto-vectorisation off), and on x86 as `sse2`, `avx2` (AVX2 + FMA) and `avx512` (F, BW, DQ, VL).
+# VEKS_AVX512=OFF leaves the last level out: processors with AVX-512 then run the AVX2 kernels.
 # Each compilation sees VEK_ISA (the namespace name) and VEK_ISA_LEVEL (0, 1, 2, 3), so the file
 # writes its loops once over the vector layer (src/simd/vec.hpp), which holds every intrinsic; an
 # operation a kernel needs and the layer lacks is added there, on every level.
@@ -17,7 +18,10 @@ set(VEKS_ISA_LEVELS scalar)
 set(VEKS_ISA_FLAGS_scalar -fno-tree-vectorize)
 set(VEKS_ISA_NUMBER_scalar 0)
 if(VEKS_X86)
-    list(APPEND VEKS_ISA_LEVELS sse2 avx2 avx512)
+    list(APPEND VEKS_ISA_LEVELS sse2 avx2)
+    if(VEKS_AVX512)
+        list(APPEND VEKS_ISA_LEVELS avx512)
+    endif()
     set(VEKS_ISA_FLAGS_sse2 -msse2 -ftree-vectorize)
     set(VEKS_ISA_FLAGS_avx2 -mavx2 -mfma -ftree-vectorize)
     set(VEKS_ISA_NUMBER_sse2 1)

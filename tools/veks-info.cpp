@@ -43,7 +43,7 @@ const char* level_of(const Table& in_use, const Table& scalar_table
     std::printf("  %-24s %s\n", label,                                                             \
                 level_of(veks::kern::name##_kernels(), veks::kern::scalar::name,                   \
                          veks::kern::sse2::name, veks::kern::avx2::name,                           \
-                         veks::kern::avx512::name))
+                         veks::kern::VEK_KERNEL_TABLE_TOP::name))
 #else
 #define VEK_INFO_FAMILY(label, name)                                                               \
     std::printf("  %-24s %s\n", label,                                                             \

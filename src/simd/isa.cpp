@@ -25,8 +25,10 @@ const char* name(Level level) noexcept {
 }
 
 std::span<const Level> levels() noexcept {
-#if VEKS_HAVE_X86_KERNELS
+#if VEKS_HAVE_AVX512_KERNELS
     static constexpr Level compiled[] = {scalar, sse2, avx2, avx512};
+#elif VEKS_HAVE_X86_KERNELS
+    static constexpr Level compiled[] = {scalar, sse2, avx2};
 #else
     static constexpr Level compiled[] = {scalar};
 #endif
@@ -40,7 +42,7 @@ bool available(Level level) noexcept {
     case sse2: return __builtin_cpu_supports("sse2");
     case avx2: return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
     case avx512:
-        return available(avx2) && __builtin_cpu_supports("avx512f") &&
+        return VEKS_HAVE_AVX512_KERNELS && available(avx2) && __builtin_cpu_supports("avx512f") &&
                __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
                __builtin_cpu_supports("avx512vl");
 #endif

@@ -21,6 +21,12 @@
 #else
 #define VEKS_HAVE_X86_KERNELS 0
 #endif
+// The AVX-512 level is compiled unless the build leaves it out (VEKS_AVX512=OFF).
+#if VEKS_HAVE_X86_KERNELS && !defined(VEKS_NO_AVX512)
+#define VEKS_HAVE_AVX512_KERNELS 1
+#else
+#define VEKS_HAVE_AVX512_KERNELS 0
+#endif
 
 namespace veks::isa {
 
@@ -65,6 +71,17 @@ inline const Table& select(const Table& scalar_table, const Table& sse2_table,
 
 // Declares the per-level instances of a kernel table and an accessor `veks::kern::<name>()`
 // that returns the one in use. Use at namespace scope, outside any namespace.
+#if VEKS_HAVE_AVX512_KERNELS
+#define VEK_KERNEL_TABLE_AVX512(Table, name)                                                       \
+    namespace avx512 {                                                                             \
+    extern const Table name;                                                                       \
+    }
+#define VEK_KERNEL_TABLE_TOP avx512
+#else
+// Without the AVX-512 level its slot repeats the AVX2 table; that level is never active.
+#define VEK_KERNEL_TABLE_AVX512(Table, name)
+#define VEK_KERNEL_TABLE_TOP avx2
+#endif
 #if VEKS_HAVE_X86_KERNELS
 #define VEK_KERNEL_TABLE(Table, name)                                                              \
     namespace veks::kern {                                                                         \
@@ -77,12 +94,10 @@ inline const Table& select(const Table& scalar_table, const Table& sse2_table,
     namespace avx2 {                                                                               \
     extern const Table name;                                                                       \
     }                                                                                              \
-    namespace avx512 {                                                                             \
-    extern const Table name;                                                                       \
-    }                                                                                              \
+    VEK_KERNEL_TABLE_AVX512(Table, name)                                                           \
     inline const Table& name##_kernels() noexcept {                                                \
         static constexpr const Table* tables[] = {&scalar::name, &sse2::name, &avx2::name,         \
-                                                  &avx512::name};                                  \
+                                                  &VEK_KERNEL_TABLE_TOP::name};                    \
         return *tables[::veks::isa::active()];                                                     \
     }                                                                                              \
     }
