@@ -68,6 +68,12 @@ void matches_reference() {
     using A = Api<T>;
     vt::Rng rng(9);
     for (int n : lengths()) {
+        if (int64_t{n} * n > vt::kReferenceWork) continue;
+        std::vector<T> x(static_cast<size_t>(n));
+        std::vector<long double> xl(x.size());
+        for (size_t i = 0; i < x.size(); ++i) xl[i] = x[i] = static_cast<T>(rng.uniform(-1, 1));
+        const double bound = 4 * A::eps * (std::log2(static_cast<double>(n)) + 1);
+        const std::vector<cld> want[2] = {ref_dct(xl, false), ref_dct(xl, true)};
         for (int hint : {0, 2}) {
             SCOPED_TRACE("N = " + std::to_string(n) + " hint " + std::to_string(hint));
             typename A::F* f = nullptr;
@@ -77,11 +83,6 @@ void matches_reference() {
             int size = -1;
             ASSERT_EQ(A::sizeF(f, &size), vekStsOk);
             std::vector<Vek8u> buf(static_cast<size_t>(size) + 1);
-            std::vector<T> x(static_cast<size_t>(n));
-            std::vector<long double> xl(x.size());
-            for (size_t i = 0; i < x.size(); ++i) xl[i] = x[i] = static_cast<T>(rng.uniform(-1, 1));
-            const double bound = 4 * A::eps * (std::log2(static_cast<double>(n)) + 1);
-            const std::vector<cld> want[2] = {ref_dct(xl, false), ref_dct(xl, true)};
             auto body = [&](auto) {
                 for (bool inverse : {false, true})
                     for (bool in_place : {false, true}) {
