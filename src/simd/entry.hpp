@@ -29,7 +29,10 @@ struct Entry;
 
 template <class R, class... A, R (*F)(A...)>
 struct Entry<F> {
-    static R call(A... a) {
+    // Flattened: f is compiled into the wrapper, so that a call through the table is one call
+    // and one vzeroupper, not a call to a wrapper that calls f. (A kernel compiled with options
+    // of its own must be noinline, or the wrapper's options would replace them.)
+    [[gnu::flatten]] static R call(A... a) {
         if constexpr (std::is_void_v<R>) {
             F(a...);
             _mm256_zeroupper();

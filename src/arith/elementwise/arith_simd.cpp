@@ -152,9 +152,11 @@ inline Vek64fc cdiv(Vek64fc x, Vek64fc y, int& zero) {
 }
 
 // GCC 12's complex-arithmetic vector patterns fuse multiply-adds even under -ffp-contract=off;
-// the complex loops are kept out of that vectorizer so that every level gives the same bits.
+// the complex loops are kept out of that vectorizer so that every level gives the same bits, and
+// out of line, so that their options hold (the table's flattened wrapper would inline them).
 #if defined(__GNUC__) && !defined(__clang__) && VEK_ISA_LEVEL >= 2
-#define VEK_NO_FUSED_COMPLEX __attribute__((optimize("no-tree-vectorize", "no-tree-slp-vectorize")))
+#define VEK_NO_FUSED_COMPLEX                                                                       \
+    __attribute__((noinline, optimize("no-tree-vectorize", "no-tree-slp-vectorize")))
 #else
 #define VEK_NO_FUSED_COMPLEX
 #endif
