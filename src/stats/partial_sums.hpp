@@ -28,16 +28,20 @@ inline namespace VEK_PER_ISA {
 
 inline constexpr size_t kLanes = 32;
 
-template <class VD = simd::Wide<double>>
+// Regs below the full kLanes / W hold the first Regs registers only, for streams that never
+// reach the others (see with_partial_sums).
+template <class VD = simd::Wide<double>, size_t Regs = kLanes / static_cast<size_t>(VD::lanes)>
 class PartialSums {
   public:
     using V = VD;
     using R = typename V::R;
     static constexpr size_t W = static_cast<size_t>(V::lanes);
-    static constexpr size_t kRegs = kLanes / W;
+    static constexpr size_t kRegs = Regs;
+    static_assert(kRegs >= 1 && kRegs * W <= kLanes);
 
+    // Register by register: a loop here may become a memset, which puts the array in memory.
     PartialSums() {
-        for (auto& x : r) x = V::zero();
+        each([&](size_t k) { r[k] = V::zero(); });
     }
 
     // Runs a stream of n positions: full(k, t) adds the terms of positions t .. t + W - 1 to
@@ -45,9 +49,10 @@ class PartialSums {
     template <class Full, class Part>
     static void stream(size_t n, Full full, Part part) {
         size_t t = 0;
-        for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
-            each([&](size_t k) { full(k, t + k * W); });
-        const size_t rest = n - t;
+        if constexpr (kRegs * W == kLanes)
+            for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
+                each([&](size_t k) { full(k, t + k * W); });
+        const size_t rest = n - t; // at most kRegs * W when the registers are not all there
         each([&](size_t k) {
             if (k * W >= rest) return;
             if (rest - k * W >= W)
@@ -103,6 +108,19 @@ class PartialSums {
         }
     }
 };
+
+// body.template operator()<P>() with P the partial sums for a stream of n positions. A stream of
+// at most half the lanes never reaches the upper half of the registers, which stay +0, so it
+// runs on the lower half alone: the tree then starts one level down, without the additions of
+// +0 registers, which change no partial sum (see above). The same bits, one step shorter.
+template <class VD, class Body>
+inline decltype(auto) with_partial_sums(size_t n, Body body) {
+    using Full = PartialSums<VD>;
+    if constexpr (Full::kRegs >= 2) {
+        if (n <= kLanes / 2) return body.template operator()<PartialSums<VD, Full::kRegs / 2>>();
+    }
+    return body.template operator()<Full>();
+}
 
 } // namespace VEK_PER_ISA
 } // namespace veks::stats

@@ -20,7 +20,6 @@
 namespace veks::kern::VEK_ISA {
 namespace {
 
-using stats::PartialSums;
 using VD = simd::Wide<double>;
 using R = VD::R;
 
@@ -34,23 +33,27 @@ inline R load_n(const double* p, size_t m) { return VD::load_n(p, m); }
 // The total of op(partial sum, terms) over one source of n elements.
 template <class T, class Op>
 inline double reduce1(const T* a, size_t n, Op op) {
-    PartialSums<VD> s;
-    PartialSums<VD>::stream(
-        n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t)); },
-        [&](size_t k, size_t t, size_t m) { s.r[k] = op(s.r[k], load_n(a + t, m)); });
-    return s.total();
+    return stats::with_partial_sums<VD>(n, [&]<class P>() {
+        P s;
+        P::stream(
+            n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t)); },
+            [&](size_t k, size_t t, size_t m) { s.r[k] = op(s.r[k], load_n(a + t, m)); });
+        return s.total();
+    });
 }
 
 // The same over two sources read in step.
 template <class T, class Op>
 inline double reduce2(const T* a, const T* b, size_t n, Op op) {
-    PartialSums<VD> s;
-    PartialSums<VD>::stream(
-        n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t), load(b + t)); },
-        [&](size_t k, size_t t, size_t m) {
-            s.r[k] = op(s.r[k], load_n(a + t, m), load_n(b + t, m));
-        });
-    return s.total();
+    return stats::with_partial_sums<VD>(n, [&]<class P>() {
+        P s;
+        P::stream(
+            n, [&](size_t k, size_t t) { s.r[k] = op(s.r[k], load(a + t), load(b + t)); },
+            [&](size_t k, size_t t, size_t m) {
+                s.r[k] = op(s.r[k], load_n(a + t, m), load_n(b + t, m));
+            });
+        return s.total();
+    });
 }
 
 // Exact products (float by float) fuse; rounded products (double by double) are added as such.
@@ -211,7 +214,6 @@ double dot_real(const T* a, const T* b, size_t n) {
 // real part is the even sum of p minus its odd sum, the imaginary part the whole sum of q.
 template <class T>
 Vek64fc dot_complex(const T* a, const T* b, size_t n) {
-    PartialSums<VD> p, q;
     // b's parts swapped within each pair (one lane: the partner element itself).
     const auto partner = [b](size_t t, R y) {
         if constexpr (VD::lanes == 1)
@@ -219,16 +221,19 @@ Vek64fc dot_complex(const T* a, const T* b, size_t n) {
         else
             return VD::swap_pairs(y);
     };
-    const auto step = [&](size_t k, size_t t, R x, R y) {
-        p.r[k] = add_product<T>(p.r[k], x, y);
-        q.r[k] = add_product<T>(q.r[k], x, partner(t, y));
-    };
-    PartialSums<VD>::stream(
-        2 * n, [&](size_t k, size_t t) { step(k, t, load(a + t), load(b + t)); },
-        [&](size_t k, size_t t, size_t m) { step(k, t, load_n(a + t, m), load_n(b + t, m)); });
-    double even, odd;
-    p.total_pairs(even, odd);
-    return Vek64fc{even - odd, q.total()};
+    return stats::with_partial_sums<VD>(2 * n, [&]<class P>() {
+        P p, q;
+        const auto step = [&](size_t k, size_t t, R x, R y) {
+            p.r[k] = add_product<T>(p.r[k], x, y);
+            q.r[k] = add_product<T>(q.r[k], x, partner(t, y));
+        };
+        P::stream(
+            2 * n, [&](size_t k, size_t t) { step(k, t, load(a + t), load(b + t)); },
+            [&](size_t k, size_t t, size_t m) { step(k, t, load_n(a + t, m), load_n(b + t, m)); });
+        double even, odd;
+        p.total_pairs(even, odd);
+        return Vek64fc{even - odd, q.total()};
+    });
 }
 
 // Real times complex: the stream t = 2i, 2i + 1 multiplies a[i] by b's part t; the even sum is
@@ -236,21 +241,25 @@ Vek64fc dot_complex(const T* a, const T* b, size_t n) {
 // every level with more than one lane.)
 template <class T>
 Vek64fc dot_real_complex(const T* a, const T* b, size_t n) {
-    PartialSums<VD> p;
     const auto pairs = [a](size_t t) {
         if constexpr (VD::lanes == 1)
             return load(a + t / 2);
         else
             return VD::load_pairs(a + t / 2);
     };
-    PartialSums<VD>::stream(
-        2 * n, [&](size_t k, size_t t) { p.r[k] = add_product<T>(p.r[k], pairs(t), load(b + t)); },
-        [&](size_t k, size_t t, size_t m) {
-            p.r[k] = add_product<T>(p.r[k], VD::load_pairs_n(a + t / 2, m / 2), load_n(b + t, m));
-        });
-    double even, odd;
-    p.total_pairs(even, odd);
-    return Vek64fc{even, odd};
+    return stats::with_partial_sums<VD>(2 * n, [&]<class P>() {
+        P p;
+        P::stream(
+            2 * n,
+            [&](size_t k, size_t t) { p.r[k] = add_product<T>(p.r[k], pairs(t), load(b + t)); },
+            [&](size_t k, size_t t, size_t m) {
+                p.r[k] =
+                    add_product<T>(p.r[k], VD::load_pairs_n(a + t / 2, m / 2), load_n(b + t, m));
+            });
+        double even, odd;
+        p.total_pairs(even, odd);
+        return Vek64fc{even, odd};
+    });
 }
 
 Vek64fc dot_32fc(const Vek32fc* a, const Vek32fc* b, size_t n) {

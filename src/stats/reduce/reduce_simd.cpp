@@ -25,7 +25,6 @@ constexpr T min_of(T a, T b) noexcept {
 
 // ---- Float sums --------------------------------------------------------------------------
 
-using stats::PartialSums;
 using VD = simd::Wide<double>;
 using RD = VD::R;
 
@@ -36,40 +35,46 @@ inline RD load_n(const double* p, size_t m) { return VD::load_n(p, m); }
 
 template <class T>
 double sum(const T* p, size_t n) {
-    PartialSums<VD> s;
-    PartialSums<VD>::stream(
-        n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(p + t)); },
-        [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(p + t, m)); });
-    return s.total();
+    return stats::with_partial_sums<VD>(n, [&]<class P>() {
+        P s;
+        P::stream(
+            n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(p + t)); },
+            [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(p + t, m)); });
+        return s.total();
+    });
 }
 
 // Interleaved complex floats: the sums of the even (real) and odd (imaginary) positions.
 void sum_32fc(const Vek32fc* p, size_t n, double* re, double* im) {
     const float* x = &p->re;
-    PartialSums<VD> s;
-    PartialSums<VD>::stream(
-        2 * n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(x + t)); },
-        [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(x + t, m)); });
-    s.total_pairs(*re, *im);
+    stats::with_partial_sums<VD>(2 * n, [&]<class P>() {
+        P s;
+        P::stream(
+            2 * n, [&](size_t k, size_t t) { s.r[k] = VD::add(s.r[k], load(x + t)); },
+            [&](size_t k, size_t t, size_t m) { s.r[k] = VD::add(s.r[k], load_n(x + t, m)); });
+        s.total_pairs(*re, *im);
+    });
 }
 
 // The sum and the sum of squares. Squares of floats are exact in double, so a fused
 // multiply-add rounds them as a multiply and an add do; squares of doubles are rounded first.
 template <class T>
 void sum_sq(const T* p, size_t n, double* sum_out, double* sq_out) {
-    PartialSums<VD> s, q;
-    const auto step = [&](size_t k, RD x) {
-        s.r[k] = VD::add(s.r[k], x);
-        if constexpr (sizeof(T) == 4)
-            q.r[k] = VD::mul_add(x, x, q.r[k]);
-        else
-            q.r[k] = VD::add(q.r[k], VD::mul(x, x));
-    };
-    PartialSums<VD>::stream(
-        n, [&](size_t k, size_t t) { step(k, load(p + t)); },
-        [&](size_t k, size_t t, size_t m) { step(k, load_n(p + t, m)); });
-    *sum_out = s.total();
-    *sq_out = q.total();
+    stats::with_partial_sums<VD>(n, [&]<class P>() {
+        P s, q;
+        const auto step = [&](size_t k, RD x) {
+            s.r[k] = VD::add(s.r[k], x);
+            if constexpr (sizeof(T) == 4)
+                q.r[k] = VD::mul_add(x, x, q.r[k]);
+            else
+                q.r[k] = VD::add(q.r[k], VD::mul(x, x));
+        };
+        P::stream(
+            n, [&](size_t k, size_t t) { step(k, load(p + t)); },
+            [&](size_t k, size_t t, size_t m) { step(k, load_n(p + t, m)); });
+        *sum_out = s.total();
+        *sq_out = q.total();
+    });
 }
 
 // ---- Integer sums ------------------------------------------------------------------------
