@@ -56,17 +56,6 @@ inline Level active() noexcept {
     return static_cast<Level>(detail::active_level.load(std::memory_order_relaxed));
 }
 
-template <class Table>
-inline const Table& select(const Table& scalar_table, const Table& sse2_table,
-                           const Table& avx2_table, const Table& avx512_table) noexcept {
-    switch (active()) {
-    case avx512: return avx512_table;
-    case avx2: return avx2_table;
-    case sse2: return sse2_table;
-    default: return scalar_table;
-    }
-}
-
 } // namespace veks::isa
 
 // Declares the per-level instances of a kernel table and an accessor `veks::kern::<name>()`
