@@ -5,6 +5,7 @@
 #include <cmath>
 #include <complex>
 
+#include "fir_members.hpp"
 #include "testutil.hpp"
 
 namespace {
@@ -61,37 +62,33 @@ T from_z(Z v) {
         return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
 }
 
-template <class Tap, class Dat, class Line, class FTap, class St>
+// One member: its InitAlloc (arbitrary order and BiQuad, from integer and floating-point taps),
+// Free, GetDlyLine, SetDlyLine, block, in-place block and single-sample forms.
+template <auto Init, auto InitBq, auto InitF, auto InitBqF, auto Free, auto Get, auto Set, auto Blk,
+          auto BlkI, auto One>
 struct Member {
-    using T = Tap;
-    using D = Dat;
-    using L = Line;
-    using F = FTap;
-    using S = St;
-    bool cplx;
-    VekStatus (*init)(St**, const Tap*, int, int, const Line*);
-    VekStatus (*init_bq)(St**, const Tap*, int, int, const Line*);
-    VekStatus (*init_f)(St**, const FTap*, int, const Line*);
-    VekStatus (*init_bq_f)(St**, const FTap*, int, const Line*);
-    VekStatus (*fre)(St*);
-    VekStatus (*get)(const St*, Line*);
-    VekStatus (*set)(St*, const Line*);
-    VekStatus (*blk)(const Dat*, Dat*, int, St*, int);
-    VekStatus (*blk_i)(Dat*, int, St*, int);
-    VekStatus (*one)(Dat, Dat*, St*, int);
+    using T = typename ft::Arg2<decltype(Init)>::type;
+    using F = typename ft::Arg2<decltype(InitF)>::type;
+    using L = typename ft::Arg2<decltype(Set)>::type;
+    using D = typename ft::Arg2<decltype(Blk)>::type;
+    using S = ft::state_t<Init>;
+    static constexpr bool cplx = !std::is_integral_v<T>;
+    static constexpr auto init = Init, init_bq = InitBq, init_f = InitF, init_bq_f = InitBqF;
+    static constexpr auto fre = Free, get = Get, set = Set, blk = Blk, blk_i = BlkI, one = One;
 };
+// C: empty for the real member, c for the complex one.
+#define MEMBER(C)                                                                                  \
+    Member<veksIIRInitAlloc32s##C##_16s##C, veksIIRInitAlloc32s##C##_BiQuad_16s##C,                \
+           veksIIRInitAlloc32s##C##_16s##C##32f##C,                                                \
+           veksIIRInitAlloc32s##C##_BiQuad_16s##C##32f##C, veksIIRFree32s##C##_16s##C,             \
+           veksIIRGetDlyLine32s##C##_16s##C, veksIIRSetDlyLine32s##C##_16s##C,                     \
+           veksIIR32s##C##_16s##C##_Sfs, veksIIR32s##C##_16s##C##_ISfs,                            \
+           veksIIROne32s##C##_16s##C##_Sfs>
 
 template <class F>
 void for_each_member(F&& body) {
-    body(Member<Vek32s, Vek16s, Vek64s, Vek32f, VeksIIRState32s_16s>{
-        false, veksIIRInitAlloc32s_16s, veksIIRInitAlloc32s_BiQuad_16s, veksIIRInitAlloc32s_16s32f,
-        veksIIRInitAlloc32s_BiQuad_16s32f, veksIIRFree32s_16s, veksIIRGetDlyLine32s_16s,
-        veksIIRSetDlyLine32s_16s, veksIIR32s_16s_Sfs, veksIIR32s_16s_ISfs, veksIIROne32s_16s_Sfs});
-    body(Member<Vek32sc, Vek16sc, Vek64sc, Vek32fc, VeksIIRState32sc_16sc>{
-        true, veksIIRInitAlloc32sc_16sc, veksIIRInitAlloc32sc_BiQuad_16sc,
-        veksIIRInitAlloc32sc_16sc32fc, veksIIRInitAlloc32sc_BiQuad_16sc32fc, veksIIRFree32sc_16sc,
-        veksIIRGetDlyLine32sc_16sc, veksIIRSetDlyLine32sc_16sc, veksIIR32sc_16sc_Sfs,
-        veksIIR32sc_16sc_ISfs, veksIIROne32sc_16sc_Sfs});
+    body(MEMBER(){});
+    body(MEMBER(c){});
 }
 
 Z rnd(vt::Rng& r, int64_t amp, bool cplx) {
@@ -222,6 +219,18 @@ TEST(IirIntTaps, Normalisation) {
         vt::Rng rng(43);
         std::vector<Z> x;
         for (int i = 0; i < 100; ++i) x.push_back(rnd(rng, 20000, m.cplx));
+        // States from the given taps; two states give the same outputs over x at several scale
+        // factors, and are freed.
+        auto state = [&](auto init, const auto& taps, int len, auto... factor) {
+            typename M::S* st = nullptr;
+            EXPECT_EQ(init(&st, taps.data(), len, factor..., nullptr), vekStsOk);
+            return st;
+        };
+        auto agree = [&](typename M::S* a, typename M::S* b) {
+            for (int sf : {0, 2, -1}) EXPECT_TRUE(same(run(m, a, x, sf), run(m, b, x, sf)));
+            EXPECT_EQ(m.fre(a), vekStsOk);
+            EXPECT_EQ(m.fre(b), vekStsOk);
+        };
         for (int factor : {-14, -3, 0, 2}) {
             SCOPED_TRACE("factor " + std::to_string(factor));
             const int N = 3;
@@ -239,20 +248,10 @@ TEST(IirIntTaps, Normalisation) {
                 norm[i] = {one(taps[i].re), one(taps[i].im)}; // real a0: parts divide alone
             }
             norm[N + 1] = {factor <= 0 ? int64_t{1} << -factor : 0, 0};
-            const auto t = to<T>(taps), tn = to<T>(norm);
-            typename M::S *a = nullptr, *b = nullptr;
-            ASSERT_EQ(m.init(&a, t.data(), N, factor, nullptr), vekStsOk);
-            ASSERT_EQ(m.init(&b, tn.data(), N, factor, nullptr), vekStsOk);
-            const auto want = run(m, b, x, 0);
-            EXPECT_TRUE(same(run(m, a, x, 0), want));
-            ASSERT_EQ(m.fre(a), vekStsOk);
-            ASSERT_EQ(m.fre(b), vekStsOk);
-            // a0 = 0: the normalised taps as given.
-            norm[N + 1] = {};
-            const auto t0 = to<T>(norm);
-            ASSERT_EQ(m.init(&a, t0.data(), N, factor, nullptr), vekStsOk);
-            EXPECT_TRUE(same(run(m, a, x, 0), want));
-            ASSERT_EQ(m.fre(a), vekStsOk);
+            agree(state(m.init, to<T>(taps), N, factor), state(m.init, to<T>(norm), N, factor));
+            auto zero = norm; // a0 = 0: the normalised taps as given
+            zero[N + 1] = {};
+            agree(state(m.init, to<T>(zero), N, factor), state(m.init, to<T>(norm), N, factor));
         }
         if (m.cplx) { // a complex a0 divides as a complex number: taps a0 q give the taps q
             const Z a0{3, -4}, q[4] = {{1, -2}, {0, 1}, {2, 0}, {-1, 1}};
@@ -260,13 +259,7 @@ TEST(IirIntTaps, Normalisation) {
             for (int i = 0; i < 4; ++i) norm[i] = q[i], taps[i] = a0 * q[i];
             taps[4] = a0;
             norm[4] = {1, 0};
-            const auto t = to<T>(taps), tn = to<T>(norm);
-            typename M::S *a = nullptr, *b = nullptr;
-            ASSERT_EQ(m.init(&a, t.data(), 3, 0, nullptr), vekStsOk);
-            ASSERT_EQ(m.init(&b, tn.data(), 3, 0, nullptr), vekStsOk);
-            EXPECT_TRUE(same(run(m, a, x, 0), run(m, b, x, 0)));
-            ASSERT_EQ(m.fre(a), vekStsOk);
-            ASSERT_EQ(m.fre(b), vekStsOk);
+            agree(state(m.init, to<T>(taps), 3, 0), state(m.init, to<T>(norm), 3, 0));
         }
         // Floating-point taps: h / a0 in double, factor e - 30 where 2^(e-1) <= max(|h|, 1) <
         // 2^e, taps rounded half away from zero: the states of the integer forms with those.
@@ -289,21 +282,8 @@ TEST(IirIntTaps, Normalisation) {
                 want.push_back(i == 3 ? Z{int64_t{1} << 29, 0} : Z{r(re), r(im)});
             }
         }
-        const auto wt = to<T>(want);
-        for (int bq = 0; bq < 2; ++bq) {
-            typename M::S *a = nullptr, *b = nullptr;
-            if (bq) {
-                ASSERT_EQ(m.init_bq_f(&a, f.data(), 2, nullptr), vekStsOk);
-                ASSERT_EQ(m.init_bq(&b, wt.data(), 2, -29, nullptr), vekStsOk);
-            } else {
-                ASSERT_EQ(m.init_f(&a, f.data(), 2, nullptr), vekStsOk);
-                ASSERT_EQ(m.init(&b, wt.data(), 2, -29, nullptr), vekStsOk);
-            }
-            EXPECT_TRUE(same(run(m, a, x, 2), run(m, b, x, 2)));
-            EXPECT_TRUE(same(run(m, a, x, -1), run(m, b, x, -1)));
-            ASSERT_EQ(m.fre(a), vekStsOk);
-            ASSERT_EQ(m.fre(b), vekStsOk);
-        }
+        agree(state(m.init_f, f, 2), state(m.init, to<T>(want), 2, -29));
+        agree(state(m.init_bq_f, f, 2), state(m.init_bq, to<T>(want), 2, -29));
     });
 }
 

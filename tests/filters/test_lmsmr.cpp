@@ -4,6 +4,7 @@
 // UpdateTaps, for several dlyStep / updateDly pairs; GetDlyVal, the taps and line exchanges.
 #include <deque>
 
+#include "fir_members.hpp"
 #include "testutil.hpp"
 
 namespace {
@@ -55,23 +56,20 @@ struct Model {
     }
 };
 
-template <class Tap, class Smp, class Acc, class St>
+// One member: InitAlloc, Free, SetTaps, GetTaps, GetTapsPointer, SetDlyLine, GetDlyLine,
+// GetDlyVal, SetMu, PutVal, One, OneVal and UpdateTaps; the types follow from them.
+template <auto Init, auto Free, auto SetTaps, auto GetTaps, auto TapsPtr, auto SetLine,
+          auto GetLine, auto GetVal, auto SetMu, auto Put, auto One, auto OneVal, auto Update>
 struct Member {
-    static constexpr bool cplx = !std::is_integral_v<Tap>;
-    using S = St;
-    VekStatus (*init)(St**, const Tap*, int, const Smp*, int, int, int, int);
-    VekStatus (*fre)(St*);
-    VekStatus (*set_taps)(St*, const Tap*);
-    VekStatus (*get_taps)(const St*, Tap*);
-    VekStatus (*taps_ptr)(St*, Tap**);
-    VekStatus (*set_line)(St*, const Smp*, int);
-    VekStatus (*get_line)(const St*, Smp*, int*);
-    VekStatus (*get_val)(const St*, Smp*, int);
-    VekStatus (*set_mu)(St*, int);
-    VekStatus (*put)(Smp, St*);
-    VekStatus (*one)(Acc*, St*);
-    VekStatus (*one_val)(Smp, Acc*, St*);
-    VekStatus (*update)(Acc, St*);
+    using TapT = typename ft::Arg2<decltype(SetTaps)>::type;
+    using SmpT = typename ft::Arg2<decltype(SetLine)>::type;
+    using AccT = typename ft::Arg2<decltype(OneVal)>::type;
+    using S = ft::state_t<Init>;
+    static constexpr bool cplx = !std::is_integral_v<TapT>;
+    static constexpr auto init = Init, fre = Free, set_taps = SetTaps, get_taps = GetTaps,
+                          taps_ptr = TapsPtr, set_line = SetLine, get_line = GetLine,
+                          get_val = GetVal, set_mu = SetMu, put = Put, one = One, one_val = OneVal,
+                          update = Update;
 
     template <class T>
     static Z z(const T& v) {
@@ -87,25 +85,21 @@ struct Member {
         else
             return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
     }
-    using TapT = Tap;
-    using SmpT = Smp;
-    using AccT = Acc;
 };
+// C: empty for the real member, c for the complex one.
+#define MEMBER(C)                                                                                  \
+    Member<veksFIRLMSMRInitAlloc32s##C##_16s##C, veksFIRLMSMRFree32s##C##_16s##C,                  \
+           veksFIRLMSMRSetTaps32s##C##_16s##C, veksFIRLMSMRGetTaps32s##C##_16s##C,                 \
+           veksFIRLMSMRGetTapsPointer32s##C##_16s##C, veksFIRLMSMRSetDlyLine32s##C##_16s##C,       \
+           veksFIRLMSMRGetDlyLine32s##C##_16s##C, veksFIRLMSMRGetDlyVal32s##C##_16s##C,            \
+           veksFIRLMSMRSetMu32s##C##_16s##C, veksFIRLMSMRPutVal32s##C##_16s##C,                    \
+           veksFIRLMSMROne32s##C##_16s##C, veksFIRLMSMROneVal32s##C##_16s##C,                      \
+           veksFIRLMSMRUpdateTaps32s##C##_16s##C>
 
 template <class F>
 void for_each_member(F&& body) {
-    body(Member<Vek32s, Vek16s, Vek32s, VeksFIRLMSMRState32s_16s>{
-        veksFIRLMSMRInitAlloc32s_16s, veksFIRLMSMRFree32s_16s, veksFIRLMSMRSetTaps32s_16s,
-        veksFIRLMSMRGetTaps32s_16s, veksFIRLMSMRGetTapsPointer32s_16s,
-        veksFIRLMSMRSetDlyLine32s_16s, veksFIRLMSMRGetDlyLine32s_16s, veksFIRLMSMRGetDlyVal32s_16s,
-        veksFIRLMSMRSetMu32s_16s, veksFIRLMSMRPutVal32s_16s, veksFIRLMSMROne32s_16s,
-        veksFIRLMSMROneVal32s_16s, veksFIRLMSMRUpdateTaps32s_16s});
-    body(Member<Vek32sc, Vek16sc, Vek32sc, VeksFIRLMSMRState32sc_16sc>{
-        veksFIRLMSMRInitAlloc32sc_16sc, veksFIRLMSMRFree32sc_16sc, veksFIRLMSMRSetTaps32sc_16sc,
-        veksFIRLMSMRGetTaps32sc_16sc, veksFIRLMSMRGetTapsPointer32sc_16sc,
-        veksFIRLMSMRSetDlyLine32sc_16sc, veksFIRLMSMRGetDlyLine32sc_16sc,
-        veksFIRLMSMRGetDlyVal32sc_16sc, veksFIRLMSMRSetMu32sc_16sc, veksFIRLMSMRPutVal32sc_16sc,
-        veksFIRLMSMROne32sc_16sc, veksFIRLMSMROneVal32sc_16sc, veksFIRLMSMRUpdateTaps32sc_16sc});
+    body(MEMBER(){});
+    body(MEMBER(c){});
 }
 
 Z rnd(vt::Rng& r, int64_t lo, int64_t hi, bool cplx) {
