@@ -143,16 +143,24 @@ TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
     }
 }
 
-TEST(Conv, Exact16BitSums) {
+// 16-bit Conv (marked by lowLag -1) and CrossCorr around their switches: exact sums with the
+// scale factor rule.
+TEST(ConvCorr, Exact16BitSums) {
     vt::Rng rng(2);
-    for (auto [l1, l2] : std::vector<std::pair<int, int>>{
-             {5, 9}, {75, 75}, {75, 76}, {700, 300}, {3000, 20}, {3000, 2500}})
-        for (int sf : {-3, 0, 4, 15}) {
+    const int cases[][4] = {{5, 9, -1, 13},      {75, 75, -1, 149},       {75, 76, -1, 150},
+                            {700, 300, -1, 999}, {3000, 20, -1, 3019},    {3000, 2500, -1, 5499},
+                            {30, 50, -40, 100},  {1000, 1000, -300, 383}, {1000, 1000, -300, 600}};
+    for (const auto& [l1, l2, low, n] : cases)
+        for (int sf : low == -1 ? std::vector<int>{-3, 0, 4, 15} : std::vector<int>{-2, 0, 9, 25}) {
             const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
-            const int L = l1 + l2 - 1;
-            std::vector<Vek16s> d(static_cast<size_t>(L)), want(static_cast<size_t>(L));
-            ASSERT_EQ(veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf), vekStsOk);
-            for (int n = 0; n < L; ++n) want[size_t(n)] = scale16(conv_at(a, b, n), sf);
+            std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
+            ASSERT_EQ(low == -1
+                          ? veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf)
+                          : veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
+                      vekStsOk);
+            for (int k = 0; k < n; ++k)
+                want[size_t(k)] =
+                    scale16(low == -1 ? conv_at(a, b, k) : corr_at(a, b, low + k), sf);
             ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
         }
 }
@@ -230,20 +238,6 @@ TEST(CrossCorr, DirectSumsOnEveryLevel) {
             if (i + n >= 0 && i + n < 257) s = s + double(a[size_t(i)]) * double(b[size_t(i + n)]);
         ASSERT_EQ(first[size_t(k)], static_cast<float>(s)) << "lag " << n;
     }
-}
-
-TEST(CrossCorr, Exact16Bit) {
-    vt::Rng rng(5);
-    for (auto [l1, l2, low, n] : std::vector<std::tuple<int, int, int, int>>{
-             {30, 50, -40, 100}, {1000, 1000, -300, 383}, {1000, 1000, -300, 600}})
-        for (int sf : {-2, 0, 9, 25}) {
-            const auto a = rvec<Vek16s>(rng, l1, 32767), b = rvec<Vek16s>(rng, l2, 32767);
-            std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
-            ASSERT_EQ(veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
-                      vekStsOk);
-            for (int k = 0; k < n; ++k) want[size_t(k)] = scale16(corr_at(a, b, low + k), sf);
-            ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
-        }
 }
 
 // ---- AutoCorr
