@@ -147,105 +147,79 @@ TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
 // tapsLen-2 and the last tap is 0, so the exact outputs never contain it. The direct kernel
 // forms each output from exact products and keeps it to its own rounding; the overlap-save
 // path transforms the huge sample with the first block, and its rounding, relative to that
-// sample, swamps the small outputs.
+// sample, swamps the small outputs. Filters n small samples with T such taps in the given form
+// (block, in place or one sample at a time); true when the outputs show the transform's
+// rounding, false when every output keeps to its own.
+enum class Form { block, in_place, one };
 template <class M>
-class PathProbe {
-  public:
-    using Tap = typename M::Tap;
+bool took_fft(int T, int n, Form form) {
     using Dat = typename M::Dat;
-    explicit PathProbe(int T) : T_(T) {
-        vt::Rng rng(static_cast<uint64_t>(T) + 5);
-        h_ = ft::rvec<Tap>(rng, T, 1.0);
-        h_[size_t(T - 1)] = Tap{};
-        line_ = ft::rvec<Dat>(rng, T, 1.0);
-        constexpr double huge = is_single ? 0x1p30 : 0x1p60;
-        if constexpr (ft::is_cplx<Dat>) {
-            line_[size_t(T - 2)].re = static_cast<decltype(Dat{}.re)>(huge);
-            line_[size_t(T - 2)].im = static_cast<decltype(Dat{}.re)>(-huge);
-        } else {
-            line_[size_t(T - 2)] = static_cast<Dat>(huge);
-        }
-        EXPECT_EQ(M::init(&st_, h_.data(), T, line_.data()), vekStsOk);
+    vt::Rng rng(static_cast<uint64_t>(T) + 5), xr(static_cast<uint64_t>(n) * 7 + 1);
+    auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
+    h[size_t(T - 1)] = {};
+    auto line = ft::rvec<Dat>(rng, T, 1.0);
+    using P = vt::part_t<Dat>;
+    const P huge = static_cast<P>(M::single ? 0x1p30 : 0x1p60);
+    if constexpr (ft::is_cplx<Dat>)
+        line[size_t(T - 2)] = Dat{huge, static_cast<P>(-huge)};
+    else
+        line[size_t(T - 2)] = huge;
+    const auto x = ft::rvec<Dat>(xr, n, 1.0);
+    std::vector<Dat> y = x;
+    typename M::St* st = nullptr;
+    EXPECT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+    EXPECT_EQ(form == Form::block      ? M::blk(x.data(), y.data(), n, st)
+              : form == Form::in_place ? M::blk_i(y.data(), n, st)
+                                       : vekStsOk,
+              vekStsOk);
+    for (int i = 0; form == Form::one && i < n; ++i)
+        EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st), vekStsOk);
+    EXPECT_EQ(M::fre(st), vekStsOk);
+    std::vector<cld> want;
+    std::vector<long double> mag;
+    ft::reference(h, line, x, want, mag);
+    bool off = false, exact = true;
+    for (int j = 0; j < n; ++j) {
+        const cld d = ft::to_c(y[size_t(j)]) - want[size_t(j)];
+        const long double err = std::fabs(d.real()) + std::fabs(d.imag());
+        if (err > 1e-3L * (mag[size_t(j)] + 1)) off = true;
+        if (err > 1e-6L * (mag[size_t(j)] + 1e-30L)) exact = false;
     }
-    ~PathProbe() { EXPECT_EQ(M::fre(st_), vekStsOk); }
-    PathProbe(const PathProbe&) = delete;
-    PathProbe& operator=(const PathProbe&) = delete;
-
-    enum class Form { block, in_place, one };
-    // Filters n small samples from the probe's line; true when the outputs show the
-    // transform's rounding, false when every output keeps to its own.
-    bool took_fft(int n, Form form) {
-        vt::Rng rng(static_cast<uint64_t>(n) * 7 + 1);
-        const auto x = ft::rvec<Dat>(rng, n, 1.0);
-        std::vector<Dat> y(static_cast<size_t>(n));
-        EXPECT_EQ(M::set_dly(st_, line_.data()), vekStsOk);
-        if (form == Form::block) {
-            EXPECT_EQ(M::blk(x.data(), y.data(), n, st_), vekStsOk);
-        } else if (form == Form::in_place) {
-            y = x;
-            EXPECT_EQ(M::blk_i(y.data(), n, st_), vekStsOk);
-        } else {
-            for (int i = 0; i < n; ++i)
-                EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st_), vekStsOk);
-        }
-        std::vector<cld> want;
-        std::vector<long double> mag;
-        ft::reference(h_, line_, x, want, mag);
-        bool off = false, exact = true;
-        for (int j = 0; j < n; ++j) {
-            const cld d = ft::to_c(y[size_t(j)]) - want[size_t(j)];
-            const long double err = std::fabs(d.real()) + std::fabs(d.imag());
-            if (err > 1e-3L * (mag[size_t(j)] + 1)) off = true;
-            if (err > 1e-6L * (mag[size_t(j)] + 1e-30L)) exact = false;
-        }
-        EXPECT_TRUE(off || exact) << "neither path's rounding";
-        return off;
-    }
-
-  private:
-    static constexpr bool is_single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
-    int T_;
-    std::vector<Tap> h_;
-    std::vector<Dat> line_;
-    typename M::St* st_ = nullptr;
-};
+    EXPECT_TRUE(off || exact) << "neither path's rounding";
+    return off;
+}
 
 // numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the in-place form
 // uses the transform for every numIters from 32 taps on; the single-sample form never does;
 // below 32 taps nothing does.
 TYPED_TEST(FirFftSwitch, SwitchConditions) {
     using M = TypeParam;
-    using F = typename PathProbe<M>::Form;
     const struct {
         int T, len;
     } cases[] = {{32, 128}, {63, 128}, {64, 256}, {255, 256}, {256, 512}, {600, 1024}};
     for (const auto& c : cases) {
         SCOPED_TRACE("tapsLen " + std::to_string(c.T));
-        PathProbe<M> p(c.T);
-        EXPECT_FALSE(p.took_fft(c.len, F::block));
-        EXPECT_TRUE(p.took_fft(c.len + 1, F::block));
-        EXPECT_TRUE(p.took_fft(1, F::in_place));
-        EXPECT_TRUE(p.took_fft(c.len - c.T + 1, F::in_place));
-        EXPECT_TRUE(p.took_fft(c.len, F::in_place));
-        EXPECT_FALSE(p.took_fft(c.len + 1, F::one));
+        EXPECT_FALSE(took_fft<M>(c.T, c.len, Form::block));
+        EXPECT_TRUE(took_fft<M>(c.T, c.len + 1, Form::block));
+        EXPECT_TRUE(took_fft<M>(c.T, 1, Form::in_place));
+        EXPECT_TRUE(took_fft<M>(c.T, c.len - c.T + 1, Form::in_place));
+        EXPECT_TRUE(took_fft<M>(c.T, c.len, Form::in_place));
+        EXPECT_FALSE(took_fft<M>(c.T, c.len + 1, Form::one));
     }
-    PathProbe<M> p(31);
-    EXPECT_FALSE(p.took_fft(2000, F::block));
-    EXPECT_FALSE(p.took_fft(2000, F::in_place));
+    EXPECT_FALSE(took_fft<M>(31, 2000, Form::block));
+    EXPECT_FALSE(took_fft<M>(31, 2000, Form::in_place));
 }
 
 // ---- Allocation failures -------------------------------------------------------------------
 
 #if VEKS_TEST_WRAPPED_MALLOC
-// Runs f with the fail_at-th heap request failing (0: none); reports the number of requests and
-// how many blocks f left allocated.
+// Runs f with the fail_at-th heap request failing (0: none); g_heap then holds the number of
+// requests and of the blocks f left allocated.
 template <class F>
-VekStatus with_heap(int fail_at, F&& f, int* calls, int* held) {
+VekStatus with_heap(int fail_at, F&& f) {
     g_heap = Heap{true, 0, fail_at, 0};
     const VekStatus st = f();
     g_heap.armed = false;
-    *calls = g_heap.calls;
-    *held = g_heap.held;
     return st;
 }
 
@@ -258,22 +232,18 @@ TYPED_TEST(FirFftMember, InitAllocFailures) {
         vt::Rng rng(3);
         const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
         typename M::St* st = nullptr;
-        int calls = 0, held = 0;
-        ASSERT_EQ(with_heap(
-                      0, [&] { return M::init(&st, h.data(), T, nullptr); }, &calls, &held),
-                  vekStsOk);
+        auto init = [&] { return M::init(&st, h.data(), T, nullptr); };
+        ASSERT_EQ(with_heap(0, init), vekStsOk);
         ASSERT_EQ(M::fre(st), vekStsOk);
+        const int calls = g_heap.calls;
         EXPECT_GE(calls, 5);
         for (int k = 1; k <= calls; ++k) {
             SCOPED_TRACE("failing request " + std::to_string(k));
             auto* const sentinel = reinterpret_cast<typename M::St*>(uintptr_t{0x40});
             st = sentinel;
-            int n = 0;
-            EXPECT_EQ(with_heap(
-                          k, [&] { return M::init(&st, h.data(), T, nullptr); }, &n, &held),
-                      vekStsMemAllocErr);
+            EXPECT_EQ(with_heap(k, init), vekStsMemAllocErr);
             EXPECT_EQ(st, sentinel);
-            EXPECT_EQ(held, 0);
+            EXPECT_EQ(g_heap.held, 0);
         }
     }
 }
@@ -303,23 +273,18 @@ TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
             typename M::St* ref = nullptr;
             ASSERT_EQ(M::init(&ref, h.data(), T, line.data()), vekStsOk);
             std::vector<Dat> want = junk;
-            int calls = 0, held = 0;
-            ASSERT_EQ(with_heap(
-                          0, [&] { return run(ref, want); }, &calls, &held),
-                      vekStsOk);
+            ASSERT_EQ(with_heap(0, [&] { return run(ref, want); }), vekStsOk);
             ASSERT_EQ(M::fre(ref), vekStsOk);
-            EXPECT_EQ(held, 0);
+            EXPECT_EQ(g_heap.held, 0);
+            const int calls = g_heap.calls;
             EXPECT_EQ(calls, (in_place ? 2 : 1) + (T > 1024 ? 1 : 0));
             for (int k = 1; k <= calls; ++k) {
                 SCOPED_TRACE("failing request " + std::to_string(k));
                 typename M::St* st = nullptr;
                 ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
                 std::vector<Dat> out = junk;
-                int c = 0;
-                EXPECT_EQ(with_heap(
-                              k, [&] { return run(st, out); }, &c, &held),
-                          vekStsMemAllocErr);
-                EXPECT_EQ(held, 0);
+                EXPECT_EQ(with_heap(k, [&] { return run(st, out); }), vekStsMemAllocErr);
+                EXPECT_EQ(g_heap.held, 0);
                 EXPECT_TRUE(vt::bits_equal(out, in_place ? x : junk));
                 std::vector<Dat> dly(static_cast<size_t>(T));
                 ASSERT_EQ(M::get_dly(st, dly.data()), vekStsOk);

@@ -278,9 +278,9 @@ TEST(FirMultiRate, IntegerTapsFactors) {
             ASSERT_TRUE(vt::bits_equal(yd, y));
             ASSERT_EQ(veksFIRFree32s_16s(st), vekStsOk);
         }
-    // Float taps: the converted state equals a state made from the taps GetTaps returns.
+    // Float taps: the converted state filters with the taps and factor GetTaps returns.
     const auto hf = ft::rvec<Vek32f>(rng, s.T, 3.0);
-    VeksFIRState32s_16s *a = nullptr, *b = nullptr;
+    VeksFIRState32s_16s* a = nullptr;
     ASSERT_EQ(veksFIRMRInitAlloc32s_16s32f(&a, hf.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),
               vekStsOk);
     std::vector<Vek32s> hi(size_t(s.T));
@@ -291,16 +291,11 @@ TEST(FirMultiRate, IntegerTapsFactors) {
     int p = 0;
     while (2 * hmax * std::ldexp(1.0, p) < 32767) ++p;
     ASSERT_EQ(factor, std::floor(hmax * std::ldexp(1.0, p) + 0.5) > 32766 ? 1 - p : -p);
-    ASSERT_EQ(veksFIRMRInitAlloc32s_16s(&b, hi.data(), s.T, factor, s.U, s.up, s.D, s.dp, nullptr),
-              vekStsOk);
-    std::vector<Vek16s> ya(8 * size_t(s.U)), yb(ya.size());
+    std::vector<Vek16s> ya(8 * size_t(s.U));
     ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), ya.data(), 8, a, -12), vekStsOk);
-    ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), yb.data(), 8, b, -12), vekStsOk);
-    ASSERT_TRUE(vt::bits_equal(ya, yb));
     ASSERT_TRUE(vt::bits_equal(
         ya, int_reference(s, hi, factor, -12, std::vector<Vek16s>(size_t(s.dly())), x, 8)));
     ASSERT_EQ(veksFIRFree32s_16s(a), vekStsOk);
-    ASSERT_EQ(veksFIRFree32s_16s(b), vekStsOk);
     VeksFIRState32sc_16sc* c = nullptr;
     const auto hc = ft::rvec<Vek32fc>(rng, s.T, 3.0);
     ASSERT_EQ(veksFIRMRInitAlloc32sc_16sc32fc(&c, hc.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),

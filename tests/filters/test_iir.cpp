@@ -340,21 +340,16 @@ TEST(IirFloatTaps, StableFiltersStayBounded) {
     ASSERT_EQ(veksIIRInitAlloc_64f(&q, a.data(), 12, nullptr), vekStsOk);
     std::vector<Vek32f> x(1 << 16), y(x.size());
     std::vector<Vek64f> xd(x.size());
-    double peak = 0, dpeak = 0;
+    double peak = 0;
     for (int rep = 0; rep < 16; ++rep) {
-        for (size_t i = 0; i < x.size(); ++i) {
-            x[i] = static_cast<float>(rng.uniform(-1, 1));
-            xd[i] = x[i];
-        }
+        for (auto& v : x) v = static_cast<float>(rng.uniform(-1, 1));
+        xd.assign(x.begin(), x.end());
         ASSERT_EQ(veksIIR_32f(x.data(), y.data(), static_cast<int>(x.size()), s), vekStsOk);
         ASSERT_EQ(veksIIR_64f_I(xd.data(), static_cast<int>(x.size()), q), vekStsOk);
-        for (size_t i = 0; i < x.size(); ++i) {
-            peak = std::max(peak, std::fabs(double{y[i]}));
-            dpeak = std::max(dpeak, std::fabs(xd[i]));
-        }
+        for (size_t i = 0; i < x.size(); ++i)
+            peak = std::max({peak, std::fabs(double{y[i]}), std::fabs(xd[i])});
     }
     EXPECT_TRUE(peak < 1e4) << peak; // also false for NaN
-    EXPECT_TRUE(dpeak < 1e4) << dpeak;
     ASSERT_EQ(veksIIRFree_32f(s), vekStsOk);
     ASSERT_EQ(veksIIRFree_64f(q), vekStsOk);
 }

@@ -14,6 +14,7 @@ namespace {
 // zero imaginary part that the real members never see.
 struct Z {
     int64_t re = 0, im = 0;
+    bool operator==(const Z&) const = default;
 };
 Z operator*(Z a, Z b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 Z operator+(Z a, Z b) { return {a.re + b.re, a.im + b.im}; }
@@ -161,12 +162,6 @@ std::vector<Z> run(M m, typename M::S* st, const std::vector<Z>& x, int sf) {
     return y;
 }
 
-bool same(const std::vector<Z>& a, const std::vector<Z>& b) {
-    for (size_t i = 0; i < a.size(); ++i)
-        if (a[i].re != b[i].re || a[i].im != b[i].im) return false;
-    return a.size() == b.size();
-}
-
 template <class T>
 std::vector<T> to(const std::vector<Z>& v) {
     std::vector<T> o;
@@ -202,7 +197,7 @@ TEST(IirIntTaps, MatchesDirectFormReference) {
                     typename M::S* st = nullptr;
                     ASSERT_EQ((bq ? m.init_bq : m.init)(&st, t.data(), len, factor, nullptr),
                               vekStsOk);
-                    ASSERT_TRUE(same(run(m, st, x, sf), reference(taps, len, bq, factor, sf, x)));
+                    ASSERT_TRUE(run(m, st, x, sf) == reference(taps, len, bq, factor, sf, x));
                     ASSERT_EQ(m.fre(st), vekStsOk);
                 }
             }
@@ -227,7 +222,7 @@ TEST(IirIntTaps, Normalisation) {
             return st;
         };
         auto agree = [&](typename M::S* a, typename M::S* b) {
-            for (int sf : {0, 2, -1}) EXPECT_TRUE(same(run(m, a, x, sf), run(m, b, x, sf)));
+            for (int sf : {0, 2, -1}) EXPECT_TRUE(run(m, a, x, sf) == run(m, b, x, sf));
             EXPECT_EQ(m.fre(a), vekStsOk);
             EXPECT_EQ(m.fre(b), vekStsOk);
         };
@@ -314,10 +309,10 @@ TEST(IirIntTaps, DelayLineAndRefusedSections) {
         // acc = u/2 x + d0; y = acc / u rounded to even; output acc / 2u.
         const Z acc = Z{u / 2} * x + z(line[0]);
         const Z fb = round_even(acc, 14, INT32_MIN, INT32_MAX);
-        EXPECT_TRUE(same({z(y)}, {round_even(acc, 15, INT16_MIN, INT16_MAX)}));
+        EXPECT_TRUE(z(y) == round_even(acc, 15, INT16_MIN, INT16_MAX));
         ASSERT_EQ(m.get(st, got.data()), vekStsOk);
-        EXPECT_TRUE(same({z(got[0]), z(got[1])}, {Z{u / 4} * x - Z{u / 2} * fb + z(line[1]),
-                                                  Z{u / 8} * x - Z{-u / 4} * fb}));
+        EXPECT_TRUE(z(got[0]) == Z{u / 4} * x - Z{u / 2} * fb + z(line[1]));
+        EXPECT_TRUE(z(got[1]) == Z{u / 8} * x - Z{-u / 4} * fb);
         ASSERT_EQ(m.fre(st), vekStsOk);
         for (int zero : {0, 3, 6, 9}) { // b0 and a0 of either section
             auto s = to<T>({{u}, {u}, {u}, {u}, {u}, {u}, {u}, {u}, {u}, {u}, {u}, {u}});

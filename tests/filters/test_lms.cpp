@@ -57,13 +57,6 @@ void for_each_member(F&& body) {
         veksFIRLMSOne_Direct32f_16s, out16s});
 }
 
-template <class S>
-std::vector<S> signal(vt::Rng& r, int n, double amp) {
-    std::vector<S> v;
-    for (int i = 0; i < n; ++i) v.push_back(static_cast<S>(r.uniform(-amp, amp)));
-    return v;
-}
-
 // Blocks of several lengths through a state, the direct form sample by sample, and the
 // reference: the same outputs, taps, line and index, bit for bit, on every kernel level.
 TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
@@ -72,11 +65,10 @@ TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
         for (int T : {1, 2, 3, 7, 16, 33, 128}) {
             SCOPED_TRACE("tapsLen " + std::to_string(T));
             vt::Rng rng(uint64_t(T) + 100);
-            std::vector<float> h;
-            for (int i = 0; i < T; ++i) h.push_back(static_cast<float>(rng.uniform(-0.5, 0.5)));
-            const auto line0 = signal<S>(rng, T, m.amp);
+            const auto h = vt::rvec<float>(rng, T, 0.5);
+            const auto line0 = vt::rvec<S>(rng, T, m.amp);
             const int idx0 = static_cast<int>(rng.range(0, T - 1));
-            const auto x = signal<S>(rng, 300, m.amp), d = signal<S>(rng, 300, m.amp);
+            const auto x = vt::rvec<S>(rng, 300, m.amp), d = vt::rvec<S>(rng, 300, m.amp);
             // Reference.
             std::vector<float> rt(h.rbegin(), h.rend());
             std::vector<S> rl(line0);
@@ -131,7 +123,7 @@ TEST(Lms, IdentifiesAnUnknownSystemAndMuZeroIsAFir) {
         const int T = 16, n = 20000;
         std::vector<float> h;
         for (int i = 0; i < T; ++i) h.push_back(static_cast<float>(rng.uniform(-1, 1) / (1 + i)));
-        const auto x = signal<S>(rng, n, m.amp);
+        const auto x = vt::rvec<S>(rng, n, m.amp);
         std::vector<S> d(static_cast<size_t>(n)), y(static_cast<size_t>(n));
         for (int j = 0; j < n; ++j) {
             double s = 0;
@@ -255,9 +247,6 @@ TEST(Lms, Q15StepFollowsTheIntegerRule) {
             ASSERT_EQ(idx, ni);
             ASSERT_TRUE(vt::bits_equal(taps, want_taps));
             ASSERT_TRUE(vt::bits_equal(line, l2));
-            if (silent) {
-                ASSERT_EQ(got, 0);
-            }
         }
     }
     // A tie: acc = 3 * 2^14 (1.5 in Q15) gives 2, acc = 2^14 (0.5) gives 0.

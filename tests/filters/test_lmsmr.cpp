@@ -56,6 +56,22 @@ struct Model {
     }
 };
 
+// Member values to and from Z.
+template <class T>
+Z z(const T& v) {
+    if constexpr (std::is_integral_v<T>)
+        return {v, 0};
+    else
+        return {v.re, v.im};
+}
+template <class T>
+T from(Z v) {
+    if constexpr (std::is_integral_v<T>)
+        return static_cast<T>(v.re);
+    else
+        return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
+}
+
 // One member: InitAlloc, Free, SetTaps, GetTaps, GetTapsPointer, SetDlyLine, GetDlyLine,
 // GetDlyVal, SetMu, PutVal, One, OneVal and UpdateTaps; the types follow from them.
 template <auto Init, auto Free, auto SetTaps, auto GetTaps, auto TapsPtr, auto SetLine,
@@ -70,21 +86,6 @@ struct Member {
                           taps_ptr = TapsPtr, set_line = SetLine, get_line = GetLine,
                           get_val = GetVal, set_mu = SetMu, put = Put, one = One, one_val = OneVal,
                           update = Update;
-
-    template <class T>
-    static Z z(const T& v) {
-        if constexpr (std::is_integral_v<T>)
-            return {v, 0};
-        else
-            return {v.re, v.im};
-    }
-    template <class T>
-    static T from(Z v) {
-        if constexpr (std::is_integral_v<T>)
-            return static_cast<T>(v.re);
-        else
-            return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
-    }
 };
 // C: empty for the real member, c for the complex one.
 #define MEMBER(C)                                                                                  \
@@ -126,14 +127,14 @@ TEST(LmsMultiRate, FollowsTheModel) {
                 std::vector<Tap> taps;
                 for (int j = 0; j < T; ++j) {
                     model.taps.push_back(rnd(rng, INT32_MIN / 4, INT32_MAX / 4, M::cplx));
-                    taps.push_back(M::template from<Tap>(model.taps.back()));
+                    taps.push_back(from<Tap>(model.taps.back()));
                 }
                 std::vector<Smp> line;
                 for (int i = 0; i < dlyLen; ++i)
-                    line.push_back(M::template from<Smp>(rnd(rng, -32768, 32767, M::cplx)));
+                    line.push_back(from<Smp>(rnd(rng, -32768, 32767, M::cplx)));
                 const int idx = static_cast<int>(rng.range(0, dlyLen - 1));
                 for (int i = 0; i < dlyLen; ++i)
-                    model.hist.push_back(M::z(line[size_t((idx + i) % dlyLen)]));
+                    model.hist.push_back(z(line[size_t((idx + i) % dlyLen)]));
                 typename M::S* st = nullptr;
                 ASSERT_EQ(m.init(&st, taps.data(), T, line.data(), idx, step, udly, model.mu),
                           vekStsOk);
@@ -142,30 +143,28 @@ TEST(LmsMultiRate, FollowsTheModel) {
                     const int64_t kind = rng.range(0, 3);
                     if (kind < 2) { // PutVal, or OneVal and the output
                         const Z v = rnd(rng, -32768, 32767, M::cplx);
-                        ASSERT_EQ(kind ? m.one_val(M::template from<Smp>(v), &y, st)
-                                       : m.put(M::template from<Smp>(v), st),
+                        ASSERT_EQ(kind ? m.one_val(from<Smp>(v), &y, st) : m.put(from<Smp>(v), st),
                                   vekStsOk);
                         model.put(v);
                     } else if (kind == 2) {
                         ASSERT_EQ(m.one(&y, st), vekStsOk);
                     } else {
                         const Z e = rnd(rng, -40000, 40000, M::cplx);
-                        ASSERT_EQ(m.update(M::template from<Acc>(e), st), vekStsOk);
+                        ASSERT_EQ(m.update(from<Acc>(e), st), vekStsOk);
                         model.update(e);
                     }
-                    ASSERT_TRUE(kind == 0 || kind == 3 || M::z(y) == model.output());
+                    ASSERT_TRUE(kind == 0 || kind == 3 || z(y) == model.output());
                 }
                 std::vector<Tap> got(static_cast<size_t>(T));
                 ASSERT_EQ(m.get_taps(st, got.data()), vekStsOk);
-                for (int j = 0; j < T; ++j)
-                    ASSERT_TRUE(M::z(got[size_t(j)]) == model.taps[size_t(j)]);
+                for (int j = 0; j < T; ++j) ASSERT_TRUE(z(got[size_t(j)]) == model.taps[size_t(j)]);
                 // GetDlyVal(index) is the sample index * 1 before the output's first: index 0 is
                 // the one the last tap multiplies; up to dlyLen, wrapping around the history.
                 for (int i = 0; i <= dlyLen; ++i) {
                     Smp v{};
                     ASSERT_EQ(m.get_val(st, &v, i), vekStsOk);
                     const int pos = (udly + step - 1 + i) % dlyLen; // from the oldest
-                    ASSERT_TRUE(M::z(v) == model.hist[size_t(pos)]) << i;
+                    ASSERT_TRUE(z(v) == model.hist[size_t(pos)]) << i;
                 }
                 ASSERT_EQ(m.fre(st), vekStsOk);
             }
@@ -181,15 +180,15 @@ TEST(LmsMultiRate, ExchangesAndFrozenTaps) {
         using Tap = typename M::TapT;
         using Smp = typename M::SmpT;
         using Acc = typename M::AccT;
-        const std::vector<Tap> taps = {M::template from<Tap>({1 << 16, 2 << 16}),
-                                       M::template from<Tap>({3 << 16, -1 << 16})};
+        const std::vector<Tap> taps = {from<Tap>({1 << 16, 2 << 16}),
+                                       from<Tap>({3 << 16, -1 << 16})};
         typename M::S* st = nullptr;
         ASSERT_EQ(m.init(&st, taps.data(), 2, nullptr, 0, 2, 1, 0), vekStsOk); // dlyLen 5
         Tap* p = nullptr;
         ASSERT_EQ(m.taps_ptr(st, &p), vekStsOk);
         ASSERT_TRUE(vt::same_bits(p[0], taps[1]) && vt::same_bits(p[1], taps[0]));
         std::vector<Smp> line;
-        for (int i = 0; i < 5; ++i) line.push_back(M::template from<Smp>({10 * (i + 1), i}));
+        for (int i = 0; i < 5; ++i) line.push_back(from<Smp>({10 * (i + 1), i}));
         ASSERT_EQ(m.set_line(st, line.data(), 12), vekStsOk); // 12 is position 2
         std::vector<Smp> got(5);
         int idx = -1;
@@ -199,21 +198,21 @@ TEST(LmsMultiRate, ExchangesAndFrozenTaps) {
         // Window from position 2: 30, 40, 50, 10, 20 (oldest first); output offsets 2 and 4.
         Acc y{};
         ASSERT_EQ(m.one(&y, st), vekStsOk);
-        const Z a = M::z(line[4]), b = M::z(line[1]); // 50 (offset 2), 20 (offset 4, newest)
+        const Z a = z(line[4]), b = z(line[1]); // 50 (offset 2), 20 (offset 4, newest)
         const Z want = M::cplx ? Z{3 * a.re + 1 * a.im + 1 * b.re - 2 * b.im,
                                    3 * a.im - 1 * a.re + 1 * b.im + 2 * b.re}
                                : Z{3 * a.re + 1 * b.re, 0};
-        ASSERT_TRUE(M::z(y) == want);
-        ASSERT_EQ(m.update(M::template from<Acc>({12345, -999}), st), vekStsOk); // mu 0
+        ASSERT_TRUE(z(y) == want);
+        ASSERT_EQ(m.update(from<Acc>({12345, -999}), st), vekStsOk); // mu 0
         std::vector<Tap> after(2);
         ASSERT_EQ(m.get_taps(st, after.data()), vekStsOk);
         ASSERT_TRUE(vt::bits_equal(after, taps));
         ASSERT_EQ(m.set_mu(st, 1 << 15), vekStsOk); // u = err
         ASSERT_EQ(m.set_taps(st, taps.data()), vekStsOk);
-        ASSERT_EQ(m.update(M::template from<Acc>({2, 0}), st), vekStsOk);
+        ASSERT_EQ(m.update(from<Acc>({2, 0}), st), vekStsOk);
         // Update offsets 1 and 3: 40 for the last tap, 10 for the first; each gets 2x (conj).
         ASSERT_EQ(m.get_taps(st, after.data()), vekStsOk);
-        const Z u0 = M::z(after[0]), u1 = M::z(after[1]), x0 = M::z(line[0]), x1 = M::z(line[3]);
+        const Z u0 = z(after[0]), u1 = z(after[1]), x0 = z(line[0]), x1 = z(line[3]);
         EXPECT_EQ(u0.re, (1 << 16) + 2 * x0.re);
         EXPECT_EQ(u1.re, (3 << 16) + 2 * x1.re);
         if (M::cplx) {
