@@ -109,40 +109,15 @@ TEST(ConvertToInteger, MatchesReferenceOnEveryLevelAndMode) {
     check_to_int<double, int32_t>(veksConvert_64f32s_Sfs, 6);
 }
 
-TEST(ConvertToInteger, DocumentedValues) {
-    const float x[] = {2.5f, 3.5f, 2.7f, -2.7f, -2.5f, NAN, INFINITY, -INFINITY, 40000.0f};
-    int16_t d[9];
-    ASSERT_EQ(veksConvert_32f16s_Sfs(x, d, 9, 1, 0), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {2, 4, 3, -3, -2, 0, 32767, -32768, 32767}));
-    for (int mode : {0, 2, -1, 100}) {
-        ASSERT_EQ(veksConvert_32f16s_Sfs(x, d, 9, mode, 0), vekStsOk);
-        EXPECT_TRUE(vt::starts_with(d, {2, 3, 2, -2, -2, 0, 32767, -32768, 32767})) << mode;
-    }
-    // Scale factors divide (positive) and multiply (negative) before rounding.
-    const float y[] = {10.0f, 3.0f};
-    int32_t e[2];
-    ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, 2), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(e, {2, 1})); // 2.5 -> 2; 0.75 -> 1
-    ASSERT_EQ(veksConvert_32f32s_Sfs(y, e, 2, 1, -30), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(e, {INT32_MAX, INT32_MAX}));
-    const double z[] = {-2147483648.5, 2147483647.5, -2147483647.5};
-    ASSERT_EQ(veksConvert_64f32s_Sfs(z, e, 2, 1, 0), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(e, {INT32_MIN, INT32_MAX}));
-}
-
 TEST(ConvertWidening, ExactOnEveryLevel) {
     vt::Rng rng(7);
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            const auto s8 = rng.vec<int8_t>(n);
-            const auto u8 = rng.vec<uint8_t>(n);
-            const auto s16 = rng.vec<int16_t>(n);
-            const auto u16 = rng.vec<uint16_t>(n);
-            const auto s32 = rng.vec<int32_t>(n);
-            const auto f32 = awkward_floats<float>(rng, n);
-            auto check = [&](const auto& src, auto* fn, auto tag) {
-                using S = typename std::decay_t<decltype(src)>::value_type;
+            auto check = [&](auto* fn, auto stag, auto tag) {
+                using S = decltype(stag);
                 using D = decltype(tag);
+                const auto src =
+                    std::is_same_v<S, float> ? awkward_floats<S>(rng, n) : rng.vec<S>(n);
                 vt::Buf<S> ps(src, sizeof(S));
                 std::vector<D> want(static_cast<size_t>(n));
                 for (int i = 0; i < n; ++i) want[i] = static_cast<D>(src[i]);
@@ -150,14 +125,14 @@ TEST(ConvertWidening, ExactOnEveryLevel) {
                     want, [&](D* d) { return fn(ps.data(), d, n); }, {}, 3 * sizeof(D)))
                     << "n " << n;
             };
-            check(s8, veksConvert_8s16s, int16_t{});
-            check(s8, veksConvert_8s32f, float{});
-            check(u8, veksConvert_8u32f, float{});
-            check(s16, veksConvert_16s32s, int32_t{});
-            check(s16, veksConvert_16s32f, float{});
-            check(u16, veksConvert_16u32f, float{});
-            check(s32, veksConvert_32s64f, double{});
-            check(f32, veksConvert_32f64f, double{});
+            check(veksConvert_8s16s, int8_t{}, int16_t{});
+            check(veksConvert_8s32f, int8_t{}, float{});
+            check(veksConvert_8u32f, uint8_t{}, float{});
+            check(veksConvert_16s32s, int16_t{}, int32_t{});
+            check(veksConvert_16s32f, int16_t{}, float{});
+            check(veksConvert_16u32f, uint16_t{}, float{});
+            check(veksConvert_32s64f, int32_t{}, double{});
+            check(veksConvert_32f64f, float{}, double{});
         }
     });
 }
@@ -194,10 +169,6 @@ TEST(ConvertRounded, NearestUnderEveryCallerMode) {
             });
         }
     });
-    const int32_t big[] = {40000, -40000, 32767, -32768};
-    int16_t d[4];
-    ASSERT_EQ(veksConvert_32s16s(big, d, 4), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {32767, -32768, 32767, -32768}));
 }
 
 template <class S, class D>
@@ -229,10 +200,6 @@ TEST(ConvertScaledToFloat, SingleRoundingOverTheScaleRange) {
     check_int_to_float_sfs<int16_t, double>(veksConvert_16s64f_Sfs, 12);
     check_int_to_float_sfs<int32_t, float>(veksConvert_32s32f_Sfs, 13);
     check_int_to_float_sfs<int32_t, double>(veksConvert_32s64f_Sfs, 14);
-    const int16_t s[] = {3, -32768};
-    float d[2];
-    ASSERT_EQ(veksConvert_16s32f_Sfs(s, d, 2, 15), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {3.0f / 32768.0f, -1.0f}));
 }
 
 } // namespace

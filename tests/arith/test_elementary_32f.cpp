@@ -20,21 +20,16 @@ struct Member {
     bool (*domain)(float); // arguments whose result is a real number
 };
 
-long double ref_exp(long double x) { return std::exp(x); }
-long double ref_ln(long double x) { return std::log(x); }
-long double ref_cbrt(long double x) { return std::cbrt(x); }
-long double ref_atan(long double x) { return std::atan(x); }
-long double ref_sqrt(long double x) { return std::sqrt(x); }
 bool any(float) { return true; }
 bool positive(float x) { return x > 0; }
 bool not_negative(float x) { return x >= 0; }
 
 const Member members[] = {
-    {"Exp", veksExp_32f, ref_exp, any},
-    {"Ln", veksLn_32f, ref_ln, positive},
-    {"Cubrt", veksCubrt_32f, ref_cbrt, any},
-    {"Arctan", veksArctan_32f, ref_atan, any},
-    {"Sqrt", veksSqrt_32f, ref_sqrt, not_negative},
+    {"Exp", veksExp_32f, [](long double x) { return std::exp(x); }, any},
+    {"Ln", veksLn_32f, [](long double x) { return std::log(x); }, positive},
+    {"Cubrt", veksCubrt_32f, [](long double x) { return std::cbrt(x); }, any},
+    {"Arctan", veksArctan_32f, [](long double x) { return std::atan(x); }, any},
+    {"Sqrt", veksSqrt_32f, [](long double x) { return std::sqrt(x); }, not_negative},
 };
 
 // Random bit patterns (every exponent), plus dense runs around 1 and near the overflow and

@@ -164,12 +164,9 @@ TEST(Conj, EveryTypeOutOfPlaceInPlaceAndFlipped) {
     check_conj(veksConj_64fc, veksConj_64fc_I, veksConjFlip_64fc);
 }
 
-// The saturating 16sc rule once by value; the sign bit of zero and NaN imaginary parts.
-TEST(Conj, DocumentedValuesAndSignBits) {
+// The sign bit of zero and NaN imaginary parts.
+TEST(Conj, SignBitsOfZeroAndNan) {
     vt::for_each_level([&](auto) {
-        Vek16sc s[] = {{5, -32768}, {-32768, 1}};
-        ASSERT_EQ(veksConj_16sc_I(s, 2), vekStsOk);
-        EXPECT_TRUE(s[0].im == 32767 && s[1].re == -32768 && s[1].im == -1);
         std::vector<Vek32fc> f(40, Vek32fc{1.0f, 0.0f});
         f[3].im = std::nanf("");
         ASSERT_EQ(veksConj_32fc_I(f.data(), 40), vekStsOk);

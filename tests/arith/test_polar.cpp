@@ -117,6 +117,25 @@ TEST(Polar64f, WithinOneUlpAndNoIntermediateOverflow) {
             th[i] = std::fmod(z[i].im, 0x1p40);
         }
         ASSERT_EQ(veksPolarToCart_64f(r.data(), th.data(), re.data(), im.data(), n), vekStsOk);
+        // The other double members of one kind give the same bits, from split and interleaved
+        // arrays alike; the power spectrum is x*x + y*y in double.
+        std::vector<double> zi(n), m2(n), p2(n), m3(n), p3(n), m4(n), p4(n), w1(n), w2(n);
+        for (int i = 0; i < n; ++i) zi[i] = z[i].im;
+        ASSERT_EQ(veksCartToPolar_64f(r.data(), zi.data(), m2.data(), p2.data(), n), vekStsOk);
+        ASSERT_EQ(veksMagnitude_64fc(z.data(), m3.data(), n), vekStsOk);
+        ASSERT_EQ(veksMagnitude_64f(r.data(), zi.data(), m4.data(), n), vekStsOk);
+        ASSERT_EQ(veksPhase_64fc(z.data(), p3.data(), n), vekStsOk);
+        ASSERT_EQ(veksPhase_64f(r.data(), zi.data(), p4.data(), n), vekStsOk);
+        ASSERT_EQ(veksPowerSpectr_64fc(z.data(), w1.data(), n), vekStsOk);
+        ASSERT_EQ(veksPowerSpectr_64f(r.data(), zi.data(), w2.data(), n), vekStsOk);
+        for (const auto* v : {&m2, &m3, &m4}) ASSERT_TRUE(vt::bits_equal(*v, mag));
+        for (const auto* v : {&p2, &p3, &p4}) ASSERT_TRUE(vt::bits_equal(*v, ph));
+        for (int i = 0; i < n; ++i) ASSERT_EQ(w1[i], r[i] * r[i] + zi[i] * zi[i]) << i;
+        ASSERT_TRUE(vt::bits_equal(w2, w1));
+        std::vector<Vek64fc> back(n);
+        ASSERT_EQ(veksPolarToCart_64fc(r.data(), th.data(), back.data(), n), vekStsOk);
+        for (int i = 0; i < n; ++i)
+            ASSERT_TRUE(vt::same_bits(back[i].re, re[i]) && vt::same_bits(back[i].im, im[i]));
         double worst[4] = {}; // magnitude, phase, and (where the runtime's trig is exact) x, y
         for (int i = 0; i < n; ++i) {
             const long double x = z[i].re, y = z[i].im;
@@ -189,44 +208,6 @@ TEST(PolarInt, IntegerMembers) {
     EXPECT_TRUE(vt::starts_with(mw, {INT32_MAX, 5}));
     ASSERT_EQ(veksMagnitude_32sc_Sfs(w, mw, 2, 2), vekStsOk);
     EXPECT_TRUE(vt::starts_with(mw, {759250125, 1}));
-}
-
-// The double members of one kind give CartToPolar_64fc's bits (held to the reference above) and
-// PolarToCart_64f's, from split and interleaved arrays alike; the power spectrum is x*x + y*y in
-// double.
-TEST(Polar64f, SplitInterleavedAndSingleForms) {
-    vt::Rng rng(29);
-    const int n = 777;
-    std::vector<Vek64fc> z(n);
-    std::vector<double> re(n), im(n);
-    for (int i = 0; i < n; ++i) {
-        z[i] = {rng.uniform(-1e3, 1e3), rng.uniform(-1e3, 1e3)};
-        re[i] = z[i].re, im[i] = z[i].im;
-    }
-    vt::for_each_level([&](auto) {
-        std::vector<double> mag(n), ph(n), m2(n), p2(n), m3(n), p3(n), m4(n), p4(n), w1(n), w2(n);
-        ASSERT_EQ(veksCartToPolar_64fc(z.data(), mag.data(), ph.data(), n), vekStsOk);
-        ASSERT_EQ(veksCartToPolar_64f(re.data(), im.data(), m2.data(), p2.data(), n), vekStsOk);
-        ASSERT_EQ(veksMagnitude_64fc(z.data(), m3.data(), n), vekStsOk);
-        ASSERT_EQ(veksMagnitude_64f(re.data(), im.data(), m4.data(), n), vekStsOk);
-        ASSERT_EQ(veksPhase_64fc(z.data(), p3.data(), n), vekStsOk);
-        ASSERT_EQ(veksPhase_64f(re.data(), im.data(), p4.data(), n), vekStsOk);
-        ASSERT_EQ(veksPowerSpectr_64fc(z.data(), w1.data(), n), vekStsOk);
-        ASSERT_EQ(veksPowerSpectr_64f(re.data(), im.data(), w2.data(), n), vekStsOk);
-        for (const auto* v : {&m2, &m3, &m4}) ASSERT_TRUE(vt::bits_equal(*v, mag));
-        for (const auto* v : {&p2, &p3, &p4}) ASSERT_TRUE(vt::bits_equal(*v, ph));
-        for (int i = 0; i < n; ++i) ASSERT_EQ(w1[i], re[i] * re[i] + im[i] * im[i]) << i;
-        ASSERT_TRUE(vt::bits_equal(w2, w1));
-        std::vector<Vek64fc> back(n);
-        std::vector<double> bre(n), bim(n);
-        ASSERT_EQ(veksPolarToCart_64fc(mag.data(), ph.data(), back.data(), n), vekStsOk);
-        ASSERT_EQ(veksPolarToCart_64f(mag.data(), ph.data(), bre.data(), bim.data(), n), vekStsOk);
-        for (int i = 0; i < n; ++i) {
-            ASSERT_TRUE(vt::same_bits(back[i].re, bre[i]) && vt::same_bits(back[i].im, bim[i]));
-            ASSERT_NEAR(bre[i], re[i], 1e-12 * mag[i]) << i;
-            ASSERT_NEAR(bim[i], im[i], 1e-12 * mag[i]) << i;
-        }
-    });
 }
 
 } // namespace

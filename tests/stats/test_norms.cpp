@@ -187,17 +187,8 @@ TEST(Norm, IntegerNormsMatchExactReference) {
 
 // ---- dot products ------------------------------------------------------------------------------
 
-// Parts of a real or complex element.
 template <class T>
 using Part = vt::part_t<T>;
-template <class T>
-LD real_of(T x) {
-    return vt::to_c(x).real();
-}
-template <class T>
-LD imag_of(T x) {
-    return vt::to_c(x).imag();
-}
 
 #ifdef __SIZEOF_INT128__
 using Exact = __int128;
@@ -214,8 +205,8 @@ void ref_dot(const std::vector<A>& a, const std::vector<B>& b, LD& re, LD& im, L
     Exact ere = 0, eim = 0;
     re = im = mag = 0;
     for (size_t i = 0; i < a.size(); ++i) {
-        const LD ar = real_of(a[i]), ai = imag_of(a[i]);
-        const LD br = real_of(b[i]), bi = imag_of(b[i]);
+        const LD ar = vt::to_c(a[i]).real(), ai = vt::to_c(a[i]).imag();
+        const LD br = vt::to_c(b[i]).real(), bi = vt::to_c(b[i]).imag();
         if constexpr (std::is_integral_v<Part<A>> && std::is_integral_v<Part<B>>) {
             const auto e = [](LD x) { return static_cast<Exact>(static_cast<int64_t>(x)); };
             ere += e(ar) * e(br) - e(ai) * e(bi);
@@ -259,8 +250,8 @@ void sweep_dot(uint64_t seed, Fn fn, Check check) {
 template <class D, class A = D, class B = D>
 void sweep(uint64_t seed, VekStatus (*fn)(const A*, const B*, int, D*), LD eps) {
     sweep_dot<A, B, D>(seed, fn, [eps](const D& got, LD re, LD im, LD mag, int n) {
-        EXPECT_LE(std::fabs(real_of(got) - re), eps ? tol(re, mag, n, eps) : 0) << n;
-        EXPECT_LE(std::fabs(imag_of(got) - im), eps ? tol(im, mag, n, eps) : 0) << n;
+        EXPECT_LE(std::fabs(vt::to_c(got).real() - re), eps ? tol(re, mag, n, eps) : 0) << n;
+        EXPECT_LE(std::fabs(vt::to_c(got).imag() - im), eps ? tol(im, mag, n, eps) : 0) << n;
     });
 }
 
@@ -299,9 +290,9 @@ void sweep_scaled(uint64_t seed, VekStatus (*fn)(const A*, const B*, int, D*, in
             seed + static_cast<uint64_t>(sf + 1000),
             [fn, sf](const A* a, const B* b, int n, D* d) { return fn(a, b, n, d, sf); },
             [&](const D& got, LD re, LD im, LD, int n) {
-                EXPECT_EQ(real_of(got), ref(re)) << n << " sf " << sf;
+                EXPECT_EQ(vt::to_c(got).real(), ref(re)) << n << " sf " << sf;
                 if constexpr (!std::is_arithmetic_v<D>) {
-                    EXPECT_EQ(imag_of(got), ref(im)) << n << " sf " << sf;
+                    EXPECT_EQ(vt::to_c(got).imag(), ref(im)) << n << " sf " << sf;
                 }
             });
     }

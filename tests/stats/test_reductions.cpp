@@ -118,11 +118,6 @@ TEST(SumMean, Integer16sAnd16scMatchExactReference) {
             }
         }
     });
-    // A small mean still scaled by the largest upward shift: 0.5 -> 8192.
-    const int16_t v[] = {0, 1};
-    int16_t m;
-    EXPECT_EQ(veksMean_16s_Sfs(v, 2, &m, -14), vekStsOk);
-    EXPECT_EQ(m, 8192);
 }
 
 template <class T>
@@ -213,9 +208,6 @@ TEST(StdDev, FloatDocumentedValues) {
     float s = -1;
     ASSERT_EQ(veksStdDev_32f(k.data(), 1000, &s, vekAlgHintNone), vekStsOk);
     EXPECT_TRUE(s >= 0.0f && s < 1e-6f);
-    const float two[] = {1, 3};
-    ASSERT_EQ(veksStdDev_32f(two, 2, &s, vekAlgHintNone), vekStsOk);
-    EXPECT_FLOAT_EQ(s, std::sqrt(2.0f));
 }
 
 // The scaled deviation of 16-bit data, from exact integer moments.
