@@ -55,11 +55,7 @@ TEST(VectorRamp, EveryTypeFollowsTheRule) {
     check_ramp(veksVectorRamp_64f);
 }
 
-TEST(VectorRamp, DocumentedValues) {
-    // The rule by value at parameters of the sweep above (which holds every type to it there).
-    EXPECT_TRUE(to_type<Vek16s>(0.5) == 1 && to_type<Vek16s>(-0.5) == -1);
-    EXPECT_TRUE(to_type<Vek16s>(40000) == 32767 && to_type<Vek8u>(-3) == 0);
-    EXPECT_EQ(to_type<Vek8u>(double{254.6f}), 255);
+TEST(VectorRamp, NoDriftOverALongRamp) {
     // Each sample from its index: no drift over a long float ramp.
     std::vector<float> f(1 << 20);
     ASSERT_EQ(veksVectorRamp_32f(f.data(), 1 << 20, 0.1f, 0.1f), 0);

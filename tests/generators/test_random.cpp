@@ -179,18 +179,6 @@ TEST(RandState, CallsContinueOneSequence) {
     EXPECT_EQ(veksRandGaussFree_8u(g8), 0);
 }
 
-// Two direct calls continue from the handed-back word (a re-seeding), not seamlessly.
-TEST(RandUniform, DirectCallsReseedFromTheNewestWord) {
-    uint32_t s = 42;
-    double a[10], b[10];
-    ASSERT_EQ(veksRandUniform_Direct_64f(a, 10, 0.0, 1.0, &s), 0);
-    uint32_t newest;
-    model_uniform(42, 10, 0, 1, &newest);
-    EXPECT_EQ(s, newest);
-    ASSERT_EQ(veksRandUniform_Direct_64f(b, 10, 0.0, 1.0, &s), 0);
-    EXPECT_TRUE(vt::bits_equal(std::vector<double>(b, b + 10), model_uniform(newest, 10, 0, 1)));
-}
-
 // Mean and variance of a million values within five standard errors.
 TEST(RandStatistics, MeanAndVariance) {
     const int n = 1000000;

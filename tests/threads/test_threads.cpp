@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kThreads = 4;
 constexpr int kRounds = 8;
+constexpr int kDiv = VEK_FFT_DIV_INV_BY_N; // the FFT and DFT objects' flag
 
 // One transform object, its work-buffer size, and one call from `in` to `out`; the object is
 // freed with the last copy.
@@ -43,18 +44,6 @@ Transform make(const char* name, size_t values, Init init, VekStatus (*free)(Obj
     return {name, values * sizeof(T), n, call, {o, release}};
 }
 
-// FFT objects take an order and the flag (here: the inverse divided by N), DFT objects a length
-// in its place, DCT objects a length and the hint alone.
-template <class Obj>
-auto fft_init(VekStatus (*init)(Obj**, int, int, VekHintAlgorithm), int order,
-              VekHintAlgorithm hint = vekAlgHintNone) {
-    return [=](Obj** o) { return init(o, order, VEK_FFT_DIV_INV_BY_N, hint); };
-}
-template <class Obj>
-auto dct_init(VekStatus (*init)(Obj**, int, VekHintAlgorithm), int len, VekHintAlgorithm hint) {
-    return [=](Obj** o) { return init(o, len, hint); };
-}
-
 template <class C, class Obj>
 auto interleaved(VekStatus (*f)(const C*, C*, const Obj*, Vek8u*)) {
     using T = decltype(C::re);
@@ -79,59 +68,52 @@ auto scaled(VekStatus (*f)(const Vek16sc*, Vek16sc*, const Obj*, int, Vek8u*)) {
     };
 }
 
+// An object's creation (FFT objects: order, flag and hint; DFT objects: length, flag and hint; DCT
+// objects: length and hint), release and work-buffer size.
+#define VEK_OBJ(P, K, ...)                                                                         \
+    [](auto** p) { return veks##P##InitAlloc_##K(p, __VA_ARGS__); }, veks##P##Free_##K,            \
+        veks##P##GetBufSize_##K
 std::vector<Transform> transforms() {
     constexpr int o = 13; // above order 12 the float plans use their work buffer
     constexpr size_t n = size_t{1} << o;
     return {
-        make<float>("FFT_C_32fc", 2 * n, fft_init(veksFFTInitAlloc_C_32fc, o), veksFFTFree_C_32fc,
-                    veksFFTGetBufSize_C_32fc, interleaved(veksFFTFwd_CToC_32fc)),
-        make<double>("FFT_C_64fc", 2 * n, fft_init(veksFFTInitAlloc_C_64fc, o), veksFFTFree_C_64fc,
-                     veksFFTGetBufSize_C_64fc, interleaved(veksFFTInv_CToC_64fc)),
-        make<float>("FFT_C_32f", 2 * n, fft_init(veksFFTInitAlloc_C_32f, o), veksFFTFree_C_32f,
-                    veksFFTGetBufSize_C_32f, split(veksFFTFwd_CToC_32f, n)),
-        make<float>("FFT_R_32f", n, fft_init(veksFFTInitAlloc_R_32f, o), veksFFTFree_R_32f,
-                    veksFFTGetBufSize_R_32f, real(veksFFTFwd_RToPack_32f)),
-        make<float>("FFT_R_32f order 16", size_t{1} << 16, fft_init(veksFFTInitAlloc_R_32f, 16),
-                    veksFFTFree_R_32f, veksFFTGetBufSize_R_32f, real(veksFFTFwd_RToPack_32f)),
-        make<double>("FFT_R_64f", n, fft_init(veksFFTInitAlloc_R_64f, o), veksFFTFree_R_64f,
-                     veksFFTGetBufSize_R_64f, real(veksFFTInv_PackToR_64f)),
+        make<float>("FFT_C_32fc", 2 * n, VEK_OBJ(FFT, C_32fc, o, kDiv, vekAlgHintNone),
+                    interleaved(veksFFTFwd_CToC_32fc)),
+        make<double>("FFT_C_64fc", 2 * n, VEK_OBJ(FFT, C_64fc, o, kDiv, vekAlgHintNone),
+                     interleaved(veksFFTInv_CToC_64fc)),
+        make<float>("FFT_C_32f", 2 * n, VEK_OBJ(FFT, C_32f, o, kDiv, vekAlgHintNone),
+                    split(veksFFTFwd_CToC_32f, n)),
+        make<float>("FFT_R_32f", n, VEK_OBJ(FFT, R_32f, o, kDiv, vekAlgHintNone),
+                    real(veksFFTFwd_RToPack_32f)),
+        make<float>("FFT_R_32f order 16", size_t{1} << 16,
+                    VEK_OBJ(FFT, R_32f, 16, kDiv, vekAlgHintNone), real(veksFFTFwd_RToPack_32f)),
+        make<double>("FFT_R_64f", n, VEK_OBJ(FFT, R_64f, o, kDiv, vekAlgHintNone),
+                     real(veksFFTInv_PackToR_64f)),
         // The 16-bit kinds: the compact plan (hint 0, order 8) and one holding a float object.
-        make<Vek16s>("FFT_C_16sc compact", 2 * 256, fft_init(veksFFTInitAlloc_C_16sc, 8),
-                     veksFFTFree_C_16sc, veksFFTGetBufSize_C_16sc,
+        make<Vek16s>("FFT_C_16sc compact", 2 * 256, VEK_OBJ(FFT, C_16sc, 8, kDiv, vekAlgHintNone),
                      scaled(veksFFTFwd_CToC_16sc_Sfs)),
-        make<Vek16s>("FFT_C_16sc", 2 * n, fft_init(veksFFTInitAlloc_C_16sc, o, vekAlgHintAccurate),
-                     veksFFTFree_C_16sc, veksFFTGetBufSize_C_16sc,
+        make<Vek16s>("FFT_C_16sc", 2 * n, VEK_OBJ(FFT, C_16sc, o, kDiv, vekAlgHintAccurate),
                      scaled(veksFFTFwd_CToC_16sc_Sfs)),
         // DFT objects: a mixed-radix length, a prime (Bluestein) and a real one.
-        make<float>("DFT_C_32fc 1000", 2 * 1000, fft_init(veksDFTInitAlloc_C_32fc, 1000),
-                    veksDFTFree_C_32fc, veksDFTGetBufSize_C_32fc,
+        make<float>("DFT_C_32fc 1000", 2 * 1000, VEK_OBJ(DFT, C_32fc, 1000, kDiv, vekAlgHintNone),
                     interleaved(veksDFTFwd_CToC_32fc)),
-        make<float>("DFT_C_32fc 1009", 2 * 1009, fft_init(veksDFTInitAlloc_C_32fc, 1009),
-                    veksDFTFree_C_32fc, veksDFTGetBufSize_C_32fc,
+        make<float>("DFT_C_32fc 1009", 2 * 1009, VEK_OBJ(DFT, C_32fc, 1009, kDiv, vekAlgHintNone),
                     interleaved(veksDFTFwd_CToC_32fc)),
-        make<float>("DFT_R_32f 600", 600, fft_init(veksDFTInitAlloc_R_32f, 600), veksDFTFree_R_32f,
-                    veksDFTGetBufSize_R_32f, real(veksDFTFwd_RToPack_32f)),
-        make<float>("DCT_Fwd_32f 1000", 1000,
-                    dct_init(veksDCTFwdInitAlloc_32f, 1000, vekAlgHintNone), veksDCTFwdFree_32f,
-                    veksDCTFwdGetBufSize_32f, real(veksDCTFwd_32f)),
-        make<float>("DCT_Fwd_32f 4096", 4096,
-                    dct_init(veksDCTFwdInitAlloc_32f, 4096, vekAlgHintAccurate), veksDCTFwdFree_32f,
-                    veksDCTFwdGetBufSize_32f, real(veksDCTFwd_32f)),
+        make<float>("DFT_R_32f 600", 600, VEK_OBJ(DFT, R_32f, 600, kDiv, vekAlgHintNone),
+                    real(veksDFTFwd_RToPack_32f)),
+        make<float>("DCT_Fwd_32f 1000", 1000, VEK_OBJ(DCTFwd, 32f, 1000, vekAlgHintNone),
+                    real(veksDCTFwd_32f)),
+        make<float>("DCT_Fwd_32f 4096", 4096, VEK_OBJ(DCTFwd, 32f, 4096, vekAlgHintAccurate),
+                    real(veksDCTFwd_32f)),
     };
 }
 
-template <class T>
+// Random floats in [-1, 1] (their bits are fine for 16-bit data too).
 std::vector<unsigned char> random_bytes(size_t bytes, uint64_t seed) {
     vt::Rng rng(seed);
+    const auto x = vt::rvec<float>(rng, int(bytes / 4), 1);
     std::vector<unsigned char> v(bytes);
-    for (size_t i = 0; i + sizeof(T) <= bytes; i += sizeof(T)) {
-        T x;
-        if constexpr (std::is_floating_point_v<T>)
-            x = static_cast<T>(rng.uniform(-1, 1));
-        else
-            x = static_cast<T>(rng.range(-2000, 2000));
-        std::memcpy(v.data() + i, &x, sizeof x);
-    }
+    std::memcpy(v.data(), x.data(), x.size() * 4);
     return v;
 }
 
@@ -142,7 +124,7 @@ TEST(Threads, OneTransformObjectServesFourThreads) {
         const int bytes = t.buf_bytes;
         std::vector<std::vector<unsigned char>> in(kThreads), want(kThreads);
         for (int k = 0; k < kThreads; ++k) {
-            in[k] = random_bytes<float>(t.bytes, 7 + k); // float bits are fine for 16-bit data
+            in[k] = random_bytes(t.bytes, 7 + k);
             want[k].resize(t.bytes);
             std::vector<Vek8u> buf(static_cast<size_t>(bytes));
             ASSERT_GE(t.run(in[k].data(), want[k].data(), buf.data()), vekStsOk);
@@ -169,12 +151,10 @@ TEST(Threads, OneTransformObjectServesFourThreads) {
 // Distinct FIR states (one with the FFT path, one with integer taps) filter concurrently.
 TEST(Threads, DistinctFilterStatesRunConcurrently) {
     vt::Rng rng(3);
-    std::vector<float> taps(40);
-    for (float& h : taps) h = static_cast<float>(rng.uniform(-1, 1));
+    const auto taps = vt::rvec<float>(rng, 40, 1);
     const std::vector<Vek32s> itaps{3, -7, 11, 5, -2};
     const auto x = rng.vec<float>(3000);
-    std::vector<Vek16s> xi(3000);
-    for (Vek16s& v : xi) v = static_cast<Vek16s>(rng.range(-3000, 3000));
+    const auto xi = vt::rvec<Vek16s>(rng, 3000, 3000);
     auto run_float = [&](std::vector<float>& out) {
         VeksFIRState_32f* s = nullptr;
         EXPECT_EQ(veksFIRInitAlloc_32f(&s, taps.data(), 40, nullptr), vekStsOk);
@@ -216,11 +196,8 @@ TEST(Threads, ConvolutionsShareTheirPlanStore) {
     vt::Rng rng(4);
     const auto x = rng.vec<float>(110000);
     const auto xd = rng.vec<double>(3000);
-    std::vector<Vek32fc> xc(2000);
-    for (Vek32fc& v : xc)
-        v = {static_cast<float>(rng.uniform(-1, 1)), static_cast<float>(rng.uniform(-1, 1))};
-    std::vector<Vek16s> xi(6000);
-    for (Vek16s& v : xi) v = static_cast<Vek16s>(rng.range(-100, 100));
+    const auto xc = vt::rvec<Vek32fc>(rng, 2000, 1);
+    const auto xi = vt::rvec<Vek16s>(rng, 6000, 100);
     // Each case writes its output bytes; Conv_32f lengths give transforms of 2^8 .. 2^17 points.
     const std::vector<std::pair<int, int>> conv_sizes = {{100, 60},     {300, 200},    {600, 300},
                                                          {1200, 800},   {2500, 1500},  {5000, 3000},

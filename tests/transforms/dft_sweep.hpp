@@ -4,16 +4,59 @@
 // and without a buffer, the Pack, Perm and CCS layouts in and out of place and their inverses
 // back to N times the signal, unaligned data and guards.
 //
-// A describes one kind: Part, C, SpecC, SpecS, SpecR, pow2 (sizes are powers of two), length(arg),
-// the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3].
+// A describes one kind (see Kind): Part, C, SpecC, SpecS, SpecR, pow2 (sizes are powers of two),
+// length(arg), the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3].
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "dft_ref.hpp"
 
 namespace vt {
+
+// The float kinds of the FFT (Fft, sizes given as orders) and of the DFT (lengths). Relative RMS
+// error bound: FFT 2 eps log2(N) (eps for N < 4), DFT 3 eps log2(N) (3 eps below 4 points).
+template <bool Fft, class T>
+struct Kind;
+#define VEK_TRANSFORM_KIND(P, Fft, T, Cx, Sx)                                                      \
+    template <>                                                                                    \
+    struct Kind<Fft, T> {                                                                          \
+        using Part = T;                                                                            \
+        using C = Vek##Cx;                                                                         \
+        using SpecC = Veks##P##Spec_C_##Cx;                                                        \
+        using SpecS = Veks##P##Spec_C_##Sx;                                                        \
+        using SpecR = Veks##P##Spec_R_##Sx;                                                        \
+        static constexpr bool pow2 = Fft;                                                          \
+        static int length(int a) { return Fft ? 1 << a : a; }                                      \
+        static double bound(int a) {                                                               \
+            const double e = std::numeric_limits<T>::epsilon();                                    \
+            return Fft ? 2 * e * (a < 2 ? 1 : a) : 3 * e * (a < 4 ? 1.0 : std::log2(double(a)));   \
+        }                                                                                          \
+        static constexpr auto initC = veks##P##InitAlloc_C_##Cx;                                   \
+        static constexpr auto freeC = veks##P##Free_C_##Cx;                                        \
+        static constexpr auto bufC = veks##P##GetBufSize_C_##Cx;                                   \
+        static constexpr auto fwdC = veks##P##Fwd_CToC_##Cx;                                       \
+        static constexpr auto invC = veks##P##Inv_CToC_##Cx;                                       \
+        static constexpr auto initS = veks##P##InitAlloc_C_##Sx;                                   \
+        static constexpr auto freeS = veks##P##Free_C_##Sx;                                        \
+        static constexpr auto bufS = veks##P##GetBufSize_C_##Sx;                                   \
+        static constexpr auto fwdS = veks##P##Fwd_CToC_##Sx;                                       \
+        static constexpr auto invS = veks##P##Inv_CToC_##Sx;                                       \
+        static constexpr auto initR = veks##P##InitAlloc_R_##Sx;                                   \
+        static constexpr auto freeR = veks##P##Free_R_##Sx;                                        \
+        static constexpr auto bufR = veks##P##GetBufSize_R_##Sx;                                   \
+        static constexpr decltype(&veks##P##Fwd_RToPack_##Sx) fwdR[3] = {                          \
+            veks##P##Fwd_RToPack_##Sx, veks##P##Fwd_RToPerm_##Sx, veks##P##Fwd_RToCCS_##Sx};       \
+        static constexpr decltype(&veks##P##Inv_PackToR_##Sx) invR[3] = {                          \
+            veks##P##Inv_PackToR_##Sx, veks##P##Inv_PermToR_##Sx, veks##P##Inv_CCSToR_##Sx};       \
+    };
+VEK_TRANSFORM_KIND(FFT, true, float, 32fc, 32f)
+VEK_TRANSFORM_KIND(FFT, true, double, 64fc, 64f)
+VEK_TRANSFORM_KIND(DFT, false, float, 32fc, 32f)
+VEK_TRANSFORM_KIND(DFT, false, double, 64fc, 64f)
+#undef VEK_TRANSFORM_KIND
 
 template <class A>
 std::vector<cld> reference(const std::vector<cld>& x, bool inverse) {

@@ -111,20 +111,14 @@ TEST(Dct, Single) { matches_reference<float>(); }
 
 TEST(Dct, Double) { matches_reference<double>(); }
 
-// N = 1 returns the input; a constant of length 16 gives 4 times the constant and zeros.
-TEST(Dct, EdgeValues) {
+// N = 1 returns the input.
+TEST(Dct, SinglePoint) {
     VeksDCTFwdSpec_32f* f = nullptr;
     ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, 1, vekAlgHintNone), vekStsOk);
     const float one = 3.25f;
     float y = 0;
     ASSERT_EQ(veksDCTFwd_32f(&one, &y, f, nullptr), vekStsOk);
     EXPECT_EQ(y, 3.25f);
-    veksDCTFwdFree_32f(f);
-    ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, 16, vekAlgHintNone), vekStsOk);
-    std::vector<float> c(16, 1.5f), X(16);
-    ASSERT_EQ(veksDCTFwd_32f(c.data(), X.data(), f, nullptr), vekStsOk);
-    EXPECT_NEAR(X[0], 6.0f, 4e-6f);
-    for (int k = 1; k < 16; ++k) EXPECT_NEAR(X[k], 0.0f, 4e-6f) << k;
     veksDCTFwdFree_32f(f);
 }
 
@@ -153,56 +147,42 @@ TEST(Dct, BufferSizesFollowThePlan) {
 
 // 16-bit: the exported pipeline (conversion to float, the float DCT, conversion back with the
 // scale factor rounded to nearest), bit for bit, under the caller's upward rounding mode.
-TEST(Dct, SixteenBitEqualsFloatPipeline) {
+template <class S16, class S32>
+void pipeline16(VekStatus (*init16)(S16**, int, VekHintAlgorithm),
+                VekStatus (*init32)(S32**, int, VekHintAlgorithm),
+                VekStatus (*t16)(const Vek16s*, Vek16s*, const S16*, int, Vek8u*),
+                VekStatus (*t32)(const float*, float*, const S32*, Vek8u*),
+                VekStatus (*free16)(S16*), VekStatus (*free32)(S32*)) {
     vt::Rng rng(16);
-    for (int n : {1, 4, 8, 12, 16, 100, 101, 512, 1000})
-        for (bool inverse : {false, true})
-            for (int sf : {-2, 0, 3}) {
-                SCOPED_TRACE("N = " + std::to_string(n));
-                std::vector<Vek16s> x(static_cast<size_t>(n)), got(x.size()), want(x.size());
-                for (auto& v : x) v = static_cast<Vek16s>(rng.range(-2000, 2000));
-                std::vector<float> fx(x.size());
-                veksConvert_16s32f(x.data(), fx.data(), n);
-                // The float transform in place, then the 16-bit one under upward rounding.
-                auto run = [&](auto* s, auto* r, auto init16, auto init32, auto t16, auto t32,
-                               auto free16, auto free32) {
-                    ASSERT_EQ(init16(&s, n, vekAlgHintNone), vekStsOk);
-                    ASSERT_EQ(init32(&r, n, vekAlgHintNone), vekStsOk);
-                    ASSERT_EQ(t32(fx.data(), fx.data(), r, nullptr), vekStsOk);
-                    const int mode = std::fegetround();
-                    std::fesetround(FE_UPWARD);
-                    const VekStatus st = t16(x.data(), got.data(), s, sf, nullptr);
-                    std::fesetround(mode);
-                    ASSERT_EQ(st, vekStsOk);
-                    free16(s);
-                    free32(r);
-                };
-                if (inverse)
-                    run(static_cast<VeksDCTInvSpec_16s*>(nullptr),
-                        static_cast<VeksDCTInvSpec_32f*>(nullptr), veksDCTInvInitAlloc_16s,
-                        veksDCTInvInitAlloc_32f, veksDCTInv_16s_Sfs, veksDCTInv_32f,
-                        veksDCTInvFree_16s, veksDCTInvFree_32f);
-                else
-                    run(static_cast<VeksDCTFwdSpec_16s*>(nullptr),
-                        static_cast<VeksDCTFwdSpec_32f*>(nullptr), veksDCTFwdInitAlloc_16s,
-                        veksDCTFwdInitAlloc_32f, veksDCTFwd_16s_Sfs, veksDCTFwd_32f,
-                        veksDCTFwdFree_16s, veksDCTFwdFree_32f);
-                veksConvert_32f16s_Sfs(fx.data(), want.data(), n, 1, sf);
-                EXPECT_TRUE(vt::bits_equal(got, want)) << "inverse " << inverse << " sf " << sf;
-            }
+    for (int n : {1, 4, 8, 12, 16, 100, 101, 512, 1000}) {
+        S16* s = nullptr;
+        S32* r = nullptr;
+        ASSERT_EQ(init16(&s, n, vekAlgHintNone), vekStsOk);
+        ASSERT_EQ(init32(&r, n, vekAlgHintNone), vekStsOk);
+        for (int sf : {-2, 0, 3}) {
+            const auto x = vt::rvec<Vek16s>(rng, n, 2000);
+            std::vector<Vek16s> got(x.size()), want(x.size());
+            std::vector<float> fx(x.size());
+            veksConvert_16s32f(x.data(), fx.data(), n);
+            ASSERT_EQ(t32(fx.data(), fx.data(), r, nullptr), vekStsOk);
+            veksConvert_32f16s_Sfs(fx.data(), want.data(), n, 1, sf);
+            const int mode = std::fegetround();
+            std::fesetround(FE_UPWARD);
+            const VekStatus st = t16(x.data(), got.data(), s, sf, nullptr);
+            std::fesetround(mode);
+            ASSERT_EQ(st, vekStsOk);
+            EXPECT_TRUE(vt::bits_equal(got, want)) << "N = " << n << " sf " << sf;
+        }
+        free16(s);
+        free32(r);
+    }
 }
 
-// Lengths whose buffer size would not fit an int are refused before any table is built.
-TEST(Dct, HugeLengthsAreRefused) {
-    for (int n : {INT_MAX, 1 << 30, (1 << 29) + 1}) {
-        VeksDCTFwdSpec_32f* f = nullptr;
-        VeksDCTInvSpec_64f* g = nullptr;
-        VeksDCTFwdSpec_16s* h = nullptr;
-        EXPECT_EQ(veksDCTFwdInitAlloc_32f(&f, n, vekAlgHintNone), vekStsMemAllocErr) << n;
-        EXPECT_EQ(veksDCTInvInitAlloc_64f(&g, n, vekAlgHintAccurate), vekStsMemAllocErr) << n;
-        EXPECT_EQ(veksDCTFwdInitAlloc_16s(&h, n, vekAlgHintNone), vekStsMemAllocErr) << n;
-        EXPECT_TRUE(f == nullptr && g == nullptr && h == nullptr);
-    }
+TEST(Dct, SixteenBitEqualsFloatPipeline) {
+    pipeline16(veksDCTFwdInitAlloc_16s, veksDCTFwdInitAlloc_32f, veksDCTFwd_16s_Sfs, veksDCTFwd_32f,
+               veksDCTFwdFree_16s, veksDCTFwdFree_32f);
+    pipeline16(veksDCTInvInitAlloc_16s, veksDCTInvInitAlloc_32f, veksDCTInv_16s_Sfs, veksDCTInv_32f,
+               veksDCTInvFree_16s, veksDCTInvFree_32f);
 }
 
 } // namespace

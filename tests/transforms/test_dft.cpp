@@ -15,47 +15,9 @@ using vt::as_complex;
 using vt::cld;
 
 template <class T>
-struct Api;
-
-#define VEK_DFT_API(T, Cx, Sx)                                                                     \
-    template <>                                                                                    \
-    struct Api<T> {                                                                                \
-        using Part = T;                                                                            \
-        using C = Vek##Cx;                                                                         \
-        using SpecC = VeksDFTSpec_C_##Cx;                                                          \
-        using SpecS = VeksDFTSpec_C_##Sx;                                                          \
-        using SpecR = VeksDFTSpec_R_##Sx;                                                          \
-        using FftObj = VeksFFTSpec_C_##Cx;                                                         \
-        static constexpr bool pow2 = false;                                                        \
-        static int length(int n) { return n; }                                                     \
-        /* relative RMS error at most 3 eps log2(N) (3 eps below 4 points) */                      \
-        static double bound(int n) {                                                               \
-            return 3.0 * std::numeric_limits<T>::epsilon() * (n < 4 ? 1.0 : std::log2(double(n))); \
-        }                                                                                          \
-        static constexpr auto initC = veksDFTInitAlloc_C_##Cx;                                     \
-        static constexpr auto freeC = veksDFTFree_C_##Cx;                                          \
-        static constexpr auto bufC = veksDFTGetBufSize_C_##Cx;                                     \
-        static constexpr auto fwdC = veksDFTFwd_CToC_##Cx;                                         \
-        static constexpr auto invC = veksDFTInv_CToC_##Cx;                                         \
-        static constexpr auto initS = veksDFTInitAlloc_C_##Sx;                                     \
-        static constexpr auto freeS = veksDFTFree_C_##Sx;                                          \
-        static constexpr auto bufS = veksDFTGetBufSize_C_##Sx;                                     \
-        static constexpr auto fwdS = veksDFTFwd_CToC_##Sx;                                         \
-        static constexpr auto invS = veksDFTInv_CToC_##Sx;                                         \
-        static constexpr auto initR = veksDFTInitAlloc_R_##Sx;                                     \
-        static constexpr auto freeR = veksDFTFree_R_##Sx;                                          \
-        static constexpr auto bufR = veksDFTGetBufSize_R_##Sx;                                     \
-        static constexpr decltype(&veksDFTFwd_RToPack_##Sx) fwdR[3] = {                            \
-            veksDFTFwd_RToPack_##Sx, veksDFTFwd_RToPerm_##Sx, veksDFTFwd_RToCCS_##Sx};             \
-        static constexpr decltype(&veksDFTInv_PackToR_##Sx) invR[3] = {                            \
-            veksDFTInv_PackToR_##Sx, veksDFTInv_PermToR_##Sx, veksDFTInv_CCSToR_##Sx};             \
-        static constexpr auto fftInit = veksFFTInitAlloc_C_##Cx;                                   \
-        static constexpr auto fftFree = veksFFTFree_C_##Cx;                                        \
-        static constexpr auto fftBuf = veksFFTGetBufSize_C_##Cx;                                   \
-        static constexpr auto fftFwd = veksFFTFwd_CToC_##Cx;                                       \
-    };
-VEK_DFT_API(float, 32fc, 32f)
-VEK_DFT_API(double, 64fc, 64f)
+using Api = vt::Kind<false, T>;
+template <class T>
+using Fft = vt::Kind<true, T>;
 
 // Every plan: straight-line (1-4), powers of two, the limits 150 and 180 and their neighbours,
 // mixed radix (smooth lengths, with and without a lane pass of 2 to 16, pair-sum radices, two
@@ -157,11 +119,12 @@ void powers_of_two_are_the_fft() {
         ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y1.data()), plan, nullptr),
                   vekStsOk);
         ASSERT_EQ(A::freeC(plan), vekStsOk);
-        typename A::FftObj* f = nullptr;
-        ASSERT_EQ(A::fftInit(&f, order, VEK_FFT_DIV_BY_SQRT_N, vekAlgHintFast), vekStsOk);
-        ASSERT_EQ(A::fftBuf(f, &b), vekStsOk);
-        ASSERT_EQ(A::fftFwd(xc, reinterpret_cast<typename A::C*>(y2.data()), f, nullptr), vekStsOk);
-        ASSERT_EQ(A::fftFree(f), vekStsOk);
+        using B = Fft<T>;
+        typename B::SpecC* f = nullptr;
+        ASSERT_EQ(B::initC(&f, order, VEK_FFT_DIV_BY_SQRT_N, vekAlgHintFast), vekStsOk);
+        ASSERT_EQ(B::bufC(f, &b), vekStsOk);
+        ASSERT_EQ(B::fwdC(xc, reinterpret_cast<typename A::C*>(y2.data()), f, nullptr), vekStsOk);
+        ASSERT_EQ(B::freeC(f), vekStsOk);
         EXPECT_EQ(a, b) << "order " << order;
         EXPECT_TRUE(vt::bits_equal(y1, y2)) << "order " << order;
     }
@@ -173,29 +136,28 @@ TEST(Dft, PowersOfTwoAreTheFft64) { powers_of_two_are_the_fft<double>(); }
 // GetBufSize: 0 up to 4 points, N complex values + 16 up to the direct limit (150 complex, 180
 // real), M complex values + 16 + the M-point FFT's above it (powers of two: see above).
 TEST(Dft, BufferSizes) {
-    using F = Api<float>;
-    using D = Api<double>;
-    const int flag = VEK_FFT_DIV_INV_BY_N;
     const VekHintAlgorithm h = vekAlgHintNone;
-    auto expected = [&](int n, bool real, bool dbl) {
+    auto expected = [&](auto kind, int n, bool real) {
+        using B = Fft<typename decltype(kind)::Part>;
+        const int unit = 2 * sizeof(typename decltype(kind)::Part);
         if (n <= 4) return 0;
-        if (n <= (real ? 180 : 150)) return (dbl ? 16 : 8) * n + 16;
+        if (n <= (real ? 180 : 150)) return unit * n + 16;
         int order = 0;
         while ((1 << order) < 2 * n - 1) ++order;
-        const int fft =
-            dbl ? vt::buf_size(D::fftInit, D::fftBuf, D::fftFree, order, VEK_FFT_NO_DIV, h)
-                : vt::buf_size(F::fftInit, F::fftBuf, F::fftFree, order, VEK_FFT_NO_DIV, h);
-        return (dbl ? 16 : 8) * (1 << order) + 16 + fft;
+        const int fft = vt::buf_size(B::initC, B::bufC, B::freeC, order, VEK_FFT_NO_DIV, h);
+        return unit * (1 << order) + 16 + fft;
+    };
+    auto check = [&](auto kind, int n) {
+        using A = decltype(kind);
+        const int flag = VEK_FFT_DIV_INV_BY_N;
+        EXPECT_EQ(vt::buf_size(A::initC, A::bufC, A::freeC, n, flag, h), expected(kind, n, false))
+            << n;
+        EXPECT_EQ(vt::buf_size(A::initR, A::bufR, A::freeR, n, flag, h), expected(kind, n, true))
+            << n;
     };
     for (int n : {1, 2, 3, 4, 5, 6, 150, 151, 152, 179, 180, 181, 1000, 1009, 4099, 100000}) {
-        EXPECT_EQ(vt::buf_size(F::initC, F::bufC, F::freeC, n, flag, h), expected(n, false, false))
-            << n;
-        EXPECT_EQ(vt::buf_size(D::initC, D::bufC, D::freeC, n, flag, h), expected(n, false, true))
-            << n;
-        EXPECT_EQ(vt::buf_size(F::initR, F::bufR, F::freeR, n, flag, h), expected(n, true, false))
-            << n;
-        EXPECT_EQ(vt::buf_size(D::initR, D::bufR, D::freeR, n, flag, h), expected(n, true, true))
-            << n;
+        check(Api<float>{}, n);
+        check(Api<double>{}, n);
     }
 }
 

@@ -18,42 +18,7 @@ double rel_rms(const std::vector<T>& got, const std::vector<cld>& want) {
 }
 
 template <class T>
-struct Api;
-
-#define VEK_FFT_API(T, Cx, Sx)                                                                     \
-    template <>                                                                                    \
-    struct Api<T> {                                                                                \
-        using Part = T;                                                                            \
-        using C = Vek##Cx;                                                                         \
-        using SpecC = VeksFFTSpec_C_##Cx;                                                          \
-        using SpecS = VeksFFTSpec_C_##Sx;                                                          \
-        using SpecR = VeksFFTSpec_R_##Sx;                                                          \
-        static constexpr bool pow2 = true;                                                         \
-        static int length(int order) { return 1 << order; }                                        \
-        /* relative RMS error at most 2 eps log2(N) (eps for N < 4) */                             \
-        static double bound(int order) {                                                           \
-            return 2.0 * std::numeric_limits<T>::epsilon() * (order < 2 ? 1 : order);              \
-        }                                                                                          \
-        static constexpr auto initC = veksFFTInitAlloc_C_##Cx;                                     \
-        static constexpr auto freeC = veksFFTFree_C_##Cx;                                          \
-        static constexpr auto bufC = veksFFTGetBufSize_C_##Cx;                                     \
-        static constexpr auto fwdC = veksFFTFwd_CToC_##Cx;                                         \
-        static constexpr auto invC = veksFFTInv_CToC_##Cx;                                         \
-        static constexpr auto initS = veksFFTInitAlloc_C_##Sx;                                     \
-        static constexpr auto freeS = veksFFTFree_C_##Sx;                                          \
-        static constexpr auto bufS = veksFFTGetBufSize_C_##Sx;                                     \
-        static constexpr auto fwdS = veksFFTFwd_CToC_##Sx;                                         \
-        static constexpr auto invS = veksFFTInv_CToC_##Sx;                                         \
-        static constexpr auto initR = veksFFTInitAlloc_R_##Sx;                                     \
-        static constexpr auto freeR = veksFFTFree_R_##Sx;                                          \
-        static constexpr auto bufR = veksFFTGetBufSize_R_##Sx;                                     \
-        static constexpr decltype(&veksFFTFwd_RToPack_##Sx) fwdR[3] = {                            \
-            veksFFTFwd_RToPack_##Sx, veksFFTFwd_RToPerm_##Sx, veksFFTFwd_RToCCS_##Sx};             \
-        static constexpr decltype(&veksFFTInv_PackToR_##Sx) invR[3] = {                            \
-            veksFFTInv_PackToR_##Sx, veksFFTInv_PermToR_##Sx, veksFFTInv_CCSToR_##Sx};             \
-    };
-VEK_FFT_API(float, 32fc, 32f)
-VEK_FFT_API(double, 64fc, 64f)
+using Api = vt::Kind<true, T>;
 
 std::vector<int> orders(int max) {
     std::vector<int> v;
@@ -76,39 +41,35 @@ TEST(FftSelfCheck, RoundTripPerFlag) {
         const int n = 1 << order;
         const auto x = vt::rvec<float>(rng, 2 * n, 1);
         for (int flag : {1, 2, 4, 8}) {
-            const double gain = flag == 8 ? n : 1.0;
+            const long double gain = flag == 8 ? n : 1;
             VeksFFTSpec_C_32fc* c = nullptr;
-            ASSERT_EQ(veksFFTInitAlloc_C_32fc(&c, order, flag, vekAlgHintNone), vekStsOk);
-            std::vector<float> y(x.size()), z(x.size());
-            auto* xc = reinterpret_cast<const Vek32fc*>(x.data());
-            ASSERT_EQ(veksFFTFwd_CToC_32fc(xc, reinterpret_cast<Vek32fc*>(y.data()), c, nullptr),
-                      vekStsOk);
-            ASSERT_EQ(veksFFTInv_CToC_32fc(reinterpret_cast<Vek32fc*>(y.data()),
-                                           reinterpret_cast<Vek32fc*>(z.data()), c, nullptr),
-                      vekStsOk);
-            std::vector<cld> want(n);
-            for (int i = 0; i < n; ++i) want[i] = cld(gain * x[2 * i], gain * x[2 * i + 1]);
-            EXPECT_LE(rel_rms(z, want), 2 * Api<float>::bound(order)) << order << " flag " << flag;
-            veksFFTFree_C_32fc(c);
-
             VeksFFTSpec_R_32f* r = nullptr;
+            ASSERT_EQ(veksFFTInitAlloc_C_32fc(&c, order, flag, vekAlgHintNone), vekStsOk);
             ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, order, flag, vekAlgHintNone), vekStsOk);
-            std::vector<float> yr(n + 2), zr(n);
-            ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), yr.data(), r, nullptr), vekStsOk);
-            ASSERT_EQ(veksFFTInv_CCSToR_32f(yr.data(), zr.data(), r, nullptr), vekStsOk);
-            std::vector<float> zz(2 * size_t(n));
+            std::vector<float> y(x.size() + 2), z(x.size()), zr(static_cast<size_t>(n));
+            auto* yc = reinterpret_cast<Vek32fc*>(y.data());
+            const auto* xc = reinterpret_cast<const Vek32fc*>(x.data());
+            ASSERT_EQ(veksFFTFwd_CToC_32fc(xc, yc, c, nullptr), vekStsOk);
+            ASSERT_EQ(veksFFTInv_CToC_32fc(yc, reinterpret_cast<Vek32fc*>(z.data()), c, nullptr),
+                      vekStsOk);
+            ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), y.data(), r, nullptr), vekStsOk);
+            ASSERT_EQ(veksFFTInv_CCSToR_32f(y.data(), zr.data(), r, nullptr), vekStsOk);
+            std::vector<cld> want(n), got_r(n), want_r(n);
             for (int i = 0; i < n; ++i) {
-                zz[2 * i] = zr[i];
-                want[i] = cld(gain * x[i], 0);
+                want[i] = gain * cld(x[2 * i], x[2 * i + 1]);
+                got_r[i] = zr[i], want_r[i] = gain * x[i];
             }
-            EXPECT_LE(rel_rms(zz, want), 2 * Api<float>::bound(order)) << order << " flag " << flag;
+            const double bound = 2 * Api<float>::bound(order);
+            EXPECT_LE(rel_rms(z, want), bound) << order << " flag " << flag;
+            EXPECT_LE(vt::rel_rms(got_r, want_r), bound) << order << " flag " << flag << " real";
+            veksFFTFree_C_32fc(c);
             veksFFTFree_R_32f(r);
         }
     }
 }
 
-// Linearity, impulse response and the shift theorem at large orders, without a reference.
-TEST(FftSelfCheck, LinearityImpulseAndShift) {
+// Impulse response and the shift theorem at large orders, without a reference.
+TEST(FftSelfCheck, ImpulseAndShift) {
     vt::Rng rng(15);
     for (int order : {11, 14, 17, 19}) {
         const int n = 1 << order;
@@ -122,14 +83,7 @@ TEST(FftSelfCheck, LinearityImpulseAndShift) {
             return out;
         };
         const auto a = vt::rvec<float>(rng, 2 * n, 1);
-        const auto b = vt::rvec<float>(rng, 2 * n, 1);
-        std::vector<float> ab(a.size());
-        for (size_t i = 0; i < ab.size(); ++i) ab[i] = 2.0f * a[i] - b[i];
-        const auto fa = fft(a), fb = fft(b), fab = fft(ab);
-        std::vector<cld> lin(n);
-        for (int i = 0; i < n; ++i)
-            lin[i] = 2.0L * cld(fa[2 * i], fa[2 * i + 1]) - cld(fb[2 * i], fb[2 * i + 1]);
-        EXPECT_LE(rel_rms(fab, lin), 4 * Api<float>::bound(order)) << "linearity " << order;
+        const auto fa = fft(a);
 
         // A unit impulse at position s gives exp(-2 pi i k s / N); the shifted signal's spectrum
         // is the original's times that ramp.
@@ -197,8 +151,7 @@ TEST(FftObjects, OrderZeroScalesTheSinglePoint) {
         const Vek32fc x{1.5f, -2.25f};
         Vek32fc y{0, 0};
         ASSERT_EQ(veksFFTFwd_CToC_32fc(&x, &y, plan, nullptr), vekStsOk);
-        EXPECT_EQ(y.re, 1.5f);
-        EXPECT_EQ(y.im, -2.25f);
+        EXPECT_TRUE(vt::starts_with(&y, {x}));
         veksFFTFree_C_32fc(plan);
     }
 }

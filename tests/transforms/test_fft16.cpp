@@ -119,37 +119,38 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
     vt::Rng rng(41);
     for (int order = 0; order <= 11; ++order) {
         const int n = 1 << order;
-        std::vector<int16_t> x(2 * size_t(n));
-        for (auto& v : x) v = rng.any<int16_t>();
+        const auto x = rng.vec<int16_t>(2 * n);
         std::vector<float> xf(x.size());
-        ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), int(x.size())), vekStsOk);
+        ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), 2 * n), vekStsOk);
         std::vector<int16_t> re(n), im(n);
-        std::vector<cld> xc(n);
-        for (int i = 0; i < n; ++i) {
-            re[i] = x[2 * i];
-            im[i] = x[2 * i + 1];
-            xc[i] = cld(re[i], im[i]);
-        }
+        for (int i = 0; i < n; ++i) re[i] = x[2 * i], im[i] = x[2 * i + 1];
+        const auto xc = vt::as_complex(x);
         const std::vector<cld> spectra[2] = {vt::ref_dft(xc, false), vt::ref_dft(xc, true)};
         for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
             for (int flag : {1, 2, 4, 8}) {
                 SCOPED_TRACE("order " + std::to_string(order) + " hint " + std::to_string(hint) +
                              " flag " + std::to_string(flag));
                 VeksFFTSpec_C_32fc* f32 = nullptr;
+                VeksFFTSpec_C_16sc* plan = nullptr;
+                VeksFFTSpec_C_16s* split = nullptr;
                 ASSERT_EQ(veksFFTInitAlloc_C_32fc(&f32, order, float_flag(order, flag, hint),
                                                   vekAlgHintNone),
                           vekStsOk);
-                VeksFFTSpec_C_16sc* plan = nullptr;
                 ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, order, flag, hint), vekStsOk);
-                VeksFFTSpec_C_16s* split = nullptr;
                 ASSERT_EQ(veksFFTInitAlloc_C_16s(&split, order, flag, hint), vekStsOk);
+                int size = 0;
+                ASSERT_EQ(veksFFTGetBufSize_C_16sc(plan, &size), vekStsOk);
+                std::vector<Vek8u> buf(size_t(size) + 1);
                 for (bool inverse : {false, true}) {
+                    const auto op = inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs;
+                    const auto op_s = inverse ? veksFFTInv_CToC_16s_Sfs : veksFFTFwd_CToC_16s_Sfs;
                     std::vector<float> z = xf;
                     auto* zc = reinterpret_cast<Vek32fc*>(z.data());
                     ASSERT_EQ((inverse ? veksFFTInv_CToC_32fc : veksFFTFwd_CToC_32fc)(zc, zc, f32,
                                                                                       nullptr),
                               vekStsOk);
                     for (int sf : {-3, 0, 5}) {
+                        SCOPED_TRACE("sf " + std::to_string(sf) + (inverse ? " inverse" : ""));
                         const auto want = to16(z, back_rule(order, flag, hint, inverse, sf));
                         if (order <= 6 && sf >= 0) { // the pipeline itself, within one unit
                             const int shift =
@@ -160,39 +161,27 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
                                 exact[2 * i] = expect16(spectra[inverse][i].real(), shift, h);
                                 exact[2 * i + 1] = expect16(spectra[inverse][i].imag(), shift, h);
                             }
-                            ASSERT_TRUE(near16(want, exact)) << "sf " << sf;
+                            ASSERT_TRUE(near16(want, exact));
                         }
                         // In place with a caller's buffer, unaligned.
-                        int size = 0;
-                        ASSERT_EQ(veksFFTGetBufSize_C_16sc(plan, &size), vekStsOk);
-                        std::vector<Vek8u> buf(size_t(size) + 1);
                         vt::Buf<int16_t> io(x, 2);
                         auto* ioc = reinterpret_cast<Vek16sc*>(io.data());
-                        ASSERT_EQ((inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
-                                      ioc, ioc, plan, sf, buf.data() + 1),
-                                  vekStsOk);
-                        ASSERT_TRUE(vt::bits_equal(io.vec(), want));
-                        ASSERT_TRUE(io.guards_intact());
+                        ASSERT_EQ(op(ioc, ioc, plan, sf, buf.data() + 1), vekStsOk);
+                        ASSERT_TRUE(vt::bits_equal(io.vec(), want) && io.guards_intact());
                         for (int mode : {FE_TONEAREST, FE_TOWARDZERO}) {
+                            std::vector<int16_t> got(x.size()), ore(n), oim(n);
                             std::fesetround(mode);
-                            std::vector<int16_t> got(x.size());
                             const VekStatus st =
-                                (inverse ? veksFFTInv_CToC_16sc_Sfs : veksFFTFwd_CToC_16sc_Sfs)(
-                                    reinterpret_cast<const Vek16sc*>(x.data()),
-                                    reinterpret_cast<Vek16sc*>(got.data()), plan, sf, nullptr);
-                            std::vector<int16_t> ore(n), oim(n);
-                            const VekStatus st2 = (inverse ? veksFFTInv_CToC_16s_Sfs
-                                                           : veksFFTFwd_CToC_16s_Sfs)(
-                                re.data(), im.data(), ore.data(), oim.data(), split, sf, nullptr);
+                                op(reinterpret_cast<const Vek16sc*>(x.data()),
+                                   reinterpret_cast<Vek16sc*>(got.data()), plan, sf, nullptr);
+                            const VekStatus st2 = op_s(re.data(), im.data(), ore.data(), oim.data(),
+                                                       split, sf, nullptr);
                             std::fesetround(FE_TONEAREST);
-                            ASSERT_EQ(st, vekStsOk);
-                            ASSERT_EQ(st2, vekStsOk);
-                            ASSERT_TRUE(vt::bits_equal(got, want))
-                                << "sf " << sf << (inverse ? " inverse" : "");
-                            for (int i = 0; i < n; ++i) {
-                                ASSERT_EQ(ore[i], want[2 * i]);
-                                ASSERT_EQ(oim[i], want[2 * i + 1]);
-                            }
+                            ASSERT_TRUE(st == vekStsOk && st2 == vekStsOk);
+                            ASSERT_TRUE(vt::bits_equal(got, want));
+                            for (int i = 0; i < n; ++i)
+                                got[2 * i] = ore[i], got[2 * i + 1] = oim[i];
+                            ASSERT_TRUE(vt::bits_equal(got, want)) << "split";
                         }
                     }
                 }
@@ -210,8 +199,7 @@ TEST(Fft16, RealIsTheSinglePrecisionPipeline) {
     for (int order = 0; order <= 11; ++order) {
         const int n = 1 << order;
         const int ccs_len = n == 1 ? 2 : n + 2;
-        std::vector<int16_t> x(static_cast<size_t>(ccs_len));
-        for (auto& v : x) v = rng.any<int16_t>();
+        const auto x = rng.vec<int16_t>(ccs_len);
         std::vector<float> xf(x.size());
         ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), int(x.size())), vekStsOk);
         using Fn16 = decltype(&veksFFTFwd_RToPack_16s_Sfs);

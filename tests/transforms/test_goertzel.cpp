@@ -142,17 +142,6 @@ TEST(Goertzel, IndependentOfEarlierCalls) {
     });
 }
 
-// rFreq = 0 is the sum; len = 1 gives x[0] e^{i w}.
-TEST(Goertzel, SumAndSinglePoint) {
-    const std::vector<Vek32fc> x = {{1, 2}, {3, -4}, {0.5f, 0.25f}};
-    Vek32fc g{};
-    ASSERT_EQ(veksGoertz_32fc(x.data(), 3, &g, 0.0f), vekStsOk);
-    EXPECT_TRUE(g.re == 4.5f && g.im == -1.75f);
-    ASSERT_EQ(veksGoertz_32fc(x.data(), 1, &g, 0.25f), vekStsOk); // (1 + 2i) i = -2 + i
-    EXPECT_NEAR(g.re, -2.0f, 1e-6f);
-    EXPECT_NEAR(g.im, 1.0f, 1e-6f);
-}
-
 // 16-bit: the float result times 2^-scaleFactor, each part rounded half away from zero (not to
 // even) and saturated. rFreq = 0 makes the result the exact sum.
 TEST(Goertzel, SixteenBitRounding) {
