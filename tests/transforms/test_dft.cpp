@@ -139,7 +139,7 @@ TEST(Dft, BufferSizes) {
     const VekHintAlgorithm h = vekAlgHintNone;
     auto expected = [&](auto kind, int n, bool real) {
         using B = Fft<typename decltype(kind)::Part>;
-        const int unit = 2 * sizeof(typename decltype(kind)::Part);
+        const int unit = static_cast<int>(2 * sizeof(typename decltype(kind)::Part));
         if (n <= 4) return 0;
         if (n <= (real ? 180 : 150)) return unit * n + 16;
         int order = 0;
