@@ -161,7 +161,7 @@ TEST(ArithFloat, FromInt16) {
             for (auto [f, op] : ops) {
                 std::vector<float> want(a.size());
                 for (int i = 0; i < n; ++i) want[i] = static_cast<float>(op(a[i], b[i]));
-                ASSERT_TRUE(vt::writes(want, [&](float* d) {
+                ASSERT_TRUE(vt::writes(want, [&, f = f](float* d) {
                     return f(pa.data(), pb.data(), d, n);
                 })) << n;
             }

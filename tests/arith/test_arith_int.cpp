@@ -184,7 +184,7 @@ TEST(ArithInt, LargeVectors16s) {
         for (int sf : {0, 1, 5}) {
             std::vector<int16_t> want(a.size());
             for (int i = 0; i < n; ++i) want[i] = ref_scale<int16_t>(op(a[i], b[i]), sf);
-            vt::for_each_level([&](auto) {
+            vt::for_each_level([&, f = f](auto) {
                 ASSERT_TRUE(vt::writes(
                     want, [&](int16_t* d) { return f(pa.data(), pb.data(), d, n, sf); }, {}, 10));
                 ASSERT_TRUE(vt::writes(
@@ -209,11 +209,6 @@ P ref_div(long double num, long double den, int sf) {
     return ref_scale<P>(
         static_cast<long double>(static_cast<double>(num) / static_cast<double>(den)), sf);
 }
-
-constexpr auto kDivReal = [](auto x, auto y, int sf) { // y / x
-    using P = decltype(x);
-    return std::array<P, 1>{ref_div<P>(y, x, sf)};
-};
 
 template <class T, class F>
 void check_div(uint64_t seed, F run, bool cst = false) {

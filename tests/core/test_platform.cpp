@@ -77,7 +77,7 @@ TEST(Platform, AllocatorLayoutForThisPointerSize) {
             // Different sizes give different heap alignments, so every gap gets exercised.
             std::vector<void*> blocks;
             for (auto [alloc, size] : kAllocators) {
-                const Requested b = allocate([&] { return alloc(n + trial); });
+                const Requested b = allocate([&, alloc = alloc] { return alloc(n + trial); });
                 const size_t bytes = static_cast<size_t>(n + trial) * size;
                 ASSERT_NE(b.ptr, nullptr);
                 const auto user = reinterpret_cast<uintptr_t>(b.ptr);

@@ -129,7 +129,7 @@ TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
                 }
         }
         const long double tol = fft_allowance<Vek32f>(energy(a), energy(b), L);
-        vt::for_each_level([&](auto) {
+        vt::for_each_level([&, l1 = l1, l2 = l2](auto) {
             vt::Buf<Vek32f> d(L, 4);
             ASSERT_EQ(veksConv_32f(a.data(), l1, b.data(), l2, d.data()), vekStsOk);
             ASSERT_TRUE(d.guards_intact());
@@ -278,7 +278,7 @@ TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
                                                            {4096, 1024},
                                                            {20000, 650}}) {
         if (int64_t{n} * lags > vt::kReferenceWork) continue;
-        for_each_corr([&](auto c) { auto_case(c, rng, n, lags); });
+        for_each_corr([&, n = n, lags = lags](auto c) { auto_case(c, rng, n, lags); });
     }
 }
 

@@ -130,7 +130,7 @@ TEST(FirMultiRate, EveryShapeMatchesReference) {
                         for (int i = 0; i < s.dly(); ++i)
                             last[size_t(i)] =
                                 i < n * D ? x[size_t(n * D - 1 - i)] : line[size_t(i - n * D)];
-                        vt::for_each_level([&](auto) {
+                        vt::for_each_level([&, U = U, D = D](auto) {
                             typename M::St* st = nullptr;
                             ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data()),
                                       vekStsOk);

@@ -52,7 +52,7 @@ TEST(Tone, FloatMembersWithinTheBounds) {
             ASSERT_NEAR(s[k], ref_tone(mf, ff, pf, k), real_bound(mf, ff, k) + std::ldexp(mf, -24))
                 << k;
         std::vector<Vek64fc> first;
-        vt::for_each_level([&](auto) {
+        vt::for_each_level([&, m = m, f = f, phi = phi](auto) {
             std::vector<Vek64fc> z(n);
             double pz = phi;
             ASSERT_EQ(veksTone_Direct_64fc(z.data(), n, m, f, &pz, vekAlgHintNone), 0);

@@ -208,7 +208,7 @@ TEST(Threads, ConvolutionsShareTheirPlanStore) {
         return std::vector<unsigned char>(p, p + v.size() * sizeof(v[0]));
     };
     for (auto [l1, l2] : conv_sizes)
-        cases.push_back([&, l1, l2] {
+        cases.push_back([&, l1 = l1, l2 = l2] {
             std::vector<float> d(static_cast<size_t>(l1 + l2 - 1));
             EXPECT_EQ(veksConv_32f(x.data(), l1, x.data() + l1, l2, d.data()), vekStsOk);
             return bytes_of(d);

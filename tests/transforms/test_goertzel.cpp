@@ -101,7 +101,7 @@ TEST(Goertzel, AccurateNearLaneAngleMultiplesOfPi) {
         const cld want = reference(x, static_cast<long double>(f));
         const long double bound = 0x1p-24L * std::abs(want) + 0x1p-30L * norm1(x);
         SCOPED_TRACE(testing::Message() << "len " << len << " f " << f);
-        vt::for_each_level([&](auto) {
+        vt::for_each_level([&, len = len, f = f](auto) {
             Vek32fc got{}, pair[2] = {}, other{};
             ASSERT_EQ(veksGoertz_32fc(x.data(), len, &got, f), vekStsOk);
             EXPECT_LE(std::abs(cld(got.re, got.im) - want), bound);
