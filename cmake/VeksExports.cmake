@@ -34,8 +34,14 @@ function(veks_apply_export_list target file)
         endforeach()
         string(APPEND map "  local:\n    *;\n};\n")
         file(WRITE ${PROJECT_BINARY_DIR}/veks.map "${map}")
+        # Every symbol resolved when the library is linked; except under clang's sanitizers,
+        # whose runtime only the program that loads the library links.
+        set(no_undefined "LINKER:--no-undefined")
+        if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND (VEKS_SANITIZE OR VEKS_BUILD_FUZZ))
+            set(no_undefined "")
+        endif()
         target_link_options(${target} PRIVATE
-            "LINKER:--version-script=${PROJECT_BINARY_DIR}/veks.map" "LINKER:--no-undefined")
+            "LINKER:--version-script=${PROJECT_BINARY_DIR}/veks.map" ${no_undefined})
         set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${PROJECT_BINARY_DIR}/veks.map)
         set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_PATCH}
                                                    SOVERSION ${PROJECT_VERSION_MAJOR})

@@ -1,9 +1,13 @@
-# The conformance harness as a static library, for the conformance suite (tests/) and the
-# fuzzer (fuzz/): the engine, the family rules (every rules_*.cpp of this folder) and the tables
-# generated from src/veks.exports and include/*.h.
+# The conformance harness veks_conformance_harness, shared by the conformance suite (tests/) and
+# the fuzzer (fuzz/), whichever asks first building it: the engine, the family rules (every
+# rules_*.cpp of this folder) and the tables generated from src/veks.exports and include/*.h.
 set(VEKS_CONF_DIR ${CMAKE_CURRENT_LIST_DIR})
 
-function(veks_add_conformance_harness target)
+function(veks_add_conformance_harness)
+    set(target veks_conformance_harness)
+    if(TARGET ${target})
+        return()
+    endif()
     set(gen ${CMAKE_CURRENT_BINARY_DIR}/${target}_gen)
     file(MAKE_DIRECTORY ${gen})
     file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/*.h)

@@ -186,7 +186,7 @@ TEST(RandStatistics, MeanAndVariance) {
     uint32_t s1 = 2024, s2 = 77;
     ASSERT_EQ(veksRandUniform_Direct_32f(u.data(), n, -2.0f, 6.0f, &s1), 0);
     ASSERT_EQ(veksRandGauss_Direct_32f(g.data(), n, 3.0f, 0.5f, &s2), 0);
-    auto moments = [n](const std::vector<float>& v, double& mean, double& var) {
+    auto moments = [](const std::vector<float>& v, double& mean, double& var) {
         double s = 0, q = 0;
         for (float x : v) s += x;
         mean = s / n;

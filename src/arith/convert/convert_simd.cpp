@@ -287,7 +287,7 @@ void f32_to_int_body(const Vek32f* s, T* d, size_t n, int sf) {
 #endif
     // (The lambdas hold copies: a register captured by reference costs an aligned stack frame.)
     const auto vk = VF::splat(Scaled ? static_cast<float>(pow2(-sf)) : 1.0f);
-    const auto convert = [vk](typename VF::R x) {
+    const auto convert = [=](typename VF::R x) {
         if constexpr (Scaled) x = VF::mul(x, vk);
         // (Narrow destinations: no second look at the lanes the conversion could not represent.)
         if constexpr (sizeof(T) < 4 && simd::has_zero_nan<VF>)

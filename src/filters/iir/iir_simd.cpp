@@ -230,13 +230,14 @@ using Wd = simd::Wide<double>;
 template <class D>
 void bq(const double* tp, int K, double* d, const D* src, D* dst, size_t n, int sf) {
     const size_t lag = static_cast<size_t>(kLag) * static_cast<size_t>(K - 1);
+    constexpr bool has_wider = !std::is_same_v<Wd, Pv>; // Wide is never narrower
     if (K < 2 || n <= lag)
         bq_ref(tp, K, d, src, dst, n, sf);
     else if (K <= Pv::lanes)
         bq_pipe<Pv, 1>(tp, K, d, src, dst, n, sf);
     else if (K <= 2 * Pv::lanes)
         bq_pipe<Pv, 2>(tp, K, d, src, dst, n, sf);
-    else if (Wd::lanes > Pv::lanes && K <= 2 * Wd::lanes)
+    else if (has_wider && K <= 2 * Wd::lanes)
         bq_pipe<Wd, 2>(tp, K, d, src, dst, n, sf);
     else
         bq_ref(tp, K, d, src, dst, n, sf);

@@ -215,7 +215,7 @@ double dot_real(const T* a, const T* b, size_t n) {
 template <class T>
 Vek64fc dot_complex(const T* a, const T* b, size_t n) {
     // b's parts swapped within each pair (one lane: the partner element itself).
-    const auto partner = [b](size_t t, R y) {
+    const auto partner = [=](size_t t, R y) {
         if constexpr (VD::lanes == 1)
             return load(b + (t ^ 1));
         else
