@@ -9,23 +9,36 @@ namespace {
 
 using cld = std::complex<long double>;
 
-// e^{i w len} sum_n x[n] e^{-i w n}, w = 2 pi f, in long double.
+// e^{i w len} sum_n x[n] e^{-i w n}, w = 2 pi f, in long double, summed in blocks of B:
+// sum_q e^{-i w B q} sum_r x[B q + r] e^{-i w r}. A few more rounding errors of long double, and
+// one cosine and sine per block (and B for the table) instead of per element, on vectors of up
+// to 2^20.
 template <class C>
 cld reference(const std::vector<C>& x, long double f) {
     const long double w = 2 * 3.14159265358979323846264338327950288L * f;
-    cld sum = 0;
-    for (size_t n = 0; n < x.size(); ++n) {
+    const auto turn = [w](size_t n) {
         const long double a = w * static_cast<long double>(n);
-        sum += cld(x[n].re, x[n].im) * cld(std::cos(a), -std::sin(a));
+        return cld(std::cos(a), -std::sin(a));
+    };
+    constexpr size_t B = 1024;
+    std::vector<cld> fine(std::min(B, x.size()));
+    for (size_t r = 0; r < fine.size(); ++r) fine[r] = turn(r);
+    cld sum = 0;
+    for (size_t q = 0; q < x.size(); q += B) {
+        cld block = 0;
+        for (size_t r = 0; r < B && q + r < x.size(); ++r)
+            block += cld(x[q + r].re, x[q + r].im) * fine[r];
+        sum += turn(q) * block;
     }
     const long double b = w * static_cast<long double>(x.size());
     return sum * cld(std::cos(b), std::sin(b));
 }
 
+// (In double: it scales the error bounds.)
 template <class C>
 long double norm1(const std::vector<C>& x) {
-    long double s = 0;
-    for (const C& v : x) s += std::abs(cld(v.re, v.im));
+    double s = 0;
+    for (const C& v : x) s += std::abs(std::complex<double>(v.re, v.im));
     return s;
 }
 
