@@ -189,6 +189,21 @@ struct Kind {
 };
 
 void add_kind(Kind k);
+// A kind of objects S made by create(&s, call) and released by release(s); size(s, &bytes), when
+// given, reports its work buffer.
+template <class S, class Create>
+void add_object_kind(std::string name, std::string type, Create create, VekStatus (*release)(S*),
+                     VekStatus (*size)(const S*, int*) = nullptr) {
+    std::function<int64_t(const void*)> bytes;
+    if (size != nullptr)
+        bytes = [size](const void* p) {
+            int n = -1;
+            return size(static_cast<const S*>(p), &n) == vekStsOk ? int64_t{n} : int64_t{-1};
+        };
+    add_kind({std::move(name), std::move(type),
+              [create](const Call& c, void** p) { return create(reinterpret_cast<S**>(p), c); },
+              [release](void* p) { return release(static_cast<S*>(p)); }, std::move(bytes)});
+}
 const std::vector<Kind>& kinds();
 const Kind* find_kind(const std::string& name);
 

@@ -9,17 +9,13 @@ namespace {
 template <class S>
 void add_dct_kind(const char* name, const char* type, VekStatus (*init)(S**, int, VekHintAlgorithm),
                   VekStatus (*release)(S*), VekStatus (*size)(const S*, int*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        return init(reinterpret_cast<S**>(p), static_cast<int>(c.n("dctLen", 12)),
-                                    static_cast<VekHintAlgorithm>(c.n("hint", 0)));
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); },
-                    [size](const void* p) {
-                        int n = -1;
-                        return size(static_cast<const S*>(p), &n) == vekStsOk ? int64_t{n}
-                                                                              : int64_t{-1};
-                    }});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            return init(p, static_cast<int>(c.n("dctLen", 12)),
+                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
+        },
+        release, size);
 }
 
 const conf::Rules dct([] {

@@ -16,17 +16,13 @@ template <class S>
 void add_dft_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, int, int, VekHintAlgorithm), VekStatus (*release)(S*),
                   VekStatus (*size)(const S*, int*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        return init(reinterpret_cast<S**>(p), static_cast<int>(c.n("dftLen", 6)),
-                                    dft_flag(c), static_cast<VekHintAlgorithm>(c.n("hint", 0)));
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); },
-                    [size](const void* p) {
-                        int n = -1;
-                        return size(static_cast<const S*>(p), &n) == vekStsOk ? int64_t{n}
-                                                                              : int64_t{-1};
-                    }});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            return init(p, static_cast<int>(c.n("dftLen", 6)), dft_flag(c),
+                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
+        },
+        release, size);
 }
 
 int64_t points(const conf::Call& c) { return c.n("dftLen"); }

@@ -29,26 +29,26 @@ std::vector<T> taps(int64_t n) {
 template <class S, class Tap, class Dat>
 void add_fir_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, const Tap*, int, const Dat*), VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("tapsLen", 5);
-                        return init(reinterpret_cast<S**>(p), taps<Tap>(n).data(),
-                                    static_cast<int>(n), nullptr);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            const int64_t n = c.n("tapsLen", 5);
+            return init(p, taps<Tap>(n).data(), static_cast<int>(n), nullptr);
+        },
+        release);
 }
 
 template <class S, class Tap, class Dat>
 void add_fir_int_kind(const char* name, const char* type,
                       VekStatus (*init)(S**, const Tap*, int, int, const Dat*),
                       VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("tapsLen", 5);
-                        return init(reinterpret_cast<S**>(p), taps<Tap>(n).data(),
-                                    static_cast<int>(n), 2, nullptr);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            const int64_t n = c.n("tapsLen", 5);
+            return init(p, taps<Tap>(n).data(), static_cast<int>(n), 2, nullptr);
+        },
+        release);
 }
 
 // Multi-rate states (kinds FIRMR*, rules_firmr.cpp) read numIters*down samples, write

@@ -32,26 +32,28 @@ template <class S, class Tap, class Dat>
 void add_kind(const char* name, const char* type,
               VekStatus (*init)(S**, const Tap*, int, int, int, int, int, const Dat*),
               VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("tapsLen", 5), u = up_of(c), d = down_of(c);
-                        return init(reinterpret_cast<S**>(p), taps<Tap>(n).data(), int(n), int(u),
-                                    int(u - 1), int(d), int(d - 1), nullptr);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            const int64_t n = c.n("tapsLen", 5), u = up_of(c), d = down_of(c);
+            return init(p, taps<Tap>(n).data(), int(n), int(u), int(u - 1), int(d), int(d - 1),
+                        nullptr);
+        },
+        release);
 }
 
 template <class S, class Tap, class Dat>
 void add_int_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, const Tap*, int, int, int, int, int, int, const Dat*),
                   VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("tapsLen", 5), u = up_of(c), d = down_of(c);
-                        return init(reinterpret_cast<S**>(p), taps<Tap>(n).data(), int(n), 2,
-                                    int(u), int(u - 1), int(d), int(d - 1), nullptr);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            const int64_t n = c.n("tapsLen", 5), u = up_of(c), d = down_of(c);
+            return init(p, taps<Tap>(n).data(), int(n), 2, int(u), int(u - 1), int(d), int(d - 1),
+                        nullptr);
+        },
+        release);
 }
 
 // The factor and phase checks, after the taps length: factors (-29), then phases (-28).

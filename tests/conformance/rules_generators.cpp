@@ -93,12 +93,12 @@ void oscillator(conf::Contract& c, bool triangle) {
 template <class S, class A>
 void add_state_kind(const char* name, const char* type, VekStatus (*init)(S**, A, A, Vek32u),
                     VekStatus (*release)(S*), double a, double b) {
-    conf::add_kind({name, type,
-                    [init, a, b](const conf::Call&, void** p) {
-                        return init(reinterpret_cast<S**>(p), static_cast<A>(a), static_cast<A>(b),
-                                    12345u);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init, a, b](S** p, const conf::Call&) {
+            return init(p, static_cast<A>(a), static_cast<A>(b), 12345u);
+        },
+        release);
 }
 
 // An ascending table for the nearest-value search.

@@ -37,22 +37,21 @@ std::vector<T> taps(int64_t n) {
 template <class S, class Tap, class Init, class Make>
 void add_iir_kinds(const std::string& suffix, const char* type, Init init, Init init_bq,
                    VekStatus (*release)(S*), Make make) {
-    auto rel = [release](void* p) { return release(static_cast<S*>(p)); };
     const std::string bq = std::regex_replace(suffix, std::regex("_"), "_BiQuad_");
-    conf::add_kind({"IIR" + suffix, type,
-                    [init, make](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("order", 3);
-                        return make(init, reinterpret_cast<S**>(p), taps<Tap>(2 * n + 2).data(),
-                                    static_cast<int>(n));
-                    },
-                    rel, nullptr});
-    conf::add_kind({"IIR" + bq, type,
-                    [init_bq, make](const conf::Call& c, void** p) {
-                        const int64_t n = c.n("numBq", 2);
-                        return make(init_bq, reinterpret_cast<S**>(p), taps<Tap>(6 * n).data(),
-                                    static_cast<int>(n));
-                    },
-                    rel, nullptr});
+    conf::add_object_kind(
+        "IIR" + suffix, type,
+        [init, make](S** p, const conf::Call& c) {
+            const int64_t n = c.n("order", 3);
+            return make(init, p, taps<Tap>(2 * n + 2).data(), static_cast<int>(n));
+        },
+        release);
+    conf::add_object_kind(
+        "IIR" + bq, type,
+        [init_bq, make](S** p, const conf::Call& c) {
+            const int64_t n = c.n("numBq", 2);
+            return make(init_bq, p, taps<Tap>(6 * n).data(), static_cast<int>(n));
+        },
+        release);
 }
 
 template <class S, class Tap, class Line>

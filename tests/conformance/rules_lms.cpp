@@ -12,26 +12,26 @@ template <class S, class Line>
 void add_lms_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, const Vek32f*, int, const Line*, int),
                   VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        return init(reinterpret_cast<S**>(p), nullptr,
-                                    static_cast<int>(c.n("tapsLen", 5)), nullptr, 0);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            return init(p, nullptr, static_cast<int>(c.n("tapsLen", 5)), nullptr, 0);
+        },
+        release);
 }
 
 template <class S, class Tap, class Smp>
 void add_mr_kind(const char* name, const char* type,
                  VekStatus (*init)(S**, const Tap*, int, const Smp*, int, int, int, int),
                  VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        return init(reinterpret_cast<S**>(p), nullptr,
-                                    static_cast<int>(c.n("tapsLen", 5)), nullptr, 0,
-                                    static_cast<int>(c.n("dlyStep", 2)),
-                                    static_cast<int>(c.n("updateDly", 1)), 100);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            return init(p, nullptr, static_cast<int>(c.n("tapsLen", 5)), nullptr, 0,
+                        static_cast<int>(c.n("dlyStep", 2)), static_cast<int>(c.n("updateDly", 1)),
+                        100);
+        },
+        release);
 }
 
 int64_t mr_dly_len(const conf::Call& k) {

@@ -31,16 +31,16 @@ template <class S>
 void add_wt_kind(const char* name, const char* type,
                  VekStatus (*init)(S**, const Vek32f*, int, int, const Vek32f*, int, int),
                  VekStatus (*release)(S*)) {
-    conf::add_kind({name, type,
-                    [init](const conf::Call& c, void** p) {
-                        const Bank& b = bank(c);
-                        std::vector<Vek32f> lo(size_t(b.lenLow)), hi(size_t(b.lenHigh));
-                        for (size_t i = 0; i < lo.size(); ++i) lo[i] = 1.0f / float(i + 2);
-                        for (size_t i = 0; i < hi.size(); ++i) hi[i] = i % 2 ? -0.5f : 0.5f;
-                        return init(reinterpret_cast<S**>(p), lo.data(), b.lenLow, b.offsLow,
-                                    hi.data(), b.lenHigh, b.offsHigh);
-                    },
-                    [release](void* p) { return release(static_cast<S*>(p)); }, nullptr});
+    conf::add_object_kind(
+        name, type,
+        [init](S** p, const conf::Call& c) {
+            const Bank& b = bank(c);
+            std::vector<Vek32f> lo(size_t(b.lenLow)), hi(size_t(b.lenHigh));
+            for (size_t i = 0; i < lo.size(); ++i) lo[i] = 1.0f / float(i + 2);
+            for (size_t i = 0; i < hi.size(); ++i) hi[i] = i % 2 ? -0.5f : 0.5f;
+            return init(p, lo.data(), b.lenLow, b.offsLow, hi.data(), b.lenHigh, b.offsHigh);
+        },
+        release);
 }
 
 const conf::Rules wavelet([] {
