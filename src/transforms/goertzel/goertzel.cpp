@@ -32,7 +32,7 @@ VekStatus run(const C* pSrc, int len, const R* freq, size_t nf, cd* out) {
     VEK_CHECK(length_at_least(len));
     for (size_t f = 0; f < nf; ++f)
         VEK_CHECK(require(in_range(static_cast<double>(freq[f])), vekStsRelFreqErr));
-    double fr[2];
+    double fr[2] = {}; // (nf is 1 or 2)
     for (size_t f = 0; f < nf; ++f) fr[f] = static_cast<double>(freq[f]);
     const auto& k = kern::goertzel_kernels();
     const size_t n = static_cast<size_t>(len);
