@@ -480,4 +480,20 @@ std::vector<std::string> check_export(const Contract& c, int* cases);
 // Values the fuzzer draws for data and parameters.
 double extreme_value(Source& s, Comp comp);
 
+// A transform object kind: init(&s, size, flag, hint), the size from the knob `size_knob`
+// (default dflt), the flag from the knob "flag" as an index into 1, 2, 4, 8, the hint from "hint".
+template <class S>
+void add_transform_kind(const char* name, const char* type, const char* size_knob, int64_t dflt,
+                        VekStatus (*init)(S**, int, int, VekHintAlgorithm),
+                        VekStatus (*release)(S*), VekStatus (*size)(const S*, int*)) {
+    add_object_kind(
+        name, type,
+        [=](S** p, const Call& c) {
+            static const int flags[] = {1, 2, 4, 8};
+            return init(p, static_cast<int>(c.n(size_knob, dflt)), flags[c.n("flag", 1) & 3],
+                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
+        },
+        release, size);
+}
+
 } // namespace conf

@@ -7,22 +7,11 @@
 
 namespace {
 
-int dft_flag(const conf::Call& c) {
-    static const int flags[] = {1, 2, 4, 8};
-    return flags[c.n("flag", 1) & 3];
-}
-
 template <class S>
 void add_dft_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, int, int, VekHintAlgorithm), VekStatus (*release)(S*),
                   VekStatus (*size)(const S*, int*)) {
-    conf::add_object_kind(
-        name, type,
-        [init](S** p, const conf::Call& c) {
-            return init(p, static_cast<int>(c.n("dftLen", 6)), dft_flag(c),
-                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
-        },
-        release, size);
+    conf::add_transform_kind(name, type, "dftLen", 6, init, release, size);
 }
 
 int64_t points(const conf::Call& c) { return c.n("dftLen"); }

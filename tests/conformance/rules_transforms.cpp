@@ -8,22 +8,11 @@
 
 namespace {
 
-int fft_flag(const conf::Call& c) {
-    static const int flags[] = {1, 2, 4, 8};
-    return flags[c.n("flag", 1) & 3];
-}
-
 template <class S>
 void add_fft_kind(const char* name, const char* type,
                   VekStatus (*init)(S**, int, int, VekHintAlgorithm), VekStatus (*release)(S*),
                   VekStatus (*size)(const S*, int*)) {
-    conf::add_object_kind(
-        name, type,
-        [init](S** p, const conf::Call& c) {
-            return init(p, static_cast<int>(c.n("order", 3)), fft_flag(c),
-                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
-        },
-        release, size);
+    conf::add_transform_kind(name, type, "order", 3, init, release, size);
 }
 
 // Points of the object's transform, and the length of a packed real spectrum of N points.
