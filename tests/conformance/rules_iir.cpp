@@ -130,6 +130,15 @@ bool zero_at(const conf::Call& k, const std::string& p, int64_t i) {
     return is_zero(q) && (!t.complex || is_zero(q + part));
 }
 
+// Sets element i of pTaps to zero.
+void zero_element(conf::Call& k, int64_t i) {
+    const size_t size = k.e.types[static_cast<size_t>(k.e.index("pTaps"))].size;
+    if (k.ptr("pTaps") != nullptr && i >= 0 &&
+        static_cast<size_t>(i + 1) * size <= k.bytes("pTaps"))
+        std::memset(static_cast<unsigned char*>(k.ptr("pTaps")) + static_cast<size_t>(i) * size, 0,
+                    size);
+}
+
 const conf::Rules iir([] {
     add_iir_kinds("_32f", "VeksIIRState_32f", veksIIRInitAlloc_32f, veksIIRInitAlloc_BiQuad_32f,
                   veksIIRFree_32f);
@@ -205,23 +214,25 @@ const conf::Rules iir([] {
                 c.order({c.nulls(), c.param(len)});
                 return;
             }
-            auto zero_taps = [bq](conf::Call& k) {
-                const conf::TypeInfo& t = k.e.types[static_cast<size_t>(k.e.index("pTaps"))];
-                const int64_t count = bq ? 6 * k.i("numBq") : 2 * (k.i("order") + 1);
-                if (k.ptr("pTaps") != nullptr && count > 0)
-                    std::memset(k.ptr("pTaps"), 0, static_cast<size_t>(count) * t.size);
-            };
+            // One coefficient zero, the others as in a valid call.
+            std::vector<conf::Fault> zeros{
+                {"a0 zero", [](conf::Call& k) { zero_element(k, k.i("order") + 1); }}};
+            if (bq)
+                zeros = {{"the last section's b0 zero",
+                          [](conf::Call& k) { zero_element(k, 6 * k.i("numBq") - 6); }},
+                         {"the last section's a0 zero",
+                          [](conf::Call& k) { zero_element(k, 6 * k.i("numBq") - 3); }}};
             c.order({c.nulls(), c.param(len),
-                     c.custom(bq ? "a section's a0 or b0 zero" : "a0 zero", vekStsDivideByZeroErr,
-                              [bq](const conf::Call& k) {
-                                  if (!bq) return zero_at(k, "pTaps", k.i("order") + 1);
-                                  for (int64_t s = 0; s < k.i("numBq"); ++s)
-                                      if (zero_at(k, "pTaps", 6 * s) ||
-                                          zero_at(k, "pTaps", 6 * s + 3))
-                                          return true;
-                                  return false;
-                              },
-                              {{"zero taps", zero_taps}})});
+                     c.custom(
+                         bq ? "a section's a0 or b0 zero" : "a0 zero", vekStsDivideByZeroErr,
+                         [bq](const conf::Call& k) {
+                             if (!bq) return zero_at(k, "pTaps", k.i("order") + 1);
+                             for (int64_t s = 0; s < k.i("numBq"); ++s)
+                                 if (zero_at(k, "pTaps", 6 * s) || zero_at(k, "pTaps", 6 * s + 3))
+                                     return true;
+                             return false;
+                         },
+                         zeros)});
         });
 
     conf::family("IIR filtering",
