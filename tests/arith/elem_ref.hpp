@@ -8,15 +8,18 @@
 
 namespace er {
 
-// The reference decides the float rounding unless it lies within 2^-58 (relative) of a float
-// rounding boundary; then either neighbour is accepted. Needs a 64-bit long double significand.
-inline bool float_rounds_like(float got, long double ref) {
-    const float want = static_cast<float>(ref);
+// The reference decides the rounding to T unless it lies within 2^-58 (float) or 2^-60 (double),
+// relative, of a rounding boundary; then either neighbour is accepted. Needs a 64-bit long double
+// significand.
+template <class T>
+bool rounds_like(T got, long double ref) {
+    const T want = static_cast<T>(ref);
     if (std::isnan(ref)) return std::isnan(got);
     if (got == want && std::signbit(got) == std::signbit(want)) return true;
-    if (!(std::fabs(ref) <= FLT_MAX * 2.0L) || std::isinf(got)) return false;
+    if (!(std::fabs(ref) <= std::numeric_limits<T>::max() * 2.0L) || std::isinf(got)) return false;
     const long double mid = (static_cast<long double>(got) + want) / 2;
-    return std::nextafter(got, want) == want && std::fabs(ref - mid) <= std::fabs(ref) * 0x1p-58L;
+    return std::nextafter(got, want) == want &&
+           std::fabs(ref - mid) <= std::fabs(ref) * (sizeof(T) == 4 ? 0x1p-58L : 0x1p-60L);
 }
 
 // Distance of a double result from the reference in units of the double's last place.
