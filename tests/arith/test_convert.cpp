@@ -3,6 +3,7 @@
 // caller's floating-point mode (which must not matter and must come back).
 #include "testutil.hpp"
 
+#include <algorithm>
 #include <cfenv>
 #include <climits>
 #include <cmath>
@@ -109,64 +110,47 @@ TEST(ConvertToInteger, MatchesReferenceOnEveryLevelAndMode) {
     check_to_int<double, int32_t>(veksConvert_64f32s_Sfs, 6);
 }
 
-TEST(ConvertWidening, ExactOnEveryLevel) {
+// Conversions without a scale factor: exact widenings, roundings to nearest (int to float, double
+// to float) and the saturating narrowing, under every caller mode.
+TEST(ConvertPlain, EveryLevelAndCallerMode) {
     vt::Rng rng(7);
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) {
-            auto check = [&](auto* fn, auto stag, auto tag) {
-                using S = decltype(stag);
+            auto check = [&](auto* fn, const auto& src, auto tag) {
+                using S = typename std::decay_t<decltype(src)>::value_type;
                 using D = decltype(tag);
-                const auto src =
-                    std::is_same_v<S, float> ? awkward_floats<S>(rng, n) : rng.vec<S>(n);
+                std::vector<D> want(static_cast<size_t>(n)); // the test runs in nearest mode here
+                for (int i = 0; i < n; ++i) {
+                    if constexpr (sizeof(D) == 2 && sizeof(S) == 4)
+                        want[i] = static_cast<D>(std::clamp<S>(src[i], -32768, 32767));
+                    else
+                        want[i] = static_cast<D>(src[i]);
+                }
                 vt::Buf<S> ps(src, sizeof(S));
-                std::vector<D> want(static_cast<size_t>(n));
-                for (int i = 0; i < n; ++i) want[i] = static_cast<D>(src[i]);
-                ASSERT_TRUE(vt::writes(
-                    want, [&](D* d) { return fn(ps.data(), d, n); }, {}, 3 * sizeof(D)))
-                    << "n " << n;
+                under_every_mode([&] {
+                    ASSERT_TRUE(vt::writes(
+                        want, [&](D* d) { return fn(ps.data(), d, n); }, {}, 3 * sizeof(D)))
+                        << "n " << n;
+                });
             };
-            check(veksConvert_8s16s, int8_t{}, int16_t{});
-            check(veksConvert_8s32f, int8_t{}, float{});
-            check(veksConvert_8u32f, uint8_t{}, float{});
-            check(veksConvert_16s32s, int16_t{}, int32_t{});
-            check(veksConvert_16s32f, int16_t{}, float{});
-            check(veksConvert_16u32f, uint16_t{}, float{});
-            check(veksConvert_32s64f, int32_t{}, double{});
-            check(veksConvert_32f64f, float{}, double{});
-        }
-    });
-}
-
-TEST(ConvertRounded, NearestUnderEveryCallerMode) {
-    vt::Rng rng(8);
-    vt::for_each_level([&](auto) {
-        for (int n : vt::test_lengths()) {
+            const auto f32 = awkward_floats<float>(rng, n);
             auto s32 = rng.vec<int32_t>(n);
             for (auto& v : s32)
                 if (rng.next() % 2) v = static_cast<int32_t>(rng.range(16777216, INT32_MAX)) | 1;
             std::vector<double> f64(static_cast<size_t>(n));
             for (auto& x : f64) x = rng.uniform(-1e6, 1e6) + 0x1p-40;
             f64[0] = 1e300; // overflows to infinity when rounding to nearest
-            std::vector<float> want32(n), want64(n);
-            std::vector<int16_t> want16(n);
-            for (int i = 0; i < n; ++i) {
-                want32[i] = static_cast<float>(s32[i]); // test runs in nearest mode here
-                want64[i] = static_cast<float>(f64[i]);
-                want16[i] = static_cast<int16_t>(s32[i] > 32767    ? 32767
-                                                 : s32[i] < -32768 ? -32768
-                                                                   : s32[i]);
-            }
-            vt::Buf<int32_t> ps(s32, 4);
-            vt::Buf<double> pf(f64, 8);
-            under_every_mode([&] {
-                ASSERT_TRUE(vt::writes(
-                    want32, [&](float* d) { return veksConvert_32s32f(ps.data(), d, n); }));
-                ASSERT_TRUE(vt::writes(
-                    want64, [&](float* d) { return veksConvert_64f32f(pf.data(), d, n); }, {}, 12));
-                ASSERT_TRUE(vt::writes(
-                    want16, [&](int16_t* d) { return veksConvert_32s16s(ps.data(), d, n); }, {},
-                    2));
-            });
+            check(veksConvert_8s16s, rng.vec<int8_t>(n), int16_t{});
+            check(veksConvert_8s32f, rng.vec<int8_t>(n), float{});
+            check(veksConvert_8u32f, rng.vec<uint8_t>(n), float{});
+            check(veksConvert_16s32s, rng.vec<int16_t>(n), int32_t{});
+            check(veksConvert_16s32f, rng.vec<int16_t>(n), float{});
+            check(veksConvert_16u32f, rng.vec<uint16_t>(n), float{});
+            check(veksConvert_32s64f, s32, double{});
+            check(veksConvert_32f64f, f32, double{});
+            check(veksConvert_32s32f, s32, float{});
+            check(veksConvert_64f32f, f64, float{});
+            check(veksConvert_32s16s, s32, int16_t{});
         }
     });
 }
