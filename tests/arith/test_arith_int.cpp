@@ -211,8 +211,11 @@ P ref_div(long double num, long double den, int sf) {
         static_cast<long double>(static_cast<double>(num) / static_cast<double>(den)), sf);
 }
 
-template <class T, class F>
-void check_div(uint64_t seed, F run, bool cst = false) {
+// Runs call(a, b, d, n, sf) and call_i(a, sd, n, sf) against ref(a[i], b[i], sf, zero), which
+// also tells whether a zero divisor (and so the warning) occurred. For a constant member (`cst`)
+// a[] repeats one nonzero value.
+template <class T, class Call, class CallI, class Ref>
+void check_div(uint64_t seed, Call call, CallI call_i, Ref ref, bool cst = false) {
     vt::Rng rng(seed);
     vt::for_each_level([&](auto) {
         int k = 0;
@@ -226,78 +229,55 @@ void check_div(uint64_t seed, F run, bool cst = false) {
             }
             bool zero = false;
             std::vector<T> want(a.size());
-            for (int i = 0; i < n; ++i) want[i] = run.ref(a[i], b[i], sf, zero);
+            for (int i = 0; i < n; ++i) want[i] = ref(a[i], b[i], sf, zero);
             vt::Buf<T> pa(a, off<T>(1)), pb(b, off<T>(3));
             const VekStatus st = zero ? vekStsDivZeroWrn : vekStsOk;
             ASSERT_TRUE(vt::writes(
-                want, [&](T* d) { return run.call(pa.data(), pb.data(), d, n, sf); }, {}, off<T>(5),
+                want, [&](T* d) { return call(pa.data(), pb.data(), d, n, sf); }, {}, off<T>(5),
                 st))
                 << "n " << n << " sf " << sf;
             ASSERT_TRUE(vt::writes(
-                want, [&](T* d) { return run.call_i(pa.data(), d, n, sf); }, b, off<T>(2), st));
+                want, [&](T* d) { return call_i(pa.data(), d, n, sf); }, b, off<T>(2), st));
         }
     });
 }
 
+// y / x, and the complex quotient (the conjugate product over |x|^2, each part by the rule).
 template <class T>
-struct RealDiv {
-    VekStatus (*call)(const T*, const T*, T*, int, int);
-    VekStatus (*call_i)(const T*, T*, int, int);
-    T ref(T x, T y, int sf, bool& zero) const {
-        zero |= x == 0;
-        return ref_div<T>(y, x, sf);
-    }
-};
-struct ComplexDiv {
-    VekStatus (*call)(const Vek16sc*, const Vek16sc*, Vek16sc*, int, int);
-    VekStatus (*call_i)(const Vek16sc*, Vek16sc*, int, int);
-    Vek16sc ref(Vek16sc x, Vek16sc y, int sf, bool& zero) const {
-        const long double den = re(x) * re(x) + im(x) * im(x);
-        zero |= den == 0;
-        if (den == 0) return {ref_div<Vek16s>(re(y), 0, sf), ref_div<Vek16s>(im(y), 0, sf)};
-        return {ref_div<Vek16s>(re(y) * re(x) + im(y) * im(x), den, sf),
-                ref_div<Vek16s>(im(y) * re(x) - re(y) * im(x), den, sf)};
-    }
-};
+T real_div(T x, T y, int sf, bool& zero) {
+    zero |= x == 0;
+    return ref_div<T>(y, x, sf);
+}
+Vek16sc cplx_div(Vek16sc x, Vek16sc y, int sf, bool& zero) {
+    const long double den = re(x) * re(x) + im(x) * im(x);
+    zero |= den == 0;
+    if (den == 0) return {ref_div<Vek16s>(re(y), 0, sf), ref_div<Vek16s>(im(y), 0, sf)};
+    return {ref_div<Vek16s>(re(y) * re(x) + im(y) * im(x), den, sf),
+            ref_div<Vek16s>(im(y) * re(x) - re(y) * im(x), den, sf)};
+}
 
-// A constant divisor: a[] is that one (nonzero) value, the vector is b[].
-template <class T, class Ref>
-struct ConstDiv {
-    VekStatus (*fc)(const T*, T, T*, int, int);
-    VekStatus (*fc_i)(T, T*, int, int);
-    Ref r;
-    VekStatus call(const T* a, const T* b, T* d, int n, int sf) const {
-        return fc(b, *a, d, n, sf);
-    }
-    VekStatus call_i(const T* a, T* sd, int n, int sf) const { return fc_i(*a, sd, n, sf); }
-    T ref(T x, T y, int sf, bool& zero) const { return r.ref(x, y, sf, zero); }
-};
-
-// DivCRev: the constant over each element, without a scale factor.
-struct RevDiv16u {
-    VekStatus call(const Vek16u* c, const Vek16u* b, Vek16u* d, int n, int) const {
-        return veksDivCRev_16u(b, *c, d, n);
-    }
-    VekStatus call_i(const Vek16u* c, Vek16u* sd, int n, int) const {
-        return veksDivCRev_16u_I(*c, sd, n);
-    }
-    Vek16u ref(Vek16u c, Vek16u y, int, bool& zero) const {
-        zero |= y == 0;
-        return ref_div<Vek16u>(c, y, 0);
-    }
-};
+// Two vectors: f(a, b, d) and f(a, sd). A constant divisor *a: f(b, *a, d) and f(*a, sd).
+#define VEK_DIV(Ty) veksDiv_##Ty##_Sfs, veksDiv_##Ty##_ISfs
+#define VEK_DIVC(F, FI, ...)                                                                       \
+    [](auto a, auto b, auto d, int n, [[maybe_unused]] int sf) {                                   \
+        return F(b, *a, d, n __VA_OPT__(, ) __VA_ARGS__);                                          \
+    },                                                                                             \
+        [](auto a, auto sd, int n, [[maybe_unused]] int sf) {                                      \
+            return FI(*a, sd, n __VA_OPT__(, ) __VA_ARGS__);                                       \
+        }
 
 TEST(ArithDiv, VectorsAndConstants) {
-    check_div<Vek8u>(21, RealDiv<Vek8u>{veksDiv_8u_Sfs, veksDiv_8u_ISfs});
-    check_div<Vek16s>(22, RealDiv<Vek16s>{veksDiv_16s_Sfs, veksDiv_16s_ISfs});
-    check_div<Vek16sc>(23, ComplexDiv{veksDiv_16sc_Sfs, veksDiv_16sc_ISfs});
-    check_div<Vek8u>(24, ConstDiv<Vek8u, RealDiv<Vek8u>>{veksDivC_8u_Sfs, veksDivC_8u_ISfs, {}},
-                     true);
-    check_div<Vek16s>(
-        25, ConstDiv<Vek16s, RealDiv<Vek16s>>{veksDivC_16s_Sfs, veksDivC_16s_ISfs, {}}, true);
-    check_div<Vek16sc>(26, ConstDiv<Vek16sc, ComplexDiv>{veksDivC_16sc_Sfs, veksDivC_16sc_ISfs, {}},
-                       true);
-    check_div<Vek16u>(27, RevDiv16u{}, true);
+    check_div<Vek8u>(21, VEK_DIV(8u), real_div<Vek8u>);
+    check_div<Vek16s>(22, VEK_DIV(16s), real_div<Vek16s>);
+    check_div<Vek16sc>(23, VEK_DIV(16sc), cplx_div);
+    check_div<Vek8u>(24, VEK_DIVC(veksDivC_8u_Sfs, veksDivC_8u_ISfs, sf), real_div<Vek8u>, true);
+    check_div<Vek16s>(25, VEK_DIVC(veksDivC_16s_Sfs, veksDivC_16s_ISfs, sf), real_div<Vek16s>,
+                      true);
+    check_div<Vek16sc>(26, VEK_DIVC(veksDivC_16sc_Sfs, veksDivC_16sc_ISfs, sf), cplx_div, true);
+    // DivCRev: the constant over each element, without a scale factor.
+    check_div<Vek16u>(
+        27, VEK_DIVC(veksDivCRev_16u, veksDivCRev_16u_I),
+        [](Vek16u c, Vek16u y, int, bool& zero) { return real_div<Vek16u>(y, c, 0, zero); }, true);
 }
 
 // A zero constant takes a shortcut: DivCRev_16u zero-fills without reading the source (the sweep
