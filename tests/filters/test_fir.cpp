@@ -1,6 +1,8 @@
-// Single-rate FIR filters with floating-point taps: every member against a long-double
+// Single-rate FIR filters: every member with floating-point taps against a long-double
 // convolution with the delay line as history, block against sample-by-sample and direct forms,
-// every kernel level and the delay-line conventions.
+// every kernel level and the delay-line conventions; integer taps exactly against an integer
+// reference (taps normalisation, wrapping 32-bit sums, output shift with rounding half to even,
+// saturation) in every form and level, and the float-taps conversion.
 #include "filters/fir/fir_state.hpp"
 #include "fir_members.hpp"
 #include "test_fir_util.hpp"
@@ -40,41 +42,69 @@ TEST(FirFloatTaps, StreamMatchesReference) {
 }
 
 // Block, in-place block, one sample at a time, direct forms and every kernel level give the
-// same bits wherever they use the direct kernel: all of them sum the same products in the same
-// order.
+// same bits wherever they use the direct kernel: with floating-point taps the scalar level's
+// sample-by-sample outputs (all sum the same products in the same order; the test above holds
+// them to the reference), with integer taps the exact integer reference. Integer taps of several
+// magnitudes (those above 32766 normalised down, one INT32_MIN); the state carried across calls.
+template <class M>
+void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::vector<int>& lens) {
+    using Tap = typename M::Tap;
+    using Dat = typename M::Dat;
+    constexpr bool int_taps = std::is_same_v<Tap, Vek32s> || std::is_same_v<Tap, Vek32sc>;
+    const double amp = int_taps ? 32767 : M::amp, amps[] = {32767, 1 << 20, 100, 3000};
+    SCOPED_TRACE(M::name);
+    vt::Rng rng(seed);
+    for (int T : taps_lens) {
+        std::vector<Tap> h(static_cast<size_t>(T));
+        for (auto& t : h) t = ft::rnd<Tap>(rng, int_taps ? amps[rng.next() % 4] : 1.0);
+        if (int_taps && T == 3) h[0] = vt::from_c<Tap>(INT32_MIN);
+        const int factor = static_cast<int>(rng.range(-4, 4));
+        const auto line = ft::rvec<Dat>(rng, T, amp);
+        typename M::St* st = nullptr;
+        if constexpr (int_taps)
+            ASSERT_EQ(M::init(&st, h.data(), T, factor, line.data()), vekStsOk);
+        else
+            ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+        for (int n : lens) {
+            SCOPED_TRACE("tapsLen " + std::to_string(T) + " numIters " + std::to_string(n));
+            const int sf = int_taps ? int(rng.range(-2, 24)) : M::sfs ? int(rng.range(-1, 2)) : 0;
+            const auto x = ft::rvec<Dat>(rng, n, amp);
+            std::vector<Dat> hist(static_cast<size_t>(T)), want;
+            ASSERT_EQ(M::get_dly(st, hist.data()), vekStsOk);
+            if constexpr (int_taps)
+                want = ft::int_reference(ft::Shape{1, 0, 1, 0, T}, h, factor, sf, hist, x, n);
+            // From 32 floating-point taps the in-place block always, and the block above the
+            // transform length, take the overlap-save path, whose results test_fir_fft.cpp checks.
+            const bool fft_in_place = !int_taps && T >= 32;
+            const bool fft_block = fft_in_place && n > veks::fir::fft_len_for(T);
+            vt::for_each_level([&](auto) {
+                const auto f = [&] {
+                    if constexpr (int_taps)
+                        return ft::every_form<M>(st, h, hist, x, sf, factor);
+                    else
+                        return ft::every_form<M>(st, h, hist, x, sf);
+                }();
+                if (want.empty()) want = f[0]; // the scalar level comes first
+                for (size_t k = 0; k < f.size(); ++k)
+                    ASSERT_TRUE((k == 1 && fft_block) || (k == 2 && fft_in_place) ||
+                                vt::bits_equal(f[k], want))
+                        << "form " << k;
+            });
+        }
+        ASSERT_EQ(M::fre(st), vekStsOk);
+    }
+}
+
 TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
     ft::for_each_float_taps_member([](auto m) {
-        using Tap = typename decltype(m)::Tap;
-        using Dat = typename decltype(m)::Dat;
-        using St = typename decltype(m)::St;
-        SCOPED_TRACE(m.name);
-        vt::Rng rng(11);
-        for (int T : {1, 2, 3, 4, 5, 7, 8, 9, 16, 31, 32, 33, 40, 64}) {
-            const auto h = ft::rvec<Tap>(rng, T, 1.0);
-            const auto line = ft::rvec<Dat>(rng, T, m.amp);
-            for (int n : {1, 3, 4, 5, 8, 17, 31, 32, 33, 70, 200}) {
-                SCOPED_TRACE("tapsLen " + std::to_string(T) + " numIters " + std::to_string(n));
-                const auto x = ft::rvec<Dat>(rng, n, m.amp);
-                const int sf = m.sfs ? static_cast<int>(rng.range(-1, 2)) : 0;
-                // From 32 taps the in-place block always, and the block above the transform
-                // length, take the overlap-save path, whose results test_fir_fft.cpp checks.
-                const bool fft_in_place = T >= 32;
-                const bool fft_block = fft_in_place && n > veks::fir::fft_len_for(T);
-                std::vector<Dat> ref;
-                vt::for_each_level([&](veks::isa::Level level) {
-                    St* st = nullptr;
-                    ASSERT_EQ(m.init(&st, h.data(), T, line.data()), vekStsOk);
-                    const auto f = ft::every_form<decltype(m)>(st, h, line, x, sf);
-                    ASSERT_EQ(m.fre(st), vekStsOk);
-                    if (level == veks::isa::scalar) ref = f[0];
-                    ASSERT_TRUE(vt::bits_equal(f[0], ref)) << "level differs from scalar";
-                    ASSERT_TRUE(fft_block || vt::bits_equal(f[1], ref)) << "block";
-                    ASSERT_TRUE(fft_in_place || vt::bits_equal(f[2], ref)) << "in place";
-                    for (int k = 3; k < 6; ++k)
-                        ASSERT_TRUE(vt::bits_equal(f[size_t(k)], ref)) << "direct form " << k;
-                });
-            }
-        }
+        forms_agree<decltype(m)>(11, {1, 2, 3, 4, 5, 7, 8, 9, 16, 31, 32, 33, 40, 64},
+                                 {1, 3, 4, 5, 8, 17, 31, 32, 33, 70, 200});
+    });
+}
+TEST(FirIntTaps, MatchesIntegerReferenceInEveryForm) {
+    ft::for_each<ft::Fir32s_16s, ft::Fir32sc_16sc>([](auto m) {
+        forms_agree<decltype(m)>(20, upto(40, {64, 100, 300}),
+                                 {1, 2, 3, 4, 5, 7, 8, 9, 16, 17, 31, 33, 64, 70});
     });
 }
 
@@ -153,6 +183,108 @@ TEST(FirFloatTaps, IntegerOutputRule) {
     EXPECT_TRUE(vt::starts_with(
         y32, {-1, 2147483647, -1})); // (2147483647 - 2147483648 from the history) / 2 = -0.5
     ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
+}
+
+TEST(FirIntTaps, Normalisation) {
+    struct Case {
+        std::vector<int32_t> taps;
+        int factor;
+        std::vector<int32_t> want;
+        int want_factor;
+    };
+    for (const Case& c :
+         {Case{{32767, 5}, 0, {16383, 2}, 1}, Case{{32766, -32766}, 3, {32766, -32766}, 3},
+          Case{{-32767, 7}, -2, {-16384, 3}, -1}, Case{{INT32_MIN, 1 << 20}, 0, {-16384, 8}, 17},
+          Case{{0, 0, 0}, 5, {0, 0, 0}, 5},
+          Case{{100000, -3}, INT32_MAX, {25000, -1}, INT32_MAX}}) {
+        VeksFIRState32s_16s* s = nullptr;
+        const int T = int(c.taps.size());
+        ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, c.taps.data(), T, c.factor, nullptr), vekStsOk);
+        std::vector<int32_t> got(static_cast<size_t>(T));
+        int f = 0;
+        ASSERT_EQ(veksFIRGetTaps32s_16s(s, got.data(), &f), vekStsOk);
+        EXPECT_EQ(got, c.want);
+        EXPECT_EQ(f, c.want_factor);
+        ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    }
+    // Complex: the largest real or imaginary part decides.
+    VeksFIRState32sc_16sc* s = nullptr;
+    const Vek32sc h[2] = {{1000, -70000}, {3, 4}};
+    ASSERT_EQ(veksFIRInitAlloc32sc_16sc(&s, h, 2, 0, nullptr), vekStsOk);
+    Vek32sc got[2];
+    int f = 0;
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc(s, got, &f), vekStsOk);
+    EXPECT_TRUE(f == 2 && got[0].re == 250 && got[0].im == -17500 && got[1].re == 0 &&
+                got[1].im == 1);
+    ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
+}
+
+TEST(FirIntTaps, FloatTapsConversion) {
+    struct Case {
+        std::vector<float> taps;
+        std::vector<int32_t> want;
+        int want_factor;
+    };
+    for (const Case& c :
+         {Case{{0.5f, -0.25f}, {16384, -8192}, -15}, Case{{1.0f, 0.3f}, {16384, 4915}, -14},
+          Case{{1.0f, -3.0f / 32768.0f}, {16384, -2}, -14}, Case{{32767.0f, 1.0f}, {16383, 0}, 1},
+          Case{{100000.0f, 3.0f}, {25000, 1}, 2}, Case{{0.0f, 0.0f}, {0, 0}, 0}}) {
+        VeksFIRState32s_16s* s = nullptr;
+        const int T = int(c.taps.size());
+        ASSERT_EQ(veksFIRInitAlloc32s_16s32f(&s, c.taps.data(), T, nullptr), vekStsOk);
+        std::vector<int32_t> got(static_cast<size_t>(T));
+        int f = 99;
+        ASSERT_EQ(veksFIRGetTaps32s_16s(s, got.data(), &f), vekStsOk);
+        EXPECT_EQ(got, c.want) << c.taps[0];
+        EXPECT_EQ(f, c.want_factor) << c.taps[0];
+        std::vector<float> back(static_cast<size_t>(T));
+        ASSERT_EQ(veksFIRGetTaps32s_16s32f(s, back.data()), vekStsOk);
+        for (int i = 0; i < T; ++i)
+            EXPECT_EQ(back[size_t(i)], std::ldexp(float(c.want[size_t(i)]), c.want_factor));
+        ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    }
+    VeksFIRState32sc_16sc* s = nullptr;
+    const Vek32fc h[2] = {{0.25f, -1.0f}, {0.0f, 0.5f}};
+    ASSERT_EQ(veksFIRInitAlloc32sc_16sc32fc(&s, h, 2, nullptr), vekStsOk);
+    Vek32sc got[2];
+    int f = 0;
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc(s, got, &f), vekStsOk);
+    EXPECT_TRUE(f == -14 && got[0].re == 4096 && got[0].im == -16384 && got[1].im == 8192);
+    Vek32fc back[2];
+    ASSERT_EQ(veksFIRGetTaps32sc_16sc32fc(s, back), vekStsOk);
+    EXPECT_TRUE(back[0].re == 0.25f && back[0].im == -1.0f && back[1].im == 0.5f);
+    ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
+}
+
+TEST(FirIntTaps, OutputRule) {
+    VeksFIRState32s_16s* s = nullptr;
+    const int32_t one = 1;
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, &one, 1, 0, nullptr), vekStsOk);
+    struct Case {
+        Vek16s x;
+        int sf;
+        Vek16s want;
+    };
+    for (const Case& c :
+         {Case{3, 1, 2}, Case{5, 1, 2}, Case{-3, 1, -2}, Case{-5, 1, -2}, Case{7, 2, 2},
+          Case{6, 2, 2}, Case{10, 2, 2}, Case{-6, 2, -2}, Case{20000, -1, 32767},
+          Case{-20000, -1, -32768}, Case{1, -40, -32768}, // 1 << 31 wraps to the minimum
+          Case{32767, 40, 0}, Case{-32768, 15, -1}, Case{-32768, 16, 0}}) {
+        Vek16s y = 0;
+        ASSERT_EQ(veksFIROne32s_16s_Sfs(c.x, &y, s, c.sf), vekStsOk);
+        EXPECT_EQ(y, c.want) << c.x << " sf " << c.sf;
+    }
+    ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+    // The sum wraps in 32 bits.
+    const int32_t h[3] = {32766, 32766, 32766};
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, h, 3, 0, nullptr), vekStsOk);
+    const Vek16s x[3] = {32767, 32767, 32767};
+    Vek16s y[3];
+    ASSERT_EQ(veksFIR32s_16s_Sfs(x, y, 3, s, 16), vekStsOk);
+    EXPECT_EQ(y[1], 32765); // 2 * 32766 * 32767 / 65536 = 32764.99...
+    EXPECT_EQ(y[2], ft::out_rule(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
+    EXPECT_LT(y[2], 0);
+    ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
 }
 
 } // namespace
