@@ -55,9 +55,6 @@ struct Case : F {
                                       : 4000.0;
     static constexpr long double rel = single ? 1e-5L : single_data ? 1e-7L : 1e-13L;
     static constexpr int sf = F::sfs ? 3 : 0;
-    static VekStatus blk(const Dat* s, Dat* d, int n, St* st) { return F::blk(s, d, n, st, sf); }
-    static VekStatus blk_i(Dat* sd, int n, St* st) { return F::blk_i(sd, n, st, sf); }
-    static VekStatus one(Dat x, Dat* d, St* st) { return F::one(x, d, st, sf); }
 };
 
 // The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
@@ -126,8 +123,8 @@ TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
     for (int n : {300, 257, 1000}) {
         auto x = ft::rvec<Dat>(rng, n, M::amp);
         std::vector<Dat> y(static_cast<size_t>(n));
-        ASSERT_EQ(M::blk(x.data(), y.data(), n, a), vekStsOk);
-        ASSERT_EQ(M::blk_i(x.data(), n, b), vekStsOk);
+        ASSERT_EQ(M::blk(x.data(), y.data(), n, a, M::sf), vekStsOk);
+        ASSERT_EQ(M::blk_i(x.data(), n, b, M::sf), vekStsOk);
         EXPECT_TRUE(vt::bits_equal(x, y)) << "numIters " << n;
     }
     ASSERT_EQ(M::fre(a), vekStsOk);
@@ -168,12 +165,12 @@ bool took_fft(int T, int n, Form form) {
     std::vector<Dat> y = x;
     typename M::St* st = nullptr;
     EXPECT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
-    EXPECT_EQ(form == Form::block      ? M::blk(x.data(), y.data(), n, st)
-              : form == Form::in_place ? M::blk_i(y.data(), n, st)
+    EXPECT_EQ(form == Form::block      ? M::blk(x.data(), y.data(), n, st, M::sf)
+              : form == Form::in_place ? M::blk_i(y.data(), n, st, M::sf)
                                        : vekStsOk,
               vekStsOk);
     for (int i = 0; form == Form::one && i < n; ++i)
-        EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st), vekStsOk);
+        EXPECT_EQ(M::one(x[size_t(i)], &y[size_t(i)], st, M::sf), vekStsOk);
     EXPECT_EQ(M::fre(st), vekStsOk);
     std::vector<cld> want;
     std::vector<long double> mag;
@@ -266,9 +263,9 @@ TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
             auto run = [&](typename M::St* st, std::vector<Dat>& out) {
                 if (in_place) {
                     out = x;
-                    return M::blk_i(out.data(), n, st);
+                    return M::blk_i(out.data(), n, st, M::sf);
                 }
-                return M::blk(x.data(), out.data(), n, st);
+                return M::blk(x.data(), out.data(), n, st, M::sf);
             };
             typename M::St* ref = nullptr;
             ASSERT_EQ(M::init(&ref, h.data(), T, line.data()), vekStsOk);
