@@ -275,7 +275,7 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
 }
 
 // Scaling a section's (or the whole filter's) taps by a power of two leaves every output bit
-// unchanged; by another factor, up to rounding. a0 = 0, and a BiQuad section's b0 = 0, are
+// unchanged (other factors: the reference test's taps). a0 = 0, and a BiQuad section's b0 = 0, are
 // refused with nothing created.
 TEST(IirFloatTaps, NormalisationAndRefusedTaps) {
     for_each_member([](auto m) {
@@ -298,27 +298,15 @@ TEST(IirFloatTaps, NormalisationAndRefusedTaps) {
             const int len = bq ? 3 : 5;
             const auto t = bq ? bq_taps(rng, len, cplx) : arb_taps(rng, len, cplx);
             const auto base = run(bq, len, t);
-            long double peak = m.amp;
-            for (const Dat& v : base) peak = std::max(peak, std::abs(to_c(v)));
-            const long double rel = std::is_same_v<typename M::TapIn, Vek64f> ||
-                                            std::is_same_v<typename M::TapIn, Vek64fc>
-                                        ? 1e-10L
-                                        : 1e-4L;
-            for (long double f : {4.0L, 0.125L, 3.0L}) {
+            for (long double f : {4.0L, 0.125L}) {
                 auto s = t;
                 for (size_t i = bq ? 6 : 0; i < (bq ? 12 : s.size()); ++i) s[i] *= f;
-                const auto y = run(bq, len, s);
-                if (f != 3.0L) {
-                    ASSERT_TRUE(vt::bits_equal(y, base)) << "factor " << (double)f;
-                } else {
-                    for (size_t i = 0; i < y.size(); ++i)
-                        ASSERT_TRUE(close(y[i], to_c(base[i]), rel * peak, 0));
-                }
+                ASSERT_TRUE(vt::bits_equal(run(bq, len, s), base)) << "factor " << (double)f;
             }
-            for (size_t zero : {size_t(bq ? 9 : len + 1), size_t(bq ? 6 : 1000)}) {
-                if (zero >= t.size()) continue; // an arbitrary-order b0 of 0 is allowed
+            // a0 (the second section's a0 or b0); an arbitrary-order b0 of 0 is allowed.
+            for (int zero : bq ? std::vector<int>{9, 6} : std::vector<int>{len + 1}) {
                 auto z = convert<typename M::TapIn>(t);
-                z[zero] = from_c<typename M::TapIn>(0.0L);
+                z[size_t(zero)] = from_c<typename M::TapIn>(0.0L);
                 auto* st = reinterpret_cast<typename M::St*>(&z); // marker, must stay as is
                 auto* const mark = st;
                 ASSERT_EQ((bq ? m.init_bq : m.init)(&st, z.data(), len, nullptr),
@@ -327,31 +315,6 @@ TEST(IirFloatTaps, NormalisationAndRefusedTaps) {
             }
         }
     });
-}
-
-// Stable filters stay bounded over a million samples (the pipelined cascade over long runs).
-TEST(IirFloatTaps, StableFiltersStayBounded) {
-    vt::Rng rng(33);
-    const auto t = convert<Vek32f>(bq_taps(rng, 8, false));
-    const auto a = convert<Vek64f>(arb_taps(rng, 12, false));
-    VeksIIRState_32f* s = nullptr;
-    VeksIIRState_64f* q = nullptr;
-    ASSERT_EQ(veksIIRInitAlloc_BiQuad_32f(&s, t.data(), 8, nullptr), vekStsOk);
-    ASSERT_EQ(veksIIRInitAlloc_64f(&q, a.data(), 12, nullptr), vekStsOk);
-    std::vector<Vek32f> x(1 << 16), y(x.size());
-    std::vector<Vek64f> xd(x.size());
-    double peak = 0;
-    for (int rep = 0; rep < 16; ++rep) {
-        for (auto& v : x) v = static_cast<float>(rng.uniform(-1, 1));
-        xd.assign(x.begin(), x.end());
-        ASSERT_EQ(veksIIR_32f(x.data(), y.data(), static_cast<int>(x.size()), s), vekStsOk);
-        ASSERT_EQ(veksIIR_64f_I(xd.data(), static_cast<int>(x.size()), q), vekStsOk);
-        for (size_t i = 0; i < x.size(); ++i)
-            peak = std::max({peak, std::fabs(double{y[i]}), std::fabs(xd[i])});
-    }
-    EXPECT_TRUE(peak < 1e4) << peak; // also false for NaN
-    ASSERT_EQ(veksIIRFree_32f(s), vekStsOk);
-    ASSERT_EQ(veksIIRFree_64f(q), vekStsOk);
 }
 
 } // namespace
