@@ -269,14 +269,9 @@ void auto_case(C, vt::Rng& rng, int srcLen, int dstLen) {
 // last lag divided by 1), every member.
 TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
     vt::Rng rng(6);
-    for (auto [n, lags] : std::vector<std::pair<int, int>>{{1, 1},
-                                                           {1, 4},
-                                                           {700, 599},
-                                                           {700, 600},
-                                                           {599, 700},
-                                                           {600, 900},
-                                                           {4096, 1024},
-                                                           {20000, 650}}) {
+    const int cases[][2] = {{1, 1},     {1, 4},     {700, 599},   {700, 600},
+                            {599, 700}, {600, 900}, {4096, 1024}, {20000, 650}};
+    for (const auto& [n, lags] : cases) {
         if (int64_t{n} * lags > vt::kReferenceWork) continue;
         for_each_corr([&, n = n, lags = lags](auto c) { auto_case(c, rng, n, lags); });
     }
