@@ -1,7 +1,8 @@
-// Single-rate FIR filters: every member with floating-point taps against a long-double
-// convolution with the delay line as history, block against sample-by-sample and direct forms,
-// every kernel level and the delay-line conventions; integer taps exactly against an integer
-// reference (taps normalisation, wrapping 32-bit sums, output shift with rounding half to even,
+// Single-rate FIR filters: every member with floating-point taps against a
+// long-double convolution with the delay line as history, block against
+// sample-by-sample and direct forms, every kernel level and the delay-line
+// conventions; integer taps exactly against an integer reference (taps
+// normalisation, wrapping 32-bit sums, output shift with rounding half to even,
 // saturation) in every form and level, and the float-taps conversion.
 #include "filters/fir/fir_state.hpp"
 #include "fir_members.hpp"
@@ -11,8 +12,8 @@ namespace {
 
 using ft::cld;
 
-// 1 .. n, then `more`. Taps 1 .. 40, 63, 64, 129; blocks 1 .. 70: every group-of-four
-// remainder and the block kernel's pre-load limits.
+// 1 .. n, then `more`. Taps 1 .. 40, 63, 64, 129; blocks 1 .. 70: every
+// group-of-four remainder and the block kernel's pre-load limits.
 std::vector<int> upto(int n, std::initializer_list<int> more = {}) {
     std::vector<int> v;
     for (int i = 1; i <= n; ++i) v.push_back(i);
@@ -21,8 +22,9 @@ std::vector<int> upto(int n, std::initializer_list<int> more = {}) {
 }
 const std::vector<int> kTaps = upto(40, {63, 64, 129}), kBlocks = upto(70);
 
-// A stream cut into blocks of every length 1 .. 70, through one state, against the
-// reference of the whole stream; then the stored line holds the last inputs, newest first.
+// A stream cut into blocks of every length 1 .. 70, through one state, against
+// the reference of the whole stream; then the stored line holds the last
+// inputs, newest first.
 TEST(FirFloatTaps, StreamMatchesReference) {
     ft::for_each_float_taps_member([](auto m) {
         using Tap = typename decltype(m)::Tap;
@@ -41,11 +43,13 @@ TEST(FirFloatTaps, StreamMatchesReference) {
     });
 }
 
-// Block, in-place block, one sample at a time, direct forms and every kernel level give the
-// same bits wherever they use the direct kernel: with floating-point taps the scalar level's
-// sample-by-sample outputs (all sum the same products in the same order; the test above holds
-// them to the reference), with integer taps the exact integer reference. Integer taps of several
-// magnitudes (those above 32766 normalised down, one INT32_MIN); the state carried across calls.
+// Block, in-place block, one sample at a time, direct forms and every kernel
+// level give the same bits wherever they use the direct kernel: with
+// floating-point taps the scalar level's sample-by-sample outputs (all sum the
+// same products in the same order; the test above holds them to the reference),
+// with integer taps the exact integer reference. Integer taps of several
+// magnitudes (those above 32766 normalised down, one INT32_MIN); the state
+// carried across calls. A null line, at InitAlloc or in SetDlyLine, is zeros.
 template <class M>
 void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::vector<int>& lens) {
     using Tap = typename M::Tap;
@@ -59,12 +63,20 @@ void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::ve
         for (auto& t : h) t = ft::rnd<Tap>(rng, int_taps ? amps[rng.next() % 4] : 1.0);
         if (int_taps && T == 3) h[0] = vt::from_c<Tap>(INT32_MIN);
         const int factor = static_cast<int>(rng.range(-4, 4));
-        const auto line = ft::rvec<Dat>(rng, T, amp);
+        const auto line = ft::rvec<Dat>(rng, T, amp), zeros = std::vector<Dat>(size_t(T));
         typename M::St* st = nullptr;
-        if constexpr (int_taps)
+        std::vector<Dat> got = line;
+        if constexpr (int_taps) {
             ASSERT_EQ(M::init(&st, h.data(), T, factor, line.data()), vekStsOk);
-        else
-            ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
+        } else { // from a null line (zeros); GetTaps gives the taps in natural
+                 // order
+            ASSERT_EQ(M::init(&st, h.data(), T, nullptr), vekStsOk);
+            std::vector<Tap> taps(static_cast<size_t>(T));
+            ASSERT_EQ(M::get_taps(st, taps.data()), vekStsOk);
+            ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
+            ASSERT_TRUE(vt::bits_equal(taps, h) && vt::bits_equal(got, zeros));
+            ASSERT_EQ(M::set_dly(st, line.data()), vekStsOk);
+        }
         for (int n : lens) {
             SCOPED_TRACE("tapsLen " + std::to_string(T) + " numIters " + std::to_string(n));
             const int sf = int_taps ? int(rng.range(-2, 24)) : M::sfs ? int(rng.range(-1, 2)) : 0;
@@ -73,8 +85,9 @@ void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::ve
             ASSERT_EQ(M::get_dly(st, hist.data()), vekStsOk);
             if constexpr (int_taps)
                 want = ft::int_reference(ft::Shape{1, 0, 1, 0, T}, h, factor, sf, hist, x, n);
-            // From 32 floating-point taps the in-place block always, and the block above the
-            // transform length, take the overlap-save path, whose results test_fir_fft.cpp checks.
+            // From 32 floating-point taps the in-place block always, and the block
+            // above the transform length, take the overlap-save path, whose results
+            // test_fir_fft.cpp checks.
             const bool fft_in_place = !int_taps && T >= 32;
             const bool fft_block = fft_in_place && n > veks::fir::fft_len_for(T);
             vt::for_each_level([&](auto) {
@@ -91,6 +104,9 @@ void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::ve
                         << "form " << k;
             });
         }
+        ASSERT_EQ(M::set_dly(st, nullptr), vekStsOk); // a null line: zeros
+        ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(got, zeros));
         ASSERT_EQ(M::fre(st), vekStsOk);
     }
 }
@@ -105,34 +121,6 @@ TEST(FirIntTaps, MatchesIntegerReferenceInEveryForm) {
     ft::for_each<ft::Fir32s_16s, ft::Fir32sc_16sc>([](auto m) {
         forms_agree<decltype(m)>(20, upto(40, {64, 100, 300}),
                                  {1, 2, 3, 4, 5, 7, 8, 9, 16, 17, 31, 33, 64, 70});
-    });
-}
-
-// GetTaps returns the taps in natural order; a null line, at InitAlloc or in SetDlyLine, is
-// zeros. (A line given at InitAlloc or set later is held to the reference by the tests above,
-// whose references never read the line's oldest element.)
-TEST(FirFloatTaps, TapsAndNullLines) {
-    ft::for_each_float_taps_member([](auto m) {
-        using Dat = typename decltype(m)::Dat;
-        SCOPED_TRACE(m.name);
-        vt::Rng rng(3);
-        for (int T : {1, 2, 5, 17, 40}) {
-            const auto h = ft::rvec<typename decltype(m)::Tap>(rng, T, 1.0);
-            const auto line = ft::rvec<Dat>(rng, T, m.amp), zeros = std::vector<Dat>(size_t(T));
-            typename decltype(m)::St* st = nullptr;
-            ASSERT_EQ(m.init(&st, h.data(), T, nullptr), vekStsOk);
-            std::vector<typename decltype(m)::Tap> taps(static_cast<size_t>(T));
-            ASSERT_EQ(m.get_taps(st, taps.data()), vekStsOk);
-            EXPECT_TRUE(vt::bits_equal(taps, h));
-            std::vector<Dat> got = line;
-            ASSERT_EQ(m.get_dly(st, got.data()), vekStsOk);
-            EXPECT_TRUE(vt::bits_equal(got, zeros));
-            ASSERT_EQ(m.set_dly(st, line.data()), vekStsOk);
-            ASSERT_EQ(m.set_dly(st, nullptr), vekStsOk);
-            ASSERT_EQ(m.get_dly(st, got.data()), vekStsOk);
-            EXPECT_TRUE(vt::bits_equal(got, zeros));
-            ASSERT_EQ(m.fre(st), vekStsOk);
-        }
     });
 }
 
@@ -153,25 +141,51 @@ TEST(FirFloatTaps, DirectIndexOutOfRangeIsReduced) {
     EXPECT_EQ(ib, 2); // -5 mod 3 is 1, advanced by one
 }
 
-// The integer output rule of floating-point taps: scale, saturation, half away from zero.
-TEST(FirFloatTaps, IntegerOutputRule) {
+// The integer output rules through a one-tap filter of 1: scale, saturation,
+// and rounding half away from zero with floating-point taps, half to even with
+// integer taps (whose shift saturates at 31 bits: 1 << 31 wraps to the
+// minimum).
+TEST(Fir, IntegerOutputRules) {
     VeksFIRState64f_16s* s = nullptr;
+    VeksFIRState32s_16s* si = nullptr;
     const double one = 1.0;
+    const int32_t ione = 1;
     ASSERT_EQ(veksFIRInitAlloc64f_16s(&s, &one, 1, nullptr), vekStsOk);
+    ASSERT_EQ(veksFIRInitAlloc32s_16s(&si, &ione, 1, 0, nullptr), vekStsOk);
     struct Case {
         Vek16s x;
         int sf;
-        Vek16s want;
+        Vek16s f, i; // floating-point taps, integer taps
     };
-    for (const Case& c : {Case{3, 1, 2}, Case{-3, 1, -2}, Case{5, 1, 3}, Case{-5, 1, -3},
-                          Case{1, 1, 1}, Case{-1, 1, -1}, Case{1, 2, 0}, Case{-1, 2, 0},
-                          Case{20000, -1, 32767}, Case{-20000, -1, -32768}, Case{-32768, 0, -32768},
-                          Case{32767, 200, 0}, Case{1, -200, 32767}, Case{-1, -14, -16384}}) {
-        Vek16s y = 0;
+    for (const Case& c : {Case{3, 1, 2, 2},
+                          Case{-3, 1, -2, -2},
+                          Case{5, 1, 3, 2},
+                          Case{-5, 1, -3, -2},
+                          Case{1, 1, 1, 0},
+                          Case{-1, 1, -1, 0},
+                          Case{1, 2, 0, 0},
+                          Case{-1, 2, 0, 0},
+                          Case{7, 2, 2, 2},
+                          Case{10, 2, 3, 2},
+                          Case{-6, 2, -2, -2},
+                          Case{20000, -1, 32767, 32767},
+                          Case{-20000, -1, -32768, -32768},
+                          Case{-32768, 0, -32768, -32768},
+                          Case{32767, 200, 0, 0},
+                          Case{1, -40, 32767, -32768},
+                          Case{1, -200, 32767, -32768},
+                          Case{32767, 40, 0, 0},
+                          Case{-1, -14, -16384, -16384},
+                          Case{-32768, 15, -1, -1},
+                          Case{-32768, 16, -1, 0}}) {
+        Vek16s y = 0, yi = 0;
         ASSERT_EQ(veksFIROne64f_16s_Sfs(c.x, &y, s, c.sf), vekStsOk);
-        EXPECT_EQ(y, c.want) << c.x << " sf " << c.sf;
+        ASSERT_EQ(veksFIROne32s_16s_Sfs(c.x, &yi, si, c.sf), vekStsOk);
+        EXPECT_EQ(y, c.f) << c.x << " sf " << c.sf;
+        EXPECT_EQ(yi, c.i) << c.x << " sf " << c.sf << ", integer taps";
     }
     ASSERT_EQ(veksFIRFree64f_16s(s), vekStsOk);
+    ASSERT_EQ(veksFIRFree32s_16s(si), vekStsOk);
     VeksFIRState64f_32s* s32 = nullptr;
     const double h32[2] = {1.0, 1.0};
     ASSERT_EQ(veksFIRInitAlloc64f_32s(&s32, h32, 2, nullptr), vekStsOk);
@@ -256,33 +270,17 @@ TEST(FirIntTaps, FloatTapsConversion) {
     ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
 }
 
-TEST(FirIntTaps, OutputRule) {
+// Integer taps: the sum wraps in 32 bits.
+TEST(FirIntTaps, SumWraps) {
     VeksFIRState32s_16s* s = nullptr;
-    const int32_t one = 1;
-    ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, &one, 1, 0, nullptr), vekStsOk);
-    struct Case {
-        Vek16s x;
-        int sf;
-        Vek16s want;
-    };
-    for (const Case& c :
-         {Case{3, 1, 2}, Case{5, 1, 2}, Case{-3, 1, -2}, Case{-5, 1, -2}, Case{7, 2, 2},
-          Case{6, 2, 2}, Case{10, 2, 2}, Case{-6, 2, -2}, Case{20000, -1, 32767},
-          Case{-20000, -1, -32768}, Case{1, -40, -32768}, // 1 << 31 wraps to the minimum
-          Case{32767, 40, 0}, Case{-32768, 15, -1}, Case{-32768, 16, 0}}) {
-        Vek16s y = 0;
-        ASSERT_EQ(veksFIROne32s_16s_Sfs(c.x, &y, s, c.sf), vekStsOk);
-        EXPECT_EQ(y, c.want) << c.x << " sf " << c.sf;
-    }
-    ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
-    // The sum wraps in 32 bits.
     const int32_t h[3] = {32766, 32766, 32766};
     ASSERT_EQ(veksFIRInitAlloc32s_16s(&s, h, 3, 0, nullptr), vekStsOk);
     const Vek16s x[3] = {32767, 32767, 32767};
     Vek16s y[3];
     ASSERT_EQ(veksFIR32s_16s_Sfs(x, y, 3, s, 16), vekStsOk);
     EXPECT_EQ(y[1], 32765); // 2 * 32766 * 32767 / 65536 = 32764.99...
-    EXPECT_EQ(y[2], ft::out_rule(3u * 32766u * 32767u, 0, 16)); // wrapped to a negative sum
+    EXPECT_EQ(y[2], ft::out_rule(3u * 32766u * 32767u, 0,
+                                 16)); // wrapped to a negative sum
     EXPECT_LT(y[2], 0);
     ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
 }
