@@ -1,15 +1,17 @@
-// The overlap-save path of the FIR filters with floating-point taps (real taps through the real
-// FFT and the Pack multiply, complex taps through the complex FFT): the transform length rule,
-// which calls take the path, results against a long-double convolution across blocks and calls
-// for every member with floating-point taps, and allocation failures inside InitAlloc and inside
-// a filtering call.
+// The overlap-save path of the FIR filters with floating-point taps (real taps
+// through the real FFT and the Pack multiply, complex taps through the complex
+// FFT): the transform length rule, which calls take the path, results against a
+// long-double convolution across blocks and calls for every member with
+// floating-point taps, and allocation failures inside InitAlloc and inside a
+// filtering call.
 #include "filters/fir/fir_state.hpp"
 #include "fir_members.hpp"
 #include "test_fir_util.hpp"
 
 #if VEKS_TEST_WRAPPED_MALLOC
-// This program is linked with --wrap=malloc and --wrap=free: while `armed`, the allocator's
-// heap requests are counted, the `fail_at`-th one fails, and blocks still held are tracked.
+// This program is linked with --wrap=malloc and --wrap=free: while `armed`, the
+// allocator's heap requests are counted, the `fail_at`-th one fails, and blocks
+// still held are tracked.
 namespace {
 struct Heap {
     bool armed = false;
@@ -35,17 +37,17 @@ namespace {
 
 using ft::cld;
 
-// ---- Members -------------------------------------------------------------------------------
+// ---- Members
+// -------------------------------------------------------------------------------
 
-// A member of fir_members.hpp with this file's amplitudes, the scale factor 3 for integer data
-// (outputs scaled by 2^-3), and a tolerance relative to the sum of |h[k] x[j-k]| of each
-// output: the transform's rounding in its own precision (output rounding of single-precision
-// data included).
+// A member of fir_members.hpp with this file's amplitudes, the scale factor 3
+// for integer data (outputs scaled by 2^-3), and a tolerance relative to the
+// sum of |h[k] x[j-k]| of each output: the transform's rounding in its own
+// precision (output rounding of single-precision data included).
 template <class F>
 struct Case : F {
     using Base = F;
     using typename F::Dat;
-    using typename F::St;
     using typename F::Tap;
     static constexpr bool single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
     static constexpr bool single_data = std::is_same_v<Dat, Vek32f> || std::is_same_v<Dat, Vek32fc>;
@@ -57,8 +59,8 @@ struct Case : F {
     static constexpr int sf = F::sfs ? 3 : 0;
 };
 
-// The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then the next power
-// of two above T.
+// The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then
+// the next power of two above T.
 TEST(FirFftRule, TransformLength) {
     using veks::fir::fft_len_for;
     const int cases[][2] = {{1, -1},     {31, -1},     {32, 128},    {63, 128},
@@ -67,7 +69,8 @@ TEST(FirFftRule, TransformLength) {
     for (const auto& c : cases) EXPECT_EQ(fft_len_for(c[0]), c[1]) << c[0];
 }
 
-// ---- Results across paths, blocks and calls ------------------------------------------------
+// ---- Results across paths, blocks and calls
+// ------------------------------------------------
 
 template <class M>
 class FirFftMember : public ::testing::Test {};
@@ -78,11 +81,12 @@ using AllMembers =
                      Case<ft::Fir64fc_16sc>, Case<ft::Fir64fc_32sc>>;
 TYPED_TEST_SUITE(FirFftMember, AllMembers);
 
-// A stream through one state in calls of lengths around the transform length fftLen (fftLen:
-// direct; fftLen + 1 and 2 fftLen + 3: overlap-save; in place: overlap-save for every length,
-// a single block up to fftLen - tapsLen + 1 outputs) against the reference of the whole stream;
-// afterwards the delay line holds the last inputs. The members whose taps and data share one
-// type sweep 32 .. 1100 taps, the others a few counts.
+// A stream through one state in calls of lengths around the transform length
+// fftLen (fftLen: direct; fftLen + 1 and 2 fftLen + 3: overlap-save; in place:
+// overlap-save for every length, a single block up to fftLen - tapsLen + 1
+// outputs) against the reference of the whole stream; afterwards the delay line
+// holds the last inputs. The members whose taps and data share one type sweep
+// 32 .. 1100 taps, the others a few counts.
 TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
     using M = TypeParam;
     using Tap = typename M::Tap;
@@ -108,30 +112,8 @@ TYPED_TEST(FirFftMember, MatchesReferenceAcrossCalls) {
     }
 }
 
-// In-place filtering above the transform length gives the out-of-place bits: both run the same
-// blocks through the same transforms.
-TYPED_TEST(FirFftMember, InPlaceMatchesOutOfPlace) {
-    using M = TypeParam;
-    using Dat = typename M::Dat;
-    vt::Rng rng(8);
-    const int T = 70;
-    const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
-    const auto line = ft::rvec<Dat>(rng, T, M::amp);
-    typename M::St *a = nullptr, *b = nullptr;
-    ASSERT_EQ(M::init(&a, h.data(), T, line.data()), vekStsOk);
-    ASSERT_EQ(M::init(&b, h.data(), T, line.data()), vekStsOk);
-    for (int n : {300, 257, 1000}) {
-        auto x = ft::rvec<Dat>(rng, n, M::amp);
-        std::vector<Dat> y(static_cast<size_t>(n));
-        ASSERT_EQ(M::blk(x.data(), y.data(), n, a, M::sf), vekStsOk);
-        ASSERT_EQ(M::blk_i(x.data(), n, b, M::sf), vekStsOk);
-        EXPECT_TRUE(vt::bits_equal(x, y)) << "numIters " << n;
-    }
-    ASSERT_EQ(M::fre(a), vekStsOk);
-    ASSERT_EQ(M::fre(b), vekStsOk);
-}
-
-// ---- Which calls take the path -------------------------------------------------------------
+// ---- Which calls take the path
+// -------------------------------------------------------------
 
 template <class M>
 class FirFftSwitch : public ::testing::Test {};
@@ -140,12 +122,13 @@ using FloatDataMembers =
                      Case<ft::Fir64f_32f>, Case<ft::Fir64fc_32fc>>;
 TYPED_TEST_SUITE(FirFftSwitch, FloatDataMembers);
 
-// Tells the paths apart by their rounding. The delay line holds one huge sample at its element
-// tapsLen-2 and the last tap is 0, so the exact outputs never contain it. The direct kernel
-// forms each output from exact products and keeps it to its own rounding; the overlap-save
-// path transforms the huge sample with the first block, and its rounding, relative to that
-// sample, swamps the small outputs. Filters n small samples with T such taps in the given form
-// (block, in place or one sample at a time); true when the outputs show the transform's
+// Tells the paths apart by their rounding. The delay line holds one huge sample
+// at its element tapsLen-2 and the last tap is 0, so the exact outputs never
+// contain it. The direct kernel forms each output from exact products and keeps
+// it to its own rounding; the overlap-save path transforms the huge sample with
+// the first block, and its rounding, relative to that sample, swamps the small
+// outputs. Filters n small samples with T such taps in the given form (block,
+// in place or one sample at a time); true when the outputs show the transform's
 // rounding, false when every output keeps to its own.
 enum class Form { block, in_place, one };
 template <class M>
@@ -186,9 +169,9 @@ bool took_fft(int T, int n, Form form) {
     return off;
 }
 
-// numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the in-place form
-// uses the transform for every numIters from 32 taps on; the single-sample form never does;
-// below 32 taps nothing does.
+// numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the
+// in-place form uses the transform for every numIters from 32 taps on; the
+// single-sample form never does; below 32 taps nothing does.
 TYPED_TEST(FirFftSwitch, SwitchConditions) {
     using M = TypeParam;
     const struct {
@@ -207,11 +190,12 @@ TYPED_TEST(FirFftSwitch, SwitchConditions) {
     EXPECT_FALSE(took_fft<M>(31, 2000, Form::in_place));
 }
 
-// ---- Allocation failures -------------------------------------------------------------------
+// ---- Allocation failures
+// -------------------------------------------------------------------
 
 #if VEKS_TEST_WRAPPED_MALLOC
-// Runs f with the fail_at-th heap request failing (0: none); g_heap then holds the number of
-// requests and of the blocks f left allocated.
+// Runs f with the fail_at-th heap request failing (0: none); g_heap then holds
+// the number of requests and of the blocks f left allocated.
 template <class F>
 VekStatus with_heap(int fail_at, F&& f) {
     g_heap = Heap{true, 0, fail_at, 0};
@@ -220,8 +204,9 @@ VekStatus with_heap(int fail_at, F&& f) {
     return st;
 }
 
-// Every request of InitAlloc (the record, taps, delay buffer, spectrum, the transform and its
-// tables) failing in turn gives -9, stores nothing and leaves nothing allocated.
+// Every request of InitAlloc (the record, taps, delay buffer, spectrum, the
+// transform and its tables) failing in turn gives -9, stores nothing and leaves
+// nothing allocated.
 TYPED_TEST(FirFftMember, InitAllocFailures) {
     using M = TypeParam;
     for (int T : {32, 300}) {
@@ -245,9 +230,10 @@ TYPED_TEST(FirFftMember, InitAllocFailures) {
     }
 }
 
-// A filtering call whose work memory cannot be had returns -9 before writing anything: the
-// output (or, in place, the input) is untouched and the state is as before, so that the same
-// call then gives the results of an undisturbed state. 2100 taps need a transform work buffer.
+// A filtering call whose work memory cannot be had returns -9 before writing
+// anything: the output (or, in place, the input) is untouched and the state is
+// as before, so that the same call then gives the results of an undisturbed
+// state. 2100 taps need a transform work buffer.
 TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
     using M = TypeParam;
     using Dat = typename M::Dat;
