@@ -1,6 +1,7 @@
-// Median filter: every mask up to 31 and a few large ones against a sort-based reference
-// (borders extended by copies of the first and last samples), all four types, in and out of
-// place, every kernel level; the even-mask warning, masks of 1 and 2, and lengths below 3.
+// Median filter: every mask up to 31 and a few large ones against a sort-based
+// reference (borders extended by copies of the first and last samples), all
+// four types, in and out of place, every kernel level; the even-mask warning,
+// masks of 1 and 2, and lengths below 3.
 #include <algorithm>
 
 #include "testutil.hpp"
@@ -70,14 +71,9 @@ TEST(FilterMedian, EveryMaskUpTo31AndLargeOnes) {
     every_mask<Vek64f, veksFilterMedian_64f, veksFilterMedian_64f_I>();
 }
 
-// Documented cases: a mask of 2 behaves as 1 with the warning; infinities and signed zeros.
-TEST(FilterMedian, DocumentedCases) {
-    const Vek32f x[5] = {3.0f, -1.0f, 7.0f, 2.0f, 5.0f};
+// Infinities and signed zeros.
+TEST(FilterMedian, InfinitiesAndSignedZeros) {
     Vek32f y[7];
-    EXPECT_EQ(veksFilterMedian_32f(x, y, 5, 2), vekStsEvenMedianMaskWrn);
-    EXPECT_TRUE(vt::starts_with(y, {3.0f, -1.0f, 7.0f, 2.0f, 5.0f}));
-    EXPECT_EQ(veksFilterMedian_32f(x, y, 5, 3), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(y, {3.0f, 3.0f, 2.0f, 5.0f, 5.0f}));
     const float inf = std::numeric_limits<float>::infinity();
     const Vek32f z[7] = {inf, -inf, -0.0f, 0.0f, inf, 1.0f, -inf};
     for (int mask : {3, 11}) {
