@@ -1,39 +1,10 @@
-// Up- and down-sampling (phase carried across calls) and pre-emphasis: documented values,
-// streams cut into blocks against one call, and the rounding of the 16-bit pre-emphasis.
+// Up- and down-sampling (phase carried across calls) and pre-emphasis: streams cut into blocks
+// against one call, and the rounding of the 16-bit pre-emphasis.
 #include <cmath>
 
 #include "testutil.hpp"
 
 namespace {
-
-TEST(SampleUpDown, DocumentedValues) {
-    const Vek32f x[10] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-    Vek32f y[10] = {};
-    int len = 0, phase = 2;
-    ASSERT_EQ(veksSampleDown_32f(x, 10, y, &len, 3, &phase), vekStsOk);
-    EXPECT_EQ(len, 3);
-    EXPECT_EQ(phase, 1);
-    EXPECT_TRUE(vt::starts_with(y, {2.0f, 5.0f, 8.0f}));
-    const Vek16s s[2] = {7, -9};
-    Vek16s u[6] = {1, 1, 1, 1, 1, 1};
-    phase = 1;
-    ASSERT_EQ(veksSampleUp_16s(s, 2, u, &len, 3, &phase), vekStsOk);
-    EXPECT_EQ(len, 6);
-    EXPECT_EQ(phase, 1);
-    EXPECT_TRUE(vt::starts_with(u, {0, 7, 0, 0, -9, 0}));
-    Vek64fc c[3] = {{1, 2}, {3, 4}, {5, 6}}, cd[3] = {};
-    phase = 0;
-    ASSERT_EQ(veksSampleUp_64fc(c, 3, cd, &len, 1, &phase), vekStsOk);
-    EXPECT_EQ(len, 3);
-    EXPECT_TRUE(vt::starts_with(cd, {{1, 2}, {3, 4}, {5, 6}}));
-    ASSERT_EQ(veksSampleDown_64fc(c, 3, cd, &len, 5, &phase), vekStsOk); // phase 0 of 5
-    EXPECT_EQ(len, 1);
-    EXPECT_EQ(phase, 2);
-    phase = 4;
-    ASSERT_EQ(veksSampleDown_64fc(c, 3, cd, &len, 5, &phase), vekStsOk); // nothing below 3
-    EXPECT_EQ(len, 0);
-    EXPECT_EQ(phase, 1);
-}
 
 // A stream cut into blocks of 1 .. 12 samples equals the stream down-sampled at once; up-sampling
 // each block with the same phase equals up-sampling the stream.
@@ -48,7 +19,7 @@ TEST(SampleUpDown, PhaseCarriesAcrossBlocks) {
             for (int n = 1; at < 400; n = n % 12 + 1) {
                 const int cnt = std::min(n, 400 - at);
                 std::vector<Vek16s> d(static_cast<size_t>(cnt)),
-                    u(static_cast<size_t>(cnt * factor));
+                    u(static_cast<size_t>(cnt * factor), 1); // the zeros must be written
                 int uphase = start;
                 ASSERT_EQ(veksSampleDown_16s(x.data() + at, cnt, d.data(), &len, factor, &phase),
                           vekStsOk);
