@@ -57,7 +57,8 @@ void for_each_member(F&& body) {
 }
 
 // Blocks of several lengths through a state, the direct form sample by sample, and the
-// reference: the same outputs, taps, line and index, bit for bit, on every kernel level.
+// reference: the same outputs, taps, line and index, bit for bit, on every kernel level. Get
+// after Set returns the line and index as given.
 TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
     for_each_member([](auto m) {
         using S = typename decltype(m)::Smp;
@@ -78,7 +79,8 @@ TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
                 want.push_back(m.out(ref_step(rt, rl, ri, x[i], d[i], m.mu)));
             vt::for_each_level([&](veks::isa::Level) {
                 typename decltype(m)::State* st = nullptr;
-                ASSERT_EQ(m.init(&st, h.data(), T, line0.data(), idx0), vekStsOk);
+                // An index out of range is kept as given and used modulo tapsLen.
+                ASSERT_EQ(m.init(&st, h.data(), T, line0.data(), idx0 + 5 * T), vekStsOk);
                 std::vector<S> got(x.size());
                 size_t at = 0;
                 for (int n : {1, 5, 2, 64, 100, 128}) {
@@ -94,6 +96,12 @@ TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
                 ASSERT_TRUE(vt::bits_equal(taps, std::vector<float>(rt.rbegin(), rt.rend())));
                 ASSERT_TRUE(vt::bits_equal(line, std::vector<S>(rl.begin(), rl.begin() + T)));
                 ASSERT_EQ(idx, ri);
+                ASSERT_EQ(m.set_line(st, line0.data(), 7), vekStsOk);
+                ASSERT_EQ(m.get_line(st, line.data(), &idx), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(line, line0) && idx == 7);
+                ASSERT_EQ(m.set_line(st, nullptr, 0), vekStsOk); // a null line is zeros
+                ASSERT_EQ(m.get_line(st, line.data(), &idx), vekStsOk);
+                ASSERT_TRUE(vt::bits_equal(line, std::vector<S>(size_t(T))));
                 ASSERT_EQ(m.fre(st), vekStsOk);
                 // Direct form: the caller's reversed taps and doubled line, as they are.
                 std::vector<float> dt(h.rbegin(), h.rend());
@@ -110,32 +118,6 @@ TEST(Lms, StateAndDirectFormsFollowTheRuleBitForBit) {
             });
         }
     });
-}
-
-// Get after Set returns the line and index; an index out of range is stored as given and used
-// modulo tapsLen; a null line is zeros.
-TEST(Lms, DelayLineExchange) {
-    VeksFIRLMSState_32f* s = nullptr;
-    const float h[3] = {1, 2, 4}, line[3] = {10, 20, 30};
-    ASSERT_EQ(veksFIRLMSInitAlloc_32f(&s, h, 3, nullptr, 0), vekStsOk);
-    float got[3];
-    int idx = -1;
-    ASSERT_EQ(veksFIRLMSSetDlyLine_32f(s, line, 7), vekStsOk);
-    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(got, {10, 20, 30}));
-    EXPECT_EQ(idx, 7);
-    // Index 7 is 1: x goes to line[1]; the window from index 2 is 30, 10, x (oldest first).
-    const float x = 1, r = 0;
-    float y = 0;
-    ASSERT_EQ(veksFIRLMS_32f(&x, &r, &y, 1, 0.0f, s), vekStsOk);
-    EXPECT_EQ(y, 4 * 30 + 2 * 10 + 1 * 1);
-    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(got, {10, 1, 30}));
-    EXPECT_EQ(idx, 2);
-    ASSERT_EQ(veksFIRLMSSetDlyLine_32f(s, nullptr, 0), vekStsOk);
-    ASSERT_EQ(veksFIRLMSGetDlyLine_32f(s, got, &idx), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(got, {0, 0, 0}));
-    ASSERT_EQ(veksFIRLMSFree_32f(s), vekStsOk);
 }
 
 // The normalised Q15 step against a few lines of integer arithmetic: rounding ties, saturated
