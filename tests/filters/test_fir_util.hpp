@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
-#include <functional>
 #include <string>
 
 #include "testutil.hpp"

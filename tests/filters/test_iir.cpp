@@ -4,10 +4,9 @@
 // refused taps.
 #include <cmath>
 #include <complex>
-#include <functional>
 
 #include "fir_members.hpp"
-#include "testutil.hpp"
+#include "test_fir_util.hpp"
 
 namespace {
 
@@ -163,28 +162,6 @@ struct Ref {
     }
 };
 
-// |got - want| within the double-precision error tol plus the output's rounding.
-template <class T>
-bool close(const T& got, cld want, long double tol, int sf) {
-    auto part = [&](long double g, long double w) {
-        if constexpr (std::is_floating_point_v<T> || std::is_same_v<T, Vek32fc> ||
-                      std::is_same_v<T, Vek64fc>) {
-            const bool single = std::is_same_v<T, Vek32f> || std::is_same_v<T, Vek32fc>;
-            return std::fabs(g - w) <= tol + (single ? std::fabs(w) * 0x1p-24L : 0.0L);
-        } else {
-            using B = vt::part_t<T>;
-            const long double v = std::ldexp(w, -sf), e = std::ldexp(tol, -sf);
-            const long double lo = std::numeric_limits<B>::min(),
-                              hi = std::numeric_limits<B>::max();
-            if (v > hi + e) return g == hi;
-            if (v < lo - e) return g == lo;
-            return std::fabs(g - v) <= 0.5L + e;
-        }
-    };
-    const cld g = to_c(got);
-    return part(g.real(), want.real()) && part(g.imag(), want.imag());
-}
-
 // ---- tests ---------------------------------------------------------------------------------
 
 // Single samples against the long-double reference (orders 0 .. 12, 1 .. 8 sections: stable
@@ -254,7 +231,8 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
                         for (size_t i = 0; i < x.size(); ++i) {
                             const cld w = want.step(to_c(x[i]));
                             peak = std::max(peak, std::abs(w));
-                            ASSERT_TRUE(close(one[i], w, 1e-10L * (m.amp + peak), sf)) << i;
+                            const long double tol = 1e-10L * (m.amp + peak);
+                            ASSERT_TRUE(ft::close_vec(&one[i], &w, &tol, 1, sf, 1.0L)) << i;
                         }
                         for (int i = 0; i < dl; ++i)
                             ASSERT_LE(std::abs(to_c(la[size_t(i)]) - want.d[size_t(i)]),
