@@ -6,14 +6,12 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
-#include <tuple>
 
 #include "testutil.hpp"
 
 namespace {
 
 using vt::cld;
-using vt::is_cplx;
 using vt::rvec;
 using vt::to_c;
 
@@ -279,8 +277,8 @@ TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
 
 TEST(AutoCorr, Exact16Bit) {
     vt::Rng rng(7);
-    for (auto [n, lags] :
-         std::vector<std::pair<int, int>>{{50, 60}, {700, 599}, {700, 600}, {3000, 640}})
+    const int cases[][2] = {{50, 60}, {700, 599}, {700, 600}, {3000, 640}};
+    for (const auto& [n, lags] : cases)
         for (int sf : {-1, 0, 12, 26}) {
             const auto x = rvec<Vek16s>(rng, n, 32767);
             std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());

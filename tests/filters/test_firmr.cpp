@@ -94,11 +94,8 @@ std::vector<typename M::Tap> taps_for(vt::Rng& rng, int T) {
 }
 
 // Factor pairs of each kernel kind: interpolators, decimators, rational.
-const std::vector<std::pair<int, int>>& factor_pairs() {
-    static const std::vector<std::pair<int, int>> v = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3},
-                                                       {1, 4}, {3, 2}, {2, 3}, {4, 6}, {5, 3}};
-    return v;
-}
+const int kFactorPairs[][2] = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3},
+                               {1, 4}, {3, 2}, {2, 3}, {4, 6}, {5, 3}};
 std::vector<int> taps_around(int U) { // shorter than, equal to and longer than U
     std::vector<int> v = {1, U, U + 1, 2 * U + 3, 23};
     if (U > 2) v.push_back(U - 1);
@@ -116,7 +113,7 @@ TEST(FirMultiRate, EveryShapeMatchesReference) {
         using Dat = typename M::Dat;
         SCOPED_TRACE(M::name);
         vt::Rng rng(11);
-        for (const auto& [U, D] : factor_pairs())
+        for (const auto& [U, D] : kFactorPairs)
             for (int T : taps_around(U))
                 for (int up = 0; up < U; ++up)
                     for (int dp = 0; dp < D; ++dp) {

@@ -266,10 +266,7 @@ TEST(IirIntTaps, Normalisation) {
             for (int i = 0; i < 6; ++i) {
                 const float re = static_cast<float>(h[i] * (k + 1));
                 const float im = m.cplx && i != 3 ? 0.25f * static_cast<float>(k) : 0.0f;
-                if constexpr (std::is_floating_point_v<FT>)
-                    f.push_back(re);
-                else
-                    f.push_back(FT{re, im});
+                f.push_back(vt::from_c<FT>({re, im})); // real taps take re
                 auto r = [&](double v) { // / a0, then * 2^29 (largest: 2.5 / 2 = 1.25 < 2)
                     const double w = std::ldexp(v / (2.0 * (k + 1)), 29);
                     return static_cast<int64_t>(w + (w < 0 ? -0.5 : 0.5));
