@@ -287,7 +287,8 @@ TEST(FirMultiRate, IntegerTapsFactors) {
 }
 
 // Factors of 1 make the single-rate state: the single-sample form accepts it and both give the
-// single-rate filter's outputs; a multi-rate state is refused by the single-sample form.
+// single-rate filter's outputs. (The conformance suite has the single-sample forms refuse
+// multi-rate states.)
 TEST(FirMultiRate, UnitFactorsMakeSingleRateState) {
     vt::Rng rng(4);
     const auto h = ft::rvec<Vek64f>(rng, 40, 1.0);
@@ -304,11 +305,6 @@ TEST(FirMultiRate, UnitFactorsMakeSingleRateState) {
     ASSERT_TRUE(vt::bits_equal(a, b));
     ASSERT_EQ(veksFIRFree_64f(mr), vekStsOk);
     ASSERT_EQ(veksFIRFree_64f(sr), vekStsOk);
-    ASSERT_EQ(veksFIRMRInitAlloc_64f(&mr, h.data(), 40, 2, 1, 1, 0, nullptr), vekStsOk);
-    Vek64f out = 7.0;
-    EXPECT_EQ(veksFIROne_64f(1.0, &out, mr), vekStsContextMismatchErr);
-    EXPECT_EQ(out, 7.0);
-    ASSERT_EQ(veksFIRFree_64f(mr), vekStsOk);
 }
 
 } // namespace

@@ -318,8 +318,7 @@ TEST(IirIntTaps, DelayLineAndRefusedSections) {
             st = mark;
             ASSERT_EQ(m.init_bq(&st, s.data(), 2, f, nullptr), vekStsDivideByZeroErr);
             ASSERT_EQ(st, mark);
-            std::vector<typename M::F> fs(12);
-            for (auto& v : fs) v = from_z<typename M::F>(Z{1});
+            std::vector<typename M::F> fs(12, from_z<typename M::F>(Z{1}));
             fs[size_t(zero)] = typename M::F{};
             ASSERT_EQ(m.init_bq_f(&st, fs.data(), 2, nullptr), vekStsDivideByZeroErr);
             ASSERT_EQ(st, mark);
