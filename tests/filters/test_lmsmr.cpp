@@ -187,11 +187,13 @@ TEST(LmsMultiRate, ExchangesAndFrozenTaps) {
         Tap* p = nullptr;
         ASSERT_EQ(m.taps_ptr(st, &p), vekStsOk);
         ASSERT_TRUE(vt::same_bits(p[0], taps[1]) && vt::same_bits(p[1], taps[0]));
+        std::vector<Smp> got(5, from<Smp>({7, 7}));
+        int idx = -1;
+        ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk); // no line given: zeros
+        ASSERT_TRUE(vt::bits_equal(got, std::vector<Smp>(5)));
         std::vector<Smp> line;
         for (int i = 0; i < 5; ++i) line.push_back(from<Smp>({10 * (i + 1), i}));
         ASSERT_EQ(m.set_line(st, line.data(), 12), vekStsOk); // 12 is position 2
-        std::vector<Smp> got(5);
-        int idx = -1;
         ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk);
         ASSERT_TRUE(vt::bits_equal(got, line));
         ASSERT_EQ(idx, 12);
@@ -219,6 +221,9 @@ TEST(LmsMultiRate, ExchangesAndFrozenTaps) {
             EXPECT_EQ(u0.im, (2 << 16) - 2 * x0.im);
             EXPECT_EQ(u1.im, (-1 << 16) - 2 * x1.im);
         }
+        ASSERT_EQ(m.set_line(st, nullptr, 0), vekStsOk); // a null line is zeros
+        ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(got, std::vector<Smp>(5)));
         ASSERT_EQ(m.fre(st), vekStsOk);
     });
 }
