@@ -111,17 +111,6 @@ TEST(Dct, Single) { matches_reference<float>(); }
 
 TEST(Dct, Double) { matches_reference<double>(); }
 
-// N = 1 returns the input.
-TEST(Dct, SinglePoint) {
-    VeksDCTFwdSpec_32f* f = nullptr;
-    ASSERT_EQ(veksDCTFwdInitAlloc_32f(&f, 1, vekAlgHintNone), vekStsOk);
-    const float one = 3.25f;
-    float y = 0;
-    ASSERT_EQ(veksDCTFwd_32f(&one, &y, f, nullptr), vekStsOk);
-    EXPECT_EQ(y, 3.25f);
-    veksDCTFwdFree_32f(f);
-}
-
 // Buffer sizes: 0 for 1, 2, 4, 8; 4 N + 16 for the other powers of two and for the direct
 // lengths up to 100; hint 2 adds the inner FFT's buffer only above 512.
 TEST(Dct, BufferSizesFollowThePlan) {

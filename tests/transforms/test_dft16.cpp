@@ -1,7 +1,7 @@
 // 16-bit DFT kinds: results equal the pipeline of exported functions they are defined by
 // (conversion to float, the single-precision DFT with hint 1, conversion back with the scale
 // factor rounded to nearest), in and out of place, under a caller's other rounding mode; buffer
-// sizes; N = 1.
+// sizes; N = 1 among the lengths.
 #include <cfenv>
 
 #include "testutil.hpp"
@@ -134,24 +134,6 @@ TEST(Dft16, RealEqualsFloatPipeline) {
         veksDFTFree_R_16s(plan);
         veksDFTFree_R_32f(ref);
     }
-}
-
-// N = 1: the value times 2^-scaleFactor, rounded half to even and saturated; no buffer.
-TEST(Dft16, SinglePointIsOnlyRescaled) {
-    VeksDFTSpec_C_16sc* plan = nullptr;
-    ASSERT_EQ(veksDFTInitAlloc_C_16sc(&plan, 1, VEK_FFT_DIV_FWD_BY_N, vekAlgHintNone), vekStsOk);
-    int size = -1;
-    veksDFTGetBufSize_C_16sc(plan, &size);
-    EXPECT_EQ(size, 0);
-    const Vek16sc x[3] = {{5, -7}, {3, -3}, {30000, -30000}};
-    const int sf[3] = {1, 1, -1};
-    const Vek16sc want[3] = {{2, -4}, {2, -2}, {32767, -32768}};
-    for (int i = 0; i < 3; ++i) {
-        Vek16sc y{};
-        ASSERT_EQ(veksDFTFwd_CToC_16sc_Sfs(&x[i], &y, plan, sf[i], nullptr), vekStsOk);
-        EXPECT_TRUE(vt::starts_with(&y, {want[i]})) << i;
-    }
-    veksDFTFree_C_16sc(plan);
 }
 
 } // namespace

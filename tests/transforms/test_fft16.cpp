@@ -1,42 +1,20 @@
 // 16-bit FFT kinds: bit for bit against the single-precision pipeline built from the exported
-// conversions and float transforms (itself within one unit of a long-double reference put
-// through the integer rule: normalisation and scale factor as powers of two, round half to
-// even, saturation); both plans, every layout, in place, saturation and buffer sizes.
+// conversions and float transforms (the float transforms themselves are checked against a
+// long-double reference in test_fft), with the compact plan's normalisation as powers of two;
+// both plans, every layout, in place, saturation and buffer sizes.
 #include <cfenv>
 #include <climits>
-#include <cmath>
-#include <complex>
 
 #include "dft_ref.hpp"
 #include "testutil.hpp"
 
 namespace {
 
-using vt::cld;
-
-// value * 2^-shift (times 1/sqrt 2), half to even, saturated.
-int16_t expect16(long double v, int shift, bool half_sqrt2) {
-    if (half_sqrt2) v *= 0.707106781186547524400844362104849039L;
-    v = std::ldexp(v, -shift);
-    long double r = std::nearbyint(v);
-    return static_cast<int16_t>(r > 32767 ? 32767 : r < -32768 ? -32768 : r);
-}
-
 int norm_shift(int flag, int order, bool inverse) {
     if (flag == 1) return inverse ? 0 : order;
     if (flag == 2) return inverse ? order : 0;
     if (flag == 4) return order / 2;
     return 0;
-}
-
-// Within one unit: the single-precision transform may land on the other side of a half.
-::testing::AssertionResult near16(const std::vector<int16_t>& got,
-                                  const std::vector<int16_t>& want) {
-    for (size_t i = 0; i < want.size(); ++i)
-        if (std::abs(int(got[i]) - int(want[i])) > 1)
-            return ::testing::AssertionFailure()
-                   << "element " << i << ": " << got[i] << " vs " << want[i];
-    return ::testing::AssertionSuccess();
 }
 
 TEST(Fft16, SaturatesAndBufferSizes) {
@@ -124,8 +102,6 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
         ASSERT_EQ(veksConvert_16s32f(x.data(), xf.data(), 2 * n), vekStsOk);
         std::vector<int16_t> re(n), im(n);
         for (int i = 0; i < n; ++i) re[i] = x[2 * i], im[i] = x[2 * i + 1];
-        const auto xc = vt::as_complex(x);
-        const std::vector<cld> spectra[2] = {vt::ref_dft(xc, false), vt::ref_dft(xc, true)};
         for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
             for (int flag : {1, 2, 4, 8}) {
                 SCOPED_TRACE("order " + std::to_string(order) + " hint " + std::to_string(hint) +
@@ -152,37 +128,24 @@ TEST(Fft16, ComplexIsTheSinglePrecisionPipeline) {
                     for (int sf : {-3, 0, 5}) {
                         SCOPED_TRACE("sf " + std::to_string(sf) + (inverse ? " inverse" : ""));
                         const auto want = to16(z, back_rule(order, flag, hint, inverse, sf));
-                        if (order <= 6 && sf >= 0) { // the pipeline itself, within one unit
-                            const int shift =
-                                order == 0 ? sf : norm_shift(flag, order, inverse) + sf;
-                            const bool h = order > 0 && flag == 4 && (order & 1);
-                            std::vector<int16_t> exact(x.size());
-                            for (int i = 0; i < n; ++i) {
-                                exact[2 * i] = expect16(spectra[inverse][i].real(), shift, h);
-                                exact[2 * i + 1] = expect16(spectra[inverse][i].imag(), shift, h);
-                            }
-                            ASSERT_TRUE(near16(want, exact));
-                        }
                         // In place with a caller's buffer, unaligned.
                         vt::Buf<int16_t> io(x, 2);
                         auto* ioc = reinterpret_cast<Vek16sc*>(io.data());
                         ASSERT_EQ(op(ioc, ioc, plan, sf, buf.data() + 1), vekStsOk);
                         ASSERT_TRUE(vt::bits_equal(io.vec(), want) && io.guards_intact());
-                        for (int mode : {FE_TONEAREST, FE_TOWARDZERO}) {
-                            std::vector<int16_t> got(x.size()), ore(n), oim(n);
-                            std::fesetround(mode);
-                            const VekStatus st =
-                                op(reinterpret_cast<const Vek16sc*>(x.data()),
-                                   reinterpret_cast<Vek16sc*>(got.data()), plan, sf, nullptr);
-                            const VekStatus st2 = op_s(re.data(), im.data(), ore.data(), oim.data(),
-                                                       split, sf, nullptr);
-                            std::fesetround(FE_TONEAREST);
-                            ASSERT_TRUE(st == vekStsOk && st2 == vekStsOk);
-                            ASSERT_TRUE(vt::bits_equal(got, want));
-                            for (int i = 0; i < n; ++i)
-                                got[2 * i] = ore[i], got[2 * i + 1] = oim[i];
-                            ASSERT_TRUE(vt::bits_equal(got, want)) << "split";
-                        }
+                        // Out of place under rounding toward zero, interleaved and split.
+                        std::vector<int16_t> got(x.size()), ore(n), oim(n);
+                        std::fesetround(FE_TOWARDZERO);
+                        const VekStatus st =
+                            op(reinterpret_cast<const Vek16sc*>(x.data()),
+                               reinterpret_cast<Vek16sc*>(got.data()), plan, sf, nullptr);
+                        const VekStatus st2 =
+                            op_s(re.data(), im.data(), ore.data(), oim.data(), split, sf, nullptr);
+                        std::fesetround(FE_TONEAREST);
+                        ASSERT_TRUE(st == vekStsOk && st2 == vekStsOk);
+                        ASSERT_TRUE(vt::bits_equal(got, want));
+                        for (int i = 0; i < n; ++i) got[2 * i] = ore[i], got[2 * i + 1] = oim[i];
+                        ASSERT_TRUE(vt::bits_equal(got, want)) << "split";
                     }
                 }
                 ASSERT_EQ(veksFFTFree_C_32fc(f32), vekStsOk);
