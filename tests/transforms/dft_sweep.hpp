@@ -2,7 +2,8 @@
 // given as orders) and the DFT (sizes given as lengths): every kernel level below a size, out of
 // place with a caller's buffer and in place without, split arrays (the inverse divided by N) with
 // and without a buffer, the Pack, Perm and CCS layouts in and out of place and their inverses
-// back to N times the signal, unaligned data and guards.
+// back to N times the signal, unaligned data and guards; round trips and the forward scale per
+// flag.
 //
 // A describes one kind (see Kind): Part, C, SpecC, SpecS, SpecR, pow2 (sizes are powers of two),
 // length(arg), the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3].
@@ -178,6 +179,50 @@ void real_sweep(const std::vector<int>& args, int all_levels_below, uint64_t see
         else
             body(0);
         ASSERT_EQ(A::freeR(plan), vekStsOk);
+    }
+}
+
+// Forward then inverse returns the input for flags 1, 2 and 4 and N times it for flag 8, complex
+// and real (CCS); the forward DC term, the sum times 1/N, 1/sqrt(N) or 1, shows which side each
+// flag scales.
+template <class A>
+void flag_sweep(const std::vector<int>& args, uint64_t seed) {
+    using T = typename A::Part;
+    using C = typename A::C;
+    Rng rng(seed);
+    for (int arg : args) {
+        const int n = A::length(arg);
+        const auto x = rvec<T>(rng, 2 * n, 1);
+        cld sum = 0;
+        long double rsum = 0;
+        for (int i = 0; i < n; ++i) sum += cld(x[2 * i], x[2 * i + 1]), rsum += x[i];
+        for (int flag : {1, 2, 4, 8}) {
+            SCOPED_TRACE("N = " + std::to_string(n) + " flag " + std::to_string(flag));
+            typename A::SpecC* c = nullptr;
+            typename A::SpecR* r = nullptr;
+            ASSERT_EQ(A::initC(&c, arg, flag, vekAlgHintNone), vekStsOk);
+            ASSERT_EQ(A::initR(&r, arg, flag, vekAlgHintNone), vekStsOk);
+            std::vector<T> y(x.size() + 2), z(x.size()), zr(static_cast<size_t>(n));
+            auto* yc = reinterpret_cast<C*>(y.data());
+            ASSERT_EQ(A::fwdC(reinterpret_cast<const C*>(x.data()), yc, c, nullptr), vekStsOk);
+            const long double fwd = flag == 1 ? 1.0L / n : flag == 4 ? 1 / std::sqrt(1.0L * n) : 1;
+            const long double tol = A::bound(arg) * fwd * n;
+            EXPECT_LE(std::abs(cld(y[0], y[1]) - fwd * sum), tol);
+            ASSERT_EQ(A::invC(yc, reinterpret_cast<C*>(z.data()), c, nullptr), vekStsOk);
+            ASSERT_EQ(A::fwdR[2](x.data(), y.data(), r, nullptr), vekStsOk);
+            EXPECT_LE(std::abs(y[0] - fwd * rsum), tol) << "real";
+            ASSERT_EQ(A::invR[2](y.data(), zr.data(), r, nullptr), vekStsOk);
+            const long double gain = flag == 8 ? n : 1;
+            std::vector<cld> want(n), got_r(n), want_r(n);
+            for (int i = 0; i < n; ++i) {
+                want[i] = gain * cld(x[2 * i], x[2 * i + 1]);
+                got_r[i] = zr[i], want_r[i] = gain * x[i];
+            }
+            EXPECT_LE(rel_rms(as_complex(z), want), 2 * A::bound(arg));
+            EXPECT_LE(rel_rms(got_r, want_r), 2 * A::bound(arg)) << "real";
+            ASSERT_EQ(A::freeC(c), vekStsOk);
+            ASSERT_EQ(A::freeR(r), vekStsOk);
+        }
     }
 }
 

@@ -33,48 +33,9 @@ TEST(FftComplex, C64fcMatchesReference) { vt::complex_sweep<Api<double>>(orders(
 TEST(FftReal, R32fMatchesReference) { vt::real_sweep<Api<float>>(orders(16), 1 << 15, 13); }
 TEST(FftReal, R64fMatchesReference) { vt::real_sweep<Api<double>>(orders(15), 1 << 14, 13); }
 
-// Forward then inverse returns the input for flags 1, 2 and 4 and N times it for flag 8, at
-// orders up to 20 for the complex and real single kinds; the forward DC term shows which side
-// each flag scales.
-TEST(FftSelfCheck, RoundTripPerFlag) {
-    vt::Rng rng(14);
-    for (int order : {0, 1, 2, 3, 4, 5, 6, 9, 12, 15, 17, 20}) {
-        const int n = 1 << order;
-        const auto x = vt::rvec<float>(rng, 2 * n, 1);
-        for (int flag : {1, 2, 4, 8}) {
-            const long double gain = flag == 8 ? n : 1;
-            VeksFFTSpec_C_32fc* c = nullptr;
-            VeksFFTSpec_R_32f* r = nullptr;
-            ASSERT_EQ(veksFFTInitAlloc_C_32fc(&c, order, flag, vekAlgHintNone), vekStsOk);
-            ASSERT_EQ(veksFFTInitAlloc_R_32f(&r, order, flag, vekAlgHintNone), vekStsOk);
-            std::vector<float> y(x.size() + 2), z(x.size()), zr(static_cast<size_t>(n));
-            auto* yc = reinterpret_cast<Vek32fc*>(y.data());
-            const auto* xc = reinterpret_cast<const Vek32fc*>(x.data());
-            ASSERT_EQ(veksFFTFwd_CToC_32fc(xc, yc, c, nullptr), vekStsOk);
-            // The forward scale alone: X_0 is the sum times 1/N, 1/sqrt(N) or 1.
-            const long double fwd = flag == 1 ? 1.0L / n : flag == 4 ? 1 / std::sqrt(1.0L * n) : 1;
-            cld sum = 0;
-            long double rsum = 0;
-            for (int i = 0; i < n; ++i) sum += cld(x[2 * i], x[2 * i + 1]), rsum += x[i];
-            const long double dc_tol = Api<float>::bound(order) * fwd * n;
-            EXPECT_LE(std::abs(cld(y[0], y[1]) - fwd * sum), dc_tol) << order << " flag " << flag;
-            ASSERT_EQ(veksFFTInv_CToC_32fc(yc, reinterpret_cast<Vek32fc*>(z.data()), c, nullptr),
-                      vekStsOk);
-            ASSERT_EQ(veksFFTFwd_RToCCS_32f(x.data(), y.data(), r, nullptr), vekStsOk);
-            EXPECT_LE(std::abs(y[0] - fwd * rsum), dc_tol) << order << " flag " << flag << " real";
-            ASSERT_EQ(veksFFTInv_CCSToR_32f(y.data(), zr.data(), r, nullptr), vekStsOk);
-            std::vector<cld> want(n), got_r(n), want_r(n);
-            for (int i = 0; i < n; ++i) {
-                want[i] = gain * cld(x[2 * i], x[2 * i + 1]);
-                got_r[i] = zr[i], want_r[i] = gain * x[i];
-            }
-            const double bound = 2 * Api<float>::bound(order);
-            EXPECT_LE(rel_rms(z, want), bound) << order << " flag " << flag;
-            EXPECT_LE(vt::rel_rms(got_r, want_r), bound) << order << " flag " << flag << " real";
-            veksFFTFree_C_32fc(c);
-            veksFFTFree_R_32f(r);
-        }
-    }
+// Round trips and the forward scale per flag at orders up to 20.
+TEST(FftSelfCheck, EveryFlag) {
+    vt::flag_sweep<Api<float>>({0, 1, 2, 3, 4, 5, 6, 9, 12, 15, 17, 20}, 14);
 }
 
 // Impulse response and the shift theorem at large orders, without a reference.
