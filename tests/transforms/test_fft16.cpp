@@ -20,10 +20,6 @@ TEST(Fft16, SaturatesAndBufferSizes) {
     VeksFFTSpec_C_16sc* plan = nullptr;
     ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
     std::vector<Vek16sc> x(16, Vek16sc{30000, -30000}), y(16);
-    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, 0, nullptr), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(y.data(), {{32767, -32768}, {0, 0}}));
-    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, 4, nullptr), vekStsOk);
-    EXPECT_EQ(y[0].re, 30000);
     // A scale factor far below -2^20 still scales up: every nonzero output saturates.
     ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, INT_MIN, nullptr), vekStsOk);
     EXPECT_TRUE(vt::starts_with(y.data(), {{32767, -32768}, {0, 0}}));
