@@ -77,13 +77,6 @@ TEST(FindNearest, MatchesBruteForce) {
 }
 
 TEST(FindNearest, DocumentedTable) {
-    const Vek16u t[] = {10, 20};
-    const Vek16u v[] = {15, 16, 5, 25, 10, 20};
-    Vek16u out[6];
-    int idx[6];
-    ASSERT_EQ(veksFindNearest_16u(v, out, idx, 6, t, 2), 0);
-    EXPECT_TRUE(vt::starts_with(idx, {0, 1, 0, 1, 0, 1}));
-    EXPECT_TRUE(vt::starts_with(out, {10, 20, 10, 20, 10, 20}));
     // Equal entries: the search takes the largest position at or below the value.
     const Vek16u dup[] = {5, 10, 10, 20};
     int i = -1;
