@@ -45,21 +45,22 @@ struct Terms {
 
 struct FwdState {
     obj::Head head;
-    int64_t lookahead, dlyLen, base, span;
-    Terms terms[2]; // low band, high band
-    double* dly;    // dlyLen samples, oldest first (exact copies of the inputs)
-    double* row[2]; // even and odd samples of a chunk's window
-    double* acc[2]; // low and high accumulators of a chunk
+    int64_t dlyLen, base, span; // dlyLen: lookahead A plus history P
+    Terms terms[2];             // low band, high band
+    double* dly;                // dlyLen samples, oldest first (exact copies of the inputs)
+    double* row[2];             // even and odd samples of a chunk's window
+    double* acc[2];             // low and high accumulators of a chunk
 };
 
 struct InvState {
     obj::Head head;
-    int64_t lookahead, dlyLen, span; // span: band positions one output pair reaches, counted from
-                                     // the first one
-    Terms terms[2];                  // even outputs, odd outputs
-    double* dly[2];                  // low and high delay lines, oldest first
-    double* row[2];                  // low and high band windows of a chunk
-    double* acc[2];                  // even and odd output accumulators
+    // dlyLen: lookahead B plus history Q; span: band positions one output pair reaches, counted
+    // from the first one.
+    int64_t dlyLen, span;
+    Terms terms[2]; // even outputs, odd outputs
+    double* dly[2]; // low and high delay lines, oldest first
+    double* row[2]; // low and high band windows of a chunk
+    double* acc[2]; // even and odd output accumulators
 };
 
 // One band's filter as the caller gives it.
@@ -77,13 +78,12 @@ VekStatus alloc_terms(obj::Builder<S>& b, Terms& t, int64_t count) {
     return b.alloc(t.x, count);
 }
 
-// The analysis state: lookahead, delay length, window geometry, terms, rows. Lengths >= 1 and
-// offsets in range (the caller checked).
+// The analysis state: delay length, window geometry, terms, rows. Lengths >= 1 and offsets in
+// range (the caller checked).
 inline VekStatus build_fwd(obj::Builder<FwdState>& b, const Filter (&f)[2]) {
     FwdState& s = *b.get();
     const int64_t A = std::max<int64_t>({0, f[0].offs - 1, f[1].offs - 1});
     const int64_t P = std::max(f[0].len - 1 - f[0].offs, f[1].len - 1 - f[1].offs);
-    s.lookahead = A;
     s.dlyLen = A + P;
     int64_t first[2], end = 0;
     for (int c = 0; c < 2; ++c) {
@@ -118,7 +118,6 @@ inline VekStatus build_inv(obj::Builder<InvState>& b, const Filter (&f)[2]) {
         B = std::max(B, (f[c].offs + 1) / 2);
         Q = std::max(Q, (f[c].len - 1 - f[c].offs) / 2);
     }
-    s.lookahead = B;
     s.dlyLen = B + Q;
     int64_t count[2] = {0, 0}, maxPos = 0;
     for (int ph = 0; ph < 2; ++ph)
