@@ -78,6 +78,7 @@ struct Vec<float, 4> {
 #endif
     }
     static void store_n(float* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
 #if VEK_ISA_LEVEL >= 3
         _mm_mask_storeu_ps(p, static_cast<__mmask8>(x86::first_bits(n)), a);
 #elif VEK_ISA_LEVEL >= 2
@@ -434,6 +435,7 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 16) struct Vec<T, N> {
 #endif
     }
     static void store_n(T* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
 #if VEK_ISA_LEVEL >= 3
         const auto k = x86::first_bits(n);
         if constexpr (bytes == 1) _mm_mask_storeu_epi8(p, static_cast<__mmask16>(k), a);

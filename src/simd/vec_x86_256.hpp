@@ -43,6 +43,7 @@ struct Vec<float, 8> {
 #endif
     }
     static void store_n(float* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
 #if VEK_ISA_LEVEL >= 3
         _mm256_mask_storeu_ps(p, static_cast<__mmask8>(x86::first_bits(n)), a);
 #else
@@ -202,6 +203,7 @@ struct Vec<double, 4> {
 #endif
     }
     static void store_n(double* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
 #if VEK_ISA_LEVEL >= 3
         _mm256_mask_storeu_pd(p, static_cast<__mmask8>(x86::first_bits(n)), a);
 #else
@@ -398,6 +400,7 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 32) struct Vec<T, N> {
 #endif
     }
     static void store_n(T* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
 #if VEK_ISA_LEVEL >= 3
         const auto k = x86::first_bits(n);
         if constexpr (bytes == 1) _mm256_mask_storeu_epi8(p, static_cast<__mmask32>(k), a);

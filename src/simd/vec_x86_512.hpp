@@ -42,6 +42,7 @@ struct Vec<float, 16> {
         return _mm512_maskz_loadu_ps(static_cast<M>(x86::first_bits(n)), p);
     }
     static void store_n(float* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
         _mm512_mask_storeu_ps(p, static_cast<M>(x86::first_bits(n)), a);
     }
     static R splat(float x) { return _mm512_set1_ps(x); }
@@ -246,6 +247,7 @@ struct Vec<double, 8> {
         return _mm512_maskz_loadu_pd(static_cast<M>(x86::first_bits(n)), p);
     }
     static void store_n(double* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
         _mm512_mask_storeu_pd(p, static_cast<M>(x86::first_bits(n)), a);
     }
     static R splat(double x) { return _mm512_set1_pd(x); }
@@ -443,6 +445,7 @@ requires(std::is_integral_v<T> && sizeof(T) * N == 64) struct Vec<T, N> {
         if constexpr (bytes == 8) return _mm512_maskz_loadu_epi64(k, p);
     }
     static void store_n(T* p, R a, size_t n) {
+        if (n == size_t{lanes}) return store(p, a); // a whole vector: a plain store
         const M k = static_cast<M>(x86::first_bits(n));
         if constexpr (bytes == 1) _mm512_mask_storeu_epi8(p, k, a);
         if constexpr (bytes == 2) _mm512_mask_storeu_epi16(p, k, a);
