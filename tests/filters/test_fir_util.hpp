@@ -17,12 +17,12 @@ using vt::rnd;
 using vt::rvec;
 using vt::to_c;
 
-// The direct form's doubled line holding a history given newest first.
+// The direct form's doubled line holding a history given newest first, for the index `at`.
 template <class Dat>
-std::vector<Dat> doubled_line(const std::vector<Dat>& line) {
+std::vector<Dat> doubled_line(const std::vector<Dat>& line, size_t at = 0) {
     const size_t T = line.size();
     std::vector<Dat> d(2 * T);
-    for (size_t i = 0; i < T; ++i) d[i] = d[i + T] = line[T - 1 - i];
+    for (size_t i = 0; i < T; ++i) d[(i + at) % T] = d[(i + at) % T + T] = line[T - 1 - i];
     return d;
 }
 
@@ -108,9 +108,9 @@ inline int16_t out_rule(uint32_t acc, int64_t factor, int sf) {
     }
     return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
 }
-template <class Tap, class Dat>
-std::vector<Dat> int_reference(const Shape& s, const std::vector<Tap>& h, int tf, int sf,
-                               const std::vector<Dat>& line, const std::vector<Dat>& x, int n) {
+// The taps normalised in place (each part floor-divided by 2^s); returns s.
+template <class Tap>
+int normalise(std::vector<Tap>& h) {
     int64_t m = 0;
     for (const Tap& t : h) {
         const cld c = to_c(t);
@@ -118,6 +118,17 @@ std::vector<Dat> int_reference(const Shape& s, const std::vector<Tap>& h, int tf
     }
     int sh = 0;
     for (; m > 32766; m /= 2) ++sh;
+    for (Tap& t : h) {
+        const cld c = to_c(t);
+        t = vt::from_c<Tap>(
+            cld(floor_shift(int64_t(c.real()), sh), floor_shift(int64_t(c.imag()), sh)));
+    }
+    return sh;
+}
+template <class Tap, class Dat>
+std::vector<Dat> int_reference(const Shape& s, std::vector<Tap> h, int tf, int sf,
+                               const std::vector<Dat>& line, const std::vector<Dat>& x, int n) {
+    const int sh = normalise(h);
     std::vector<Dat> y(size_t(n) * size_t(s.U));
     for (size_t k = 0; k < y.size(); ++k) {
         uint32_t re = 0, im = 0;
@@ -125,8 +136,7 @@ std::vector<Dat> int_reference(const Shape& s, const std::vector<Tap>& h, int tf
             const Dat* v = sample_at(s, s.dp + int64_t(k) * s.D - i, line, x);
             if (v == nullptr) continue;
             const cld a = to_c(h[size_t(i)]), b = to_c(*v);
-            const int64_t hr = floor_shift(int64_t(a.real()), sh),
-                          hi = floor_shift(int64_t(a.imag()), sh);
+            const int64_t hr = int64_t(a.real()), hi = int64_t(a.imag());
             const int64_t xr = int64_t(b.real()), xi = int64_t(b.imag());
             re += uint32_t(hr * xr - hi * xi);
             im += uint32_t(hr * xi + hi * xr);
@@ -228,8 +238,9 @@ void stream_check(const std::vector<typename M::Tap>& h, const std::vector<typen
 // sample at a time (alternately in place, where the member has that form), the block and the
 // in-place block from the state `st` (its line set to `hist` before each, and checked after
 // each to hold the last inputs), then the direct block, in-place block and single-sample forms
-// on the caller's doubled line (the index checked after). `extra` are the direct forms'
-// arguments after tapsLen (the taps factor of integer taps).
+// on the caller's doubled line (the index checked after; the last two start from an index
+// outside 0 .. tapsLen-1, taken modulo tapsLen). `extra` are the direct forms' arguments after
+// tapsLen (the taps factor of integer taps).
 template <class M, class... E>
 std::vector<std::vector<typename M::Dat>>
 every_form(typename M::St* st, const std::vector<typename M::Tap>& h,
@@ -269,17 +280,19 @@ every_form(typename M::St* st, const std::vector<typename M::Tap>& h,
     EXPECT_EQ(idx, n % T);
     EXPECT_TRUE(ddst.guards_intact());
     out[3] = ddst.vec();
-    dl = doubled_line(hist);
-    idx = 0;
+    const int k = T / 2;
+    dl = doubled_line(hist, size_t(k));
+    idx = k + 3 * T;
     EXPECT_EQ(M::dir_i(out[4].data(), n, h.data(), T, extra..., dl.data(), &idx, sf), vekStsOk);
-    dl = doubled_line(hist);
-    idx = 0;
+    dl = doubled_line(hist, size_t(k));
+    idx = k - 2 * T;
     for (int i = 0; i < n; ++i) {
         Dat* y = &out[5][size_t(i)];
         EXPECT_EQ((i & 1) ? M::one_dir_i(y, h.data(), T, extra..., dl.data(), &idx, sf)
                           : M::one_dir(x[size_t(i)], y, h.data(), T, extra..., dl.data(), &idx, sf),
                   vekStsOk);
     }
+    EXPECT_EQ(idx, (k + n) % T);
     return out;
 }
 
