@@ -59,16 +59,6 @@ struct Case : F {
     static constexpr int sf = F::sfs ? 3 : 0;
 };
 
-// The transform length of T >= 32 taps: 128 up to 63 taps, 256 up to 255, then
-// the next power of two above T.
-TEST(FirFftRule, TransformLength) {
-    using veks::fir::fft_len_for;
-    const int cases[][2] = {{1, -1},     {31, -1},     {32, 128},    {63, 128},
-                            {64, 256},   {255, 256},   {256, 512},   {511, 512},
-                            {512, 1024}, {1000, 1024}, {1024, 2048}, {1100, 2048}};
-    for (const auto& c : cases) EXPECT_EQ(fft_len_for(c[0]), c[1]) << c[0];
-}
-
 // ---- Results across paths, blocks and calls
 // ------------------------------------------------
 
@@ -169,14 +159,16 @@ bool took_fft(int T, int n, Form form) {
     return off;
 }
 
-// numIters == fftLen uses the direct kernel and fftLen + 1 the transform; the
-// in-place form uses the transform for every numIters from 32 taps on; the
+// numIters == fftLen uses the direct kernel and fftLen + 1 the transform (fftLen:
+// 128 up to 63 taps, 256 up to 255, then the next power of two above tapsLen);
+// the in-place form uses the transform for every numIters from 32 taps on; the
 // single-sample form never does; below 32 taps nothing does.
 TYPED_TEST(FirFftSwitch, SwitchConditions) {
     using M = TypeParam;
     const struct {
         int T, len;
-    } cases[] = {{32, 128}, {63, 128}, {64, 256}, {255, 256}, {256, 512}, {600, 1024}};
+    } cases[] = {{32, 128},  {63, 128},   {64, 256},   {255, 256},
+                 {256, 512}, {600, 1024}, {1024, 2048}};
     for (const auto& c : cases) {
         SCOPED_TRACE("tapsLen " + std::to_string(c.T));
         EXPECT_FALSE(took_fft<M>(c.T, c.len, Form::block));
@@ -204,48 +196,37 @@ VekStatus with_heap(int fail_at, F&& f) {
     return st;
 }
 
-// Every request of InitAlloc (the record, taps, delay buffer, spectrum, the
-// transform and its tables) failing in turn gives -9, stores nothing and leaves
-// nothing allocated.
-TYPED_TEST(FirFftMember, InitAllocFailures) {
-    using M = TypeParam;
-    for (int T : {32, 300}) {
-        SCOPED_TRACE("tapsLen " + std::to_string(T));
-        vt::Rng rng(3);
-        const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
-        typename M::St* st = nullptr;
-        auto init = [&] { return M::init(&st, h.data(), T, nullptr); };
-        ASSERT_EQ(with_heap(0, init), vekStsOk);
-        ASSERT_EQ(M::fre(st), vekStsOk);
-        const int calls = g_heap.calls;
-        EXPECT_GE(calls, 5);
-        for (int k = 1; k <= calls; ++k) {
-            SCOPED_TRACE("failing request " + std::to_string(k));
-            auto* const sentinel = reinterpret_cast<typename M::St*>(uintptr_t{0x40});
-            st = sentinel;
-            EXPECT_EQ(with_heap(k, init), vekStsMemAllocErr);
-            EXPECT_EQ(st, sentinel);
-            EXPECT_EQ(g_heap.held, 0);
-        }
-    }
-}
-
-// A filtering call whose work memory cannot be had returns -9 before writing
-// anything: the output (or, in place, the input) is untouched and the state is
-// as before, so that the same call then gives the results of an undisturbed
-// state. 2100 taps need a transform work buffer.
-TYPED_TEST(FirFftMember, FilteringAllocationFailures) {
+// Every heap request of InitAlloc (the record, taps, delay buffer, spectrum,
+// the transform and its tables) failing in turn gives -9, stores nothing and
+// leaves nothing allocated. A filtering call whose work memory cannot be had
+// returns -9 before writing anything: the output (or, in place, the input) is
+// untouched and the state is as before, so that the same call then gives the
+// results of an undisturbed state. 2100 taps need a transform work buffer.
+TYPED_TEST(FirFftMember, AllocationFailures) {
     using M = TypeParam;
     using Dat = typename M::Dat;
     for (int T : {50, 2100}) {
+        SCOPED_TRACE("tapsLen " + std::to_string(T));
         const int n = veks::fir::fft_len_for(T) + 7;
         vt::Rng rng(9);
         const auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
         const auto line = ft::rvec<Dat>(rng, T, M::amp);
         const auto x = ft::rvec<Dat>(rng, n, M::amp);
         const auto junk = ft::rvec<Dat>(rng, n, M::amp);
+        typename M::St* made = nullptr;
+        auto init = [&] { return M::init(&made, h.data(), T, line.data()); };
+        ASSERT_EQ(with_heap(0, init), vekStsOk);
+        ASSERT_EQ(M::fre(made), vekStsOk);
+        const int inits = g_heap.calls;
+        EXPECT_GE(inits, 5);
+        for (int k = 1; k <= inits; ++k) {
+            auto* const sentinel = reinterpret_cast<typename M::St*>(uintptr_t{0x40});
+            made = sentinel;
+            EXPECT_EQ(with_heap(k, init), vekStsMemAllocErr) << "InitAlloc request " << k;
+            EXPECT_TRUE(made == sentinel && g_heap.held == 0) << "InitAlloc request " << k;
+        }
         for (bool in_place : {false, true}) {
-            SCOPED_TRACE("tapsLen " + std::to_string(T) + (in_place ? " in place" : ""));
+            SCOPED_TRACE(in_place ? "in place" : "out of place");
             auto run = [&](typename M::St* st, std::vector<Dat>& out) {
                 if (in_place) {
                     out = x;
