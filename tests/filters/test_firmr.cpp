@@ -77,9 +77,9 @@ template <class M>
 ::testing::AssertionResult matches(const Shape& s, const std::vector<typename M::Tap>& h, int sf,
                                    const std::vector<typename M::Dat>& line,
                                    const std::vector<typename M::Dat>& x, int n,
-                                   const std::vector<typename M::Dat>& got) {
+                                   const std::vector<typename M::Dat>& got, int tf = 0) {
     if constexpr (M::int_taps) {
-        return vt::bits_equal(got, int_reference(s, h, 0, sf, line, x, n));
+        return vt::bits_equal(got, int_reference(s, h, tf, sf, line, x, n));
     } else {
         std::vector<cld> want;
         std::vector<long double> mag;
@@ -93,9 +93,12 @@ std::vector<typename M::Tap> taps_for(vt::Rng& rng, int T) {
     return ft::rvec<typename M::Tap>(rng, T, M::int_taps ? 40000.0 : 1.0);
 }
 
-// Factor pairs of each kernel kind: interpolators, decimators, rational.
-const int kFactorPairs[][2] = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3},
-                               {1, 4}, {3, 2}, {2, 3}, {4, 6}, {5, 3}};
+// Factor pairs of each kernel kind: interpolators, decimators, rational; 1 and 1 (the
+// single-rate state).
+const int kFactorPairs[][2] = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3}, {1, 4},
+                               {3, 2}, {2, 3}, {4, 6}, {5, 3}, {1, 1}};
+// Taps factors of integer taps: with the scale factor, output shifts from far right to past 31.
+const int kTapsFactors[] = {-20, -3, 0, 2, 40};
 std::vector<int> taps_around(int U) { // shorter than, equal to and longer than U
     std::vector<int> v = {1, U, U + 1, 2 * U + 3, 23};
     if (U > 2) v.push_back(U - 1);
@@ -106,7 +109,8 @@ std::vector<int> taps_around(int U) { // shorter than, equal to and longer than 
 
 // Every member, factor pair, phase pair and taps length: the state's block call against the
 // reference, the direct form and the in-place forms giving the same bits, on every level; the
-// lines after the calls hold the last inputs, newest first.
+// lines after the calls hold the last inputs, newest first. Factors of 1 make the single-rate
+// state, which the single-sample form takes (the conformance suite has it refuse multi-rate ones).
 TEST(FirMultiRate, EveryShapeMatchesReference) {
     for_each_member([](auto m) {
         using M = decltype(m);
@@ -119,7 +123,8 @@ TEST(FirMultiRate, EveryShapeMatchesReference) {
                     for (int dp = 0; dp < D; ++dp) {
                         const Shape s{U, up, D, dp, T};
                         SCOPED_TRACE(s.text());
-                        const int n = int(rng.range(1, 9)), sf = M::sfs ? int(rng.range(-2, 3)) : 0;
+                        const int n = int(rng.range(1, 9)), sf = M::sfs ? int(rng.range(-5, 7)) : 0;
+                        const int tf = M::int_taps ? kTapsFactors[rng.next() % 5] : 0;
                         const auto h = taps_for<M>(rng, T);
                         const auto line = ft::rvec<Dat>(rng, s.dly(), M::amp);
                         const auto x = ft::rvec<Dat>(rng, n * D, M::amp);
@@ -129,37 +134,49 @@ TEST(FirMultiRate, EveryShapeMatchesReference) {
                                 i < n * D ? x[size_t(n * D - 1 - i)] : line[size_t(i - n * D)];
                         vt::for_each_level([&, U = U, D = D](auto) {
                             typename M::St* st = nullptr;
-                            ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data()),
+                            ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data(), tf),
                                       vekStsOk);
                             vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n * U, ft::off<Dat>(2));
                             ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
                             ASSERT_TRUE(dst.guards_intact());
                             const auto got = dst.vec();
                             if (first.empty()) {
-                                ASSERT_TRUE((matches<M>(s, h, sf, line, x, n, got)));
+                                ASSERT_TRUE((matches<M>(s, h, sf, line, x, n, got, tf)));
                                 first = got;
                             }
                             ASSERT_TRUE(vt::bits_equal(got, first));
                             std::vector<Dat> kept(size_t(s.dly()));
                             ASSERT_EQ(M::get_dly(st, kept.data()), vekStsOk);
                             ASSERT_TRUE(vt::bits_equal(kept, last));
+                            if (U * D == 1) { // the single-rate state: single samples take it
+                                ASSERT_EQ(M::set_dly(st, line.data()), vekStsOk);
+                                std::vector<Dat> one(size_t(n), Dat{});
+                                for (int i = 0; i < n; ++i)
+                                    ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf),
+                                              vekStsOk);
+                                ASSERT_TRUE(vt::bits_equal(one, first));
+                            }
                             ASSERT_EQ(M::fre(st), vekStsOk);
-                            // The direct form, out of place and in place, on the same line.
+                            // The direct form, out of place and in place, on the same line: the
+                            // state's bits (with factors of 1, the state single-rate and summing in
+                            // another order, the reference's values).
                             auto dline = line;
                             vt::Buf<Dat> ddst(n * U, ft::off<Dat>(3));
                             ASSERT_EQ(M::direct(x.data(), ddst.data(), n, h.data(), T, U, up, D, dp,
-                                                dline.data(), sf),
+                                                dline.data(), sf, tf),
                                       vekStsOk);
-                            ASSERT_TRUE(vt::bits_equal(ddst.vec(), first));
+                            const auto d = ddst.vec();
+                            ASSERT_TRUE(U * D == 1 ? matches<M>(s, h, sf, line, x, n, d, tf)
+                                                   : vt::bits_equal(d, first));
                             ASSERT_TRUE(vt::bits_equal(dline, last));
                             auto iline = line;
                             std::vector<Dat> buf(size_t(n) * size_t(std::max(U, D)));
                             std::copy(x.begin(), x.end(), buf.begin());
                             ASSERT_EQ(M::direct(buf.data(), buf.data(), n, h.data(), T, U, up, D,
-                                                dp, iline.data(), sf),
+                                                dp, iline.data(), sf, tf),
                                       vekStsOk);
                             buf.resize(size_t(n) * size_t(U));
-                            ASSERT_TRUE(vt::bits_equal(buf, first));
+                            ASSERT_TRUE(vt::bits_equal(buf, d));
                         });
                     }
     });
@@ -241,32 +258,12 @@ TEST(FirMultiRate, LongFiltersAndLargeFactors) {
     }
 }
 
-// Integer taps: the taps factor and the scale factor meet in the output shift; the 16s32f form
-// converts floating-point taps as the single-rate state does; GetTaps gives the normalised taps.
-TEST(FirMultiRate, IntegerTapsFactors) {
+// Integer taps from floating-point ones: the 16s32f form converts them as the single-rate state
+// does, and the state filters with the taps and factor GetTaps returns.
+TEST(FirMultiRate, FloatTapsConversion) {
     vt::Rng rng(9);
     const Shape s{3, 1, 2, 1, 11};
-    const auto h = ft::rvec<Vek32s>(rng, s.T, 200000.0);
-    const auto line = ft::rvec<Vek16s>(rng, s.dly(), 30000.0);
     const auto x = ft::rvec<Vek16s>(rng, 8 * s.D, 30000.0);
-    for (int tf : {-20, -3, 0, 2, 40})
-        for (int sf : {-5, 0, 1, 7}) {
-            VeksFIRState32s_16s* st = nullptr;
-            ASSERT_EQ(veksFIRMRInitAlloc32s_16s(&st, h.data(), s.T, tf, s.U, s.up, s.D, s.dp,
-                                                line.data()),
-                      vekStsOk);
-            std::vector<Vek16s> y(8 * size_t(s.U)), yd(y.size());
-            ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), y.data(), 8, st, sf), vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(y, int_reference(s, h, tf, sf, line, x, 8)))
-                << "tapsFactor " << tf << " scaleFactor " << sf;
-            auto dline = line;
-            ASSERT_EQ(veksFIRMR32s_Direct_16s_Sfs(x.data(), yd.data(), 8, h.data(), s.T, tf, s.U,
-                                                  s.up, s.D, s.dp, dline.data(), sf),
-                      vekStsOk);
-            ASSERT_TRUE(vt::bits_equal(yd, y));
-            ASSERT_EQ(veksFIRFree32s_16s(st), vekStsOk);
-        }
-    // Float taps: the converted state filters with the taps and factor GetTaps returns.
     const auto hf = ft::rvec<Vek32f>(rng, s.T, 3.0);
     VeksFIRState32s_16s* a = nullptr;
     ASSERT_EQ(veksFIRMRInitAlloc32s_16s32f(&a, hf.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),
@@ -284,27 +281,6 @@ TEST(FirMultiRate, IntegerTapsFactors) {
     ASSERT_TRUE(vt::bits_equal(
         ya, int_reference(s, hi, factor, -12, std::vector<Vek16s>(size_t(s.dly())), x, 8)));
     ASSERT_EQ(veksFIRFree32s_16s(a), vekStsOk);
-}
-
-// Factors of 1 make the single-rate state: the single-sample form accepts it and both give the
-// single-rate filter's outputs. (The conformance suite has the single-sample forms refuse
-// multi-rate states.)
-TEST(FirMultiRate, UnitFactorsMakeSingleRateState) {
-    vt::Rng rng(4);
-    const auto h = ft::rvec<Vek64f>(rng, 40, 1.0);
-    const auto line = ft::rvec<Vek64f>(rng, 40, 1.0);
-    const auto x = ft::rvec<Vek64f>(rng, 300, 1.0);
-    VeksFIRState_64f *mr = nullptr, *sr = nullptr;
-    ASSERT_EQ(veksFIRMRInitAlloc_64f(&mr, h.data(), 40, 1, 0, 1, 0, line.data()), vekStsOk);
-    ASSERT_EQ(veksFIRInitAlloc_64f(&sr, h.data(), 40, line.data()), vekStsOk);
-    std::vector<Vek64f> a(300), b(300);
-    ASSERT_EQ(veksFIR_64f(x.data(), a.data(), 299, mr), vekStsOk);
-    ASSERT_EQ(veksFIR_64f(x.data(), b.data(), 299, sr), vekStsOk);
-    ASSERT_EQ(veksFIROne_64f(x[299], &a[299], mr), vekStsOk);
-    ASSERT_EQ(veksFIROne_64f(x[299], &b[299], sr), vekStsOk);
-    ASSERT_TRUE(vt::bits_equal(a, b));
-    ASSERT_EQ(veksFIRFree_64f(mr), vekStsOk);
-    ASSERT_EQ(veksFIRFree_64f(sr), vekStsOk);
 }
 
 } // namespace
