@@ -141,40 +141,53 @@ TEST(Conv, DirectArithmeticAndFftAroundTheSwitch) {
     }
 }
 
-// 16-bit Conv (marked by lowLag -1) and CrossCorr around their switches: exact sums with the
-// scale factor rule, of full-scale data and of data small enough that no output saturates.
+// 16-bit Conv (marked by lowLag -1), CrossCorr and AutoCorr (marked by len2 0; its three
+// normalisations) around their switches: exact sums with the scale factor rule, of full-scale data
+// and of data small enough that no output saturates.
 TEST(ConvCorr, Exact16BitSums) {
     vt::Rng rng(2);
     const int cases[][4] = {{5, 9, -1, 13},      {75, 75, -1, 149},       {75, 76, -1, 150},
                             {700, 300, -1, 999}, {3000, 20, -1, 3019},    {3000, 2500, -1, 5499},
-                            {30, 50, -40, 100},  {1000, 1000, -300, 383}, {1000, 1000, -300, 600}};
+                            {30, 50, -40, 100},  {1000, 1000, -300, 383}, {1000, 1000, -300, 600},
+                            {50, 0, 0, 60},      {700, 0, 0, 599},        {700, 0, 0, 600},
+                            {3000, 0, 0, 640}};
+    decltype(&veksAutoCorr_16s_Sfs) autos[3] = {veksAutoCorr_16s_Sfs, veksAutoCorr_NormA_16s_Sfs,
+                                                veksAutoCorr_NormB_16s_Sfs};
     for (const auto& [l1, l2, low, n] : cases)
-        for (int sf : low == -1 ? std::vector<int>{-3, 0, 4, 15} : std::vector<int>{-2, 0, 9, 25}) {
-            const double amp = sf == 0 ? 3 : 32767;
-            const auto a = rvec<Vek16s>(rng, l1, amp), b = rvec<Vek16s>(rng, l2, amp);
-            std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
-            ASSERT_EQ(low == -1
-                          ? veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf)
-                          : veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), n, low, sf),
-                      vekStsOk);
-            for (int k = 0; k < n; ++k)
-                want[size_t(k)] =
-                    scale16(low == -1 ? conv_at(a, b, k) : corr_at(a, b, low + k), sf);
-            ASSERT_TRUE(vt::bits_equal(d, want)) << l1 << " x " << l2 << " sf " << sf;
-        }
+        for (int sf : low == -1 ? std::vector<int>{-3, 0, 4, 15} : std::vector<int>{-2, 0, 9, 25})
+            for (int nm = 0; nm < (l2 == 0 ? 3 : 1); ++nm) {
+                const double amp = sf == 0 ? 3 : 32767;
+                const auto a = rvec<Vek16s>(rng, l1, amp);
+                const auto b = l2 == 0 ? a : rvec<Vek16s>(rng, l2, amp);
+                std::vector<Vek16s> d(static_cast<size_t>(n)), want(static_cast<size_t>(n));
+                ASSERT_EQ(l2 == 0     ? autos[nm](a.data(), l1, d.data(), n, sf)
+                          : low == -1 ? veksConv_16s_Sfs(a.data(), l1, b.data(), l2, d.data(), sf)
+                                      : veksCrossCorr_16s_Sfs(a.data(), l1, b.data(), l2, d.data(),
+                                                              n, low, sf),
+                          vekStsOk);
+                for (int k = 0; k < n; ++k) { // NormA divides by len, NormB by len - lag
+                    const long double div = nm == 0 ? 1 : nm == 1 ? l1 : std::max(1, l1 - k);
+                    want[size_t(k)] = low == -1 ? scale16(conv_at(a, b, k), sf)
+                                                : scale16(corr_at(a, b, low + k) / div, sf);
+                }
+                ASSERT_TRUE(vt::bits_equal(d, want))
+                    << l1 << " x " << l2 << " sf " << sf << " normalisation " << nm;
+            }
 }
 
 // ---- CrossCorr
 // -----------------------------------------------------------------------------------
 
 template <class C>
-void cross_case(C, vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
+void cross_case(C, vt::Rng& rng, int l1, int l2, int lowLag, int dstLen, bool alias) {
     using T = typename C::Type;
     SCOPED_TRACE(std::to_string(l1) + " x " + std::to_string(l2) + " lags " +
                  std::to_string(lowLag) + " + " + std::to_string(dstLen));
-    const auto a = rvec<T>(rng, l1, 1.0), b = rvec<T>(rng, l2, 1.0);
+    const auto b = rvec<T>(rng, l2, 1.0);
+    const auto a = alias ? std::vector<T>(b.begin(), b.begin() + l1) : rvec<T>(rng, l1, 1.0);
     vt::Buf<T> d(dstLen, alignof(T), T{});
-    ASSERT_EQ(C::cross(a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag), vekStsOk);
+    ASSERT_EQ(C::cross(alias ? b.data() : a.data(), l1, b.data(), l2, d.data(), dstLen, lowLag),
+              vekStsOk);
     ASSERT_TRUE(d.guards_intact());
     const long double tol = fft_allowance<T>(energy(a), energy(b), 2 * (l1 + l2));
     for (int k = 0; k < dstLen; ++k) {
@@ -188,11 +201,11 @@ void cross_case(C, vt::Rng& rng, int l1, int l2, int lowLag, int dstLen) {
 }
 
 // Around the cost estimate (m * min / max: 383 direct, 384 FFT), lags wholly outside the
-// overlap, leading and trailing zeros, every member.
+// overlap, leading and trailing zeros, one vector as both sources, every member.
 TEST(CrossCorr, AroundTheCostEstimateAndOutsideTheOverlap) {
     vt::Rng rng(3);
-    auto all = [&](int l1, int l2, int low, int n) {
-        for_each_corr([&](auto c) { cross_case(c, rng, l1, l2, low, n); });
+    auto all = [&](int l1, int l2, int low, int n, bool alias = false) {
+        for_each_corr([&](auto c) { cross_case(c, rng, l1, l2, low, n, alias); });
     };
     all(1000, 1000, -200, 383); // estimate 383: direct
     all(1000, 1000, -200, 384); // 384: FFT
@@ -204,18 +217,8 @@ TEST(CrossCorr, AroundTheCostEstimateAndOutsideTheOverlap) {
     all(10, 20, -100, 50);      // every lag below 1 - len1: all zeros
     all(10, 20, 20, 5);         // every lag from len2 on
     all(1, 1, 0, 1);
-}
-
-// One vector passed as both sources with different lengths: the second's values beyond the
-// first's length count (estimate 1000 * 1000 / 2000 = 500: the FFT method).
-TEST(CrossCorr, OneVectorAsBothSources) {
-    vt::Rng rng(9);
-    const auto v = rvec<Vek32f>(rng, 2000, 1.0);
-    const std::vector<Vek32f> head(v.begin(), v.begin() + 1000);
-    std::vector<Vek32f> d(1000);
-    ASSERT_EQ(veksCrossCorr_32f(v.data(), 1000, v.data(), 2000, d.data(), 1000, 0), vekStsOk);
-    const long double tol = fft_allowance<Vek32f>(energy(head), energy(v), 3000);
-    for (int k = 0; k < 1000; ++k) ASSERT_TRUE(near(d[size_t(k)], corr_at(head, v, k), tol)) << k;
+    // The first source the head of the second: its values beyond len1 count (estimate 500: FFT).
+    all(1000, 2000, 0, 1000, true);
 }
 
 // Direct sums: the same bits on every level (lags in vector lanes and one by one). 439 lags
@@ -273,25 +276,6 @@ TEST(AutoCorr, AroundTheSwitchAndNormalisations) {
         if (int64_t{n} * lags > vt::kReferenceWork) continue;
         for_each_corr([&, n = n, lags = lags](auto c) { auto_case(c, rng, n, lags); });
     }
-}
-
-TEST(AutoCorr, Exact16Bit) {
-    vt::Rng rng(7);
-    const int cases[][2] = {{50, 60}, {700, 599}, {700, 600}, {3000, 640}};
-    for (const auto& [n, lags] : cases)
-        for (int sf : {-1, 0, 12, 26}) {
-            const auto x = rvec<Vek16s>(rng, n, 32767);
-            std::vector<Vek16s> p(static_cast<size_t>(lags)), a(p.size()), b(p.size());
-            ASSERT_EQ(veksAutoCorr_16s_Sfs(x.data(), n, p.data(), lags, sf), vekStsOk);
-            ASSERT_EQ(veksAutoCorr_NormA_16s_Sfs(x.data(), n, a.data(), lags, sf), vekStsOk);
-            ASSERT_EQ(veksAutoCorr_NormB_16s_Sfs(x.data(), n, b.data(), lags, sf), vekStsOk);
-            for (int k = 0; k < lags; ++k) {
-                const long double s = corr_at(x, x, k);
-                ASSERT_EQ(p[size_t(k)], k < n ? scale16(s, sf) : 0) << "lag " << k;
-                ASSERT_EQ(a[size_t(k)], k < n ? scale16(s / n, sf) : 0) << "NormA lag " << k;
-                ASSERT_EQ(b[size_t(k)], k < n ? scale16(s / (n - k), sf) : 0) << "NormB lag " << k;
-            }
-        }
 }
 
 // ---- cyclic
