@@ -6,19 +6,14 @@
 #include <complex>
 
 #include "fir_members.hpp"
+#include "int_z.hpp"
 #include "testutil.hpp"
 
 namespace {
 
-// Complex and real integers through one set of helpers: a real value is a complex one with a
-// zero imaginary part that the real members never see.
-struct Z {
-    int64_t re = 0, im = 0;
-    bool operator==(const Z&) const = default;
-};
-Z operator*(Z a, Z b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
-Z operator+(Z a, Z b) { return {a.re + b.re, a.im + b.im}; }
-Z operator-(Z a, Z b) { return {a.re - b.re, a.im - b.im}; }
+using ft::from_z;
+using ft::z;
+using ft::Z;
 
 // v * 2^-s rounded to nearest, ties to even (long double holds every |v| < 2^63 exactly),
 // saturated to [lo, hi].
@@ -47,21 +42,6 @@ struct Section {
         return acc;
     }
 };
-
-template <class T>
-Z z(const T& v) {
-    if constexpr (std::is_integral_v<T>)
-        return {v, 0};
-    else
-        return {v.re, v.im};
-}
-template <class T>
-T from_z(Z v) {
-    if constexpr (std::is_arithmetic_v<T>)
-        return static_cast<T>(v.re);
-    else
-        return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
-}
 
 // One member: its InitAlloc (arbitrary order and BiQuad, from integer and floating-point taps),
 // Free, GetDlyLine, SetDlyLine, block, in-place block and single-sample forms.

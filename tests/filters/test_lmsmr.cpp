@@ -1,18 +1,20 @@
 // Multi-rate LMS: both members against a model written here (a chronological history of the
 // inputs; the caller's tap j multiplies the sample j * dlyStep before the newest, shifted
-// updateDly further back for the update) through random sequences of PutVal, One, OneVal and
-// UpdateTaps, for several dlyStep / updateDly pairs; GetDlyVal, the taps and line exchanges.
+// updateDly further back for the update) through random sequences of PutVal, One, OneVal,
+// UpdateTaps, SetTaps with SetMu (0 freezing the taps) and SetDlyLine (null, index out of range),
+// for several dlyStep / updateDly pairs; GetDlyVal, GetTaps and the taps pointer after them.
 #include <deque>
 
 #include "fir_members.hpp"
+#include "int_z.hpp"
 #include "testutil.hpp"
 
 namespace {
 
-struct Z { // complex 32-bit values with wrapping arithmetic; real members use re only
-    int32_t re = 0, im = 0;
-    bool operator==(const Z&) const = default;
-};
+using ft::from_z;
+using ft::z;
+using ft::Z; // the model keeps its values to 32 bits (w32)
+
 int32_t w32(int64_t v) {
     return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint64_t>(v)));
 }
@@ -55,22 +57,6 @@ struct Model {
         hist.push_back(v);
     }
 };
-
-// Member values to and from Z.
-template <class T>
-Z z(const T& v) {
-    if constexpr (std::is_integral_v<T>)
-        return {v, 0};
-    else
-        return {v.re, v.im};
-}
-template <class T>
-T from(Z v) {
-    if constexpr (std::is_integral_v<T>)
-        return static_cast<T>(v.re);
-    else
-        return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
-}
 
 // One member: InitAlloc, Free, SetTaps, GetTaps, GetTapsPointer, SetDlyLine, GetDlyLine,
 // GetDlyVal, SetMu, PutVal, One, OneVal and UpdateTaps; the types follow from them.
@@ -120,44 +106,67 @@ TEST(LmsMultiRate, FollowsTheModel) {
                 SCOPED_TRACE("dlyStep " + std::to_string(step) + " updateDly " +
                              std::to_string(udly) + " tapsLen " + std::to_string(T));
                 const int dlyLen = step * T + udly;
-                Model<M::cplx> model;
-                model.step = step;
-                model.udly = udly;
-                model.mu = static_cast<int>(rng.range(1, 3000));
-                std::vector<Tap> taps;
-                for (int j = 0; j < T; ++j) {
-                    model.taps.push_back(rnd(rng, INT32_MIN / 4, INT32_MAX / 4, M::cplx));
-                    taps.push_back(from<Tap>(model.taps.back()));
-                }
-                std::vector<Smp> line;
-                for (int i = 0; i < dlyLen; ++i)
-                    line.push_back(from<Smp>(rnd(rng, -32768, 32767, M::cplx)));
-                const int idx = static_cast<int>(rng.range(0, dlyLen - 1));
-                for (int i = 0; i < dlyLen; ++i)
-                    model.hist.push_back(z(line[size_t((idx + i) % dlyLen)]));
+                Model<M::cplx> model{{}, {}, step, udly, 0};
+                std::vector<Tap> taps(static_cast<size_t>(T));
+                std::vector<Smp> line(static_cast<size_t>(dlyLen)), seen(line.size());
+                auto new_taps = [&] { // mu 0 now and then: the taps stay
+                    model.mu = rng.range(0, 3) == 0 ? 0 : static_cast<int>(rng.range(1, 3000));
+                    model.taps.clear();
+                    for (auto& t : taps) {
+                        model.taps.push_back(rnd(rng, INT32_MIN / 4, INT32_MAX / 4, M::cplx));
+                        t = from_z<Tap>(model.taps.back());
+                    }
+                };
+                // A line (null now and then: zeros) and an index below span * dlyLen.
+                auto new_line = [&](int span) {
+                    const bool null = rng.range(0, 3) == 0;
+                    for (auto& v : line)
+                        v = null ? Smp{} : from_z<Smp>(rnd(rng, -32768, 32767, M::cplx));
+                    const int idx = static_cast<int>(rng.range(0, span * dlyLen - 1));
+                    model.hist.clear();
+                    for (int i = 0; i < dlyLen; ++i)
+                        model.hist.push_back(z(line[size_t((idx + i) % dlyLen)]));
+                    return std::pair{null ? nullptr : line.data(), idx};
+                };
+                new_taps();
+                const auto [l0, i0] = new_line(1);
                 typename M::S* st = nullptr;
-                ASSERT_EQ(m.init(&st, taps.data(), T, line.data(), idx, step, udly, model.mu),
-                          vekStsOk);
+                ASSERT_EQ(m.init(&st, taps.data(), T, l0, i0, step, udly, model.mu), vekStsOk);
                 for (int op = 0; op < 400; ++op) {
                     Acc y{};
-                    const int64_t kind = rng.range(0, 3);
+                    const int64_t r = rng.range(0, 17), kind = r < 16 ? r % 4 : r - 12;
                     if (kind < 2) { // PutVal, or OneVal and the output
                         const Z v = rnd(rng, -32768, 32767, M::cplx);
-                        ASSERT_EQ(kind ? m.one_val(from<Smp>(v), &y, st) : m.put(from<Smp>(v), st),
+                        ASSERT_EQ(kind ? m.one_val(from_z<Smp>(v), &y, st)
+                                       : m.put(from_z<Smp>(v), st),
                                   vekStsOk);
                         model.put(v);
                     } else if (kind == 2) {
                         ASSERT_EQ(m.one(&y, st), vekStsOk);
-                    } else {
+                    } else if (kind == 3) {
                         const Z e = rnd(rng, -40000, 40000, M::cplx);
-                        ASSERT_EQ(m.update(from<Acc>(e), st), vekStsOk);
+                        ASSERT_EQ(m.update(from_z<Acc>(e), st), vekStsOk);
                         model.update(e);
+                    } else if (kind == 4) {
+                        new_taps();
+                        ASSERT_EQ(m.set_taps(st, taps.data()), vekStsOk);
+                        ASSERT_EQ(m.set_mu(st, model.mu), vekStsOk);
+                    } else { // GetDlyLine gives the line and index as set (used modulo dlyLen)
+                        const auto [l, idx] = new_line(3);
+                        int got = -1;
+                        ASSERT_EQ(m.set_line(st, l, idx), vekStsOk);
+                        ASSERT_EQ(m.get_line(st, seen.data(), &got), vekStsOk);
+                        ASSERT_TRUE(vt::bits_equal(seen, line) && got == idx);
                     }
-                    ASSERT_TRUE(kind == 0 || kind == 3 || z(y) == model.output());
+                    ASSERT_TRUE((kind != 1 && kind != 2) || z(y) == model.output());
                 }
                 std::vector<Tap> got(static_cast<size_t>(T));
+                Tap* p = nullptr; // the state's own array, reversed
                 ASSERT_EQ(m.get_taps(st, got.data()), vekStsOk);
-                for (int j = 0; j < T; ++j) ASSERT_TRUE(z(got[size_t(j)]) == model.taps[size_t(j)]);
+                ASSERT_EQ(m.taps_ptr(st, &p), vekStsOk);
+                for (int j = 0; j < T; ++j)
+                    ASSERT_TRUE(z(got[size_t(j)]) == model.taps[size_t(j)] &&
+                                z(p[T - 1 - j]) == model.taps[size_t(j)]);
                 // GetDlyVal(index) is the sample index * 1 before the output's first: index 0 is
                 // the one the last tap multiplies; up to dlyLen, wrapping around the history.
                 for (int i = 0; i <= dlyLen; ++i) {
@@ -169,62 +178,6 @@ TEST(LmsMultiRate, FollowsTheModel) {
                 ASSERT_EQ(m.fre(st), vekStsOk);
             }
         }
-    });
-}
-
-// Taps and line in and out; mu = 0 freezes the taps; the taps pointer is the state's own array
-// in reversed order; a delay index out of range is used modulo dlyLen.
-TEST(LmsMultiRate, ExchangesAndFrozenTaps) {
-    for_each_member([](auto m) {
-        using M = decltype(m);
-        using Tap = typename M::TapT;
-        using Smp = typename M::SmpT;
-        using Acc = typename M::AccT;
-        const std::vector<Tap> taps = {from<Tap>({1 << 16, 2 << 16}),
-                                       from<Tap>({3 << 16, -1 << 16})};
-        typename M::S* st = nullptr;
-        ASSERT_EQ(m.init(&st, taps.data(), 2, nullptr, 0, 2, 1, 0), vekStsOk); // dlyLen 5
-        Tap* p = nullptr;
-        ASSERT_EQ(m.taps_ptr(st, &p), vekStsOk);
-        ASSERT_TRUE(vt::same_bits(p[0], taps[1]) && vt::same_bits(p[1], taps[0]));
-        std::vector<Smp> got(5, from<Smp>({7, 7}));
-        int idx = -1;
-        ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk); // no line given: zeros
-        ASSERT_TRUE(vt::bits_equal(got, std::vector<Smp>(5)));
-        std::vector<Smp> line;
-        for (int i = 0; i < 5; ++i) line.push_back(from<Smp>({10 * (i + 1), i}));
-        ASSERT_EQ(m.set_line(st, line.data(), 12), vekStsOk); // 12 is position 2
-        ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk);
-        ASSERT_TRUE(vt::bits_equal(got, line));
-        ASSERT_EQ(idx, 12);
-        // Window from position 2: 30, 40, 50, 10, 20 (oldest first); output offsets 2 and 4.
-        Acc y{};
-        ASSERT_EQ(m.one(&y, st), vekStsOk);
-        const Z a = z(line[4]), b = z(line[1]); // 50 (offset 2), 20 (offset 4, newest)
-        const Z want = M::cplx ? Z{3 * a.re + 1 * a.im + 1 * b.re - 2 * b.im,
-                                   3 * a.im - 1 * a.re + 1 * b.im + 2 * b.re}
-                               : Z{3 * a.re + 1 * b.re, 0};
-        ASSERT_TRUE(z(y) == want);
-        ASSERT_EQ(m.update(from<Acc>({12345, -999}), st), vekStsOk); // mu 0
-        std::vector<Tap> after(2);
-        ASSERT_EQ(m.get_taps(st, after.data()), vekStsOk);
-        ASSERT_TRUE(vt::bits_equal(after, taps));
-        ASSERT_EQ(m.set_mu(st, 1 << 15), vekStsOk); // u = err
-        ASSERT_EQ(m.set_taps(st, taps.data()), vekStsOk);
-        ASSERT_EQ(m.update(from<Acc>({2, 0}), st), vekStsOk);
-        // Update offsets 1 and 3: 40 for the last tap, 10 for the first; each gets 2x (conj).
-        ASSERT_EQ(m.get_taps(st, after.data()), vekStsOk);
-        const Z u0 = z(after[0]), u1 = z(after[1]), x0 = z(line[0]), x1 = z(line[3]);
-        EXPECT_EQ(u0.re, (1 << 16) + 2 * x0.re);
-        EXPECT_EQ(u1.re, (3 << 16) + 2 * x1.re);
-        if (M::cplx) {
-            EXPECT_EQ(u0.im, (2 << 16) - 2 * x0.im);
-            EXPECT_EQ(u1.im, (-1 << 16) - 2 * x1.im);
-        }
-        ASSERT_EQ(m.set_line(st, nullptr, 0), vekStsOk); // a null line is zeros
-        ASSERT_EQ(m.get_line(st, got.data(), &idx), vekStsOk);
-        ASSERT_TRUE(vt::bits_equal(got, std::vector<Smp>(5)));
-        ASSERT_EQ(m.fre(st), vekStsOk);
     });
 }
 
