@@ -192,48 +192,6 @@ template <class Dat>
     return ::testing::AssertionSuccess();
 }
 
-// A stream x from the line `line` (newest first) through a new state of member M, in calls of
-// the given lengths (in place where marked, unaligned and guarded), each call's outputs
-// against the reference of the whole stream within close_vec's allowance `rel`; afterwards the
-// state's line holds the last inputs, newest first.
-struct Call {
-    int n;
-    bool in_place = false;
-};
-template <class M>
-void stream_check(const std::vector<typename M::Tap>& h, const std::vector<typename M::Dat>& line,
-                  const std::vector<Call>& calls, int sf, long double rel, vt::Rng& rng,
-                  double amp) {
-    using Dat = typename M::Dat;
-    const int T = int(h.size());
-    int total = 0;
-    for (const Call& c : calls) total += c.n;
-    const auto x = rvec<Dat>(rng, total, amp);
-    std::vector<cld> want;
-    std::vector<long double> mag;
-    reference(h, line, x, want, mag);
-    typename M::St* st = nullptr;
-    ASSERT_EQ(M::init(&st, h.data(), T, line.data()), vekStsOk);
-    int at = 0;
-    for (const Call& c : calls) {
-        SCOPED_TRACE("numIters " + std::to_string(c.n) + (c.in_place ? " in place" : ""));
-        vt::Buf<Dat> src(std::vector<Dat>(x.begin() + at, x.begin() + at + c.n), off<Dat>(1));
-        vt::Buf<Dat> dst(c.n, off<Dat>(3));
-        vt::Buf<Dat>& out = c.in_place ? src : dst;
-        ASSERT_EQ(c.in_place ? M::blk_i(src.data(), c.n, st, sf)
-                             : M::blk(src.data(), dst.data(), c.n, st, sf),
-                  vekStsOk);
-        ASSERT_TRUE(out.guards_intact());
-        ASSERT_TRUE(close_vec(out.data(), &want[size_t(at)], &mag[size_t(at)], c.n, sf, rel));
-        at += c.n;
-    }
-    std::vector<Dat> got(static_cast<size_t>(T)), last(static_cast<size_t>(T));
-    ASSERT_EQ(M::get_dly(st, got.data()), vekStsOk);
-    for (int i = 0; i < T; ++i) last[size_t(i)] = x[size_t(total - 1 - i)];
-    ASSERT_TRUE(vt::bits_equal(got, last));
-    ASSERT_EQ(M::fre(st), vekStsOk);
-}
-
 // Outputs of every filtering form of member M on the same history (newest first) and input: one
 // sample at a time (alternately in place, where the member has that form), the block and the
 // in-place block from the state `st` (its line set to `hist` before each, and checked after
