@@ -150,7 +150,11 @@ TEST(Fir, IntegerOutputRules) {
     ASSERT_EQ(veksFIRFree32s_16s(si), vekStsOk);
 }
 
+// Floating-point taps to integer taps and a factor, the single-rate and the
+// multi-rate 16s32f forms alike (rounding half away from zero, large taps
+// normalised): GetTaps gives them, the 32f GetTaps them times 2^factor.
 TEST(FirIntTaps, FloatTapsConversion) {
+    vt::Rng rng(9);
     struct Case {
         std::vector<float> taps;
         std::vector<int32_t> want;
@@ -160,19 +164,30 @@ TEST(FirIntTaps, FloatTapsConversion) {
          {Case{{0.5f, -0.25f}, {16384, -8192}, -15}, Case{{1.0f, 0.3f}, {16384, 4915}, -14},
           Case{{1.0f, -3.0f / 32768.0f}, {16384, -2}, -14}, Case{{32767.0f, 1.0f}, {16383, 0}, 1},
           Case{{100000.0f, 3.0f}, {25000, 1}, 2}, Case{{0.0f, 0.0f}, {0, 0}, 0}}) {
-        VeksFIRState32s_16s* s = nullptr;
         const int T = int(c.taps.size());
+        VeksFIRState32s_16s *s = nullptr, *mr = nullptr; // the multi-rate form converts alike
         ASSERT_EQ(veksFIRInitAlloc32s_16s32f(&s, c.taps.data(), T, nullptr), vekStsOk);
-        std::vector<int32_t> got(static_cast<size_t>(T));
-        int f = 99;
-        ASSERT_EQ(veksFIRGetTaps32s_16s(s, got.data(), &f), vekStsOk);
-        EXPECT_EQ(got, c.want) << c.taps[0];
-        EXPECT_EQ(f, c.want_factor) << c.taps[0];
-        std::vector<float> back(static_cast<size_t>(T));
-        ASSERT_EQ(veksFIRGetTaps32s_16s32f(s, back.data()), vekStsOk);
-        for (int i = 0; i < T; ++i)
-            EXPECT_EQ(back[size_t(i)], std::ldexp(float(c.want[size_t(i)]), c.want_factor));
+        ASSERT_EQ(veksFIRMRInitAlloc32s_16s32f(&mr, c.taps.data(), T, 3, 1, 2, 1, nullptr),
+                  vekStsOk);
+        for (VeksFIRState32s_16s* st : {s, mr}) {
+            std::vector<int32_t> got(static_cast<size_t>(T));
+            std::vector<float> back(got.size());
+            int f = 99;
+            ASSERT_EQ(veksFIRGetTaps32s_16s(st, got.data(), &f), vekStsOk);
+            ASSERT_EQ(veksFIRGetTaps32s_16s32f(st, back.data()), vekStsOk);
+            EXPECT_TRUE(got == c.want && f == c.want_factor) << c.taps[0];
+            for (int i = 0; i < T; ++i)
+                EXPECT_EQ(back[size_t(i)], std::ldexp(float(c.want[size_t(i)]), c.want_factor));
+        }
+        // The multi-rate state filters with those taps and that factor.
+        const auto x = ft::rvec<Vek16s>(rng, 8, 30000.0);
+        std::vector<Vek16s> y(12);
+        ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), y.data(), 4, mr, -12), vekStsOk);
+        EXPECT_TRUE(
+            vt::bits_equal(y, ft::int_reference(ft::Shape{3, 1, 2, 1, T}, c.want, c.want_factor,
+                                                -12, std::vector<Vek16s>(1), x, 4)));
         ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
+        ASSERT_EQ(veksFIRFree32s_16s(mr), vekStsOk);
     }
     VeksFIRState32sc_16sc* s = nullptr;
     const Vek32fc h[2] = {{0.25f, -1.0f}, {0.0f, 0.5f}};

@@ -258,29 +258,4 @@ TEST(FirMultiRate, LongFiltersAndLargeFactors) {
     }
 }
 
-// Integer taps from floating-point ones: the 16s32f form converts them as the single-rate state
-// does, and the state filters with the taps and factor GetTaps returns.
-TEST(FirMultiRate, FloatTapsConversion) {
-    vt::Rng rng(9);
-    const Shape s{3, 1, 2, 1, 11};
-    const auto x = ft::rvec<Vek16s>(rng, 8 * s.D, 30000.0);
-    const auto hf = ft::rvec<Vek32f>(rng, s.T, 3.0);
-    VeksFIRState32s_16s* a = nullptr;
-    ASSERT_EQ(veksFIRMRInitAlloc32s_16s32f(&a, hf.data(), s.T, s.U, s.up, s.D, s.dp, nullptr),
-              vekStsOk);
-    std::vector<Vek32s> hi(size_t(s.T));
-    int factor = 0;
-    ASSERT_EQ(veksFIRGetTaps32s_16s(a, hi.data(), &factor), vekStsOk);
-    double hmax = 0; // the conversion's power of two: 2 * max |h| * 2^p >= 32767, p smallest
-    for (Vek32f v : hf) hmax = std::max(hmax, std::fabs(double(v)));
-    int p = 0;
-    while (2 * hmax * std::ldexp(1.0, p) < 32767) ++p;
-    ASSERT_EQ(factor, std::floor(hmax * std::ldexp(1.0, p) + 0.5) > 32766 ? 1 - p : -p);
-    std::vector<Vek16s> ya(8 * size_t(s.U));
-    ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), ya.data(), 8, a, -12), vekStsOk);
-    ASSERT_TRUE(vt::bits_equal(
-        ya, int_reference(s, hi, factor, -12, std::vector<Vek16s>(size_t(s.dly())), x, 8)));
-    ASSERT_EQ(veksFIRFree32s_16s(a), vekStsOk);
-}
-
 } // namespace
