@@ -49,16 +49,15 @@ struct Corr {
     static constexpr auto cross = Cross;
     static constexpr decltype(Auto) autos[3] = {Auto, AutoA, AutoB}; // plain, NormA, NormB
 };
+#define CORR(S)                                                                                    \
+    Corr<Vek##S, veksCrossCorr_##S, veksAutoCorr_##S, veksAutoCorr_NormA_##S,                      \
+         veksAutoCorr_NormB_##S> {}
 template <class F>
 void for_each_corr(F&& body) {
-    body(Corr<Vek32f, veksCrossCorr_32f, veksAutoCorr_32f, veksAutoCorr_NormA_32f,
-              veksAutoCorr_NormB_32f>{});
-    body(Corr<Vek64f, veksCrossCorr_64f, veksAutoCorr_64f, veksAutoCorr_NormA_64f,
-              veksAutoCorr_NormB_64f>{});
-    body(Corr<Vek32fc, veksCrossCorr_32fc, veksAutoCorr_32fc, veksAutoCorr_NormA_32fc,
-              veksAutoCorr_NormB_32fc>{});
-    body(Corr<Vek64fc, veksCrossCorr_64fc, veksAutoCorr_64fc, veksAutoCorr_NormA_64fc,
-              veksAutoCorr_NormB_64fc>{});
+    body(CORR(32f));
+    body(CORR(64f));
+    body(CORR(32fc));
+    body(CORR(64fc));
 }
 
 long double energy(const auto& v) {
