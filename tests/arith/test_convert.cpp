@@ -25,6 +25,21 @@ void under_every_mode(F&& call) {
     }
 }
 
+// Runs fn(src, d, n) against ref(src[i]) element by element, with unaligned vectors, under every
+// caller rounding mode.
+template <class D, class S, class Fn, class Ref>
+void expect_converts(const std::vector<S>& src, Fn fn, Ref ref) {
+    const int n = static_cast<int>(src.size());
+    std::vector<D> want(src.size()); // the test runs in nearest mode here
+    for (int i = 0; i < n; ++i) want[i] = ref(src[i]);
+    vt::Buf<S> ps(src, sizeof(S));
+    under_every_mode([&] {
+        ASSERT_TRUE(vt::writes(
+            want, [&](D* d) { return fn(ps.data(), d, n); }, {}, 3 * sizeof(D)))
+            << "n " << n;
+    });
+}
+
 double scaled(double x, int sf) {
     const int s = sf > 3000 ? 3000 : sf < -3000 ? -3000 : sf;
     return std::ldexp(x, -s);
@@ -80,17 +95,11 @@ template <class S, class T>
 void check_to_int(VekStatus (*fn)(const S*, T*, int, int, int), uint64_t seed) {
     vt::Rng rng(seed);
     auto run = [&](int n, int sf, int roundMode) {
-        const auto src = awkward_floats<S>(rng, n);
-        const bool nearest = roundMode == 1;
-        std::vector<T> want(static_cast<size_t>(n));
-        for (int i = 0; i < n; ++i)
-            want[i] = ref_to_int<T>(static_cast<double>(src[i]), sf, nearest);
-        vt::Buf<S> ps(src, sizeof(S) == 4 ? 4 : 8);
-        under_every_mode([&] {
-            ASSERT_TRUE(vt::writes(
-                want, [&](T* d) { return fn(ps.data(), d, n, roundMode, sf); }, {}, 3 * sizeof(T)))
-                << "sf " << sf << " roundMode " << roundMode << " n " << n;
-        });
+        SCOPED_TRACE(::testing::Message() << "sf " << sf << " roundMode " << roundMode);
+        expect_converts<T>(
+            awkward_floats<S>(rng, n),
+            [&](const S* s, T* d, int len) { return fn(s, d, len, roundMode, sf); },
+            [&](S x) { return ref_to_int<T>(static_cast<double>(x), sf, roundMode == 1); });
     };
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths())
@@ -119,18 +128,11 @@ TEST(ConvertPlain, EveryLevelAndCallerMode) {
             auto check = [&](auto* fn, const auto& src, auto tag) {
                 using S = typename std::decay_t<decltype(src)>::value_type;
                 using D = decltype(tag);
-                std::vector<D> want(static_cast<size_t>(n)); // the test runs in nearest mode here
-                for (int i = 0; i < n; ++i) {
+                expect_converts<D>(src, fn, [](S x) {
                     if constexpr (sizeof(D) == 2 && sizeof(S) == 4)
-                        want[i] = static_cast<D>(std::clamp<S>(src[i], -32768, 32767));
+                        return static_cast<D>(std::clamp<S>(x, -32768, 32767));
                     else
-                        want[i] = static_cast<D>(src[i]);
-                }
-                vt::Buf<S> ps(src, sizeof(S));
-                under_every_mode([&] {
-                    ASSERT_TRUE(vt::writes(
-                        want, [&](D* d) { return fn(ps.data(), d, n); }, {}, 3 * sizeof(D)))
-                        << "n " << n;
+                        return static_cast<D>(x);
                 });
             };
             const auto f32 = awkward_floats<float>(rng, n);
@@ -159,16 +161,10 @@ template <class S, class D>
 void check_int_to_float_sfs(VekStatus (*fn)(const S*, D*, int, int), uint64_t seed) {
     vt::Rng rng(seed);
     auto run = [&](int n, int sf) {
-        const auto src = rng.vec<S>(n);
-        std::vector<D> want(static_cast<size_t>(n));
-        for (int i = 0; i < n; ++i)
-            want[i] = static_cast<D>(scaled(static_cast<double>(src[i]), sf));
-        vt::Buf<S> ps(src, sizeof(S));
-        under_every_mode([&] {
-            ASSERT_TRUE(vt::writes(
-                want, [&](D* d) { return fn(ps.data(), d, n, sf); }, {}, 3 * sizeof(D)))
-                << "sf " << sf << " n " << n;
-        });
+        SCOPED_TRACE(::testing::Message() << "sf " << sf);
+        expect_converts<D>(
+            rng.vec<S>(n), [&](const S* s, D* d, int len) { return fn(s, d, len, sf); },
+            [&](S x) { return static_cast<D>(scaled(static_cast<double>(x), sf)); });
     };
     vt::for_each_level([&](auto) {
         for (int n : vt::test_lengths()) run(n, n % 2 ? 15 : -3);
