@@ -25,17 +25,12 @@ std::vector<Vek32fc> pairs(int n, uint64_t seed) {
     return v;
 }
 
-std::vector<float> part(const std::vector<Vek32fc>& v, bool im) {
-    std::vector<float> r;
-    for (const auto& z : v) r.push_back(im ? z.im : z.re);
-    return r;
-}
-
 TEST(Polar32f, CorrectlyRoundedOnSampledPairs) {
     if (!er::have_wide_long_double()) GTEST_SKIP() << "needs a long double wider than double";
     const std::vector<Vek32fc> z = pairs(30005, 17); // (a partial register at the end)
-    const std::vector<float> re = part(z, false), im = part(z, true);
     const int n = static_cast<int>(z.size());
+    std::vector<float> re(z.size()), im(z.size());
+    for (int i = 0; i < n; ++i) re[i] = z[i].re, im[i] = z[i].im;
     const bool trig_ref = er::have_accurate_long_double_trig();
     vt::for_each_level([&](auto) {
         std::vector<float> mag(z.size()), ph(z.size()), mag2(z.size()), ph2(z.size());
@@ -111,16 +106,13 @@ TEST(Polar64f, WithinOneUlpAndNoIntermediateOverflow) {
     vt::for_each_level([&](auto) {
         std::vector<double> mag(n), ph(n), re(n), im(n);
         ASSERT_EQ(veksCartToPolar_64fc(z.data(), mag.data(), ph.data(), n), vekStsOk);
-        std::vector<double> r(n), th(n);
-        for (int i = 0; i < n; ++i) {
-            r[i] = z[i].re;
-            th[i] = std::fmod(z[i].im, 0x1p40);
-        }
+        std::vector<double> r(n), th(n), zi(n);
+        for (int i = 0; i < n; ++i)
+            r[i] = z[i].re, zi[i] = z[i].im, th[i] = std::fmod(zi[i], 0x1p40);
         ASSERT_EQ(veksPolarToCart_64f(r.data(), th.data(), re.data(), im.data(), n), vekStsOk);
         // The other double members of one kind give the same bits, from split and interleaved
         // arrays alike; the power spectrum is x*x + y*y in double.
-        std::vector<double> zi(n), m2(n), p2(n), m3(n), p3(n), m4(n), p4(n), w1(n), w2(n);
-        for (int i = 0; i < n; ++i) zi[i] = z[i].im;
+        std::vector<double> m2(n), p2(n), m3(n), p3(n), m4(n), p4(n), w1(n), w2(n);
         ASSERT_EQ(veksCartToPolar_64f(r.data(), zi.data(), m2.data(), p2.data(), n), vekStsOk);
         ASSERT_EQ(veksMagnitude_64fc(z.data(), m3.data(), n), vekStsOk);
         ASSERT_EQ(veksMagnitude_64f(r.data(), zi.data(), m4.data(), n), vekStsOk);
@@ -164,10 +156,7 @@ TEST(PolarInt, IntegerMembers) {
     z[0] = {-32768, -32768};
     z[1] = {0, 0};
     z[2] = {-5, 0};
-    for (int i = 0; i < n; ++i) {
-        re[i] = z[i].re;
-        im[i] = z[i].im;
-    }
+    for (int i = 0; i < n; ++i) re[i] = z[i].re, im[i] = z[i].im;
     for (int sf : {-13, -2, 0, 1, 6, 16}) {
         std::vector<Vek16s> mag(n), ph(n), pw(n), ph2(n);
         ASSERT_EQ(veksMagnitude_16sc_Sfs(z.data(), mag.data(), n, sf), vekStsOk);
