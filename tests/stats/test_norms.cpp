@@ -40,11 +40,6 @@ int16_t ref_dot_scale16(LD s, int sf) {
     return sat<int16_t>(sf >= 0 ? round_shift(s, sf) : std::ldexp(s, -sf));
 }
 
-template <class T>
-LD val(T x) {
-    return static_cast<LD>(x);
-}
-
 // Tolerance of a double-accumulated sum of n terms whose magnitudes sum to `mag`, rounded to a
 // result of precision `eps`.
 LD tol(LD ref, LD mag, int n, LD eps) { return std::fabs(ref) * eps + mag * (n + 2) * 0x1p-53L; }
@@ -71,7 +66,7 @@ void sweep_float_norms(uint64_t seed, const NormFn<T, R> (&norm)[3], const DiffF
             for (int d = 0; d < 2; ++d) {
                 LD inf = 0, l1 = 0, l2sq = 0;
                 for (int i = 0; i < n; ++i) {
-                    const LD x = d ? val(a[i]) - val(b[i]) : val(a[i]);
+                    const LD x = d ? LD(a[i]) - LD(b[i]) : LD(a[i]);
                     inf = std::max(inf, std::fabs(x)), l1 += std::fabs(x), l2sq += x * x;
                 }
                 for (int kind = 0; kind < 3; ++kind) {
@@ -83,7 +78,7 @@ void sweep_float_norms(uint64_t seed, const NormFn<T, R> (&norm)[3], const DiffF
                     // The square root halves the relative error of the sum of squares.
                     const LD t =
                         kind == 2 ? want * (eps + (n + 2) * 0x1p-53L) : tol(want, l1, n, eps);
-                    EXPECT_LE(std::fabs(val(got) - want), t)
+                    EXPECT_LE(std::fabs(LD(got) - want), t)
                         << "n " << n << " kind " << kind << " diff " << d;
                     out.push_back(got);
                 }

@@ -15,9 +15,6 @@ using LD = long double;
         veksThreshold_GT_##S, veksThreshold_GT_##S##_I, veksThreshold_LTVal_##S,                   \
         veksThreshold_LTVal_##S##_I, veksThreshold_GTVal_##S, veksThreshold_GTVal_##S##_I
 
-template <class C>
-using Base = decltype(C{}.re);
-
 // Any value for real elements; parts within [-4, 4] for float complex, any parts for 16-bit.
 template <class C>
 C rand_c(vt::Rng& rng) {
@@ -31,7 +28,7 @@ C rand_c(vt::Rng& rng) {
 // and a division); 16-bit parts within one of the rounded reference (the factor is rounded).
 template <class C>
 bool close(C got, C want) {
-    using B = Base<C>;
+    using B = vt::part_t<C>;
     const auto near = [](B g, B w) {
         if constexpr (std::is_integral_v<B>)
             return std::abs(int{g} - int{w}) <= 1;
