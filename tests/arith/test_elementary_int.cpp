@@ -10,23 +10,6 @@ namespace {
 
 const int scales[] = {-20, -9, -3, -1, 0, 1, 2, 5, 9, 15, 17, 40};
 
-// v * 2^-sf rounded half to even, saturated to T: the scaling rule in plain integer steps.
-template <class T>
-T scaled(int64_t v, int sf) {
-    using L = std::numeric_limits<T>;
-    long double r;
-    if (sf > 0) {
-        const int s = sf > 62 ? 62 : sf;
-        int64_t q = v >> s; // floor
-        const int64_t rest = v - (q << s), half = int64_t{1} << (s - 1);
-        if (rest > half || (rest == half && (q & 1))) ++q;
-        r = static_cast<long double>(sf > 62 ? 0 : q);
-    } else {
-        r = std::ldexp(static_cast<long double>(v), -sf);
-    }
-    return r < L::min() ? L::min() : r > L::max() ? L::max() : static_cast<T>(r);
-}
-
 // A long double value rounded half to even and saturated to T (NaN: 0).
 template <class T>
 T rounded(long double v) {
@@ -75,13 +58,17 @@ TEST(ElementaryInt, SquareAndSquareRootEveryInput) {
     std::vector<Vek16u> du(65536), ru(65536);
     Vek8u db[256], rb[256];
     for (int sf : scales) {
+        // The square, exact in long double, times 2^-sf.
+        const auto sq = [sf](int64_t v) {
+            return std::ldexp(static_cast<long double>(v * v), -sf);
+        };
         ASSERT_EQ(veksSqr_16s_Sfs(s.data(), d.data(), 65536, sf), vekStsOk);
         ASSERT_EQ(veksSqr_16u_Sfs(u.data(), du.data(), 65536, sf), vekStsOk);
         ASSERT_EQ(veksSqrt_16s_Sfs(s.data(), r.data(), 65536, sf), vekStsSqrtNegArgWrn);
         ASSERT_EQ(veksSqrt_16u_Sfs(u.data(), ru.data(), 65536, sf), vekStsOk);
         for (int i = 0; i < 65536; ++i) {
-            ASSERT_EQ(d[i], scaled<Vek16s>(int64_t{s[i]} * s[i], sf)) << s[i] << " sf " << sf;
-            ASSERT_EQ(du[i], scaled<Vek16u>(int64_t{u[i]} * u[i], sf)) << u[i] << " sf " << sf;
+            ASSERT_EQ(d[i], rounded<Vek16s>(sq(s[i]))) << s[i] << " sf " << sf;
+            ASSERT_EQ(du[i], rounded<Vek16u>(sq(u[i]))) << u[i] << " sf " << sf;
             const long double q = std::ldexp(std::sqrt(static_cast<long double>(u[i])), -sf);
             ASSERT_EQ(ru[i], rounded<Vek16u>(q)) << u[i] << " sf " << sf;
             ASSERT_EQ(r[i], s[i] < 0 ? 0 : std::min<int>(ru[i - 32768], 32767)) << s[i];
@@ -89,7 +76,7 @@ TEST(ElementaryInt, SquareAndSquareRootEveryInput) {
         ASSERT_EQ(veksSqr_8u_Sfs(b.data(), db, 256, sf), vekStsOk);
         ASSERT_EQ(veksSqrt_8u_Sfs(b.data(), rb, 256, sf), vekStsOk);
         for (int i = 0; i < 256; ++i) {
-            ASSERT_EQ(db[i], scaled<Vek8u>(i * i, sf));
+            ASSERT_EQ(db[i], rounded<Vek8u>(sq(i)));
             ASSERT_EQ(rb[i], std::min<int>(ru[i], 255));
         }
     }
