@@ -2,6 +2,7 @@
 // kernel levels, integer results against exact references of the scaling rules, documented
 // values, and the call frame.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 
@@ -51,6 +52,18 @@ using NormFn = VekStatus (*)(const T*, int, R*);
 template <class T, class R>
 using DiffFn = VekStatus (*)(const T*, const T*, int, R*);
 
+// The Inf norm, the L1 norm and the square of the L2 norm of a (or of a - b, with `diff`) in long
+// double, exact for 16-bit data.
+template <class T>
+std::array<LD, 3> ref_norms(const std::vector<T>& a, const std::vector<T>& b, bool diff) {
+    std::array<LD, 3> r{};
+    for (size_t i = 0; i < a.size(); ++i) {
+        const LD x = std::fabs(diff ? LD(a[i]) - LD(b[i]) : LD(a[i]));
+        r[0] = std::max(r[0], x), r[1] += x, r[2] += x * x;
+    }
+    return r;
+}
+
 // Runs the Inf, L1 and L2 norms (and their difference forms) on every test length and level
 // against the long-double reference, and requires the same bits from every level.
 template <class T, class R>
@@ -64,11 +77,7 @@ void sweep_float_norms(uint64_t seed, const NormFn<T, R> (&norm)[3], const DiffF
         vt::for_each_level([&](auto level) {
             std::vector<R> out;
             for (int d = 0; d < 2; ++d) {
-                LD inf = 0, l1 = 0, l2sq = 0;
-                for (int i = 0; i < n; ++i) {
-                    const LD x = d ? LD(a[i]) - LD(b[i]) : LD(a[i]);
-                    inf = std::max(inf, std::fabs(x)), l1 += std::fabs(x), l2sq += x * x;
-                }
+                const auto [inf, l1, l2sq] = ref_norms(a, b, d);
                 for (int kind = 0; kind < 3; ++kind) {
                     R got = R(-7);
                     EXPECT_EQ(d ? diff[kind](pa.data(), pb.data(), n, &got)
@@ -150,26 +159,20 @@ TEST(Norm, IntegerNormsMatchExactReference) {
             const int n = static_cast<int>(a.size());
             vt::Buf<int16_t> pa(a, 2), pb(b, 4);
             for (int d = 0; d < 2; ++d) {
-                int64_t m = 0;
-                uint64_t s1 = 0, s2 = 0;
-                for (int i = 0; i < n; ++i) {
-                    const int64_t x = std::abs(d ? int64_t{a[i]} - b[i] : a[i]);
-                    m = std::max(m, x), s1 += static_cast<uint64_t>(x);
-                    s2 += static_cast<uint64_t>(x * x);
-                }
+                const auto [m, s1, s2] = ref_norms(a, b, d);
                 for (int sf : sfs) {
                     int32_t r[3] = {-5, -5, -5};
                     for (int k = 0; k < 3; ++k)
                         ASSERT_EQ(d ? diff[k](pa.data(), pb.data(), n, &r[k], sf)
                                     : norm[k](pa.data(), n, &r[k], sf),
                                   vekStsOk);
-                    ASSERT_EQ(r[0], ref_inf_scale(m, sf)) << "n " << n << " sf " << sf;
-                    ASSERT_EQ(r[1], ref_trunc_scale(static_cast<LD>(s1), sf)) << "sf " << sf;
+                    ASSERT_EQ(r[0], ref_inf_scale(static_cast<int64_t>(m), sf))
+                        << "n " << n << " sf " << sf;
+                    ASSERT_EQ(r[1], ref_trunc_scale(s1, sf)) << "sf " << sf;
                     // Truncation of a double square root: within one of the exact value, and
                     // exactly it when the value is not within 1e-6 of an integer.
-                    const LD w =
-                        std::ldexp(std::sqrt(static_cast<LD>(s2)), -std::clamp(sf, -100, 100));
-                    const int32_t want = ref_trunc_scale(std::sqrt(static_cast<LD>(s2)), sf);
+                    const LD w = std::ldexp(std::sqrt(s2), -std::clamp(sf, -100, 100));
+                    const int32_t want = ref_trunc_scale(std::sqrt(s2), sf);
                     if (std::fabs(w - std::nearbyint(w)) > 1e-6L || w > 2147483647.0L)
                         ASSERT_EQ(r[2], want) << "n " << n << " sf " << sf;
                     else
