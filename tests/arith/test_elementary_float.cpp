@@ -35,6 +35,7 @@ const Member members[] = {
     {"Cubrt", veksCubrt_32f, [](long double x) { return std::cbrt(x); }, any},
     {"Arctan", veksArctan_32f, [](long double x) { return std::atan(x); }, any},
     {"Sqrt", veksSqrt_32f, [](long double x) { return std::sqrt(x); }, not_negative},
+    {"Sqr", veksSqr_32f, [](long double x) { return x * x; }, any},
 };
 
 // Random bit patterns (every exponent), plus dense runs around 1 and near the overflow and
@@ -261,6 +262,7 @@ TEST(Elementary64f, ExportedMembersWithinOneUlp) {
         {veksExp_64f, [](long double x) { return std::exp(x); }, -745.0, 709.0, 0.501},
         {veksLn_64f, [](long double x) { return std::log(x); }, 1e-300, 1e300, 0.6},
         {veksArctan_64f, [](long double x) { return std::atan(x); }, -1e6, 1e6, 0.6},
+        {veksSqr_64f, [](long double x) { return x * x; }, -1e150, 1e150, 0.501},
     };
     vt::Rng rng(21);
     std::vector<double> x(20000);
