@@ -40,17 +40,13 @@ class Repeated {
             std::memcpy(static_cast<char*>(one) + k, pattern, psize);
         munmap(one, kChunk);
         base_ = mmap(nullptr, size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-        if (base_ == MAP_FAILED) {
-            base_ = nullptr;
-        } else {
-            for (size_t off = 0; off < size_; off += kChunk)
-                if (mmap(static_cast<char*>(base_) + off, kChunk, PROT_READ | PROT_WRITE,
-                         MAP_SHARED | MAP_FIXED, fd, 0) == MAP_FAILED) {
-                    munmap(base_, size_);
-                    base_ = nullptr;
-                    break;
-                }
-        }
+        for (size_t off = 0; base_ != MAP_FAILED && off < size_; off += kChunk)
+            if (mmap(static_cast<char*>(base_) + off, kChunk, PROT_READ | PROT_WRITE,
+                     MAP_SHARED | MAP_FIXED, fd, 0) == MAP_FAILED) {
+                munmap(base_, size_);
+                base_ = MAP_FAILED;
+            }
+        if (base_ == MAP_FAILED) base_ = nullptr;
         close(fd);
     }
     ~Repeated() {
@@ -67,15 +63,14 @@ class Repeated {
 };
 
 // Buffers of the conformance calls above 256 MiB: zero pages, committed only where written.
-void* map_zeros(size_t bytes) {
-    void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE,
-                   MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    return p == MAP_FAILED ? nullptr : p;
-}
-void unmap(void* p, size_t bytes) {
-    if (p != nullptr) munmap(p, bytes);
-}
-const conf::Mapper kZeros{map_zeros, unmap};
+const conf::Mapper kZeros{[](size_t bytes) {
+                              void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE,
+                                             MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+                              return p == MAP_FAILED ? nullptr : p;
+                          },
+                          [](void* p, size_t bytes) {
+                              if (p != nullptr) munmap(p, bytes);
+                          }};
 
 // Long runs (seconds each) are left to the optimised build: under the sanitizers they would
 // take minutes, and the results already show a wrapped length there.
@@ -114,36 +109,31 @@ TEST(HugeLengths, ComplexDotProductsAddEveryElement) {
         x16(size_t{n} * 4, &c16, 4), y32(size_t{n} * 4, &r32, 4), y64(size_t{n} * 8, &r64, 8);
     ASSERT_TRUE(x32.as<void>() && x64.as<void>() && x16.as<void>() && y32.as<void>() &&
                 y64.as<void>());
-    const double two_n = 2.0 * n;
+    const auto* a = x32.as<Vek32fc>();
+    const auto* b = x64.as<Vek64fc>();
+    const auto* h = x16.as<Vek16sc>();
+    const auto* r = y32.as<Vek32f>();
+    const float fn = static_cast<float>(n), f2n = static_cast<float>(2.0 * n);
+    const double dn = n;
     Vek32fc f{7, 7};
     Vek64fc d{7, 7};
+    Vek64sc w{7, 7};
+    Vek32sc s{7, 7};
     // The scalar level has kernels of its own for the float forms (the 64f kinds share them).
-    at_level(veks::isa::scalar, [&] {
-        ASSERT_EQ(veksDotProd_32fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
-        EXPECT_TRUE(f.re == 0 && f.im == static_cast<float>(two_n));
-        ASSERT_EQ(veksDotProd_32f32fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
-        EXPECT_TRUE(f.re == static_cast<float>(n) && f.im == static_cast<float>(n));
-    });
+    // Each check calls first and then reads the result (&& orders them).
+    for (const veks::isa::Level level : {veks::isa::scalar, veks::isa::best()})
+        at_level(level, [&] {
+            EXPECT_TRUE(veksDotProd_32fc(a, a, n, &f) == vekStsOk && f.re == 0 && f.im == f2n);
+            EXPECT_TRUE(veksDotProd_32f32fc(r, a, n, &f) == vekStsOk && f.re == fn && f.im == fn);
+        });
     at_level(veks::isa::best(), [&] {
-        ASSERT_EQ(veksDotProd_32fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
-        EXPECT_TRUE(f.re == 0 && f.im == static_cast<float>(two_n));
-        ASSERT_EQ(veksDotProd_32fc64fc(x32.as<Vek32fc>(), x32.as<Vek32fc>(), n, &d), vekStsOk);
-        EXPECT_TRUE(d.re == 0 && d.im == two_n);
-        ASSERT_EQ(veksDotProd_64fc(x64.as<Vek64fc>(), x64.as<Vek64fc>(), n, &d), vekStsOk);
-        EXPECT_TRUE(d.re == 0 && d.im == two_n);
-        ASSERT_EQ(veksDotProd_32f32fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &f), vekStsOk);
-        EXPECT_TRUE(f.re == static_cast<float>(n) && f.im == static_cast<float>(n));
-        ASSERT_EQ(veksDotProd_32f32fc64fc(y32.as<Vek32f>(), x32.as<Vek32fc>(), n, &d), vekStsOk);
-        EXPECT_TRUE(d.re == n && d.im == n);
-        ASSERT_EQ(veksDotProd_64f64fc(y64.as<Vek64f>(), x64.as<Vek64fc>(), n, &d), vekStsOk);
-        EXPECT_TRUE(d.re == n && d.im == n);
-        Vek64sc w{7, 7};
-        ASSERT_EQ(veksDotProd_16sc64sc(x16.as<Vek16sc>(), x16.as<Vek16sc>(), n, &w), vekStsOk);
-        EXPECT_TRUE(w.re == 0 && w.im == 2 * int64_t{n});
-        Vek32sc s{7, 7};
-        ASSERT_EQ(veksDotProd_16sc32sc_Sfs(x16.as<Vek16sc>(), x16.as<Vek16sc>(), n, &s, 1),
-                  vekStsOk);
-        EXPECT_TRUE(s.re == 0 && s.im == n);
+        EXPECT_TRUE(veksDotProd_32fc64fc(a, a, n, &d) == vekStsOk && d.re == 0 && d.im == 2 * dn);
+        EXPECT_TRUE(veksDotProd_64fc(b, b, n, &d) == vekStsOk && d.re == 0 && d.im == 2 * dn);
+        EXPECT_TRUE(veksDotProd_32f32fc64fc(r, a, n, &d) == vekStsOk && d.re == dn && d.im == dn);
+        EXPECT_TRUE(veksDotProd_64f64fc(y64.as<Vek64f>(), b, n, &d) == vekStsOk && d.re == dn &&
+                    d.im == dn);
+        EXPECT_TRUE(veksDotProd_16sc64sc(h, h, n, &w) == vekStsOk && w.re == 0 && w.im == 2 * dn);
+        EXPECT_TRUE(veksDotProd_16sc32sc_Sfs(h, h, n, &s, 1) == vekStsOk && s.re == 0 && s.im == n);
     });
 }
 
@@ -155,15 +145,14 @@ TEST(HugeLengths, ReductionsOverIntMaxElements) {
     const Vek16s two = 2;
     const Repeated f(size_t{n} * 4, &one, 4), s(size_t{n} * 2, &two, 2);
     ASSERT_TRUE(f.as<void>() && s.as<void>());
+    const auto* x = f.as<Vek32f>();
+    const auto* y = s.as<Vek16s>();
     Vek64f d = 0;
-    ASSERT_EQ(veksDotProd_32f64f(f.as<Vek32f>(), f.as<Vek32f>(), n, &d), vekStsOk);
-    EXPECT_EQ(d, double{n});
     Vek64s w = 0;
-    ASSERT_EQ(veksDotProd_16s64s(s.as<Vek16s>(), s.as<Vek16s>(), n, &w), vekStsOk);
-    EXPECT_EQ(w, 4 * int64_t{n});
     Vek32s l1 = 0;
-    ASSERT_EQ(veksNorm_L1_16s32s_Sfs(s.as<Vek16s>(), n, &l1, 2), vekStsOk);
-    EXPECT_EQ(l1, n / 2); // 2n / 4, truncated
+    EXPECT_TRUE(veksDotProd_32f64f(x, x, n, &d) == vekStsOk && d == double{n});
+    EXPECT_TRUE(veksDotProd_16s64s(y, y, n, &w) == vekStsOk && w == 4 * int64_t{n});
+    EXPECT_TRUE(veksNorm_L1_16s32s_Sfs(y, n, &l1, 2) == vekStsOk && l1 == n / 2); // 2n / 4
 }
 
 // Objects whose tables or taps need more than the heap gives are refused with
@@ -173,10 +162,8 @@ TEST(HugeLengths, ReductionsOverIntMaxElements) {
 TEST(HugeLengths, ObjectsBeyondTheHeapAreRefused) {
     if (!conf::heap::watched()) GTEST_SKIP() << "the heap is not watched on this target";
     conf::set_mapper(&kZeros);
-    conf::RunOptions o;
-    o.heap_limit = size_t{1} << 30;
-    o.expect_status = true;
-    o.status = vekStsMemAllocErr;
+    const conf::RunOptions o{
+        .heap_limit = size_t{1} << 30, .expect_status = true, .status = vekStsMemAllocErr};
     int runs = 0;
     for (const conf::Export& e : conf::exports()) {
         auto c = conf::contract_for(e, nullptr);
