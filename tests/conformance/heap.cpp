@@ -18,7 +18,6 @@ bool g_on = false;
 long g_requests = 0;
 long g_fail_at = 0;
 size_t g_limit = SIZE_MAX;
-size_t g_largest = 0;
 
 } // namespace
 
@@ -29,7 +28,6 @@ extern "C" void __real_free(void* p);
 extern "C" void* __wrap_malloc(size_t n) {
     if (!g_on) return __real_malloc(n);
     ++g_requests;
-    if (n > g_largest) g_largest = n;
     if (g_requests == g_fail_at || n > g_limit) return nullptr;
     void* p = __real_malloc(n);
     if (p != nullptr) {
@@ -60,7 +58,6 @@ Watch::Watch() {
     g_count = 0;
     g_overflow = false;
     g_requests = 0;
-    g_largest = 0;
     g_on = true;
 }
 
@@ -85,6 +82,5 @@ bool Watch::overflowed() const { return g_overflow; }
 
 void fail_at(long n) { g_fail_at = n; }
 void limit(size_t bytes) { g_limit = bytes; }
-size_t largest_request() { return g_largest; }
 
 } // namespace conf::heap

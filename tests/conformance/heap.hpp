@@ -29,7 +29,5 @@ class Watch {
 void fail_at(long n);
 // While a Watch is alive: requests of more than `bytes` fail (SIZE_MAX: no limit).
 void limit(size_t bytes);
-// The largest request made (failed or not) since the last Watch began.
-size_t largest_request();
 
 } // namespace conf::heap
