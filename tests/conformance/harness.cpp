@@ -11,7 +11,9 @@
 #include <cstdlib>
 #include <limits>
 #include <map>
+#include <set>
 #include <sstream>
+#include <tuple>
 
 #include "filters/conv/conv_plans.hpp"
 #include "heap.hpp"
@@ -51,12 +53,7 @@ std::vector<Export> make_table() {
     std::vector<Export> table(std::size(rows));
     for (size_t i = 0; i < table.size(); ++i) {
         const ExportRow& r = rows[i];
-        Export& e = table[i];
-        e.name = r.name;
-        e.fn = r.fn;
-        e.call = r.call;
-        e.ret = r.ret;
-        e.types.assign(r.types, r.types + r.count);
+        table[i] = {r.name, r.fn, r.call, r.ret, {r.types, r.types + r.count}, {}, {}};
     }
     return table;
 }
@@ -119,27 +116,15 @@ read_declarations() {
     return out;
 }
 
-std::vector<std::string> g_table_problems;
-
-std::vector<Kind>& kind_list() {
-    static std::vector<Kind> v;
-    return v;
-}
-std::vector<Family>& family_list() {
-    static std::vector<Family> v;
-    return v;
-}
-
-// The struct name of an object parameter's type text: "const VeksFFTSpec_C_32fc*" -> the name.
-std::string struct_name(const std::string& text) {
-    std::string s;
-    std::stringstream ss(text);
-    for (std::string w; ss >> w;) {
-        w.erase(std::remove(w.begin(), w.end(), '*'), w.end());
-        if (!w.empty() && w != "const") s = w;
-    }
-    return s;
-}
+// Filled by the rules files' static objects: constant-initialized, so ready before any of them.
+constinit std::vector<std::string> g_table_problems;
+struct KindSource {
+    std::string pattern;
+    ArgFn arg;
+    ElemFn elem;
+};
+constinit std::vector<KindSource> g_kind_sources;
+constinit std::vector<Family> g_families;
 
 bool is_single_value(const std::string& name) {
     return matches(name, R"(^p(Sum|Mean|StdDev|Max|Min|Indx|Order|Norm|Dp|Size|DstVal|)"
@@ -152,76 +137,55 @@ bool is_length_name(const std::string& name) {
 }
 
 bool comp_is_int(Comp c) { return c != Comp::f32 && c != Comp::f64 && c != Comp::none; }
-size_t comp_bytes(Comp c) {
+// Calls f with a value of the component type (none: of one byte).
+template <class F>
+auto with_comp(Comp c, F&& f) {
     switch (c) {
-    case Comp::u8:
-    case Comp::s8: return 1;
-    case Comp::u16:
-    case Comp::s16: return 2;
-    case Comp::u32:
-    case Comp::s32:
-    case Comp::f32: return 4;
-    case Comp::u64:
-    case Comp::s64:
-    case Comp::f64: return 8;
-    default: return 1;
+    case Comp::s8: return f(int8_t{});
+    case Comp::u16: return f(uint16_t{});
+    case Comp::s16: return f(int16_t{});
+    case Comp::u32: return f(uint32_t{});
+    case Comp::s32: return f(int32_t{});
+    case Comp::u64: return f(uint64_t{});
+    case Comp::s64: return f(int64_t{});
+    case Comp::f32: return f(float{});
+    case Comp::f64: return f(double{});
+    default: return f(uint8_t{});
     }
+}
+size_t comp_bytes(Comp c) {
+    return with_comp(c, [](auto x) { return sizeof x; });
+}
+bool comp_signed(Comp c) {
+    return with_comp(c, [](auto x) { return std::is_signed_v<decltype(x)>; });
 }
 
 // Stores v in the component type at p: integers clamped to the type, floats rounded.
 void store_comp(Comp c, void* p, double v) {
-    auto clamp_int = [&](auto tag) {
-        using T = decltype(tag);
-        T x;
-        if (std::isnan(v))
-            x = 0;
-        else if (v <= static_cast<double>(std::numeric_limits<T>::min()))
-            x = std::numeric_limits<T>::min();
-        else if (v >= static_cast<double>(std::numeric_limits<T>::max()))
-            x = std::numeric_limits<T>::max();
+    if (c == Comp::none) return;
+    with_comp(c, [&](auto x) {
+        using T = decltype(x);
+        using L = std::numeric_limits<T>;
+        if constexpr (std::is_integral_v<T>)
+            x = std::isnan(v)                        ? T{0}
+                : v <= static_cast<double>(L::min()) ? L::min()
+                : v >= static_cast<double>(L::max()) ? L::max()
+                                                     : static_cast<T>(v);
+        else if constexpr (sizeof(T) == 4)
+            x = std::fabs(v) > FLT_MAX && std::isfinite(v) ? (v > 0 ? INFINITY : -INFINITY)
+                                                           : static_cast<float>(v);
         else
-            x = static_cast<T>(v);
+            x = v;
         std::memcpy(p, &x, sizeof x);
-    };
-    switch (c) {
-    case Comp::u8: clamp_int(uint8_t{}); break;
-    case Comp::s8: clamp_int(int8_t{}); break;
-    case Comp::u16: clamp_int(uint16_t{}); break;
-    case Comp::s16: clamp_int(int16_t{}); break;
-    case Comp::u32: clamp_int(uint32_t{}); break;
-    case Comp::s32: clamp_int(int32_t{}); break;
-    case Comp::u64: clamp_int(uint64_t{}); break;
-    case Comp::s64: clamp_int(int64_t{}); break;
-    case Comp::f32: {
-        float x = std::fabs(v) > FLT_MAX && std::isfinite(v) ? (v > 0 ? INFINITY : -INFINITY)
-                                                             : static_cast<float>(v);
-        std::memcpy(p, &x, sizeof x);
-        break;
-    }
-    case Comp::f64: std::memcpy(p, &v, sizeof v); break;
-    default: break;
-    }
+    });
 }
 
 double load_comp(Comp c, const void* p) {
-    auto get = [&](auto tag) {
-        decltype(tag) x;
+    if (c == Comp::none) return 0;
+    return with_comp(c, [p](auto x) {
         std::memcpy(&x, p, sizeof x);
         return static_cast<double>(x);
-    };
-    switch (c) {
-    case Comp::u8: return get(uint8_t{});
-    case Comp::s8: return get(int8_t{});
-    case Comp::u16: return get(uint16_t{});
-    case Comp::s16: return get(int16_t{});
-    case Comp::u32: return get(uint32_t{});
-    case Comp::s32: return get(int32_t{});
-    case Comp::u64: return get(uint64_t{});
-    case Comp::s64: return get(int64_t{});
-    case Comp::f32: return get(float{});
-    case Comp::f64: return get(double{});
-    default: return 0;
-    }
+    });
 }
 
 // xorshift64*, for the suite's data.
@@ -248,6 +212,16 @@ constexpr double kSame = 1e308; // "the imaginary part is the real part"
 
 // ---- Export table -------------------------------------------------------------------------------
 
+std::string struct_name(const std::string& text) {
+    std::string s;
+    std::stringstream ss(text);
+    for (std::string w; ss >> w;) {
+        std::erase(w, '*');
+        if (!w.empty() && w != "const") s = w;
+    }
+    return s;
+}
+
 int Export::index(const std::string& param) const {
     for (size_t i = 0; i < names.size(); ++i)
         if (names[i] == param) return static_cast<int>(i);
@@ -260,16 +234,12 @@ const std::vector<Export>& exports() {
         const auto decls = read_declarations();
         for (Export& e : t) {
             const auto it = decls.find(e.name);
-            if (it == decls.end()) {
-                g_table_problems.push_back(e.name + ": no declaration in the public headers");
-                continue;
-            }
-            if (it->second.first.size() != e.types.size()) {
-                g_table_problems.push_back(e.name + ": parameter names not read from the header");
-                continue;
-            }
-            e.names = it->second.first;
-            e.texts = it->second.second;
+            if (it == decls.end() || it->second.first.size() != e.types.size())
+                g_table_problems.push_back(
+                    e.name + (it == decls.end() ? ": no declaration in the public headers"
+                                                : ": parameter names not read from the header"));
+            else
+                std::tie(e.names, e.texts) = it->second;
         }
         return t;
     }();
@@ -277,16 +247,98 @@ const std::vector<Export>& exports() {
 }
 
 const std::vector<std::string>& table_problems() {
-    exports();
+    kinds();
     return g_table_problems;
 }
 
 // ---- Registries ---------------------------------------------------------------------------------
 
-void add_kind(Kind k) { kind_list().push_back(std::move(k)); }
-const std::vector<Kind>& kinds() { return kind_list(); }
+namespace {
+
+// Stores elem(...) in each part of each of `count` elements of type t at data.
+void fill_elems(const TypeInfo& t, const std::string& param, void* data, int64_t count,
+                const ElemFn& elem) {
+    auto* d = static_cast<unsigned char*>(data);
+    for (int64_t i = 0; i < count; ++i)
+        for (size_t im = 0; im < (t.complex ? 2u : 1u); ++im)
+            store_comp(t.comp, d + static_cast<size_t>(i) * t.size + im * comp_bytes(t.comp),
+                       elem(param, i, im == 1, comp_is_int(t.comp)));
+}
+
+// The export named with `verb` whose first parameter is of struct type `type`.
+const Export* export_for(const std::string& verb, const std::string& type) {
+    for (const Export& e : exports())
+        if (e.name.find(verb) != std::string::npos && !e.texts.empty() &&
+            struct_name(e.texts[0]) == type)
+            return &e;
+    return nullptr;
+}
+
+// The kind made by an InitAlloc export: its factory calls it with the source's arguments.
+Kind kind_from(const Export& init, const KindSource& src) {
+    Kind k;
+    k.name = init.name.substr(4);
+    k.name.erase(k.name.find("InitAlloc"), 9);
+    k.type = struct_name(init.texts[0]);
+    k.create = [&init, src](const Call& c, void** p) {
+        std::vector<Arg> args(init.types.size());
+        std::vector<std::vector<unsigned char>> arrays;
+        std::memcpy(args[0].b, &p, sizeof p);
+        for (size_t i = 1; i < args.size(); ++i) {
+            const TypeInfo& t = init.types[i];
+            const double v = src.arg(c, init.names[i]);
+            if (t.depth == 0) {
+                store_comp(t.comp, args[i].b, v);
+            } else if (v > 0) {
+                arrays.emplace_back(static_cast<size_t>(v) * t.size);
+                fill_elems(t, init.names[i], arrays.back().data(), static_cast<int64_t>(v),
+                           src.elem);
+                const void* q = arrays.back().data();
+                std::memcpy(args[i].b, &q, sizeof q);
+            }
+        }
+        return static_cast<VekStatus>(init.call(init.fn, args.data()));
+    };
+    if (const Export* f = export_for("Free", k.type))
+        k.release = [f](void* p) {
+            Arg a;
+            std::memcpy(a.b, &p, sizeof p);
+            return static_cast<VekStatus>(f->call(f->fn, &a));
+        };
+    else
+        g_table_problems.push_back(k.name + ": no Free for " + k.type);
+    if (const Export* g = export_for("GetBufSize", k.type))
+        k.buf_size = [g](const void* p) {
+            int n = -1;
+            const void* q = &n;
+            Arg a[2];
+            std::memcpy(a[0].b, &p, sizeof p);
+            std::memcpy(a[1].b, &q, sizeof q);
+            return g->call(g->fn, a) == vekStsOk ? int64_t{n} : int64_t{-1};
+        };
+    return k;
+}
+
+} // namespace
+
+void add_kinds(const std::string& pattern, ArgFn arg, ElemFn elem) {
+    g_kind_sources.push_back({pattern, std::move(arg), std::move(elem)});
+}
+
+// The kinds are made from the export table when first asked for (after every rules file has
+// named its sources).
+const std::vector<Kind>& kinds() {
+    static std::vector<Kind> v;
+    static size_t done = 0;
+    for (; done < g_kind_sources.size(); ++done)
+        for (const Export& e : exports())
+            if (matches(e.name, g_kind_sources[done].pattern) && e.names.size() == e.types.size())
+                v.push_back(kind_from(e, g_kind_sources[done]));
+    return v;
+}
+
 const Kind* find_kind(const std::string& name) {
-    for (const Kind& k : kind_list())
+    for (const Kind& k : kinds())
         if (k.name == name) return &k;
     return nullptr;
 }
@@ -295,13 +347,13 @@ Rules::Rules(void (*define)()) { define(); }
 
 void family(const std::string& name, const std::string& pattern,
             std::function<void(Contract&)> fill) {
-    family_list().push_back({name, pattern, std::move(fill)});
+    g_families.push_back({name, pattern, std::move(fill)});
 }
-const std::vector<Family>& families() { return family_list(); }
+const std::vector<Family>& families() { return g_families; }
 
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched) {
     const Family* found = nullptr;
-    for (const Family& f : family_list())
+    for (const Family& f : g_families)
         if (matches(e.name, f.pattern)) {
             if (matched != nullptr) matched->push_back(f.name);
             if (found == nullptr) found = &f;
@@ -328,7 +380,7 @@ Contract::Contract(const Export& e) : exp(e) {
             r.has_size = true;
         } else if (t.depth == 1) {
             if (t.object)
-                r.role = Role::object;
+                r.role = Role::object, r.frees = e.name.find("Free") != std::string::npos;
             else if (nm == "pBuffer")
                 r.role = Role::work, r.nullable = true;
             else if (t.is_const)
@@ -399,40 +451,27 @@ Contract& Contract::knob(const std::string& name, int64_t lo, int64_t hi, int64_
 }
 
 Contract& Contract::value(const std::string& param, double re, double im) {
-    if (const int i = need(param); i >= 0) {
-        params_[i].re = re;
-        params_[i].im = im == kSame ? re : im;
-    }
-    return *this;
+    return with(param, [&](ParamRule& r) { r.re = re, r.im = im == kSame ? re : im; });
 }
 
 Contract& Contract::suite_values(const std::string& param, std::vector<double> v) {
-    if (const int i = need(param); i >= 0) params_[i].suite = std::move(v);
-    return *this;
+    return with(param, [&](ParamRule& r) { r.suite = std::move(v); });
 }
 
 Contract& Contract::range(const std::string& param, double lo, double hi) {
-    if (const int i = need(param); i >= 0) {
-        params_[i].lo = lo;
-        params_[i].hi = hi;
-    }
-    return *this;
+    return with(param, [&](ParamRule& r) { r.lo = lo, r.hi = hi; });
 }
 
 Contract& Contract::length(const std::string& param, int64_t min, VekStatus status) {
-    if (const int i = need(param); i >= 0) {
-        ParamRule& r = params_[i];
+    return with(param, [&](ParamRule& r) {
         r.role = Role::length;
         r.integer = true;
         r.min = min;
         r.status = status;
         if (r.re < min) r.re = r.im = static_cast<double>(min);
         if (r.lo < min) r.lo = static_cast<double>(min);
-        r.suite.erase(
-            std::remove_if(r.suite.begin(), r.suite.end(), [min](double v) { return v < min; }),
-            r.suite.end());
-    }
-    return *this;
+        std::erase_if(r.suite, [min](double v) { return v < min; });
+    });
 }
 
 Contract& Contract::size(const std::string& params, SizeFn fn) {
@@ -449,52 +488,35 @@ Contract& Contract::nullable(const std::string& params) {
 }
 
 Contract& Contract::fill(const std::string& param, FillFn fn) {
-    if (const int i = need(param); i >= 0) params_[i].fill = std::move(fn);
-    return *this;
+    return with(param, [&](ParamRule& r) { r.fill = std::move(fn); });
 }
 
-Contract& Contract::align(const std::string& params, size_t bytes) {
-    for (int i : names_to_indices(params, false, Role::value, true)) params_[i].min_align = bytes;
-    return *this;
+Contract& Contract::fill(const std::string& param, ElemFn elem) {
+    return fill(param, [param, elem](const Call& k, void* data, int64_t count) {
+        fill_elems(k.e.types[static_cast<size_t>(k.e.index(param))], param, data, count, elem);
+    });
 }
 
 Contract& Contract::accepts(const std::string& param, std::vector<std::string> kind_names) {
-    if (const int i = need(param); i >= 0) params_[i].accepts = std::move(kind_names);
-    return *this;
-}
-
-Contract& Contract::creates(const std::string& param, const std::string& kind) {
-    if (const int i = need(param); i >= 0) params_[i].creates = kind;
-    return *this;
-}
-
-Contract& Contract::frees(const std::string& param) {
-    if (const int i = need(param); i >= 0) params_[i].frees = true;
-    return *this;
-}
-
-Contract& Contract::nulled_on(const std::string& param, VekStatus status) {
-    if (const int i = need(param); i >= 0) {
-        params_[i].nulled = true;
-        params_[i].nulled_status = status;
-    }
-    return *this;
+    return with(param, [&](ParamRule& r) { r.accepts = std::move(kind_names); });
 }
 
 Contract& Contract::check(const std::string& param, Pred valid, VekStatus status,
                           std::vector<double> bad) {
-    if (const int i = need(param); i >= 0) {
-        params_[i].valid = std::move(valid);
-        params_[i].check_status = status;
-        params_[i].bad = std::move(bad);
-        checks_in_order_.push_back(i);
-    }
-    return *this;
+    if (exp.index(param) >= 0) checks_in_order_.push_back(exp.index(param));
+    return with(param, [&](ParamRule& r) {
+        r.valid = std::move(valid), r.check_status = status, r.bad = std::move(bad);
+    });
 }
 
 Contract& Contract::order(std::vector<Step> steps) {
     steps_ = std::move(steps);
     ordered_ = true;
+    return *this;
+}
+
+Contract& Contract::then(Step s) {
+    last_.push_back(std::move(s));
     return *this;
 }
 
@@ -556,10 +578,7 @@ Step Contract::lengths(const std::string& params) {
                            [&](auto& m) { return c.i(m.first) < m.second; });
     };
     for (const auto& [n, min] : mins) {
-        std::vector<int64_t> bad{min - 1, 0, -1, INT_MIN};
-        std::sort(bad.begin(), bad.end());
-        bad.erase(std::unique(bad.begin(), bad.end()), bad.end());
-        for (int64_t v : bad)
+        for (int64_t v : std::set<int64_t>{min - 1, 0, -1, INT_MIN})
             if (v < min)
                 s.faults.push_back(
                     {n + " = " + std::to_string(v), [n = n, v](Call& c) { c.set_int(n, v); }});
@@ -589,12 +608,22 @@ Step Contract::param(const std::string& name) {
 
 Step Contract::custom(const std::string& what, VekStatus status, Pred fails,
                       std::vector<Fault> faults) {
-    Step s;
-    s.what = what;
-    s.status = status;
-    s.fails = std::move(fails);
-    s.faults = std::move(faults);
-    return s;
+    return {what, status, std::move(fails), std::move(faults)};
+}
+
+Step Contract::pointee(const std::string& param, Pred valid, VekStatus status,
+                       std::vector<double> bad, int64_t elements) {
+    std::vector<Fault> faults;
+    for (int64_t i = 0; i < elements; ++i)
+        for (double v : bad) {
+            std::ostringstream os;
+            os << param << "[" << i << "] = " << v;
+            faults.push_back({os.str(), [param, i, v](Call& k) { k.set_at(param, i, v); }});
+        }
+    return custom(
+        param + "[] out of range", status,
+        [param, valid](const Call& k) { return !k.is_null(param) && !valid(k); },
+        std::move(faults));
 }
 
 Step Contract::allocation() {
@@ -623,6 +652,7 @@ const std::vector<Step>& Contract::steps() const {
                                       [](const ParamRule& r) { return r.role == Role::length; });
         if (any_length) s.push_back(self->lengths());
         for (int i : checks_in_order_) s.push_back(self->param(exp.names[i]));
+        s.insert(s.end(), last_.begin(), last_.end());
         steps_ = std::move(s);
         ordered_ = true;
     }
@@ -632,19 +662,27 @@ const std::vector<Step>& Contract::steps() const {
         ParamRule& r = self->params_[i];
         if (r.role == Role::object && r.accepts.empty()) {
             const std::string t = struct_name(exp.texts.size() > i ? exp.texts[i] : "");
-            for (const Kind& k : kind_list())
+            for (const Kind& k : conf::kinds())
                 if (k.type == t) r.accepts.push_back(k.name);
         }
         if (r.role == Role::object && r.accepts.empty())
             self->problems.push_back(exp.name + ": no kind of object registered for " +
                                      exp.names[i]);
+        if (r.role == Role::object_out && r.creates.empty()) {
+            std::string n = exp.name.substr(4); // without "veks" and "InitAlloc"
+            if (const size_t at = n.find("InitAlloc"); at != std::string::npos) n.erase(at, 9);
+            if (find_kind(n) == nullptr) n = n.substr(0, n.rfind("32f")); // other taps
+            r.creates = n;
+            if (find_kind(n) == nullptr)
+                self->problems.push_back(exp.name + ": no kind made through " + exp.names[i]);
+        }
     }
     for (Step& s : steps_)
         if (s.faults.size() == 1 && !s.faults[0].apply) {
             const std::string n = s.faults[0].what.substr(0, s.faults[0].what.find(' '));
             const auto& acc = params_[exp.index(n)].accepts;
             s.faults.clear();
-            for (const Kind& k : kind_list())
+            for (const Kind& k : conf::kinds())
                 if (std::find(acc.begin(), acc.end(), k.name) == acc.end())
                     s.faults.push_back(
                         {n + " of kind " + k.name, [n, kp = &k](Call& c) { c.use_kind(n, kp); }});
@@ -775,7 +813,34 @@ const Kind* Call::kind_of(const std::string& param) const {
     return nullptr;
 }
 
-void* Call::object(const std::string& param) const { return ptr(param); }
+namespace {
+
+// Element i of the buffer argument `param`, with its type (null outside the buffer).
+unsigned char* element(const Call& c, const std::string& param, int64_t i, const TypeInfo** t) {
+    const int k = c.e.index(param);
+    if (k < 0 || i < 0 || c.pointer(k) == nullptr) return nullptr;
+    *t = &c.e.types[static_cast<size_t>(k)];
+    if ((static_cast<size_t>(i) + 1) * (*t)->size > c.bytes(param)) return nullptr;
+    return static_cast<unsigned char*>(c.ptr(param)) + static_cast<size_t>(i) * (*t)->size;
+}
+
+} // namespace
+
+double Call::at(const std::string& param, int64_t i, bool imag) const {
+    const TypeInfo* t = nullptr;
+    const unsigned char* p = element(*this, param, i, &t);
+    if (p == nullptr) return NAN;
+    if (imag && !t->complex) return 0;
+    return load_comp(t->comp, p + (imag ? comp_bytes(t->comp) : 0));
+}
+
+void Call::set_at(const std::string& param, int64_t i, double v) {
+    const TypeInfo* t = nullptr;
+    unsigned char* p = element(*this, param, i, &t);
+    if (p == nullptr) return;
+    store_comp(t->comp, p, v);
+    if (t->complex) store_comp(t->comp, p + comp_bytes(t->comp), v);
+}
 
 // ---- Building calls ---------------------------------------------------------------------------
 
@@ -803,8 +868,7 @@ double extreme_value(Source& s, Comp comp) {
         }
     }
     const size_t bytes = comp_bytes(comp);
-    const bool sig =
-        comp == Comp::s8 || comp == Comp::s16 || comp == Comp::s32 || comp == Comp::s64;
+    const bool sig = comp_signed(comp);
     const double max = std::ldexp(1.0, static_cast<int>(8 * bytes - (sig ? 1 : 0))) - 1;
     const double min = sig ? -max - 1 : 0;
     switch (s.pick(0, 7)) {
@@ -841,9 +905,7 @@ void fill_data(const TypeInfo& t, unsigned char* p, size_t bytes, Source& s, boo
         } else if (t.comp == Comp::f32 || t.comp == Comp::f64) {
             v = static_cast<double>(static_cast<int64_t>(s.pick(-1000, 1000))) / 1000.0;
         } else {
-            const bool sig = t.comp == Comp::s8 || t.comp == Comp::s16 || t.comp == Comp::s32 ||
-                             t.comp == Comp::s64;
-            v = static_cast<double>(s.pick(sig ? -100 : 0, 100));
+            v = static_cast<double>(s.pick(comp_signed(t.comp) ? -100 : 0, 100));
         }
         store_comp(t.comp, p + k * cb, v);
     }
@@ -896,12 +958,9 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
     Rng suite_rng(std::hash<std::string>{}(e.name));
     Source& s = src != nullptr ? *src : suite_rng;
     auto override_of = [&](const std::string& name, double* v) {
-        for (const auto& [k, x] : set)
-            if (k == name) {
-                *v = x;
-                return true;
-            }
-        return false;
+        const auto it =
+            std::find_if(set.begin(), set.end(), [&](auto& p) { return p.first == name; });
+        return it != set.end() && (*v = it->second, true);
     };
     for (const Knob& k : c.knobs()) {
         double v = static_cast<double>(src != nullptr ? s.pick(k.lo, k.hi) : k.dflt);
@@ -950,14 +1009,10 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         int64_t count = 0;
         size_t elem = t.depth == 2 ? sizeof(void*) : t.size;
         if (r.role == Role::work) {
-            const int oi = [&] {
-                for (size_t k = 0; k < e.types.size(); ++k)
-                    if (c.rule(static_cast<int>(k)).role == Role::object)
-                        return static_cast<int>(k);
-                return -1;
-            }();
-            const Kind* k = oi >= 0 ? call->kind_of(e.names[oi]) : nullptr;
-            if (k != nullptr && k->buf_size) count = k->buf_size(call->pointer(oi));
+            // the buffer of the first object (objects are made in the order of the parameters)
+            const Call::Object* o = call->objects.empty() ? nullptr : &call->objects.front();
+            if (o != nullptr && o->kind != nullptr && o->kind->buf_size)
+                count = o->kind->buf_size(o->p);
             elem = 1;
         } else if (r.has_size) {
             count = r.size(*call);
@@ -971,42 +1026,27 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
                 call->notes.push_back(e.names[i] + ": buffer too large for a test");
                 continue;
             }
-            Call::Buffer b;
-            b.param = static_cast<int>(i);
-            b.bytes = static_cast<size_t>(bytes64);
-            b.block = b.data = static_cast<unsigned char*>(g_mapper->map(b.bytes));
-            b.mapped = true;
-            call->buffers.push_back(b);
-            call->set_pointer(static_cast<int>(i), b.data);
+            auto* p = static_cast<unsigned char*>(g_mapper->map(static_cast<size_t>(bytes64)));
+            call->buffers.push_back(
+                {static_cast<int>(i), p, 0, static_cast<size_t>(bytes64), p, true, {}});
+            call->set_pointer(static_cast<int>(i), p);
             continue;
         }
         const size_t bytes = static_cast<size_t>(bytes64);
         const size_t unit = t.depth == 2 ? sizeof(void*) : comp_bytes(t.comp);
         size_t off = static_cast<size_t>(offset_elems) * unit;
         if (src != nullptr) off = static_cast<size_t>(s.pick(0, 63 / unit)) * unit;
-        if (r.min_align > 0) off = 0;
         Call::Buffer b;
         b.param = static_cast<int>(i);
 #if VEKS_CONF_ASAN
         b.lead = off;
         b.block = static_cast<unsigned char*>(std::malloc(off + bytes + (off + bytes == 0)));
         b.data = b.block + off;
-        if (r.min_align > 0) {
-            // An aligned block of exactly that size: the data start at the block.
-            std::free(b.block);
-            const size_t al = std::max(r.min_align, sizeof(void*));
-            b.block =
-                static_cast<unsigned char*>(std::aligned_alloc(al, (bytes + al - 1) / al * al));
-            b.data = b.block;
-        }
         ASAN_POISON_MEMORY_REGION(b.block, b.lead);
 #else
-        const size_t al = std::max<size_t>(r.min_align, 1);
-        b.block = static_cast<unsigned char*>(std::malloc(kGuard + al + off + bytes + kGuard));
-        uintptr_t d = reinterpret_cast<uintptr_t>(b.block) + kGuard + off;
-        d = (d + al - 1) / al * al;
-        b.data = reinterpret_cast<unsigned char*>(d);
-        b.lead = static_cast<size_t>(b.data - b.block);
+        b.lead = kGuard + off;
+        b.block = static_cast<unsigned char*>(std::malloc(b.lead + bytes + kGuard));
+        b.data = b.block + b.lead;
         std::memset(b.block, kGuardByte, b.lead);
         std::memset(b.data + bytes, kGuardByte, kGuard);
 #endif
@@ -1050,12 +1090,8 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     }
     call.fail_at = o.fail_at;
     const Step* expect = first_failure(c, call);
-    Step forced;
-    if (o.expect_status) {
-        forced.what = "the status this test expects";
-        forced.status = o.status;
-        expect = &forced;
-    }
+    Step forced{"the status this test expects", o.status, {}, {}};
+    if (o.expect_status) expect = &forced;
     std::vector<std::pair<void*, size_t>> left;
     // The convolution family keeps transform plans between calls (filters/conv/conv_plans.hpp):
     // the store starts each call empty and is emptied before the blocks left are counted.
@@ -1073,8 +1109,8 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         std::fesetround(FE_TONEAREST);
         if (mode_after != call.round_mode) problem("the caller's rounding mode was not restored");
         if (expect == nullptr && o.fail_at > 0 && w.requests() >= o.fail_at) {
-            forced.what = "allocation " + std::to_string(o.fail_at) + " failing";
-            forced.status = vekStsMemAllocErr;
+            forced = {
+                "allocation " + std::to_string(o.fail_at) + " failing", vekStsMemAllocErr, {}, {}};
             expect = &forced;
         }
         const VekStatus st = static_cast<VekStatus>(out.result);
@@ -1113,16 +1149,9 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         if (st != expect->status)
             problem("status " + std::to_string(st) + ", expected " +
                     std::to_string(expect->status) + " (" + expect->what + ")");
-        for (const Call::Buffer& b : call.buffers) {
-            const ParamRule& r = c.rule(b.param);
-            if (r.nulled && st == r.nulled_status) {
-                if (std::any_of(b.data, b.data + b.bytes, [](unsigned char x) { return x != 0; }))
-                    problem(e.names[b.param] + " not set to null");
-            } else if (!b.mapped && b.bytes != 0 &&
-                       std::memcmp(b.before.data(), b.data, b.bytes) != 0) {
+        for (const Call::Buffer& b : call.buffers)
+            if (!b.mapped && b.bytes != 0 && std::memcmp(b.before.data(), b.data, b.bytes) != 0)
                 problem(e.names[b.param] + " written on error");
-            }
-        }
         for (const Call::Object& ob : call.objects) {
             if (ob.released) continue;
             for (size_t k = 0; k < ob.blocks.size(); ++k)
@@ -1192,11 +1221,11 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     valid.push_back({{"$offset", 1}});
     valid.push_back({{"$round-upward", 1}});
     for (const auto& set : valid) once("valid call " + describe(set), set, {});
+    std::vector<Fault> nulls;
     for (size_t i = 0; i < e.types.size(); ++i)
-        if (c.rule(static_cast<int>(i)).nullable) {
-            const Fault f{e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }};
-            once(f.what, {}, {&f});
-        }
+        if (c.rule(static_cast<int>(i)).nullable)
+            nulls.push_back({e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }});
+    for (const Fault& f : nulls) once(f.what, {}, {&f});
 
     // Each fault alone, then with a fault of every later step.
     const auto& steps = c.steps();
@@ -1222,12 +1251,6 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     // Each allocation of the valid calls failing in turn.
     if (heap::watched()) {
         std::vector<std::pair<std::string, const Fault*>> variants{{"", nullptr}};
-        std::vector<Fault> nulls;
-        nulls.reserve(e.types.size());
-        for (size_t i = 0; i < e.types.size(); ++i)
-            if (c.rule(static_cast<int>(i)).nullable)
-                nulls.push_back(
-                    {e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }});
         for (const Fault& f : nulls) variants.emplace_back(f.what, &f);
         for (const auto& [what, f] : variants) {
             long requests = 0;

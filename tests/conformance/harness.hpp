@@ -171,6 +171,9 @@ template <class R, class... A>
 // Every export, with parameter names filled in from the headers. Problems met while reading the
 // headers (a declaration missing, a parameter count that differs) are in table_problems().
 const std::vector<Export>& exports();
+// The struct name of an object parameter's type text: "const VeksFFTSpec_C_32fc*" gives
+// VeksFFTSpec_C_32fc.
+std::string struct_name(const std::string& text);
 const std::vector<std::string>& table_problems();
 
 // ---- Transform and state objects ---------------------------------------------------------------
@@ -188,22 +191,16 @@ struct Kind {
     std::function<int64_t(const void*)> buf_size; // bytes; empty when the kind has no buffer
 };
 
-void add_kind(Kind k);
-// A kind of objects S made by create(&s, call) and released by release(s); size(s, &bytes), when
-// given, reports its work buffer.
-template <class S, class Create>
-void add_object_kind(std::string name, std::string type, Create create, VekStatus (*release)(S*),
-                     VekStatus (*size)(const S*, int*) = nullptr) {
-    std::function<int64_t(const void*)> bytes;
-    if (size != nullptr)
-        bytes = [size](const void* p) {
-            int n = -1;
-            return size(static_cast<const S*>(p), &n) == vekStsOk ? int64_t{n} : int64_t{-1};
-        };
-    add_kind({std::move(name), std::move(type),
-              [create](const Call& c, void** p) { return create(reinterpret_cast<S**>(p), c); },
-              [release](void* p) { return release(static_cast<S*>(p)); }, std::move(bytes)});
-}
+// The arguments of a factory by parameter name, for the call an object is made for: a scalar's
+// value, or an array's element count (0: a null pointer).
+using ArgFn = std::function<double(const Call& c, const std::string& param)>;
+// The contents of an array: part `imag` of element i (`integer`: the element type is integral).
+using ElemFn = std::function<double(const std::string& param, int64_t i, bool imag, bool integer)>;
+// A kind for each InitAlloc export matching `pattern`: named after it without "veks" and
+// "InitAlloc" (veksFFTInitAlloc_C_32fc makes "FFT_C_32fc"), of the struct type its first
+// parameter receives, released (and its work buffer measured) by the Free (and GetBufSize)
+// export of that type.
+void add_kinds(const std::string& pattern, ArgFn arg, ElemFn elem = nullptr);
 const std::vector<Kind>& kinds();
 const Kind* find_kind(const std::string& name);
 
@@ -249,13 +246,10 @@ struct ParamRule {
     bool nullable = false;
     bool has_size = false;
     FillFn fill;
-    size_t min_align = 0; // bytes the buffer must be aligned to (0: the element's natural size)
     // objects
     std::vector<std::string> accepts;
-    std::string creates;
-    bool frees = false;
-    bool nulled = false; // set to null on `nulled_status`
-    VekStatus nulled_status = vekStsOk;
+    std::string creates; // the kind an InitAlloc makes
+    bool frees = false;  // the object of a Free
 };
 
 struct Knob {
@@ -287,27 +281,24 @@ class Contract {
     // A length parameter: its minimum and the status of a smaller one.
     Contract& length(const std::string& param, int64_t min, VekStatus status = vekStsDataSizeErr);
     // Element counts of buffers (names separated by spaces; names the export lacks are skipped,
-    // here and in nullable() and align()).
+    // here and in nullable()).
     Contract& size(const std::string& params, SizeFn fn);
     Contract& nullable(const std::string& params);
     Contract& fill(const std::string& param, FillFn fn);
-    Contract& align(const std::string& params, size_t bytes);
-    // Objects: the kinds an object parameter accepts (default: every kind of its struct type),
-    // the kind a pointer-to-pointer parameter receives, and the parameter a Free releases.
+    Contract& fill(const std::string& param, ElemFn elem); // each part of each element
+    // Objects: the kinds an object parameter accepts (default: every kind of its struct type).
+    // The kind an InitAlloc makes is the one named after it (for a form with other taps, e.g.
+    // veksFIRInitAlloc32s_16s32f, "FIR32s_16s"); a Free releases its object.
     Contract& accepts(const std::string& param, std::vector<std::string> kind_names);
-    Contract& creates(const std::string& param, const std::string& kind);
-    Contract& frees(const std::string& param);
-    // A pointer-to-pointer set to null when the call fails with `status` (other errors leave it
-    // unchanged).
-    Contract& nulled_on(const std::string& param, VekStatus status);
 
     // -- the checks
     // A parameter check: `valid` false gives `status`; `bad` are values that fail it.
     Contract& check(const std::string& param, Pred valid, VekStatus status,
                     std::vector<double> bad);
-    // The order of the checks. Without it: nulls(), kinds() of every object, lengths(), then
-    // each parameter check in the order declared.
+    // The order of the checks. Without it: nulls(), kinds() of every object, lengths(), each
+    // parameter check in the order declared, then the steps given to then().
     Contract& order(std::vector<Step> steps);
+    Contract& then(Step s);
     // Steps for order(): the named pointers null (none named: every pointer not in an earlier
     // nulls() step and not nullable), an object of every other kind, the named lengths too
     // small (none named: every length), a parameter check, or a check of the family's own.
@@ -316,6 +307,10 @@ class Contract {
     Step lengths(const std::string& params = "");
     Step param(const std::string& name);
     Step custom(const std::string& what, VekStatus status, Pred fails, std::vector<Fault> faults);
+    // A check of the values a pointer argument points to: `valid` false gives `status`; the
+    // faults are each of `bad` in each of the first `elements` elements.
+    Step pointee(const std::string& param, Pred valid, VekStatus status, std::vector<double> bad,
+                 int64_t elements = 1);
     // Where the call makes its first heap request, for a family that checks parameters after it
     // (the FFT's InitAlloc tests the flag after allocating the object): a first request that
     // fails gives vekStsMemAllocErr there.
@@ -336,6 +331,11 @@ class Contract {
 
   private:
     int need(const std::string& param);
+    template <class F>
+    Contract& with(const std::string& param, F f) { // f(the rule of param), if it exists
+        if (const int i = need(param); i >= 0) f(params_[static_cast<size_t>(i)]);
+        return *this;
+    }
     std::vector<int> names_to_indices(const std::string& params, bool all_if_empty, Role role,
                                       bool present_only = false);
     std::vector<ParamRule> params_;
@@ -344,6 +344,7 @@ class Contract {
     mutable bool ordered_ = false;
     std::vector<int> in_null_steps_;
     std::vector<int> checks_in_order_;
+    std::vector<Step> last_;
     std::vector<Fault> probes_;
     std::function<std::vector<std::string>()> special_;
 };
@@ -409,7 +410,11 @@ class Call {
     // Replaces an object argument by a new object of `kind` (null: a foreign 4-byte block).
     void use_kind(const std::string& param, const Kind* kind);
     const Kind* kind_of(const std::string& param) const; // the kind an object argument holds
-    void* object(const std::string& param) const;
+    // Part of element i of a buffer argument in its type (the imaginary part of a real element:
+    // 0), NaN when the pointer is null or the buffer shorter; set_at stores both parts (a
+    // complex element) and does nothing outside the buffer.
+    double at(const std::string& param, int64_t i = 0, bool imag = false) const;
+    void set_at(const std::string& param, int64_t i, double v);
 
     // -- engine internals
     struct Buffer {
@@ -479,21 +484,5 @@ std::vector<std::string> check_export(const Contract& c, int* cases);
 
 // Values the fuzzer draws for data and parameters.
 double extreme_value(Source& s, Comp comp);
-
-// A transform object kind: init(&s, size, flag, hint), the size from the knob `size_knob`
-// (default dflt), the flag from the knob "flag" as an index into 1, 2, 4, 8, the hint from "hint".
-template <class S>
-void add_transform_kind(const char* name, const char* type, const char* size_knob, int64_t dflt,
-                        VekStatus (*init)(S**, int, int, VekHintAlgorithm),
-                        VekStatus (*release)(S*), VekStatus (*size)(const S*, int*)) {
-    add_object_kind(
-        name, type,
-        [=](S** p, const Call& c) {
-            static const int flags[] = {1, 2, 4, 8};
-            return init(p, static_cast<int>(c.n(size_knob, dflt)), flags[c.n("flag", 1) & 3],
-                        static_cast<VekHintAlgorithm>(c.n("hint", 0)));
-        },
-        release, size);
-}
 
 } // namespace conf

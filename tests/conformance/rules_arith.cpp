@@ -67,15 +67,14 @@ const conf::Rules arith([] {
                      // One source may be missing (zeros); both missing is tested after the
                      // length.
                      c.nullable("pSrcRe pSrcIm");
-                     c.order({c.nulls(), c.lengths(),
-                              c.custom("both sources null", vekStsNullPointerErr,
-                                       [](const conf::Call& k) {
-                                           return k.is_null("pSrcRe") && k.is_null("pSrcIm");
-                                       },
-                                       {{"both sources null", [](conf::Call& k) {
-                                             k.set_null("pSrcRe");
-                                             k.set_null("pSrcIm");
-                                         }}})});
+                     c.then(c.custom("both sources null", vekStsNullPointerErr,
+                                     [](const conf::Call& k) {
+                                         return k.is_null("pSrcRe") && k.is_null("pSrcIm");
+                                     },
+                                     {{"both sources null", [](conf::Call& k) {
+                                           k.set_null("pSrcRe");
+                                           k.set_null("pSrcIm");
+                                       }}}));
                  });
 });
 

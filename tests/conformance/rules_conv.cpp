@@ -3,21 +3,10 @@
 // method (so that its allocations fail in turn); shorter lengths take the direct one.
 #include <algorithm>
 #include <climits>
-#include <cstring>
 
 #include "harness.hpp"
 
 namespace {
-
-int phase_of(const conf::Call& k) {
-    int v = 0;
-    if (!k.is_null("pPhase")) std::memcpy(&v, k.ptr("pPhase"), sizeof v);
-    return v;
-}
-
-void set_phase(conf::Call& k, int v) {
-    if (!k.is_null("pPhase")) std::memcpy(k.ptr("pPhase"), &v, sizeof v);
-}
 
 const conf::Rules conv([] {
     conf::family("convolution", R"(^veksConv_)", [](conf::Contract& c) {
@@ -71,16 +60,13 @@ const conf::Rules conv([] {
         });
         c.check("factor", [](const conf::Call& k) { return k.i("factor") >= 1; },
                 vekStsSampleFactorErr, {0, -1, INT_MIN});
-        c.order({c.nulls(), c.lengths(), c.param("factor"),
-                 c.custom("*pPhase outside 0 .. factor - 1", vekStsSamplePhaseErr,
-                          [](const conf::Call& k) {
-                              const int p = phase_of(k);
-                              return p < 0 || p >= k.i("factor");
-                          },
-                          {{"*pPhase -1", [](conf::Call& k) { set_phase(k, -1); }},
-                           {"*pPhase = factor", [](conf::Call& k) { set_phase(k, 3); }},
-                           {"*pPhase INT_MIN", [](conf::Call& k) { set_phase(k, INT_MIN); }}})});
-        c.probe("*pPhase = factor - 1", [](conf::Call& k) { set_phase(k, 2); });
+        // *pPhase: 0 .. factor - 1 (the valid call's factor is 3).
+        c.then(c.pointee("pPhase",
+                         [](const conf::Call& k) {
+                             return k.at("pPhase") >= 0 && k.at("pPhase") < k.i("factor");
+                         },
+                         vekStsSamplePhaseErr, {-1, 3, INT_MIN}));
+        c.probe("*pPhase = factor - 1", [](conf::Call& k) { k.set_at("pPhase", 0, 2); });
     });
 
     conf::family("median filter", R"(^veksFilterMedian_)", [](conf::Contract& c) {

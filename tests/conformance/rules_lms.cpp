@@ -8,50 +8,21 @@
 
 namespace {
 
-template <class S, class Line>
-void add_lms_kind(const char* name, const char* type,
-                  VekStatus (*init)(S**, const Vek32f*, int, const Line*, int),
-                  VekStatus (*release)(S*)) {
-    conf::add_object_kind(
-        name, type,
-        [init](S** p, const conf::Call& c) {
-            return init(p, nullptr, static_cast<int>(c.n("tapsLen", 5)), nullptr, 0);
-        },
-        release);
-}
-
-template <class S, class Tap, class Smp>
-void add_mr_kind(const char* name, const char* type,
-                 VekStatus (*init)(S**, const Tap*, int, const Smp*, int, int, int, int),
-                 VekStatus (*release)(S*)) {
-    conf::add_object_kind(
-        name, type,
-        [init](S** p, const conf::Call& c) {
-            return init(p, nullptr, static_cast<int>(c.n("tapsLen", 5)), nullptr, 0,
-                        static_cast<int>(c.n("dlyStep", 2)), static_cast<int>(c.n("updateDly", 1)),
-                        100);
-        },
-        release);
-}
-
 int64_t mr_dly_len(const conf::Call& k) {
     return k.n("dlyStep") * k.n("tapsLen") + k.n("updateDly");
 }
 
 const conf::Rules lms([] {
-    add_lms_kind("LMS_32f", "VeksFIRLMSState_32f", veksFIRLMSInitAlloc_32f, veksFIRLMSFree_32f);
-    add_lms_kind("LMS32f_16s", "VeksFIRLMSState32f_16s", veksFIRLMSInitAlloc32f_16s,
-                 veksFIRLMSFree32f_16s);
-    add_mr_kind("LMSMR32s_16s", "VeksFIRLMSMRState32s_16s", veksFIRLMSMRInitAlloc32s_16s,
-                veksFIRLMSMRFree32s_16s);
-    add_mr_kind("LMSMR32sc_16sc", "VeksFIRLMSMRState32sc_16sc", veksFIRLMSMRInitAlloc32sc_16sc,
-                veksFIRLMSMRFree32sc_16sc);
+    // States of tapsLen zero taps and (multi-rate) the knobs' delay step and update delay.
+    conf::add_kinds("^veksFIRLMS(MR)?InitAlloc", [](const conf::Call& c, const std::string& p) {
+        if (p == "tapsLen" || p == "dlyStep") return double(c.n(p, p == "tapsLen" ? 5 : 2));
+        return p == "updateDly" ? double(c.n(p, 1)) : p == "mu" ? 100.0 : 0.0;
+    });
 
     conf::family("LMS states",
                  R"(^veksFIRLMS(InitAlloc|Free|GetTaps|GetDlyLine|SetDlyLine)(_32f|32f_16s)$)",
                  [](conf::Contract& c) {
                      if (c.is("^veksFIRLMSInitAlloc")) {
-                         c.creates("ppState", c.is("_32f$") ? "LMS_32f" : "LMS32f_16s");
                          c.nullable("pTaps pDlyLine");
                          c.value("dlyIndex", 0);
                          c.suite_values("dlyIndex", {3, -1, INT_MAX});
@@ -63,7 +34,6 @@ const conf::Rules lms([] {
                          c.nullable("pDlyLine");
                          c.suite_values("dlyIndex", {0, -7, INT_MIN});
                      }
-                     if (c.is("^veksFIRLMSFree")) c.frees("pState");
                  });
 
     // Pointers (the state among them), the length, then the state's kind.
@@ -79,40 +49,24 @@ const conf::Rules lms([] {
         c.size("pTaps", [](const conf::Call& k) { return k.i("tapsLen"); });
         if (c.has("mu")) c.value("mu", 0.01);
         if (c.has("muQ15")) c.suite_values("muQ15", {0, -5000, INT_MAX, INT_MIN});
-        auto index_at = [](conf::Call& k, int64_t v) {
-            if (k.ptr("pDlyLineIndex") != nullptr)
-                *static_cast<int*>(k.ptr("pDlyLineIndex")) = int(v);
-        };
-        c.order({c.nulls(), c.lengths(),
-                 c.custom(
-                     "index outside 0 .. tapsLen-1", vekStsDelayIndexErr,
-                     [](const conf::Call& k) {
-                         const int* p = static_cast<const int*>(k.ptr("pDlyLineIndex"));
-                         return p != nullptr && (*p < 0 || *p >= k.i("tapsLen"));
-                     },
-                     {{"index -1", [index_at](conf::Call& k) { index_at(k, -1); }},
-                      {"index tapsLen", [index_at](conf::Call& k) { index_at(k, k.i("tapsLen")); }},
-                      {"index INT_MIN", [index_at](conf::Call& k) { index_at(k, INT_MIN); }}})});
+        // The index: 0 .. tapsLen - 1 (5 is the valid call's tapsLen).
+        c.then(c.pointee("pDlyLineIndex",
+                         [](const conf::Call& k) {
+                             const double p = k.at("pDlyLineIndex");
+                             return p >= 0 && p < k.i("tapsLen");
+                         },
+                         vekStsDelayIndexErr, {-1, 5, INT_MIN}));
     });
 
     conf::family("multi-rate LMS", R"(^veksFIRLMSMR)", [](conf::Contract& c) {
+        c.size("pTaps", [](const conf::Call& k) { return k.n("tapsLen"); });
+        c.size("pDlyLine", mr_dly_len); // (arguments of InitAlloc, else knobs)
         if (c.is("^veksFIRLMSMRInitAlloc")) {
             // ppState; tapsLen, dlyStep, updateDly, dlyIndex (all vekStsDataSizeErr).
-            c.creates("ppState", c.is("32s_16s$") ? "LMSMR32s_16s" : "LMSMR32sc_16sc");
             c.nullable("pTaps pDlyLine");
-            c.size("pTaps", [](const conf::Call& k) { return k.i("tapsLen"); });
-            c.size("pDlyLine", [](const conf::Call& k) {
-                return k.i("dlyStep") * k.i("tapsLen") + k.i("updateDly");
-            });
-            c.value("dlyStep", 2);
-            c.suite_values("dlyStep", {1, 3});
-            c.range("dlyStep", 1, 8);
-            c.value("updateDly", 1);
-            c.suite_values("updateDly", {0, 4});
-            c.range("updateDly", 0, 8);
-            c.value("dlyIndex", 0);
-            c.suite_values("dlyIndex", {3});
-            c.range("dlyIndex", 0, 0);
+            c.value("dlyStep", 2).suite_values("dlyStep", {1, 3}).range("dlyStep", 1, 8);
+            c.value("updateDly", 1).suite_values("updateDly", {0, 4}).range("updateDly", 0, 8);
+            c.value("dlyIndex", 0).suite_values("dlyIndex", {3}).range("dlyIndex", 0, 0);
             c.value("mu", 100);
             c.check("dlyStep", [](const conf::Call& k) { return k.i("dlyStep") >= 1; },
                     vekStsDataSizeErr, {0, -1, INT_MIN});
@@ -120,19 +74,14 @@ const conf::Rules lms([] {
                     vekStsDataSizeErr, {-1, INT_MIN});
             c.check("dlyIndex",
                     [](const conf::Call& k) {
-                        const int64_t len = k.i("dlyStep") * k.i("tapsLen") + k.i("updateDly");
-                        return k.i("dlyIndex") >= 0 && k.i("dlyIndex") < len;
+                        return k.i("dlyIndex") >= 0 && k.i("dlyIndex") < mr_dly_len(k);
                     },
                     vekStsDataSizeErr, {-1, INT_MIN, INT_MAX});
-            c.order({c.nulls(), c.lengths(), c.param("dlyStep"), c.param("updateDly"),
-                     c.param("dlyIndex")});
             return;
         }
         c.knob("tapsLen", 1, 40, 5, {1, 17});
         c.knob("dlyStep", 1, 6, 2, {1, 4});
         c.knob("updateDly", 0, 6, 1, {0, 5});
-        c.size("pTaps", [](const conf::Call& k) { return k.n("tapsLen"); });
-        c.size("pDlyLine", mr_dly_len);
         if (c.is("SetDlyLine")) {
             c.nullable("pDlyLine");
             c.suite_values("dlyIndex", {0, 100, -3});
@@ -146,7 +95,6 @@ const conf::Rules lms([] {
                     },
                     vekStsBadArgErr, {-1, INT_MIN, INT_MAX});
         }
-        if (c.is("Free")) c.frees("pState");
     });
 });
 

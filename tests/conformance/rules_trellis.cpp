@@ -18,26 +18,23 @@ conf::FillFn cycle(std::string first, std::string second) {
     };
 }
 
-// True when an entry of the table is at or above its column's count.
-bool out_of_range(const conf::Call& k, const std::string& table, std::string first,
-                  std::string second, int64_t count) {
-    const auto* p = static_cast<const Vek8u*>(k.ptr(table));
-    if (p == nullptr) return false;
-    count = std::min(count, static_cast<int64_t>(k.bytes(table)));
-    for (int64_t i = 0; i < count; ++i)
-        if (p[i] >= k.i(i % 2 == 0 ? first : second)) return true;
-    return false;
-}
-
 // A count argument, negative ones (drawn as bad values) as 0: products of three stay in range.
 int64_t cnt(const conf::Call& k, const char* p) { return std::max<int64_t>(0, k.i(p)); }
 
-// A fault that makes the first entry of a table equal to its limit (when a byte can hold it).
-conf::Fault entry_at_limit(std::string table, std::string limit) {
-    return {table + "[0] out of range", [table, limit](conf::Call& k) {
-                if (k.bytes(table) != 0 && k.i(limit) < 256)
-                    static_cast<Vek8u*>(k.ptr(table))[0] = static_cast<Vek8u>(k.i(limit));
-            }};
+// The check of the first `count` entries of a table like those of cycle(): an entry at or above
+// its column's count fails; the fault puts the first entry at its limit (when a byte holds it).
+conf::Step entries(conf::Contract& c, const std::string& what, std::string table, std::string first,
+                   std::string second, conf::SizeFn count) {
+    return c.custom(what + " out of range", vekStsBadArgErr,
+                    [=](const conf::Call& k) {
+                        const int64_t n = std::min<int64_t>(count(k), int64_t(k.bytes(table)));
+                        for (int64_t i = 0; i < n; ++i)
+                            if (k.at(table, i) >= k.i(i % 2 == 0 ? first : second)) return true;
+                        return false;
+                    },
+                    {{table + "[0] out of range", [table, first](conf::Call& k) {
+                          if (k.i(first) < 256) k.set_at(table, 0, double(k.i(first)));
+                      }}});
 }
 
 const conf::Rules trellis([] {
@@ -60,16 +57,13 @@ const conf::Rules trellis([] {
                 c.size("pPoints pSubset", [](const conf::Call& k) { return k.i("numPoints"); });
                 c.fill("pSubset", cycle("numSubsets", "numSubsets"));
                 upto256("numSubsets");
-                c.order({c.nulls(), c.lengths(), c.param("numSubsets"),
-                         c.custom("a label out of range", vekStsBadArgErr,
-                                  [](const conf::Call& k) {
-                                      return out_of_range(k, "pSubset", "numSubsets", "numSubsets",
-                                                          k.i("numPoints"));
-                                  },
-                                  {entry_at_limit("pSubset", "numSubsets")})});
+                c.then(entries(c, "a label", "pSubset", "numSubsets", "numSubsets",
+                               [](const conf::Call& k) { return k.i("numPoints"); }));
             } else if (c.is("BuildSymblTableDV4D")) {
-                for (const char* p : {"numSubsets2D", "numSubsets4D", "numPairs"})
+                for (const char* p : {"numSubsets2D", "numSubsets4D", "numPairs"}) {
                     c.length(p, 1).range(p, 1, 300);
+                    upto256(p);
+                }
                 c.value("numSubsets2D", 4).value("numSubsets4D", 8).value("numPairs", 2);
                 c.suite_values("numPairs", {1, 256}).suite_values("numSubsets4D", {1, 256});
                 c.size("pSrcIndex pSrcDist", [](const conf::Call& k) {
@@ -84,21 +78,15 @@ const conf::Rules trellis([] {
                     return 2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs");
                 });
                 c.fill("pPairs", cycle("numSubsets2D", "numSubsets2D"));
-                upto256("numSubsets2D");
-                upto256("numSubsets4D");
-                upto256("numPairs");
-                c.order({c.nulls(), c.lengths(), c.param("numSubsets2D"), c.param("numSubsets4D"),
-                         c.param("numPairs"),
-                         c.custom("a pair entry out of range", vekStsBadArgErr,
-                                  [](const conf::Call& k) {
-                                      return out_of_range(
-                                          k, "pPairs", "numSubsets2D", "numSubsets2D",
-                                          2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs"));
-                                  },
-                                  {entry_at_limit("pPairs", "numSubsets2D")})});
+                c.then(entries(c, "a pair entry", "pPairs", "numSubsets2D", "numSubsets2D",
+                               [](const conf::Call& k) {
+                                   return 2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs");
+                               }));
             } else {
-                for (const char* p : {"numStates", "numBranches", "numLabels"})
+                for (const char* p : {"numStates", "numBranches", "numLabels"}) {
                     c.length(p, 1).range(p, 1, 300);
+                    upto256(p);
+                }
                 c.suite_values("histLen", {25, 64}).range("histLen", 1, 64);
                 c.range("column", -2, 70).range("depth", -2, 70);
                 c.value("numStates", 16).value("numBranches", 4).value("numLabels", 8);
@@ -113,26 +101,15 @@ const conf::Rules trellis([] {
                     return 2 * cnt(k, "numStates") * cnt(k, "numBranches");
                 });
                 c.fill("pTrellis", cycle("numStates", "numLabels"));
-                c.fill("pSurvivor", [](const conf::Call&, void* d, int64_t n) {
-                    std::memset(d, 0, static_cast<size_t>(n));
-                });
-                upto256("numStates");
-                upto256("numBranches");
-                upto256("numLabels");
+                c.fill("pSurvivor", [](const std::string&, int64_t, bool, bool) { return 0.0; });
                 for (const char* p : {"column", "depth"})
                     c.check(
                         p,
                         [p](const conf::Call& k) { return k.i(p) >= 0 && k.i(p) < k.i("histLen"); },
                         vekStsOutOfRangeErr, {-1, 25, 1e9});
-                c.order({c.nulls(), c.lengths(), c.param("numStates"), c.param("numBranches"),
-                         c.param("numLabels"), c.param("column"), c.param("depth"),
-                         c.custom("a trellis entry out of range", vekStsBadArgErr,
-                                  [](const conf::Call& k) {
-                                      return out_of_range(k, "pTrellis", "numStates", "numLabels",
-                                                          2 * k.i("numStates") *
-                                                              k.i("numBranches"));
-                                  },
-                                  {entry_at_limit("pTrellis", "numStates")})});
+                c.then(entries(
+                    c, "a trellis entry", "pTrellis", "numStates", "numLabels",
+                    [](const conf::Call& k) { return 2 * k.i("numStates") * k.i("numBranches"); }));
             }
         });
 });
