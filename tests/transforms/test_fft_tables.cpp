@@ -47,25 +47,4 @@ TEST(FftTables, EverySineIsTheNearestDouble) {
     }
 }
 
-// Whole transforms on the tables: the cosine wave at bin 1 of N points puts N/2 at bins 1 and
-// N - 1, and every other bin is within rounding of zero.
-TEST(FftTables, CosineWaveLandsOnItsBin) {
-    for (int order : {4, 10, 16}) {
-        const size_t n = size_t{1} << order;
-        fft::Plan<double>* p = nullptr;
-        ASSERT_EQ(fft::create(&p, fft::Shape::complex, order, fft::kNoDiv, 0), vekStsOk);
-        std::vector<Vek64fc> x(n), y(n);
-        for (size_t i = 0; i < n; ++i)
-            x[i] = {double(std::cos(kTwoPi * static_cast<long double>(i) / n)), 0.0};
-        fft::forward(*p, x.data(), y.data(), nullptr);
-        const double tol = 8 * order * 0x1p-52 * double(n);
-        for (size_t k = 0; k < n; ++k) {
-            const double want = k == 1 || k == n - 1 ? double(n) / 2 : 0.0;
-            ASSERT_NEAR(y[k].re, want, tol) << "order " << order << " bin " << k;
-            ASSERT_NEAR(y[k].im, 0.0, tol) << "order " << order << " bin " << k;
-        }
-        obj::release(&p->head);
-    }
-}
-
 } // namespace
