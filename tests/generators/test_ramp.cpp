@@ -45,14 +45,9 @@ void check_ramp(VekStatus (*fn)(T*, int, float, float)) {
 }
 
 TEST(VectorRamp, EveryTypeFollowsTheRule) {
-    check_ramp(veksVectorRamp_8u);
-    check_ramp(veksVectorRamp_8s);
-    check_ramp(veksVectorRamp_16u);
-    check_ramp(veksVectorRamp_16s);
-    check_ramp(veksVectorRamp_32u);
-    check_ramp(veksVectorRamp_32s);
-    check_ramp(veksVectorRamp_32f);
-    check_ramp(veksVectorRamp_64f);
+    vt::each([](auto fn) { check_ramp(fn); }, veksVectorRamp_8u, veksVectorRamp_8s,
+             veksVectorRamp_16u, veksVectorRamp_16s, veksVectorRamp_32u, veksVectorRamp_32s,
+             veksVectorRamp_32f, veksVectorRamp_64f);
 }
 
 // ---- Jaehne ------------------------------------------------------------------------------------
