@@ -117,6 +117,17 @@ std::vector<unsigned char> random_bytes(size_t bytes, uint64_t seed) {
     return v;
 }
 
+// Runs body(k) on kThreads threads at once, k = 0 .. kThreads - 1; each returns how many of its
+// results differ from the single-threaded ones.
+template <class F>
+void in_threads(F body) {
+    std::vector<int> mismatches(kThreads, 0);
+    std::vector<std::thread> pool;
+    for (int k = 0; k < kThreads; ++k) pool.emplace_back([&, k] { mismatches[k] = body(k); });
+    for (std::thread& th : pool) th.join();
+    for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
+}
+
 TEST(Threads, OneTransformObjectServesFourThreads) {
     for (const Transform& t : transforms()) {
         SCOPED_TRACE(t.name);
@@ -129,22 +140,17 @@ TEST(Threads, OneTransformObjectServesFourThreads) {
             std::vector<Vek8u> buf(static_cast<size_t>(bytes));
             ASSERT_GE(t.run(in[k].data(), want[k].data(), buf.data()), vekStsOk);
         }
-        std::vector<std::vector<unsigned char>> got(kThreads);
-        std::vector<int> mismatches(kThreads, 0);
-        std::vector<std::thread> pool;
-        for (int k = 0; k < kThreads; ++k)
-            pool.emplace_back([&, k] {
-                // Odd threads pass no buffer: the call then takes one of its own.
-                std::vector<Vek8u> buf(static_cast<size_t>(bytes));
-                got[k].resize(t.bytes);
-                for (int r = 0; r < kRounds; ++r) {
-                    const VekStatus st =
-                        t.run(in[k].data(), got[k].data(), k % 2 ? nullptr : buf.data());
-                    if (st < vekStsOk || got[k] != want[k]) ++mismatches[k];
-                }
-            });
-        for (std::thread& th : pool) th.join();
-        for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
+        in_threads([&](int k) {
+            // Odd threads pass no buffer: the call then takes one of its own.
+            std::vector<Vek8u> buf(static_cast<size_t>(bytes));
+            std::vector<unsigned char> got(t.bytes);
+            int mismatches = 0;
+            for (int r = 0; r < kRounds; ++r) {
+                const VekStatus st = t.run(in[k].data(), got.data(), k % 2 ? nullptr : buf.data());
+                if (st < vekStsOk || got != want[k]) ++mismatches;
+            }
+            return mismatches;
+        });
     }
 }
 
@@ -174,18 +180,12 @@ TEST(Threads, DistinctFilterStatesRunConcurrently) {
     std::vector<Vek16s> want_i;
     run_float(want);
     run_int(want_i);
-    std::vector<std::vector<float>> got(kThreads);
-    std::vector<std::vector<Vek16s>> got_i(kThreads);
-    std::vector<std::thread> pool;
-    for (int k = 0; k < kThreads; ++k)
-        pool.emplace_back([&, k] { k % 2 ? run_int(got_i[k]) : run_float(got[k]); });
-    for (std::thread& th : pool) th.join();
-    for (int k = 0; k < kThreads; ++k) {
-        if (k % 2)
-            EXPECT_EQ(got_i[k], want_i) << "thread " << k;
-        else
-            EXPECT_TRUE(vt::bits_equal(got[k], want)) << "thread " << k;
-    }
+    in_threads([&](int k) {
+        std::vector<float> got;
+        std::vector<Vek16s> got_i;
+        k % 2 ? run_int(got_i) : run_float(got);
+        return k % 2 ? int(got_i != want_i) : int(!vt::bits_equal(got, want));
+    });
 }
 
 // Convolutions and correlations keep their transform plans between calls in one store shared by
@@ -231,18 +231,15 @@ TEST(Threads, ConvolutionsShareTheirPlanStore) {
     });
     std::vector<std::vector<unsigned char>> want;
     for (auto& c : cases) want.push_back(c());
-    std::vector<int> mismatches(kThreads, 0);
-    std::vector<std::thread> pool;
-    for (int k = 0; k < kThreads; ++k)
-        pool.emplace_back([&, k] {
-            const size_t n = cases.size();
-            for (size_t r = 0; r < 2 * n; ++r) {
-                const size_t i = ((k % 2 ? n - 1 - r % n : r % n) + size_t(k)) % n;
-                if (cases[i]() != want[i]) ++mismatches[k];
-            }
-        });
-    for (std::thread& th : pool) th.join();
-    for (int k = 0; k < kThreads; ++k) EXPECT_EQ(mismatches[k], 0) << "thread " << k;
+    in_threads([&](int k) {
+        const size_t n = cases.size();
+        int mismatches = 0;
+        for (size_t r = 0; r < 2 * n; ++r) {
+            const size_t i = ((k % 2 ? n - 1 - r % n : r % n) + size_t(k)) % n;
+            if (cases[i]() != want[i]) ++mismatches;
+        }
+        return mismatches;
+    });
 }
 
 } // namespace
