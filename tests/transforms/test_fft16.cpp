@@ -30,12 +30,12 @@ struct Kind16;
         static constexpr auto invC = veks##P##Inv_CToC_16sc_Sfs;                                   \
         static constexpr auto initS = veks##P##InitAlloc_C_16s;                                    \
         static constexpr auto freeS = veks##P##Free_C_16s;                                         \
-        static constexpr auto bufS = veks##P##GetBufSize_C_16s;                                    \
+        [[maybe_unused]] static constexpr auto bufS = veks##P##GetBufSize_C_16s;                   \
         static constexpr auto fwdS = veks##P##Fwd_CToC_16s_Sfs;                                    \
         static constexpr auto invS = veks##P##Inv_CToC_16s_Sfs;                                    \
         static constexpr auto initR = veks##P##InitAlloc_R_16s;                                    \
         static constexpr auto freeR = veks##P##Free_R_16s;                                         \
-        static constexpr auto bufR = veks##P##GetBufSize_R_16s;                                    \
+        [[maybe_unused]] static constexpr auto bufR = veks##P##GetBufSize_R_16s;                   \
         static constexpr decltype(&veks##P##Fwd_RToPack_16s_Sfs) fwdR[3] = {                       \
             veks##P##Fwd_RToPack_16s_Sfs, veks##P##Fwd_RToPerm_16s_Sfs,                            \
             veks##P##Fwd_RToCCS_16s_Sfs};                                                          \
