@@ -159,6 +159,9 @@ TEST(Fft16, SaturatesAndBufferSizes) {
     // A scale factor far below -2^20 still scales up: every nonzero output saturates.
     ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, INT_MIN, nullptr), vekStsOk);
     EXPECT_TRUE(vt::starts_with(y.data(), {{32767, -32768}, {0, 0}}));
+    // And one far above 2^20 still scales down: every output is 0.
+    ASSERT_EQ(veksFFTFwd_CToC_16sc_Sfs(x.data(), y.data(), plan, INT_MAX, nullptr), vekStsOk);
+    EXPECT_TRUE(vt::starts_with(y.data(), {{0, 0}, {0, 0}}));
     veksFFTFree_C_16sc(plan);
 
     // The interleaved and the split complex kinds ask for the same buffer.
