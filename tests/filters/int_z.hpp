@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "testutil.hpp"
+
 namespace ft {
 
 struct Z {
@@ -28,7 +30,7 @@ T from_z(Z v) {
     if constexpr (std::is_arithmetic_v<T>)
         return static_cast<T>(v.re);
     else
-        return T{static_cast<decltype(T{}.re)>(v.re), static_cast<decltype(T{}.re)>(v.im)};
+        return T{static_cast<vt::part_t<T>>(v.re), static_cast<vt::part_t<T>>(v.im)};
 }
 
 } // namespace ft
