@@ -11,21 +11,26 @@ VEK_CHECK). The candidates of every file are listed in a fixed order and a sampl
 the seed, so a run is reproducible. For each mutant the file is changed, the build directory is
 rebuilt incrementally (only the test programs that matter), and the tests that mirror the
 mutated folder run (src/stats/norm/... runs every program of tests/stats/, src/core and src/simd
-every program) together with the conformance suite, each with a time limit. A mutant is killed
-when a test fails, crashes or times out; it survives when all pass; it is stillborn when it does
-not compile. The file is restored after every mutant, whatever happens.
+every program) together with the conformance suite and the huge-length checks, each with a
+time limit. A mutant is killed when a test fails, crashes or times out; it survives when all
+pass; it is stillborn when it does not compile. The file is restored after every mutant,
+whatever happens.
 
 Results go to the state file (default: <build>/mutate-state.json) as they come, so an
 interrupted run resumes where it stopped. Mutants judged equivalent (no test could tell them
 apart from the original) are listed by id, one per line, in tools/mutate-equivalent.txt; they do
-not count in the score. --report prints the score, the survivors with their change, and for each
-test case the mutants only it kills (test cases that kill nothing alone are candidates for
-removal). The whole run is niced; the build uses two jobs.
+not count in the score. Mutants that pass the release build's tests but that the
+AddressSanitizer build of the same tests catches (a read or write past a buffer that stays
+inside the allocation's slack otherwise; checked by hand) are listed in
+tools/mutate-sanitizer.txt and count as killed. --report prints the score, the survivors with
+their change, and for each test case the mutants only it kills (test cases that kill nothing
+alone are candidates for removal). The whole run is niced; the build uses two jobs.
 
 --fast builds and runs one program at a time, those named after the mutated file's folder or
-stem first, and stops at the first that fails: the outcome is the same (killed when any test
-fails), but a killed mutant records only that first failing program, so the list of test cases
-that alone kill a mutant is then an upper bound, not a measure of redundancy.
+stem first (the conformance suite and then the slow huge-length checks last), and stops at the
+first that fails: the outcome is the same (killed when any test fails), but a killed mutant
+records only that first failing program, so the list of test cases that alone kill a mutant is
+then an upper bound, not a measure of redundancy.
 """
 import argparse
 import hashlib
@@ -43,6 +48,7 @@ ROOT = Path(__file__).resolve().parent.parent
 SRC = ROOT / "src"
 TESTS = ROOT / "tests"
 EQUIVALENT = ROOT / "tools" / "mutate-equivalent.txt"
+SANITIZED = ROOT / "tools" / "mutate-sanitizer.txt"
 
 SWAPS = [
     (r"(?<![<>=!&|+\-*/%^])\+(?![+=])", "-", "operator"),
@@ -154,7 +160,7 @@ def test_programs(build, rel):
     if sub == "core":
         folders = [TESTS / "core"]
     names = sorted({p.stem for f in folders for p in f.glob("test_*.cpp")})
-    return names + ["test_conformance"]
+    return names + ["test_conformance", "test_huge_lengths"]
 
 
 def run_tests(build, programs, limits):
@@ -195,8 +201,8 @@ def likely_first(rel, programs):
     words = set(re.split(r"_", "_".join(parts[2:]).lower())) - {"simd", "entry", "run"}
 
     def rank(prog):
-        if prog == "test_conformance":
-            return 2
+        if prog in ("test_conformance", "test_huge_lengths"):
+            return 2 if prog == "test_conformance" else 3
         stem = prog[len("test_"):].split("_")
         return 0 if any(w.startswith(x) for w in stem for x in words if len(x) > 1) else 1
 
@@ -232,18 +238,25 @@ def save_state(path, state):
     tmp.replace(path)
 
 
+def listed(path):
+    """The mutant ids of a list file: the first word of each line that is not a comment."""
+    if not path.exists():
+        return set()
+    return {l.split()[0] for l in path.read_text().splitlines()
+            if l.strip() and not l.startswith("#")}
+
+
 def report(state, sample_ids):
-    equivalent = set()
-    if EQUIVALENT.exists():
-        equivalent = {l.split()[0] for l in EQUIVALENT.read_text().splitlines()
-                      if l.strip() and not l.startswith("#")}
+    equivalent = listed(EQUIVALENT)
+    sanitized = listed(SANITIZED)
     res = state["results"]
     done = [i for i in sample_ids if i in res]
     kinds = {}
     for i in done:
         kinds.setdefault(res[i]["outcome"], []).append(i)
-    killed = kinds.get("killed", [])
-    survived = [i for i in kinds.get("survived", []) if i not in equivalent]
+    by_sanitizer = [i for i in kinds.get("survived", []) if i in sanitized]
+    killed = kinds.get("killed", []) + by_sanitizer
+    survived = [i for i in kinds.get("survived", []) if i not in equivalent | sanitized]
     eq = [i for i in kinds.get("survived", []) if i in equivalent]
     stillborn = kinds.get("stillborn", [])
     seconds = sum(res[i].get("seconds", 0) for i in done)
@@ -251,13 +264,14 @@ def report(state, sample_ids):
     print(f"mutants: {len(done)} of {len(sample_ids)} run, {len(stillborn)} stillborn, "
           f"{len(eq)} equivalent")
     if counted:
-        print(f"score: {len(killed)} killed of {counted} = {100.0 * len(killed) / counted:.1f}%")
+        print(f"score: {len(killed)} killed of {counted} = {100.0 * len(killed) / counted:.1f}%"
+              f" ({len(by_sanitizer)} of them by the sanitizer build)")
     print(f"time: {seconds / 60:.1f} min")
     for i in survived:
         print(f"SURVIVED {i}\n    {res[i]['line'].strip()}")
     # Test cases that alone kill a mutant.
     only = {}
-    for i in killed:
+    for i in kinds.get("killed", []):
         cases = [f"{p}:{c}" for p, cs in res[i]["failed"].items() for c in cs]
         if len(cases) == 1:
             only.setdefault(cases[0], []).append(i)
