@@ -5,8 +5,7 @@
 // normalisation, wrapping 32-bit sums, output shift with rounding half to even,
 // saturation) in every form and level, and the float-taps conversion.
 #include "filters/fir/fir_state.hpp"
-#include "fir_members.hpp"
-#include "test_fir_util.hpp"
+#include "filter_util.hpp"
 
 namespace {
 

@@ -5,8 +5,7 @@
 // floating-point taps, and allocation failures inside InitAlloc and inside a
 // filtering call.
 #include "filters/fir/fir_state.hpp"
-#include "fir_members.hpp"
-#include "test_fir_util.hpp"
+#include "filter_util.hpp"
 
 #if VEKS_TEST_WRAPPED_MALLOC
 // This program is linked with --wrap=malloc and --wrap=free: while `armed`, the

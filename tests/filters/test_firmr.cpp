@@ -5,8 +5,7 @@
 // every kernel level; streams carried across calls; the in-place buffer rule; equal factors of 1.
 #include <algorithm>
 
-#include "fir_members.hpp"
-#include "test_fir_util.hpp"
+#include "filter_util.hpp"
 
 namespace {
 

@@ -5,8 +5,7 @@
 #include <cmath>
 #include <complex>
 
-#include "fir_members.hpp"
-#include "test_fir_util.hpp"
+#include "filter_util.hpp"
 
 namespace {
 

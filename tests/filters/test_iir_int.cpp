@@ -5,9 +5,7 @@
 #include <cmath>
 #include <complex>
 
-#include "fir_members.hpp"
-#include "int_z.hpp"
-#include "testutil.hpp"
+#include "filter_util.hpp"
 
 namespace {
 

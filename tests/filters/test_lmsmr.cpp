@@ -5,9 +5,7 @@
 // for several dlyStep / updateDly pairs; GetDlyVal, GetTaps and the taps pointer after them.
 #include <deque>
 
-#include "fir_members.hpp"
-#include "int_z.hpp"
-#include "testutil.hpp"
+#include "filter_util.hpp"
 
 namespace {
 
