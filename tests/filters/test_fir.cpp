@@ -1,9 +1,13 @@
-// Single-rate FIR filters: every member with floating-point taps against a
-// long-double convolution with the delay line as history, block against
-// sample-by-sample and direct forms across calls, every kernel level and the
-// delay-line conventions; integer taps exactly against an integer reference (taps
-// normalisation, wrapping 32-bit sums, output shift with rounding half to even,
-// saturation) in every form and level, and the float-taps conversion.
+// FIR filters. Single-rate: every member with floating-point taps against a long-double
+// convolution with the delay line as history, block against sample-by-sample and direct forms
+// across calls, every kernel level and the delay-line conventions; integer taps exactly against
+// an integer reference (taps normalisation, wrapping 32-bit sums, output shift with rounding half
+// to even, saturation) in every form and level, and the float-taps conversion. Multi-rate: every
+// member against a plain high-rate reference (zero-stuffed input, filtered in long double, or
+// exactly in integers for integer taps, then picked), for interpolators, decimators and rational
+// factors with every phase pair, taps shorter than, equal to and longer than the up-sampling
+// factor; state and direct forms giving the same bits on every kernel level; streams carried
+// across calls; the in-place buffer rule; equal factors of 1.
 #include "filters/fir/fir_state.hpp"
 #include "filter_util.hpp"
 
@@ -121,32 +125,29 @@ TEST(FirIntTaps, MatchesIntegerReferenceInEveryForm) {
 // even with integer taps (whose shift saturates at 31 bits: 1 << 31 wraps to
 // the minimum).
 TEST(Fir, IntegerOutputRules) {
-    VeksFIRState64f_16s* s = nullptr;
-    VeksFIRState64f_32s* s32 = nullptr;
-    VeksFIRState32s_16s* si = nullptr;
-    const double one = 1.0;
-    const int32_t ione = 1;
-    ASSERT_EQ(veksFIRInitAlloc64f_16s(&s, &one, 1, nullptr), vekStsOk);
-    ASSERT_EQ(veksFIRInitAlloc64f_32s(&s32, &one, 1, nullptr), vekStsOk);
-    ASSERT_EQ(veksFIRInitAlloc32s_16s(&si, &ione, 1, 0, nullptr), vekStsOk);
-    for (int x :
-         {1, -1, 3, -3, 5, -5, 6, -6, 7, 10, 20000, -20000, 32767, -32768, INT32_MAX, INT32_MIN})
-        for (int sf : {-200, -40, -14, -1, 0, 1, 2, 15, 16, 40, 200}) {
-            SCOPED_TRACE(std::to_string(x) + " sf " + std::to_string(sf));
-            const long double v = std::ldexp(static_cast<long double>(x), -sf);
-            Vek32s y32 = 0;
-            ASSERT_EQ(veksFIROne64f_32s_Sfs(x, &y32, s32, sf), vekStsOk);
-            EXPECT_EQ(y32, Vek32s(ft::round_away_sat<Vek32s>(v)));
-            if (Vek16s(x) != x) continue;
-            Vek16s y = 0, yi = 0;
-            ASSERT_EQ(veksFIROne64f_16s_Sfs(Vek16s(x), &y, s, sf), vekStsOk);
-            ASSERT_EQ(veksFIROne32s_16s_Sfs(Vek16s(x), &yi, si, sf), vekStsOk);
-            EXPECT_EQ(y, Vek16s(ft::round_away_sat<Vek16s>(v)));
-            EXPECT_EQ(yi, ft::out_rule(uint32_t(x), 0, sf)) << "integer taps";
-        }
-    ASSERT_EQ(veksFIRFree64f_16s(s), vekStsOk);
-    ASSERT_EQ(veksFIRFree64f_32s(s32), vekStsOk);
-    ASSERT_EQ(veksFIRFree32s_16s(si), vekStsOk);
+    ft::for_each<ft::Fir64f_16s, ft::Fir64f_32s, ft::Fir32s_16s>([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        constexpr bool int_taps = std::is_same_v<typename M::Tap, Vek32s>;
+        const typename M::Tap one = 1;
+        typename M::St* st = nullptr;
+        if constexpr (int_taps)
+            ASSERT_EQ(M::init(&st, &one, 1, 0, nullptr), vekStsOk);
+        else
+            ASSERT_EQ(M::init(&st, &one, 1, nullptr), vekStsOk);
+        for (int x : {1, -1, 3, -3, 5, -5, 6, -6, 7, 10, 20000, -20000, 32767, -32768, INT32_MAX,
+                      INT32_MIN})
+            for (int sf : {-200, -40, -14, -1, 0, 1, 2, 15, 16, 40, 200}) {
+                Dat y = 0;
+                if (Dat(x) != x) continue;
+                ASSERT_EQ(M::one(Dat(x), &y, st, sf), vekStsOk);
+                const long double v = std::ldexp(static_cast<long double>(x), -sf);
+                EXPECT_EQ(y, int_taps ? ft::out_rule(uint32_t(x), 0, sf)
+                                      : Dat(ft::round_away_sat<Dat>(v)))
+                    << M::name << ": " << x << " sf " << sf;
+            }
+        ASSERT_EQ(M::fre(st), vekStsOk);
+    });
 }
 
 // Floating-point taps to integer taps and a factor, the single-rate and the
@@ -199,6 +200,252 @@ TEST(FirIntTaps, FloatTapsConversion) {
     ASSERT_EQ(veksFIRGetTaps32sc_16sc32fc(s, back), vekStsOk);
     EXPECT_TRUE(back[0].re == 0.25f && back[0].im == -1.0f && back[1].im == 0.5f);
     ASSERT_EQ(veksFIRFree32sc_16sc(s), vekStsOk);
+}
+
+// ---- multi-rate members ------------------------------------------------------------------------
+
+// A multi-rate member: its single-rate sibling (state type and the shared entry points), its
+// InitAlloc and its two direct forms.
+template <class Base, auto Init, auto Dir, auto DirI>
+struct Mr : Base {
+    using Tap = typename Base::Tap;
+    using Dat = typename Base::Dat;
+    using St = typename Base::St;
+    static constexpr bool int_taps = std::is_same_v<Tap, Vek32s> || std::is_same_v<Tap, Vek32sc>;
+
+    // InitAlloc and a direct form (in place when src == dst); integer taps with the taps factor
+    // `tf` after tapsLen.
+    static VekStatus init(St** st, const Tap* h, int T, int U, int up, int D, int dp,
+                          const Dat* line, int tf = 0) {
+        if constexpr (int_taps)
+            return Init(st, h, T, tf, U, up, D, dp, line);
+        else
+            return Init(st, h, T, U, up, D, dp, line);
+    }
+    static VekStatus direct(const Dat* src, Dat* dst, int n, const Tap* h, int T, int U, int up,
+                            int D, int dp, Dat* line, int sf, int tf = 0) {
+        auto call = [&](auto f, auto... io) {
+            if constexpr (int_taps)
+                return f(io..., n, h, T, tf, U, up, D, dp, line, sf);
+            else
+                return f(io..., n, h, T, U, up, D, dp, line, sf);
+        };
+        return src == dst ? call(ft::Form<DirI, Base::sfs>{}, dst)
+                          : call(ft::Form<Dir, Base::sfs>{}, src, dst);
+    }
+};
+
+// clang-format off
+using Mr_32f = Mr<ft::Fir_32f, veksFIRMRInitAlloc_32f, veksFIRMR_Direct_32f, veksFIRMR_Direct_32f_I>;
+using Mr_32fc = Mr<ft::Fir_32fc, veksFIRMRInitAlloc_32fc, veksFIRMR_Direct_32fc, veksFIRMR_Direct_32fc_I>;
+using Mr_64f = Mr<ft::Fir_64f, veksFIRMRInitAlloc_64f, veksFIRMR_Direct_64f, veksFIRMR_Direct_64f_I>;
+using Mr_64fc = Mr<ft::Fir_64fc, veksFIRMRInitAlloc_64fc, veksFIRMR_Direct_64fc, veksFIRMR_Direct_64fc_I>;
+using Mr64f_32f = Mr<ft::Fir64f_32f, veksFIRMRInitAlloc64f_32f, veksFIRMR64f_Direct_32f, veksFIRMR64f_Direct_32f_I>;
+using Mr64f_16s = Mr<ft::Fir64f_16s, veksFIRMRInitAlloc64f_16s, veksFIRMR64f_Direct_16s_Sfs, veksFIRMR64f_Direct_16s_ISfs>;
+using Mr64f_32s = Mr<ft::Fir64f_32s, veksFIRMRInitAlloc64f_32s, veksFIRMR64f_Direct_32s_Sfs, veksFIRMR64f_Direct_32s_ISfs>;
+using Mr64fc_32fc = Mr<ft::Fir64fc_32fc, veksFIRMRInitAlloc64fc_32fc, veksFIRMR64fc_Direct_32fc, veksFIRMR64fc_Direct_32fc_I>;
+using Mr64fc_16sc = Mr<ft::Fir64fc_16sc, veksFIRMRInitAlloc64fc_16sc, veksFIRMR64fc_Direct_16sc_Sfs, veksFIRMR64fc_Direct_16sc_ISfs>;
+using Mr64fc_32sc = Mr<ft::Fir64fc_32sc, veksFIRMRInitAlloc64fc_32sc, veksFIRMR64fc_Direct_32sc_Sfs, veksFIRMR64fc_Direct_32sc_ISfs>;
+using Mr32f_16s = Mr<ft::Fir32f_16s, veksFIRMRInitAlloc32f_16s, veksFIRMR32f_Direct_16s_Sfs, veksFIRMR32f_Direct_16s_ISfs>;
+using Mr32fc_16sc = Mr<ft::Fir32fc_16sc, veksFIRMRInitAlloc32fc_16sc, veksFIRMR32fc_Direct_16sc_Sfs, veksFIRMR32fc_Direct_16sc_ISfs>;
+using Mr32s_16s = Mr<ft::Fir32s_16s, veksFIRMRInitAlloc32s_16s, veksFIRMR32s_Direct_16s_Sfs, veksFIRMR32s_Direct_16s_ISfs>;
+using Mr32sc_16sc = Mr<ft::Fir32sc_16sc, veksFIRMRInitAlloc32sc_16sc, veksFIRMR32sc_Direct_16sc_Sfs, veksFIRMR32sc_Direct_16sc_ISfs>;
+// clang-format on
+
+template <class F>
+void for_each_member(F&& body) {
+    ft::for_each<Mr_32f, Mr_32fc, Mr_64f, Mr_64fc, Mr64f_32f, Mr64f_16s, Mr64f_32s, Mr64fc_32fc,
+                 Mr64fc_16sc, Mr64fc_32sc, Mr32f_16s, Mr32fc_16sc, Mr32s_16s, Mr32sc_16sc>(body);
+}
+
+using ft::int_reference;
+using ft::reference;
+using ft::Shape;
+
+// got equals the reference: exactly for integer taps, within rounding for floating-point taps.
+template <class M>
+::testing::AssertionResult matches(const Shape& s, const std::vector<typename M::Tap>& h, int sf,
+                                   const std::vector<typename M::Dat>& line,
+                                   const std::vector<typename M::Dat>& x, int n,
+                                   const std::vector<typename M::Dat>& got, int tf = 0) {
+    if constexpr (M::int_taps) {
+        return vt::bits_equal(got, int_reference(s, h, tf, sf, line, x, n));
+    } else {
+        std::vector<cld> want;
+        std::vector<long double> mag;
+        reference(s, h, line, x, n, want, mag);
+        return ft::close_vec(got.data(), want.data(), mag.data(), n * s.U, sf);
+    }
+}
+
+template <class M>
+std::vector<typename M::Tap> taps_for(vt::Rng& rng, int T) {
+    return ft::rvec<typename M::Tap>(rng, T, M::int_taps ? 40000.0 : 1.0);
+}
+
+// Factor pairs of each kernel kind: interpolators, decimators, rational; 1 and 1 (the
+// single-rate state).
+const int kFactorPairs[][2] = {{2, 1}, {3, 1}, {5, 1}, {1, 2}, {1, 3}, {1, 4},
+                               {3, 2}, {2, 3}, {4, 6}, {5, 3}, {1, 1}};
+// Taps factors of integer taps: with the scale factor, output shifts from far right to past 31.
+const int kTapsFactors[] = {-20, -3, 0, 2, 40};
+std::vector<int> taps_around(int U) { // shorter than, equal to and longer than U
+    std::vector<int> v = {1, U, U + 1, 2 * U + 3, 23};
+    if (U > 2) v.push_back(U - 1);
+    return v;
+}
+
+// ---- multi-rate tests --------------------------------------------------------------------------
+
+// Every member, factor pair, phase pair and taps length: the state's block call against the
+// reference, the direct form and the in-place forms giving the same bits, on every level; the
+// lines after the calls hold the last inputs, newest first. Factors of 1 make the single-rate
+// state, which the single-sample form takes (the conformance suite has it refuse multi-rate ones).
+TEST(FirMultiRate, EveryShapeMatchesReference) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(M::name);
+        vt::Rng rng(11);
+        for (const auto& [U, D] : kFactorPairs)
+            for (int T : taps_around(U))
+                for (int up = 0; up < U; ++up)
+                    for (int dp = 0; dp < D; ++dp) {
+                        const Shape s{U, up, D, dp, T};
+                        SCOPED_TRACE(s.text());
+                        const int n = int(rng.range(1, 9)), sf = M::sfs ? int(rng.range(-5, 7)) : 0;
+                        const int tf = M::int_taps ? kTapsFactors[rng.next() % 5] : 0;
+                        const auto h = taps_for<M>(rng, T);
+                        const auto line = ft::rvec<Dat>(rng, s.dly(), M::amp);
+                        const auto x = ft::rvec<Dat>(rng, n * D, M::amp);
+                        std::vector<Dat> first, last(size_t(s.dly()));
+                        for (int i = 0; i < s.dly(); ++i)
+                            last[size_t(i)] =
+                                i < n * D ? x[size_t(n * D - 1 - i)] : line[size_t(i - n * D)];
+                        vt::for_each_level([&, U = U, D = D](auto) {
+                            typename M::St* st = nullptr;
+                            ASSERT_EQ(M::init(&st, h.data(), T, U, up, D, dp, line.data(), tf),
+                                      vekStsOk);
+                            vt::Buf<Dat> src(x, ft::off<Dat>(1)), dst(n * U, ft::off<Dat>(2));
+                            ASSERT_EQ(M::blk(src.data(), dst.data(), n, st, sf), vekStsOk);
+                            ASSERT_TRUE(dst.guards_intact());
+                            const auto got = dst.vec();
+                            if (first.empty()) {
+                                ASSERT_TRUE((matches<M>(s, h, sf, line, x, n, got, tf)));
+                                first = got;
+                            }
+                            ASSERT_TRUE(vt::bits_equal(got, first));
+                            std::vector<Dat> kept(size_t(s.dly()));
+                            ASSERT_EQ(M::get_dly(st, kept.data()), vekStsOk);
+                            ASSERT_TRUE(vt::bits_equal(kept, last));
+                            if (U * D == 1) { // the single-rate state: single samples take it
+                                ASSERT_EQ(M::set_dly(st, line.data()), vekStsOk);
+                                std::vector<Dat> one(size_t(n), Dat{});
+                                for (int i = 0; i < n; ++i)
+                                    ASSERT_EQ(M::one(x[size_t(i)], &one[size_t(i)], st, sf),
+                                              vekStsOk);
+                                ASSERT_TRUE(vt::bits_equal(one, first));
+                            }
+                            ASSERT_EQ(M::fre(st), vekStsOk);
+                            // The direct form, out of place and in place, on the same line: the
+                            // state's bits (with factors of 1, the state single-rate and summing in
+                            // another order, the reference's values).
+                            auto dline = line;
+                            vt::Buf<Dat> ddst(n * U, ft::off<Dat>(3));
+                            ASSERT_EQ(M::direct(x.data(), ddst.data(), n, h.data(), T, U, up, D, dp,
+                                                dline.data(), sf, tf),
+                                      vekStsOk);
+                            const auto d = ddst.vec();
+                            ASSERT_TRUE(U * D == 1 ? matches<M>(s, h, sf, line, x, n, d, tf)
+                                                   : vt::bits_equal(d, first));
+                            ASSERT_TRUE(vt::bits_equal(dline, last));
+                            auto iline = line;
+                            std::vector<Dat> buf(size_t(n) * size_t(std::max(U, D)));
+                            std::copy(x.begin(), x.end(), buf.begin());
+                            ASSERT_EQ(M::direct(buf.data(), buf.data(), n, h.data(), T, U, up, D,
+                                                dp, iline.data(), sf, tf),
+                                      vekStsOk);
+                            buf.resize(size_t(n) * size_t(U));
+                            ASSERT_TRUE(vt::bits_equal(buf, d));
+                        });
+                    }
+    });
+}
+
+// A stream in one call against the reference, and the same stream cut into in-place calls of
+// 1 .. 20 iterations over buffers of numIters * max(up, down) elements.
+TEST(FirMultiRate, StreamsAcrossCallsAndInPlace) {
+    for_each_member([](auto m) {
+        using M = decltype(m);
+        using Dat = typename M::Dat;
+        SCOPED_TRACE(M::name);
+        vt::Rng rng(5);
+        for (const auto& [U, D] :
+             std::vector<std::pair<int, int>>{{3, 1}, {1, 3}, {3, 2}, {2, 5}}) {
+            const Shape s{U, U - 1, D, D / 2, 3 * U + 2};
+            SCOPED_TRACE(s.text());
+            const auto h = taps_for<M>(rng, s.T);
+            const auto line = ft::rvec<Dat>(rng, s.dly(), M::amp);
+            const int total = 20 * 21 / 2, sf = M::sfs ? 1 : 0;
+            const auto x = ft::rvec<Dat>(rng, total * D, M::amp);
+            typename M::St* st = nullptr;
+            ASSERT_EQ(M::init(&st, h.data(), s.T, U, s.up, D, s.dp, line.data()), vekStsOk);
+            std::vector<Dat> whole(size_t(total) * size_t(U));
+            ASSERT_EQ(M::blk(x.data(), whole.data(), total, st, sf), vekStsOk);
+            ASSERT_TRUE((matches<M>(s, h, sf, line, x, total, whole)));
+            ASSERT_EQ(M::set_dly(st, line.data()), vekStsOk);
+            int at = 0;
+            for (int n = 1; n <= 20; ++n) {
+                std::vector<Dat> buf(size_t(n) * size_t(std::max(U, D)) + 1);
+                std::copy(x.begin() + at * D, x.begin() + (at + n) * D, buf.begin());
+                const Dat guard = buf.back();
+                ASSERT_EQ(M::blk_i(buf.data(), n, st, sf), vekStsOk);
+                ASSERT_TRUE(vt::same_bits(buf.back(), guard));
+                buf.resize(size_t(n) * size_t(U));
+                ASSERT_TRUE(vt::bits_equal(
+                    buf, std::vector<Dat>(whole.begin() + at * U, whole.begin() + (at + n) * U)))
+                    << "numIters " << n;
+                at += n;
+            }
+            ASSERT_EQ(M::fre(st), vekStsOk);
+        }
+    });
+}
+
+// Long filters and long calls (several chunks of the polyphase engine), a decimation factor
+// whose streams exceed the engine's limit (each output computed on its own), and taps,
+// delay line and factors read back.
+TEST(FirMultiRate, LongFiltersAndLargeFactors) {
+    vt::Rng rng(3);
+    const std::vector<Shape> shapes = {{2, 1, 1, 0, 700},
+                                       {1, 0, 3, 2, 301},
+                                       {7, 3, 5, 4, 96},
+                                       {160, 17, 147, 100, 640},
+                                       {3, 2, 131072, 5000, 7}};
+    for (const Shape& s : shapes) {
+        SCOPED_TRACE(s.text());
+        const int n = s.D > 1000 ? 2 : 3000 / s.D + 1;
+        const auto h = ft::rvec<Vek32f>(rng, s.T, 1.0);
+        const auto line = ft::rvec<Vek32f>(rng, s.dly(), 1000.0);
+        const auto x = ft::rvec<Vek32f>(rng, n * s.D, 1000.0);
+        VeksFIRState_32f* st = nullptr;
+        ASSERT_EQ(veksFIRMRInitAlloc_32f(&st, h.data(), s.T, s.U, s.up, s.D, s.dp, line.data()),
+                  vekStsOk);
+        std::vector<Vek32f> y(size_t(n) * size_t(s.U)), yd(y.size());
+        ASSERT_EQ(veksFIR_32f(x.data(), y.data(), n, st), vekStsOk);
+        ASSERT_TRUE((matches<Mr_32f>(s, h, 0, line, x, n, y)));
+        auto dline = line;
+        ASSERT_EQ(veksFIRMR_Direct_32f(x.data(), yd.data(), n, h.data(), s.T, s.U, s.up, s.D, s.dp,
+                                       dline.data()),
+                  vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(yd, y));
+        std::vector<Vek32f> taps(size_t(s.T)), kept(size_t(s.dly()));
+        ASSERT_EQ(veksFIRGetTaps_32f(st, taps.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(taps, h));
+        ASSERT_EQ(veksFIRGetDlyLine_32f(st, kept.data()), vekStsOk);
+        ASSERT_TRUE(vt::bits_equal(kept, dline));
+        ASSERT_EQ(veksFIRFree_32f(st), vekStsOk);
+    }
 }
 
 } // namespace
