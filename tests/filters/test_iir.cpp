@@ -307,19 +307,17 @@ Z rnd(vt::Rng& r, int64_t amp, bool cplx) {
     return {r.range(-amp, amp), cplx ? r.range(-amp, amp) : 0};
 }
 
-// Stable taps (poles of radius up to 0.8) as integers of the factor, a0 = unit, per order-N
-// filter: b[0..N] then a[0..N].
+// The taps of arb_taps as integers of the factor, a0 = unit, the numerator's parts at most
+// unit / (N + 1): b[0..N] then a[0..N].
 std::vector<Z> stable_taps(vt::Rng& r, int N, int factor, bool cplx) {
-    std::vector<cld> roots;
-    for (int i = 0; i < N; ++i)
-        roots.push_back(std::polar<long double>(r.uniform(0.2, 0.8),
-                                                cplx ? r.uniform(0, 6.28) : (i & 1) * 3.14159));
+    const auto t = arb_taps(r, N, cplx);
     const long double unit = std::ldexp(1.0L, -factor);
-    std::vector<Z> t;
-    for (int i = 0; i <= N; ++i) t.push_back(rnd(r, static_cast<int64_t>(unit / (N + 1)), cplx));
-    for (const cld& c : poly(roots))
-        t.push_back({std::llround(c.real() * unit), std::llround(c.imag() * unit)});
-    return t;
+    std::vector<Z> out;
+    for (int i = 0; i <= 2 * N + 1; ++i) {
+        const cld c = t[size_t(i)] / t[size_t(N + 1)] * (i <= N ? unit / (N + 1) : unit);
+        out.push_back({std::llround(c.real()), std::llround(c.imag())});
+    }
+    return out;
 }
 
 // Runs the reference over x: order N filter (bq false) or cascade of order-2 sections.
