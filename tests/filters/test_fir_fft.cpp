@@ -39,7 +39,7 @@ using ft::cld;
 // ---- Members
 // -------------------------------------------------------------------------------
 
-// A member of fir_members.hpp with this file's amplitudes, the scale factor 3
+// A member of filter_util.hpp with this file's amplitudes, the scale factor 3
 // for integer data (outputs scaled by 2^-3), and a tolerance relative to the
 // sum of |h[k] x[j-k]| of each output: the transform's rounding in its own
 // precision (output rounding of single-precision data included).
@@ -48,11 +48,11 @@ struct Case : F {
     using typename F::Dat;
     using typename F::Tap;
     static constexpr bool single = std::is_same_v<Tap, Vek32f> || std::is_same_v<Tap, Vek32fc>;
-    static constexpr bool single_data = std::is_same_v<Dat, Vek32f> || std::is_same_v<Dat, Vek32fc>;
     static constexpr double amp = !F::sfs ? 1000.0
                                   : std::is_same_v<Dat, Vek32s> || std::is_same_v<Dat, Vek32sc>
                                       ? 1e8
                                       : 4000.0;
+    static constexpr bool single_data = std::is_same_v<Dat, Vek32f> || std::is_same_v<Dat, Vek32fc>;
     static constexpr long double rel = single ? 1e-5L : single_data ? 1e-7L : 1e-13L;
     static constexpr int sf = F::sfs ? 3 : 0;
 };
@@ -151,12 +151,7 @@ bool took_fft(int T, int n, Form form) {
     auto h = ft::rvec<typename M::Tap>(rng, T, 1.0);
     h[size_t(T - 1)] = {};
     auto line = ft::rvec<Dat>(rng, T, 1.0);
-    using P = vt::part_t<Dat>;
-    const P huge = static_cast<P>(M::single ? 0x1p30 : 0x1p60);
-    if constexpr (ft::is_cplx<Dat>)
-        line[size_t(T - 2)] = Dat{huge, static_cast<P>(-huge)};
-    else
-        line[size_t(T - 2)] = huge;
+    line[size_t(T - 2)] = vt::from_c<Dat>(cld(1, -1) * (M::single ? 0x1p30L : 0x1p60L));
     const auto x = ft::rvec<Dat>(xr, n, 1.0);
     std::vector<Dat> y = x;
     typename M::St* st = nullptr;
