@@ -235,27 +235,19 @@ struct Mr : Base {
     }
 };
 
-// clang-format off
-using Mr_32f = Mr<ft::Fir_32f, veksFIRMRInitAlloc_32f, veksFIRMR_Direct_32f, veksFIRMR_Direct_32f_I>;
-using Mr_32fc = Mr<ft::Fir_32fc, veksFIRMRInitAlloc_32fc, veksFIRMR_Direct_32fc, veksFIRMR_Direct_32fc_I>;
-using Mr_64f = Mr<ft::Fir_64f, veksFIRMRInitAlloc_64f, veksFIRMR_Direct_64f, veksFIRMR_Direct_64f_I>;
-using Mr_64fc = Mr<ft::Fir_64fc, veksFIRMRInitAlloc_64fc, veksFIRMR_Direct_64fc, veksFIRMR_Direct_64fc_I>;
-using Mr64f_32f = Mr<ft::Fir64f_32f, veksFIRMRInitAlloc64f_32f, veksFIRMR64f_Direct_32f, veksFIRMR64f_Direct_32f_I>;
-using Mr64f_16s = Mr<ft::Fir64f_16s, veksFIRMRInitAlloc64f_16s, veksFIRMR64f_Direct_16s_Sfs, veksFIRMR64f_Direct_16s_ISfs>;
-using Mr64f_32s = Mr<ft::Fir64f_32s, veksFIRMRInitAlloc64f_32s, veksFIRMR64f_Direct_32s_Sfs, veksFIRMR64f_Direct_32s_ISfs>;
-using Mr64fc_32fc = Mr<ft::Fir64fc_32fc, veksFIRMRInitAlloc64fc_32fc, veksFIRMR64fc_Direct_32fc, veksFIRMR64fc_Direct_32fc_I>;
-using Mr64fc_16sc = Mr<ft::Fir64fc_16sc, veksFIRMRInitAlloc64fc_16sc, veksFIRMR64fc_Direct_16sc_Sfs, veksFIRMR64fc_Direct_16sc_ISfs>;
-using Mr64fc_32sc = Mr<ft::Fir64fc_32sc, veksFIRMRInitAlloc64fc_32sc, veksFIRMR64fc_Direct_32sc_Sfs, veksFIRMR64fc_Direct_32sc_ISfs>;
-using Mr32f_16s = Mr<ft::Fir32f_16s, veksFIRMRInitAlloc32f_16s, veksFIRMR32f_Direct_16s_Sfs, veksFIRMR32f_Direct_16s_ISfs>;
-using Mr32fc_16sc = Mr<ft::Fir32fc_16sc, veksFIRMRInitAlloc32fc_16sc, veksFIRMR32fc_Direct_16sc_Sfs, veksFIRMR32fc_Direct_16sc_ISfs>;
-using Mr32s_16s = Mr<ft::Fir32s_16s, veksFIRMRInitAlloc32s_16s, veksFIRMR32s_Direct_16s_Sfs, veksFIRMR32s_Direct_16s_ISfs>;
-using Mr32sc_16sc = Mr<ft::Fir32sc_16sc, veksFIRMRInitAlloc32sc_16sc, veksFIRMR32sc_Direct_16sc_Sfs, veksFIRMR32sc_Direct_16sc_ISfs>;
-// clang-format on
+// The multi-rate member of the single-rate member Fir<TS>_<DS>.
+#define MR(TS, DS, S, IS)                                                                          \
+    Mr<ft::Fir##TS##_##DS, veksFIRMRInitAlloc##TS##_##DS, veksFIRMR##TS##_Direct_##DS##S,          \
+       veksFIRMR##TS##_Direct_##DS##IS>
+using Mr_32f = MR(, 32f, , _I);
 
 template <class F>
 void for_each_member(F&& body) {
-    ft::for_each<Mr_32f, Mr_32fc, Mr_64f, Mr_64fc, Mr64f_32f, Mr64f_16s, Mr64f_32s, Mr64fc_32fc,
-                 Mr64fc_16sc, Mr64fc_32sc, Mr32f_16s, Mr32fc_16sc, Mr32s_16s, Mr32sc_16sc>(body);
+    ft::for_each<Mr_32f, MR(, 32fc, , _I), MR(, 64f, , _I), MR(, 64fc, , _I), MR(64f, 32f, , _I),
+                 MR(64f, 16s, _Sfs, _ISfs), MR(64f, 32s, _Sfs, _ISfs), MR(64fc, 32fc, , _I),
+                 MR(64fc, 16sc, _Sfs, _ISfs), MR(64fc, 32sc, _Sfs, _ISfs),
+                 MR(32f, 16s, _Sfs, _ISfs), MR(32fc, 16sc, _Sfs, _ISfs), MR(32s, 16s, _Sfs, _ISfs),
+                 MR(32sc, 16sc, _Sfs, _ISfs)>(body);
 }
 
 using ft::int_reference;
