@@ -117,16 +117,19 @@ std::vector<cld> bq_taps(vt::Rng& r, int K, bool cplx) {
     return t;
 }
 
-template <class T>
-std::vector<T> convert(const std::vector<cld>& v) {
+// Values as another type: from long-double complex or integer values, or to long-double complex
+// ones.
+template <class T, class V = Z>
+std::vector<T> to(const std::vector<V>& v) {
     std::vector<T> o;
-    for (const cld& x : v) o.push_back(from_c<T>(x));
-    return o;
-}
-template <class T>
-std::vector<cld> back(const std::vector<T>& v) {
-    std::vector<cld> o;
-    for (const T& x : v) o.push_back(to_c(x));
+    for (const V& x : v) {
+        if constexpr (std::is_same_v<V, Z>)
+            o.push_back(from_z<T>(x));
+        else if constexpr (std::is_same_v<T, cld>)
+            o.push_back(to_c(x));
+        else
+            o.push_back(from_c<T>(x));
+    }
     return o;
 }
 
@@ -214,8 +217,8 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
             for (int len : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 16, 17}) {
                 if (bq && len == 0) continue;
                 SCOPED_TRACE((bq ? "sections " : "order ") + std::to_string(len));
-                const auto taps = convert<typename M::TapIn>(bq ? bq_taps(rng, len, cplx)
-                                                                : arb_taps(rng, len, cplx));
+                const auto taps =
+                    to<typename M::TapIn>(bq ? bq_taps(rng, len, cplx) : arb_taps(rng, len, cplx));
                 const int dl = bq ? 2 * len : len;
                 const auto line = vt::rvec<typename M::Line>(rng, dl, m.amp);
                 const auto x = vt::rvec<Dat>(rng, 600, m.amp);
@@ -247,7 +250,7 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
                     ASSERT_EQ(m.get(a, la.data()), vekStsOk);
                     ASSERT_EQ(m.get(b, lb.data()), vekStsOk);
                     if (level == veks::isa::scalar && len <= (bq ? 8 : 12)) {
-                        Ref want(back(taps), len, bq != 0, back(line));
+                        Ref want(to<cld>(taps), len, bq != 0, to<cld>(line));
                         long double peak = 0;
                         for (size_t i = 0; i < x.size(); ++i) {
                             const cld w = want.step(to_c(x[i]));
@@ -341,12 +344,6 @@ std::vector<Z> reference(const std::vector<Z>& taps, int len, bool bq, int facto
     return y;
 }
 
-template <class T>
-std::vector<T> to(const std::vector<Z>& v) {
-    std::vector<T> o;
-    for (Z x : v) o.push_back(from_z<T>(x));
-    return o;
-}
 // run() on integer values.
 template <class M>
 std::vector<Z> run_z(M m, typename M::St* st, const std::vector<Z>& x, int sf) {
