@@ -232,24 +232,23 @@ void reference(const std::vector<Tap>& h, const std::vector<Dat>& line, const st
 
 // Integer taps: normalised by floor division by 2^s (s the smallest putting every part at most
 // 32766), wrapping 32-bit sums, the output shifted by tapsFactor + s - scaleFactor, rounding
-// half to even, saturated; all in plain integers.
+// half to even, saturated.
 inline int64_t floor_shift(int64_t v, int s) {
     const int64_t d = int64_t{1} << s;
     return v >= 0 ? v / d : -((-v + d - 1) / d);
 }
+// v * 2^-s rounded to nearest, ties to even (long double holds every |v| < 2^63 exactly),
+// saturated to [lo, hi].
+inline int64_t round_even(int64_t v, int s, int64_t lo, int64_t hi) {
+    const long double r = std::nearbyint(std::ldexp(static_cast<long double>(v), -s));
+    return r < lo ? lo : r > hi ? hi : static_cast<int64_t>(r);
+}
 inline int16_t out_rule(uint32_t acc, int64_t factor, int sf) {
     const int64_t sh = std::clamp<int64_t>(factor - sf, -31, 31);
     int64_t v = static_cast<int32_t>(acc);
-    if (sh > 0) {
-        v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
-    } else if (sh < 0) {
-        const int k = static_cast<int>(-sh);
-        int64_t q = floor_shift(v, k);
-        const int64_t r = v - q * (int64_t{1} << k), half = int64_t{1} << (k - 1);
-        if (r > half || (r == half && (q & 1))) ++q;
-        v = q;
-    }
-    return static_cast<int16_t>(std::clamp<int64_t>(v, -32768, 32767));
+    if (sh > 0) v = static_cast<int32_t>(static_cast<uint32_t>(v) * (uint32_t{1} << sh));
+    return static_cast<int16_t>(
+        round_even(v, static_cast<int>(std::max<int64_t>(-sh, 0)), -32768, 32767));
 }
 // The taps normalised in place (each part floor-divided by 2^s); returns s.
 template <class Tap>

@@ -278,14 +278,8 @@ TEST(IirFloatTaps, MatchesReferenceAndAgreesBitForBit) {
 
 // ---- integer taps ------------------------------------------------------------------------------
 
-// v * 2^-s rounded to nearest, ties to even (long double holds every |v| < 2^63 exactly),
-// saturated to [lo, hi].
-int64_t round_even(int64_t v, int s, int64_t lo, int64_t hi) {
-    const long double r = std::nearbyint(std::ldexp(static_cast<long double>(v), -s));
-    return r < lo ? lo : r > hi ? hi : static_cast<int64_t>(r);
-}
 Z round_even(Z v, int s, int64_t lo, int64_t hi) {
-    return {round_even(v.re, s, lo, hi), round_even(v.im, s, lo, hi)};
+    return {ft::round_even(v.re, s, lo, hi), ft::round_even(v.im, s, lo, hi)};
 }
 
 // One direct-form filter on normalised taps b[0..N], a[1..N] (a[0] unused).
