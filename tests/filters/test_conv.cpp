@@ -94,10 +94,8 @@ long double fft_allowance(long double na, long double nb, int64_t len) {
 // The scale factor rule: v * 2^-sf rounded half to even, saturated to 16 bits (v an exact sum,
 // or a quotient of one in long double).
 int16_t scale16(long double v, int sf) {
-    long double x = std::ldexp(v, -sf);
-    long double f = std::floor(x);
-    if (x - f > 0.5L || (x - f == 0.5L && std::fmod(f, 2.0L) != 0)) f += 1;
-    return static_cast<int16_t>(std::clamp<long double>(f, -32768, 32767));
+    return static_cast<int16_t>(
+        std::clamp<long double>(std::nearbyint(std::ldexp(v, -sf)), -32768, 32767));
 }
 
 // ---- Conv

@@ -30,8 +30,7 @@ double ref_step(std::vector<float>& taps, std::vector<S>& line, int& idx, S x, S
 
 float out32f(double y) { return static_cast<float>(y); }
 Vek16s out16s(double y) {
-    const double l = y < -32768.0 ? -32768.0 : y > 32767.0 ? 32767.0 : y;
-    return static_cast<Vek16s>(std::trunc(l));
+    return static_cast<Vek16s>(std::trunc(std::clamp(y, -32768.0, 32767.0)));
 }
 
 // One member: InitAlloc, Free, GetTaps, GetDlyLine, SetDlyLine, the block form and the direct
