@@ -127,13 +127,6 @@ void for_each(F&& body) {
     (body(M{}), ...);
 }
 
-// The members with floating-point taps.
-template <class F>
-void for_each_float_taps_member(F&& body) {
-    for_each<Fir_32f, Fir_32fc, Fir_64f, Fir_64fc, Fir64f_32f, Fir64fc_32fc, Fir64f_16s, Fir64f_32s,
-             Fir64fc_16sc, Fir64fc_32sc, Fir32f_16s, Fir32fc_16sc>(body);
-}
-
 // Integer values of the real and complex members through one type: a real value is a complex one
 // with a zero imaginary part that the real members never see. Plain 64-bit arithmetic.
 struct Z {

@@ -14,6 +14,7 @@
 namespace {
 
 using ft::cld;
+using ft::Shape;
 
 // 1 .. n, then `more`.
 std::vector<int> upto(int n, std::initializer_list<int> more = {}) {
@@ -71,7 +72,7 @@ void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::ve
             std::vector<Dat> hist(static_cast<size_t>(T)), want;
             ASSERT_EQ(M::get_dly(st, hist.data()), vekStsOk);
             if constexpr (int_taps)
-                want = ft::int_reference(ft::Shape{1, 0, 1, 0, T}, h, factor, sf, hist, x, n);
+                want = ft::int_reference(Shape{1, 0, 1, 0, T}, h, factor, sf, hist, x, n);
             // From 32 floating-point taps the in-place block always, and the block
             // above the transform length, take the overlap-save path, whose results
             // test_fir_fft.cpp checks.
@@ -107,7 +108,9 @@ void forms_agree(uint64_t seed, const std::vector<int>& taps_lens, const std::ve
 }
 
 TEST(FirFloatTaps, AllFormsAndLevelsAgreeBitForBit) {
-    ft::for_each_float_taps_member([](auto m) {
+    ft::for_each<ft::Fir_32f, ft::Fir_32fc, ft::Fir_64f, ft::Fir_64fc, ft::Fir64f_32f,
+                 ft::Fir64fc_32fc, ft::Fir64f_16s, ft::Fir64f_32s, ft::Fir64fc_16sc,
+                 ft::Fir64fc_32sc, ft::Fir32f_16s, ft::Fir32fc_16sc>([](auto m) {
         forms_agree<decltype(m)>(11, upto(17, {24, 31, 32, 33, 40, 64, 129}),
                                  upto(9, {15, 16, 17, 31, 32, 33, 64, 70, 200}));
     });
@@ -183,9 +186,8 @@ TEST(FirIntTaps, FloatTapsConversion) {
         const auto x = ft::rvec<Vek16s>(rng, 8, 30000.0);
         std::vector<Vek16s> y(12);
         ASSERT_EQ(veksFIR32s_16s_Sfs(x.data(), y.data(), 4, mr, -12), vekStsOk);
-        EXPECT_TRUE(
-            vt::bits_equal(y, ft::int_reference(ft::Shape{3, 1, 2, 1, T}, c.want, c.want_factor,
-                                                -12, std::vector<Vek16s>(1), x, 4)));
+        EXPECT_TRUE(vt::bits_equal(y, ft::int_reference(Shape{3, 1, 2, 1, T}, c.want, c.want_factor,
+                                                        -12, std::vector<Vek16s>(1), x, 4)));
         ASSERT_EQ(veksFIRFree32s_16s(s), vekStsOk);
         ASSERT_EQ(veksFIRFree32s_16s(mr), vekStsOk);
     }
@@ -250,10 +252,6 @@ void for_each_member(F&& body) {
                  MR(32sc, 16sc, _Sfs, _ISfs)>(body);
 }
 
-using ft::int_reference;
-using ft::reference;
-using ft::Shape;
-
 // got equals the reference: exactly for integer taps, within rounding for floating-point taps.
 template <class M>
 ::testing::AssertionResult matches(const Shape& s, const std::vector<typename M::Tap>& h, int sf,
@@ -261,11 +259,11 @@ template <class M>
                                    const std::vector<typename M::Dat>& x, int n,
                                    const std::vector<typename M::Dat>& got, int tf = 0) {
     if constexpr (M::int_taps) {
-        return vt::bits_equal(got, int_reference(s, h, tf, sf, line, x, n));
+        return vt::bits_equal(got, ft::int_reference(s, h, tf, sf, line, x, n));
     } else {
         std::vector<cld> want;
         std::vector<long double> mag;
-        reference(s, h, line, x, n, want, mag);
+        ft::reference(s, h, line, x, n, want, mag);
         return ft::close_vec(got.data(), want.data(), mag.data(), n * s.U, sf);
     }
 }
