@@ -76,13 +76,18 @@ std::vector<cld> as_complex(const std::vector<T>& v) {
     return as_complex(v.data(), v.size() / 2);
 }
 
+// A null pointer to the kind of object `init` makes.
+template <class Obj, class... A>
+Obj* none(VekStatus (*)(Obj**, A...)) {
+    return nullptr;
+}
+
 // The work-buffer size of an object made with these arguments (order or length, flag, hint).
-template <class Obj>
-int buf_size(VekStatus (*init)(Obj**, int, int, VekHintAlgorithm),
-             VekStatus (*get)(const Obj*, int*), VekStatus (*release)(Obj*), int order, int flag,
-             VekHintAlgorithm hint) {
+template <class Obj, class... A>
+int buf_size(VekStatus (*init)(Obj**, A...), VekStatus (*get)(const Obj*, int*),
+             VekStatus (*release)(Obj*), std::type_identity_t<A>... args) {
     Obj* s = nullptr;
-    EXPECT_EQ(init(&s, order, flag, hint), vekStsOk);
+    EXPECT_EQ(init(&s, args...), vekStsOk);
     int size = -1;
     EXPECT_EQ(get(s, &size), vekStsOk);
     EXPECT_EQ(release(s), vekStsOk);

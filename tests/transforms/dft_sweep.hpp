@@ -7,7 +7,8 @@
 // size to the next.
 //
 // A describes one kind (see Kind): Part, C, SpecC, SpecS, SpecR, pow2 (sizes are powers of two),
-// length(arg), the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3].
+// length(arg), the error bound(arg), and the entry points initC ... freeR, fwdR[3], invR[3]. The
+// 16-bit kinds (Kind<Fft, Vek16s>, whose transforms take a scale factor) serve test_fft16.
 #pragma once
 
 #include <algorithm>
@@ -18,11 +19,12 @@
 
 namespace vt {
 
-// The float kinds of the FFT (Fft, sizes given as orders) and of the DFT (lengths). Relative RMS
-// error bound: FFT 2 eps log2(N) (eps for N < 4), DFT 3 eps log2(N) (3 eps below 4 points).
+// The kinds of the FFT (Fft, sizes given as orders) and of the DFT (lengths); Sf names the scaled
+// transforms of the 16-bit kinds. Relative RMS error bound of the float kinds: FFT 2 eps log2(N)
+// (eps for N < 4), DFT 3 eps log2(N) (3 eps below 4 points).
 template <bool Fft, class T>
 struct Kind;
-#define VEK_TRANSFORM_KIND(P, Fft, T, Cx, Sx)                                                      \
+#define VEK_TRANSFORM_KIND(P, Fft, T, Cx, Sx, Sf)                                                  \
     template <>                                                                                    \
     struct Kind<Fft, T> {                                                                          \
         using Part = T;                                                                            \
@@ -39,25 +41,29 @@ struct Kind;
         static constexpr auto initC = veks##P##InitAlloc_C_##Cx;                                   \
         static constexpr auto freeC = veks##P##Free_C_##Cx;                                        \
         static constexpr auto bufC = veks##P##GetBufSize_C_##Cx;                                   \
-        static constexpr auto fwdC = veks##P##Fwd_CToC_##Cx;                                       \
-        static constexpr auto invC = veks##P##Inv_CToC_##Cx;                                       \
+        static constexpr auto fwdC = veks##P##Fwd_CToC_##Cx##Sf;                                   \
+        static constexpr auto invC = veks##P##Inv_CToC_##Cx##Sf;                                   \
         static constexpr auto initS = veks##P##InitAlloc_C_##Sx;                                   \
         static constexpr auto freeS = veks##P##Free_C_##Sx;                                        \
         static constexpr auto bufS = veks##P##GetBufSize_C_##Sx;                                   \
-        static constexpr auto fwdS = veks##P##Fwd_CToC_##Sx;                                       \
-        static constexpr auto invS = veks##P##Inv_CToC_##Sx;                                       \
+        static constexpr auto fwdS = veks##P##Fwd_CToC_##Sx##Sf;                                   \
+        static constexpr auto invS = veks##P##Inv_CToC_##Sx##Sf;                                   \
         static constexpr auto initR = veks##P##InitAlloc_R_##Sx;                                   \
         static constexpr auto freeR = veks##P##Free_R_##Sx;                                        \
         static constexpr auto bufR = veks##P##GetBufSize_R_##Sx;                                   \
-        static constexpr decltype(&veks##P##Fwd_RToPack_##Sx) fwdR[3] = {                          \
-            veks##P##Fwd_RToPack_##Sx, veks##P##Fwd_RToPerm_##Sx, veks##P##Fwd_RToCCS_##Sx};       \
-        static constexpr decltype(&veks##P##Inv_PackToR_##Sx) invR[3] = {                          \
-            veks##P##Inv_PackToR_##Sx, veks##P##Inv_PermToR_##Sx, veks##P##Inv_CCSToR_##Sx};       \
+        static constexpr decltype(&veks##P##Fwd_RToPack_##Sx##Sf) fwdR[3] = {                      \
+            veks##P##Fwd_RToPack_##Sx##Sf, veks##P##Fwd_RToPerm_##Sx##Sf,                          \
+            veks##P##Fwd_RToCCS_##Sx##Sf};                                                         \
+        static constexpr decltype(&veks##P##Inv_PackToR_##Sx##Sf) invR[3] = {                      \
+            veks##P##Inv_PackToR_##Sx##Sf, veks##P##Inv_PermToR_##Sx##Sf,                          \
+            veks##P##Inv_CCSToR_##Sx##Sf};                                                         \
     };
-VEK_TRANSFORM_KIND(FFT, true, float, 32fc, 32f)
-VEK_TRANSFORM_KIND(FFT, true, double, 64fc, 64f)
-VEK_TRANSFORM_KIND(DFT, false, float, 32fc, 32f)
-VEK_TRANSFORM_KIND(DFT, false, double, 64fc, 64f)
+VEK_TRANSFORM_KIND(FFT, true, float, 32fc, 32f, )
+VEK_TRANSFORM_KIND(FFT, true, double, 64fc, 64f, )
+VEK_TRANSFORM_KIND(FFT, true, Vek16s, 16sc, 16s, _Sfs)
+VEK_TRANSFORM_KIND(DFT, false, float, 32fc, 32f, )
+VEK_TRANSFORM_KIND(DFT, false, double, 64fc, 64f, )
+VEK_TRANSFORM_KIND(DFT, false, Vek16s, 16sc, 16s, _Sfs)
 #undef VEK_TRANSFORM_KIND
 
 template <class A>
@@ -93,8 +99,7 @@ void complex_sweep(const std::vector<int>& args, int all_levels_below, uint64_t 
         const int arg = args[at], n = A::length(arg), flag = flag_of(at);
         if (reference_too_long<A>(arg, n)) continue;
         SCOPED_TRACE("N = " + std::to_string(n) + " flag " + std::to_string(flag));
-        typename A::SpecC* plan = nullptr;
-        typename A::SpecS* split = nullptr;
+        auto *plan = none(A::initC), *split = none(A::initS);
         ASSERT_EQ(A::initC(&plan, arg, flag, vekAlgHintNone), vekStsOk);
         ASSERT_EQ(A::initS(&split, arg, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
         int size = -1, ssize = -1;

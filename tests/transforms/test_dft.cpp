@@ -50,16 +50,13 @@ void powers_of_two_are_the_fft() {
         const int n = 1 << order;
         EXPECT_EQ(vt::buf_size(A::initC, A::bufC, A::freeC, n, flag, h),
                   vt::buf_size(B::initC, B::bufC, B::freeC, order, flag, h));
-        typename A::SpecC* plan = nullptr;
-        typename B::SpecC* f = nullptr;
+        auto *plan = vt::none(A::initC), *f = vt::none(B::initC);
         ASSERT_EQ(A::initC(&plan, n, flag, h), vekStsOk);
         ASSERT_EQ(B::initC(&f, order, flag, h), vekStsOk);
-        const auto x = vt::rvec<T>(rng, 2 * n, 1);
-        std::vector<T> y1(x.size()), y2(x.size());
-        auto* xc = reinterpret_cast<const typename A::C*>(x.data());
-        ASSERT_EQ(A::fwdC(xc, reinterpret_cast<typename A::C*>(y1.data()), plan, nullptr),
-                  vekStsOk);
-        ASSERT_EQ(B::fwdC(xc, reinterpret_cast<typename A::C*>(y2.data()), f, nullptr), vekStsOk);
+        const auto x = vt::rvec<typename A::C>(rng, n, 1);
+        std::vector<typename A::C> y1(x.size()), y2(x.size());
+        ASSERT_EQ(A::fwdC(x.data(), y1.data(), plan, nullptr), vekStsOk);
+        ASSERT_EQ(B::fwdC(x.data(), y2.data(), f, nullptr), vekStsOk);
         EXPECT_TRUE(vt::bits_equal(y1, y2)) << "order " << order;
         ASSERT_EQ(A::freeC(plan), vekStsOk);
         ASSERT_EQ(B::freeC(f), vekStsOk);
@@ -75,23 +72,23 @@ TEST(Dft, PowersOfTwoAreTheFft) {
 // real), M complex values + 16 + the M-point FFT's above it (powers of two: see above).
 TEST(Dft, BufferSizes) {
     const VekHintAlgorithm h = vekAlgHintNone;
-    auto expected = [&](auto kind, int n, bool real) {
-        using B = Fft<typename decltype(kind)::Part>;
-        const int unit = static_cast<int>(2 * sizeof(typename decltype(kind)::Part));
-        if (n <= 4) return 0;
-        if (n <= (real ? 180 : 150)) return unit * n + 16;
+    auto check = [&](auto kind, int n) {
+        using A = decltype(kind);
+        using B = Fft<typename A::Part>;
+        const int unit = static_cast<int>(2 * sizeof(typename A::Part)),
+                  flag = VEK_FFT_DIV_INV_BY_N;
         int order = 0;
         while ((1 << order) < 2 * n - 1) ++order;
         const int fft = vt::buf_size(B::initC, B::bufC, B::freeC, order, VEK_FFT_NO_DIV, h);
-        return unit * (1 << order) + 16 + fft;
-    };
-    auto check = [&](auto kind, int n) {
-        using A = decltype(kind);
-        const int flag = VEK_FFT_DIV_INV_BY_N;
-        EXPECT_EQ(vt::buf_size(A::initC, A::bufC, A::freeC, n, flag, h), expected(kind, n, false))
-            << n;
-        EXPECT_EQ(vt::buf_size(A::initR, A::bufR, A::freeR, n, flag, h), expected(kind, n, true))
-            << n;
+        for (bool real : {false, true}) {
+            const int want = n <= 4                    ? 0
+                             : n <= (real ? 180 : 150) ? unit * n + 16
+                                                       : unit * (1 << order) + 16 + fft;
+            EXPECT_EQ(real ? vt::buf_size(A::initR, A::bufR, A::freeR, n, flag, h)
+                           : vt::buf_size(A::initC, A::bufC, A::freeC, n, flag, h),
+                      want)
+                << n << " real " << real;
+        }
     };
     for (int n : {1, 2, 3, 4, 5, 6, 150, 151, 152, 179, 180, 181, 1000, 1009, 4099, 100000}) {
         check(Api<float>{}, n);

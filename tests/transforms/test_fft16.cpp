@@ -15,38 +15,6 @@
 
 namespace {
 
-template <bool Fft>
-struct Kind16;
-#define VEK_KIND16(P, Fft)                                                                         \
-    template <>                                                                                    \
-    struct Kind16<Fft> {                                                                           \
-        using C = Veks##P##Spec_C_16sc;                                                            \
-        using S = Veks##P##Spec_C_16s;                                                             \
-        using R = Veks##P##Spec_R_16s;                                                             \
-        static constexpr auto initC = veks##P##InitAlloc_C_16sc;                                   \
-        static constexpr auto freeC = veks##P##Free_C_16sc;                                        \
-        static constexpr auto bufC = veks##P##GetBufSize_C_16sc;                                   \
-        static constexpr auto fwdC = veks##P##Fwd_CToC_16sc_Sfs;                                   \
-        static constexpr auto invC = veks##P##Inv_CToC_16sc_Sfs;                                   \
-        static constexpr auto initS = veks##P##InitAlloc_C_16s;                                    \
-        static constexpr auto freeS = veks##P##Free_C_16s;                                         \
-        [[maybe_unused]] static constexpr auto bufS = veks##P##GetBufSize_C_16s;                   \
-        static constexpr auto fwdS = veks##P##Fwd_CToC_16s_Sfs;                                    \
-        static constexpr auto invS = veks##P##Inv_CToC_16s_Sfs;                                    \
-        static constexpr auto initR = veks##P##InitAlloc_R_16s;                                    \
-        static constexpr auto freeR = veks##P##Free_R_16s;                                         \
-        [[maybe_unused]] static constexpr auto bufR = veks##P##GetBufSize_R_16s;                   \
-        static constexpr decltype(&veks##P##Fwd_RToPack_16s_Sfs) fwdR[3] = {                       \
-            veks##P##Fwd_RToPack_16s_Sfs, veks##P##Fwd_RToPerm_16s_Sfs,                            \
-            veks##P##Fwd_RToCCS_16s_Sfs};                                                          \
-        static constexpr decltype(&veks##P##Inv_PackToR_16s_Sfs) invR[3] = {                       \
-            veks##P##Inv_PackToR_16s_Sfs, veks##P##Inv_PermToR_16s_Sfs,                            \
-            veks##P##Inv_CCSToR_16s_Sfs};                                                          \
-    };
-VEK_KIND16(FFT, true)
-VEK_KIND16(DFT, false)
-#undef VEK_KIND16
-
 // The conversion back: the scale factor, and whether 1/sqrt(2) multiplies first.
 struct Back {
     int sf;
@@ -67,16 +35,13 @@ std::vector<int16_t> to16(std::vector<float> z, Back b) {
 template <bool Fft, class Rule>
 void pipeline16(int arg, int flag, VekHintAlgorithm hint, int fflag, VekHintAlgorithm fhint,
                 Rule rule, vt::Rng& rng) {
-    using K = Kind16<Fft>;
+    using K = vt::Kind<Fft, Vek16s>;
     using F = vt::Kind<Fft, float>;
     const int n = F::length(arg);
     SCOPED_TRACE("N " + std::to_string(n) + " flag " + std::to_string(flag) + " hint " +
                  std::to_string(hint));
-    typename F::SpecC* fc = nullptr;
-    typename F::SpecR* fr = nullptr;
-    typename K::C* plan = nullptr;
-    typename K::S* split = nullptr;
-    typename K::R* real = nullptr;
+    auto *fc = vt::none(F::initC), *fr = vt::none(F::initR);
+    auto *plan = vt::none(K::initC), *split = vt::none(K::initS), *real = vt::none(K::initR);
     ASSERT_EQ(F::initC(&fc, arg, fflag, fhint), vekStsOk);
     ASSERT_EQ(F::initR(&fr, arg, fflag, fhint), vekStsOk);
     ASSERT_EQ(K::initC(&plan, arg, flag, hint), vekStsOk);
@@ -145,13 +110,6 @@ void pipeline16(int arg, int flag, VekHintAlgorithm hint, int fflag, VekHintAlgo
     ASSERT_EQ(K::freeR(real), vekStsOk);
 }
 
-int norm_shift(int flag, int order, bool inverse) {
-    if (flag == 1) return inverse ? 0 : order;
-    if (flag == 2) return inverse ? order : 0;
-    if (flag == 4) return order / 2;
-    return 0;
-}
-
 TEST(Fft16, SaturatesAndBufferSizes) {
     VeksFFTSpec_C_16sc* plan = nullptr;
     ASSERT_EQ(veksFFTInitAlloc_C_16sc(&plan, 4, VEK_FFT_NO_DIV, vekAlgHintNone), vekStsOk);
@@ -165,17 +123,14 @@ TEST(Fft16, SaturatesAndBufferSizes) {
     veksFFTFree_C_16sc(plan);
 
     // The interleaved and the split complex kinds ask for the same buffer.
+    using K = vt::Kind<true, Vek16s>;
     auto csize = [](int order, VekHintAlgorithm hint) {
-        const int c = vt::buf_size(veksFFTInitAlloc_C_16sc, veksFFTGetBufSize_C_16sc,
-                                   veksFFTFree_C_16sc, order, 2, hint);
-        EXPECT_EQ(vt::buf_size(veksFFTInitAlloc_C_16s, veksFFTGetBufSize_C_16s, veksFFTFree_C_16s,
-                               order, 2, hint),
-                  c);
+        const int c = vt::buf_size(K::initC, K::bufC, K::freeC, order, 2, hint);
+        EXPECT_EQ(vt::buf_size(K::initS, K::bufS, K::freeS, order, 2, hint), c);
         return c;
     };
     auto rsize = [](int order, VekHintAlgorithm hint) {
-        return vt::buf_size(veksFFTInitAlloc_R_16s, veksFFTGetBufSize_R_16s, veksFFTFree_R_16s,
-                            order, 2, hint);
+        return vt::buf_size(K::initR, K::bufR, K::freeR, order, 2, hint);
     };
     EXPECT_EQ(csize(0, vekAlgHintNone), 0);
     EXPECT_EQ(csize(5, vekAlgHintNone), 12 * 32 + 16);
@@ -190,11 +145,6 @@ TEST(Fft16, SaturatesAndBufferSizes) {
 
 // ---- The single-precision pipeline ---------------------------------------------------------
 
-// Whether the object of this order and hint runs the compact plan (normalisation as shifts).
-bool compact(int order, VekHintAlgorithm hint) {
-    return (hint == vekAlgHintNone && order <= 8) || (hint == vekAlgHintFast && order <= 10);
-}
-
 // The scale factor and the 1/sqrt(2) multiply of the conversion back, as the plan applies them:
 // the compact plan adds its normalisation shift (and, for flag 4 at an odd order, multiplies by
 // 1/sqrt(2)); the long plan's float transform has already normalised. Its float transform is
@@ -205,11 +155,12 @@ TEST(Fft16, IsTheSinglePrecisionPipeline) {
     for (int order = 0; order <= 11; ++order)
         for (VekHintAlgorithm hint : {vekAlgHintNone, vekAlgHintFast, vekAlgHintAccurate})
             for (int flag : {1, 2, 4, 8}) {
-                const bool shifts = order > 0 && compact(order, hint);
-                auto rule = [&](bool inverse, int sf) {
-                    return shifts ? Back{sf + norm_shift(flag, order, inverse),
-                                         flag == 4 && (order & 1)}
-                                  : Back{sf, false};
+                // Whether the object runs the compact plan (normalisation as shifts).
+                const bool shifts = order > 0 && ((hint == vekAlgHintNone && order <= 8) ||
+                                                  (hint == vekAlgHintFast && order <= 10));
+                auto rule = [&](bool inverse, int sf) { // the shift of 1/N or 1/sqrt(N)
+                    const int shift = flag == 4 ? order / 2 : flag == (inverse ? 2 : 1) ? order : 0;
+                    return shifts ? Back{sf + shift, flag == 4 && (order & 1)} : Back{sf, false};
                 };
                 pipeline16<true>(order, flag, hint, shifts ? VEK_FFT_NO_DIV : flag, vekAlgHintNone,
                                  rule, rng);
@@ -219,19 +170,15 @@ TEST(Fft16, IsTheSinglePrecisionPipeline) {
 // The DFT objects convert back with the scale factor alone (their float transform made with the
 // object's flag and hint 1), at every hint; N = 1 among the lengths.
 TEST(Dft16, EqualsFloatPipeline) {
-    using K = Kind16<false>;
+    using K = vt::Kind<false, Vek16s>;
     using F = vt::Kind<false, float>;
+    const auto plain = [](bool, int sf) { return Back{sf, false}; };
     vt::Rng rng(16);
     for (int n : {1, 2, 3, 5, 8, 12, 100, 101, 150, 151, 180, 181, 1000, 1009})
         for (int flag :
              {VEK_FFT_DIV_FWD_BY_N, VEK_FFT_DIV_INV_BY_N, VEK_FFT_DIV_BY_SQRT_N, VEK_FFT_NO_DIV}) {
             const auto hint = static_cast<VekHintAlgorithm>((n + flag) % 3);
-            pipeline16<false>(
-                n, flag, hint, flag, vekAlgHintFast,
-                [](bool, int sf) {
-                    return Back{sf, false};
-                },
-                rng);
+            pipeline16<false>(n, flag, hint, flag, vekAlgHintFast, plain, rng);
             // 8 N + 16 plus the single-precision object's size (hint 1), 0 for N = 1.
             const int c = vt::buf_size(F::initC, F::bufC, F::freeC, n, flag, vekAlgHintFast);
             const int r = vt::buf_size(F::initR, F::bufR, F::freeR, n, flag, vekAlgHintFast);
