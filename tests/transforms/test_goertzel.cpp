@@ -186,10 +186,7 @@ TEST(Goertzel, SixteenBitRounding) {
     // level: within half a unit of it.
     vt::Rng rng(3);
     for (int len : {1, 3, 7, 17, 30, 205, 1000}) {
-        std::vector<Vek16sc> x(static_cast<size_t>(len));
-        for (auto& v : x)
-            v = {static_cast<Vek16s>(rng.range(-300, 300)),
-                 static_cast<Vek16s>(rng.range(-300, 300))};
+        const auto x = vt::rvec<Vek16sc>(rng, len, 300);
         const long double f01 = 0.1f;
         const cld want = reference(x, f01) / 8.0L;
         vt::for_each_level([&](auto) {
