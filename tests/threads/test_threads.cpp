@@ -37,34 +37,29 @@ Transform make(const char* name, size_t values, Init init, VekStatus (*free)(Obj
     EXPECT_EQ(init(&o), vekStsOk);
     int n = 0;
     EXPECT_EQ(size(o, &n), vekStsOk);
-    auto call = [o, run](const void* in, void* out, Vek8u* b) {
-        return run(o, static_cast<const T*>(in), static_cast<T*>(out), b);
-    };
+    auto call = [o, run](const void* in, void* out, Vek8u* b) { return run(o, in, out, b); };
     auto release = [free](void* p) { EXPECT_EQ(free(static_cast<Obj*>(p)), vekStsOk); };
     return {name, values * sizeof(T), n, call, {o, release}};
 }
 
-template <class C, class Obj>
-auto interleaved(VekStatus (*f)(const C*, C*, const Obj*, Vek8u*)) {
-    using T = decltype(C::re);
-    return [f](const Obj* o, const T* in, T* out, Vek8u* b) {
-        return f(reinterpret_cast<const C*>(in), reinterpret_cast<C*>(out), o, b);
+// A call on interleaved complex or real data, on split arrays of n values, and with scale factor 0.
+template <class X, class Obj>
+auto plain(VekStatus (*f)(const X*, X*, const Obj*, Vek8u*)) {
+    return [f](const Obj* o, const void* in, void* out, Vek8u* b) {
+        return f(static_cast<const X*>(in), static_cast<X*>(out), o, b);
     };
 }
 template <class T, class Obj>
-auto real(VekStatus (*f)(const T*, T*, const Obj*, Vek8u*)) {
-    return [f](const Obj* o, const T* in, T* out, Vek8u* b) { return f(in, out, o, b); };
-}
-template <class T, class Obj>
 auto split(VekStatus (*f)(const T*, const T*, T*, T*, const Obj*, Vek8u*), size_t n) {
-    return [f, n](const Obj* o, const T* in, T* out, Vek8u* b) {
-        return f(in, in + n, out, out + n, o, b);
+    return [f, n](const Obj* o, const void* in, void* out, Vek8u* b) {
+        const T* x = static_cast<const T*>(in);
+        return f(x, x + n, static_cast<T*>(out), static_cast<T*>(out) + n, o, b);
     };
 }
 template <class Obj>
 auto scaled(VekStatus (*f)(const Vek16sc*, Vek16sc*, const Obj*, int, Vek8u*)) {
-    return [f](const Obj* o, const Vek16s* in, Vek16s* out, Vek8u* b) {
-        return f(reinterpret_cast<const Vek16sc*>(in), reinterpret_cast<Vek16sc*>(out), o, 0, b);
+    return [f](const Obj* o, const void* in, void* out, Vek8u* b) {
+        return f(static_cast<const Vek16sc*>(in), static_cast<Vek16sc*>(out), o, 0, b);
     };
 }
 
@@ -78,17 +73,17 @@ std::vector<Transform> transforms() {
     constexpr size_t n = size_t{1} << o;
     return {
         make<float>("FFT_C_32fc", 2 * n, VEK_OBJ(FFT, C_32fc, o, kDiv, vekAlgHintNone),
-                    interleaved(veksFFTFwd_CToC_32fc)),
+                    plain(veksFFTFwd_CToC_32fc)),
         make<double>("FFT_C_64fc", 2 * n, VEK_OBJ(FFT, C_64fc, o, kDiv, vekAlgHintNone),
-                     interleaved(veksFFTInv_CToC_64fc)),
+                     plain(veksFFTInv_CToC_64fc)),
         make<float>("FFT_C_32f", 2 * n, VEK_OBJ(FFT, C_32f, o, kDiv, vekAlgHintNone),
                     split(veksFFTFwd_CToC_32f, n)),
         make<float>("FFT_R_32f", n, VEK_OBJ(FFT, R_32f, o, kDiv, vekAlgHintNone),
-                    real(veksFFTFwd_RToPack_32f)),
+                    plain(veksFFTFwd_RToPack_32f)),
         make<float>("FFT_R_32f order 16", size_t{1} << 16,
-                    VEK_OBJ(FFT, R_32f, 16, kDiv, vekAlgHintNone), real(veksFFTFwd_RToPack_32f)),
+                    VEK_OBJ(FFT, R_32f, 16, kDiv, vekAlgHintNone), plain(veksFFTFwd_RToPack_32f)),
         make<double>("FFT_R_64f", n, VEK_OBJ(FFT, R_64f, o, kDiv, vekAlgHintNone),
-                     real(veksFFTInv_PackToR_64f)),
+                     plain(veksFFTInv_PackToR_64f)),
         // The 16-bit kinds: the compact plan (hint 0, order 8) and one holding a float object.
         make<Vek16s>("FFT_C_16sc compact", 2 * 256, VEK_OBJ(FFT, C_16sc, 8, kDiv, vekAlgHintNone),
                      scaled(veksFFTFwd_CToC_16sc_Sfs)),
@@ -96,15 +91,15 @@ std::vector<Transform> transforms() {
                      scaled(veksFFTFwd_CToC_16sc_Sfs)),
         // DFT objects: a mixed-radix length, a prime (Bluestein) and a real one.
         make<float>("DFT_C_32fc 1000", 2 * 1000, VEK_OBJ(DFT, C_32fc, 1000, kDiv, vekAlgHintNone),
-                    interleaved(veksDFTFwd_CToC_32fc)),
+                    plain(veksDFTFwd_CToC_32fc)),
         make<float>("DFT_C_32fc 1009", 2 * 1009, VEK_OBJ(DFT, C_32fc, 1009, kDiv, vekAlgHintNone),
-                    interleaved(veksDFTFwd_CToC_32fc)),
+                    plain(veksDFTFwd_CToC_32fc)),
         make<float>("DFT_R_32f 600", 600, VEK_OBJ(DFT, R_32f, 600, kDiv, vekAlgHintNone),
-                    real(veksDFTFwd_RToPack_32f)),
+                    plain(veksDFTFwd_RToPack_32f)),
         make<float>("DCT_Fwd_32f 1000", 1000, VEK_OBJ(DCTFwd, 32f, 1000, vekAlgHintNone),
-                    real(veksDCTFwd_32f)),
+                    plain(veksDCTFwd_32f)),
         make<float>("DCT_Fwd_32f 4096", 4096, VEK_OBJ(DCTFwd, 32f, 4096, vekAlgHintAccurate),
-                    real(veksDCTFwd_32f)),
+                    plain(veksDCTFwd_32f)),
     };
 }
 
