@@ -102,10 +102,7 @@ TEST(Numeric, ScaleRoundEvenMatchesPlainArithmetic) {
         if (sf > 40) return 0;
         const int64_t d = int64_t{1} << sf;
         int64_t q = v / d, r = v % d;
-        if (r < 0) {
-            q -= 1;
-            r += d;
-        } // floor division
+        if (r < 0) q -= 1, r += d; // floor division
         if (2 * r > d || (2 * r == d && (q & 1))) q += 1;
         return q > 32767 ? 32767 : q < -32768 ? -32768 : q;
     };
