@@ -80,9 +80,7 @@ void haar_float(VekStatus (*fwd)(const T*, T*, T*, int),
             EXPECT_LE(std::fabs(back[2 * k] - a), 1.5L * m);
             EXPECT_LE(std::fabs(back[2 * k + 1] - b), 1.5L * m);
         }
-        if (n % 2) {
-            EXPECT_EQ(back[n - 1], x[n - 1]);
-        }
+        EXPECT_TRUE(n % 2 == 0 || back[n - 1] == x[n - 1]) << n; // an odd last sample as it was
     }
 }
 
