@@ -1,5 +1,6 @@
 // Call frames of the vector arithmetic subsystem: element-wise arithmetic, conversion and
-// companding, logical and shift operations, data movement. Every vector holds `len` elements
+// companding, logical and shift operations, data movement, the elementary functions and the
+// magnitude, phase and polar conversions. Every vector holds `len` elements
 // (the default size rule); scale factors and rounding modes are never range-checked.
 #include <climits>
 #include <cmath>
@@ -76,6 +77,13 @@ const conf::Rules arith([] {
                                            k.set_null("pSrcIm");
                                        }}}));
                  });
+    // Elementary functions, magnitude, phase and polar conversion: pointers, then the length;
+    // special arguments only give warnings, so there are no parameter checks.
+    conf::family("elementary functions", R"(^veks(Sqr|Sqrt|Exp|Ln|Cubrt|Arctan|SumLn)_)",
+                 [](conf::Contract&) {});
+    conf::family("magnitude, phase and polar conversion",
+                 R"(^veks(Magnitude|Phase|PowerSpectr|CartToPolar|PolarToCart)_)",
+                 [](conf::Contract&) {});
 });
 
 } // namespace
