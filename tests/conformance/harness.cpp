@@ -349,7 +349,6 @@ void family(const std::string& name, const std::string& pattern,
             std::function<void(Contract&)> fill) {
     g_families.push_back({name, pattern, std::move(fill)});
 }
-const std::vector<Family>& families() { return g_families; }
 
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched) {
     const Family* found = nullptr;
@@ -360,7 +359,7 @@ std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>
         }
     if (found == nullptr) return nullptr;
     auto c = std::make_unique<Contract>(e);
-    found->fill(*c);
+    if (found->fill) found->fill(*c);
     c->steps();
     return c;
 }
@@ -581,7 +580,7 @@ Step Contract::lengths(const std::string& params) {
         for (int64_t v : std::set<int64_t>{min - 1, 0, -1, INT_MIN})
             if (v < min)
                 s.faults.push_back(
-                    {n + " = " + std::to_string(v), [n = n, v](Call& c) { c.set_int(n, v); }});
+                    {n + " = " + std::to_string(v), [n = n, v](Call& c) { c.set(n, double(v)); }});
     }
     return s;
 }
@@ -775,8 +774,6 @@ void Call::set(const std::string& param, double re, double im) {
     args[k] = a;
 }
 
-void Call::set_int(const std::string& param, int64_t v) { set(param, static_cast<double>(v)); }
-
 void Call::set_null(const std::string& param) {
     if (const int k = e.index(param); k >= 0) set_pointer(k, nullptr);
 }
@@ -844,6 +841,9 @@ void Call::set_at(const std::string& param, int64_t i, double v) {
 
 // ---- Building calls ---------------------------------------------------------------------------
 
+namespace {
+
+// Values the fuzzer draws for data and parameters.
 double extreme_value(Source& s, Comp comp) {
     if (comp == Comp::f32 || comp == Comp::f64) {
         const bool single = comp == Comp::f32;
@@ -885,8 +885,6 @@ double extreme_value(Source& s, Comp comp) {
     }
     }
 }
-
-namespace {
 
 // The data of a buffer: ordinary values for the suite; for the fuzzer, extreme values, random
 // bytes or ordinary values, chosen per buffer.
@@ -1098,9 +1096,7 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     veks::conv::release_idle_plans();
     {
         std::fesetround(call.round_mode);
-        heap::Watch w;
-        heap::fail_at(o.fail_at);
-        heap::limit(o.heap_limit);
+        heap::Watch w(o.fail_at, o.heap_limit);
         const bool clean_before = !vt::upper_halves_in_use();
         out.result = e.call(e.fn, call.args.data());
         if (clean_before && vt::upper_halves_in_use())

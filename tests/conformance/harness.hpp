@@ -10,6 +10,7 @@
 // See README.md in this folder for how a family adds its rules.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -45,51 +46,31 @@ concept Complete = requires {
 template <class T>
 constexpr Comp comp_of() {
     using U = std::remove_cv_t<T>;
-    if constexpr (std::is_enum_v<U>)
-        return comp_of<std::underlying_type_t<U>>();
-    else if constexpr (std::is_same_v<U, float>)
-        return Comp::f32;
-    else if constexpr (std::is_same_v<U, double>)
-        return Comp::f64;
-    else if constexpr (std::is_integral_v<U>) {
-        constexpr bool s = std::is_signed_v<U>;
-        if constexpr (sizeof(U) == 1) return s ? Comp::s8 : Comp::u8;
-        if constexpr (sizeof(U) == 2) return s ? Comp::s16 : Comp::u16;
-        if constexpr (sizeof(U) == 4) return s ? Comp::s32 : Comp::u32;
-        if constexpr (sizeof(U) == 8) return s ? Comp::s64 : Comp::u64;
-    } else if constexpr (requires(U u) { u.re; })
-        return comp_of<decltype(U::re)>();
+    if constexpr (std::is_enum_v<U>) return comp_of<std::underlying_type_t<U>>();
+    if constexpr (requires(U u) { u.re; }) return comp_of<decltype(U::re)>();
+    if constexpr (std::is_floating_point_v<U>) return sizeof(U) == 4 ? Comp::f32 : Comp::f64;
+    // two integer codes for each size: u8 s8 u16 s16 ...
+    if constexpr (std::is_integral_v<U>)
+        return Comp(2 * std::bit_width(sizeof(U)) - 1 + std::is_signed_v<U>);
     return Comp::none;
 }
 
-template <class T>
+// A parameter's type; P is the pointee of a pointer, else the type itself.
+template <class T, class P = std::remove_pointer_t<T>>
 constexpr TypeInfo type_of() {
     TypeInfo t;
-    if constexpr (std::is_pointer_v<T>) {
-        using P = std::remove_pointer_t<T>;
-        t.is_const = std::is_const_v<P>;
-        if constexpr (std::is_pointer_v<P>) {
-            using Q = std::remove_cv_t<std::remove_pointer_t<P>>;
-            t.depth = 2;
-            t.object = !Complete<Q>;
-            t.size = sizeof(void*);
-        } else if constexpr (std::is_void_v<P>) {
-            t.depth = 1;
-            t.comp = Comp::u8;
-            t.size = 1;
-        } else if constexpr (!Complete<P>) {
-            t.depth = 1;
-            t.object = true;
-        } else {
-            t.depth = 1;
-            t.comp = comp_of<P>();
-            t.complex = requires(P p) { p.im; };
-            t.size = sizeof(P);
-        }
+    t.depth = std::is_pointer_v<T> ? 1 + std::is_pointer_v<P> : 0;
+    t.is_const = std::is_pointer_v<T> && std::is_const_v<P>;
+    if constexpr (std::is_pointer_v<P>) {
+        t.object = !Complete<std::remove_cv_t<std::remove_pointer_t<P>>>;
+        t.size = sizeof(void*);
+    } else if constexpr (std::is_void_v<P>) {
+        t.comp = Comp::u8, t.size = 1;
+    } else if constexpr (!Complete<P>) {
+        t.object = true;
     } else {
-        t.comp = comp_of<T>();
-        t.complex = requires(T v) { v.im; };
-        t.size = sizeof(T);
+        t.comp = comp_of<P>(), t.size = sizeof(P);
+        t.complex = requires(P p) { p.im; };
     }
     return t;
 }
@@ -101,7 +82,7 @@ struct Arg {
     alignas(16) unsigned char b[16] = {};
 };
 
-enum class Ret { status, pointer, other, none };
+enum class Ret { status, other }; // what an export returns
 
 using Invoker = int64_t (*)(void (*)(), const Arg*);
 
@@ -115,14 +96,12 @@ T arg_value(const Arg& a) {
 template <class R, class... A, size_t... I>
 int64_t invoke_with(void (*fn)(), const Arg* args, std::index_sequence<I...>) {
     auto f = reinterpret_cast<R (*)(A...)>(fn);
-    if constexpr (std::is_void_v<R>) {
-        f(arg_value<A>(args[I])...);
-        return 0;
-    } else if constexpr (std::is_pointer_v<R>) {
-        return static_cast<int64_t>(reinterpret_cast<intptr_t>(f(arg_value<A>(args[I])...)));
-    } else {
+    if constexpr (std::is_void_v<R>)
+        return f(arg_value<A>(args[I])...), 0;
+    else if constexpr (std::is_pointer_v<R>)
+        return reinterpret_cast<intptr_t>(f(arg_value<A>(args[I])...));
+    else
         return static_cast<int64_t>(f(arg_value<A>(args[I])...));
-    }
 }
 
 template <class R, class... A>
@@ -134,7 +113,7 @@ struct Export {
     std::string name;
     void (*fn)() = nullptr;
     Invoker call = nullptr;
-    Ret ret = Ret::none;
+    Ret ret = Ret::other;
     std::vector<TypeInfo> types;
     std::vector<std::string> names;            // parameter names, from the declaration in include/
     std::vector<std::string> texts;            // parameter types as written there
@@ -155,10 +134,7 @@ struct ExportRow {
 template <class R, class... A>
 struct Signature {
     static constexpr TypeInfo types[] = {type_of<A>()..., TypeInfo{}}; // never empty
-    static constexpr Ret ret = std::is_same_v<R, VekStatus> ? Ret::status
-                               : std::is_void_v<R>          ? Ret::none
-                               : std::is_pointer_v<R>       ? Ret::pointer
-                                                            : Ret::other;
+    static constexpr Ret ret = std::is_same_v<R, VekStatus> ? Ret::status : Ret::other;
 };
 
 template <class R, class... A>
@@ -362,8 +338,7 @@ struct Rules {
     explicit Rules(void (*define)());
 };
 void family(const std::string& name, const std::string& pattern,
-            std::function<void(Contract&)> fill);
-const std::vector<Family>& families();
+            std::function<void(Contract&)> fill = nullptr); // none: the defaults
 
 // The contract of an export (families matching it are listed in `matched`).
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched);
@@ -405,7 +380,6 @@ class Call {
     void* ptr(const std::string& param) const;
     size_t bytes(const std::string& param) const; // of the buffer the argument points to (or 0)
     void set(const std::string& param, double re, double im = 1e308);
-    void set_int(const std::string& param, int64_t v);
     void set_null(const std::string& param);
     // Replaces an object argument by a new object of `kind` (null: a foreign 4-byte block).
     void use_kind(const std::string& param, const Kind* kind);
@@ -481,8 +455,5 @@ void set_mapper(const Mapper* m);
 // The suite for one export: the valid calls, every fault alone and in pairs across steps, the
 // rule's probes and, where the heap can be watched, each allocation failing in turn.
 std::vector<std::string> check_export(const Contract& c, int* cases);
-
-// Values the fuzzer draws for data and parameters.
-double extreme_value(Source& s, Comp comp);
 
 } // namespace conf

@@ -54,7 +54,9 @@ namespace conf::heap {
 
 bool watched() { return VEKS_CONF_WRAPPED_MALLOC != 0; }
 
-Watch::Watch() {
+Watch::Watch(long fail_at, size_t limit) {
+    g_fail_at = fail_at;
+    g_limit = limit;
     g_count = 0;
     g_overflow = false;
     g_requests = 0;
@@ -79,8 +81,5 @@ std::vector<std::pair<void*, size_t>> Watch::blocks() const {
 }
 
 bool Watch::overflowed() const { return g_overflow; }
-
-void fail_at(long n) { g_fail_at = n; }
-void limit(size_t bytes) { g_limit = bytes; }
 
 } // namespace conf::heap

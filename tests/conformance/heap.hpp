@@ -16,7 +16,9 @@ bool watched();
 
 class Watch {
   public:
-    Watch();
+    // While it is alive: the fail_at-th request (1-based; 0: none) fails, and so does every
+    // request of more than `limit` bytes.
+    explicit Watch(long fail_at = 0, size_t limit = SIZE_MAX);
     ~Watch();
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
@@ -24,10 +26,5 @@ class Watch {
     std::vector<std::pair<void*, size_t>> blocks() const; // allocated and not yet freed
     bool overflowed() const;                              // too many blocks to keep track of
 };
-
-// While a Watch is alive: the n-th request (1-based) fails; 0 makes none fail.
-void fail_at(long n);
-// While a Watch is alive: requests of more than `bytes` fail (SIZE_MAX: no limit).
-void limit(size_t bytes);
 
 } // namespace conf::heap

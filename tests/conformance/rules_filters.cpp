@@ -344,8 +344,8 @@ const conf::Rules filters([] {
         // vectors take overlap-add, the probe the direct sums.
         c.value("len1", 2200).value("len2", 2100);
         c.probe("64 x 16: the direct sums", [](conf::Call& k) {
-            k.set_int("len1", 64);
-            k.set_int("len2", 16);
+            k.set("len1", 64);
+            k.set("len2", 16);
         });
         c.size("pSrc1", [](const conf::Call& k) { return k.i("len1"); });
         c.size("pSrc2", [](const conf::Call& k) { return k.i("len2"); });

@@ -20,8 +20,7 @@ const conf::Rules stats([] {
                      if (c.is("^veksMaxOrder_")) c.order({c.lengths(), c.nulls()});
                  });
 
-    conf::family("norms and dot products", R"(^veks(Norm|NormDiff|DotProd)_)",
-                 [](conf::Contract&) {});
+    conf::family("norms and dot products", R"(^veks(Norm|NormDiff|DotProd)_)");
 
     conf::family("threshold", R"(^veksThreshold_)", [](conf::Contract& c) {
         // Complex members and every LTInv member refuse a negative level (NaN passes).
