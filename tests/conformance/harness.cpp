@@ -19,16 +19,6 @@
 #include "heap.hpp"
 #include "upper_state.hpp"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define VEKS_CONF_ASAN 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define VEKS_CONF_ASAN 1
-#endif
-#endif
-#ifndef VEKS_CONF_ASAN
-#define VEKS_CONF_ASAN 0
-#endif
 #if VEKS_CONF_ASAN
 #include <sanitizer/asan_interface.h>
 #endif
@@ -202,10 +192,10 @@ struct Rng final : Source {
 
 const Mapper* g_mapper = nullptr;
 
-#if !VEKS_CONF_ASAN
-constexpr size_t kGuard = 32;
+// Guard bytes around each buffer (with AddressSanitizer the bytes before are poisoned instead,
+// and the end of the block is the end of the buffer).
+constexpr size_t kGuard = VEKS_CONF_ASAN ? 0 : 32;
 constexpr unsigned char kGuardByte = 0xA5;
-#endif
 constexpr double kSame = 1e308; // "the imaginary part is the real part"
 
 } // namespace
@@ -716,12 +706,12 @@ Call::~Call() {
     }
 }
 
-void Call::set_raw(int i, const void* bytes, size_t size) {
+void Call::set_raw(size_t i, const void* bytes, size_t size) {
     std::memset(args[i].b, 0, sizeof args[i].b);
     std::memcpy(args[i].b, bytes, size);
 }
-void Call::set_pointer(int i, const void* p) { set_raw(i, &p, sizeof p); }
-const void* Call::pointer(int i) const {
+void Call::set_pointer(size_t i, const void* p) { set_raw(i, &p, sizeof p); }
+const void* Call::pointer(size_t i) const {
     const void* p;
     std::memcpy(&p, args[i].b, sizeof p);
     return p;
@@ -912,7 +902,8 @@ void fill_data(const TypeInfo& t, unsigned char* p, size_t bytes, Source& s, boo
 
 // A fuzzed value of a scalar parameter: mostly valid and cheap, sometimes a documented bad
 // value or an extreme one.
-double fuzz_value(const ParamRule& r, const TypeInfo& t, Source& s, const Call& call, int index) {
+double fuzz_value(const ParamRule& r, const TypeInfo& t, Source& s, const Call& call,
+                  size_t index) {
     double v;
     switch (s.pick(0, 5)) {
     case 0: v = r.re; break;
@@ -967,22 +958,19 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
     }
     // Scalars: lengths and values.
     for (size_t i = 0; i < e.types.size(); ++i) {
-        const ParamRule& r = c.rule(static_cast<int>(i));
+        const ParamRule& r = c.rule(i);
         if (r.role != Role::length && r.role != Role::value) continue;
         double re = r.re, im = r.im;
         if (src != nullptr) {
-            if (r.role == Role::length) {
-                re =
-                    s.chance(16)
-                        ? static_cast<double>(s.chance(2) ? r.min - 1 - s.pick(0, 2) : INT_MIN)
-                        : static_cast<double>(s.pick(
-                              r.min,
-                              std::max<int64_t>(r.min, static_cast<int64_t>(std::min(r.hi, 1e9)))));
-                im = re;
+            if (r.role == Role::length) { // now and then too small
+                const int64_t hi =
+                    std::max<int64_t>(r.min, static_cast<int64_t>(std::min(r.hi, 1e9)));
+                re = im = static_cast<double>(
+                    s.chance(16) ? (s.chance(2) ? r.min - 1 - s.pick(0, 2) : INT_MIN)
+                                 : s.pick(r.min, hi));
             } else {
-                re = fuzz_value(r, e.types[i], s, *call, static_cast<int>(i));
-                im = e.types[i].complex ? fuzz_value(r, e.types[i], s, *call, static_cast<int>(i))
-                                        : re;
+                re = fuzz_value(r, e.types[i], s, *call, i);
+                im = e.types[i].complex ? fuzz_value(r, e.types[i], s, *call, i) : re;
             }
         }
         if (override_of(e.names[i], &re)) im = re;
@@ -990,7 +978,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
     }
     // Objects.
     for (size_t i = 0; i < e.types.size(); ++i) {
-        const ParamRule& r = c.rule(static_cast<int>(i));
+        const ParamRule& r = c.rule(i);
         if (r.role != Role::object || r.accepts.empty()) continue;
         const std::string& kn =
             r.accepts[src != nullptr ? static_cast<size_t>(s.pick(0, r.accepts.size() - 1)) : 0];
@@ -1001,7 +989,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
     override_of("$offset", &offset_elems);
     if (override_of("$round-upward", &upward) && upward != 0) call->round_mode = FE_UPWARD;
     for (size_t i = 0; i < e.types.size(); ++i) {
-        const ParamRule& r = c.rule(static_cast<int>(i));
+        const ParamRule& r = c.rule(i);
         const TypeInfo& t = e.types[i];
         if (t.depth == 0 || r.role == Role::object) continue;
         int64_t count = 0;
@@ -1027,7 +1015,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
             auto* p = static_cast<unsigned char*>(g_mapper->map(static_cast<size_t>(bytes64)));
             call->buffers.push_back(
                 {static_cast<int>(i), p, 0, static_cast<size_t>(bytes64), p, true, {}});
-            call->set_pointer(static_cast<int>(i), p);
+            call->set_pointer(i, p);
             continue;
         }
         const size_t bytes = static_cast<size_t>(bytes64);
@@ -1036,17 +1024,14 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         if (src != nullptr) off = static_cast<size_t>(s.pick(0, 63 / unit)) * unit;
         Call::Buffer b;
         b.param = static_cast<int>(i);
-#if VEKS_CONF_ASAN
-        b.lead = off;
-        b.block = static_cast<unsigned char*>(std::malloc(off + bytes + (off + bytes == 0)));
-        b.data = b.block + off;
-        ASAN_POISON_MEMORY_REGION(b.block, b.lead);
-#else
         b.lead = kGuard + off;
-        b.block = static_cast<unsigned char*>(std::malloc(b.lead + bytes + kGuard));
+        b.block =
+            static_cast<unsigned char*>(std::malloc(std::max<size_t>(b.lead + bytes + kGuard, 1)));
         b.data = b.block + b.lead;
         std::memset(b.block, kGuardByte, b.lead);
         std::memset(b.data + bytes, kGuardByte, kGuard);
+#if VEKS_CONF_ASAN
+        ASAN_POISON_MEMORY_REGION(b.block, b.lead);
 #endif
         b.bytes = bytes;
         if (r.fill)
@@ -1059,7 +1044,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
         else
             fill_data(t, b.data, bytes, s, src != nullptr);
         call->buffers.push_back(b);
-        call->set_pointer(static_cast<int>(i), b.data);
+        call->set_pointer(i, b.data);
     }
     return call;
 }
@@ -1113,10 +1098,10 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
         // Objects handed out are released while the heap is still watched.
         if (expect == nullptr && st >= 0)
             for (size_t i = 0; i < e.types.size(); ++i) {
-                const ParamRule& r = c.rule(static_cast<int>(i));
+                const ParamRule& r = c.rule(i);
                 if (r.role != Role::object_out || r.creates.empty()) continue;
                 void* obj = nullptr;
-                std::memcpy(&obj, call.pointer(static_cast<int>(i)), sizeof obj);
+                std::memcpy(&obj, call.pointer(i), sizeof obj);
                 const Kind* k = find_kind(r.creates);
                 if (obj == nullptr || k == nullptr) {
                     problem("no object stored through " + e.names[i]);
@@ -1162,9 +1147,9 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
                 std::memcmp(b.before.data(), b.data, b.bytes) != 0)
                 problem(e.names[b.param] + " (const) written");
         for (size_t i = 0; i < e.types.size(); ++i)
-            if (c.rule(static_cast<int>(i)).frees)
+            if (c.rule(i).frees)
                 for (Call::Object& ob : call.objects)
-                    if (ob.p == call.pointer(static_cast<int>(i))) ob.released = true;
+                    if (ob.p == call.pointer(i)) ob.released = true;
     }
     if (!left.empty())
         problem(std::to_string(left.size()) + " heap block(s) of " +
@@ -1213,13 +1198,13 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     for (const Knob& k : c.knobs())
         for (int64_t v : k.suite) valid.push_back({{k.name, static_cast<double>(v)}});
     for (size_t i = 0; i < e.types.size(); ++i)
-        for (double v : c.rule(static_cast<int>(i)).suite) valid.push_back({{e.names[i], v}});
+        for (double v : c.rule(i).suite) valid.push_back({{e.names[i], v}});
     valid.push_back({{"$offset", 1}});
     valid.push_back({{"$round-upward", 1}});
     for (const auto& set : valid) once("valid call " + describe(set), set, {});
     std::vector<Fault> nulls;
     for (size_t i = 0; i < e.types.size(); ++i)
-        if (c.rule(static_cast<int>(i)).nullable)
+        if (c.rule(i).nullable)
             nulls.push_back({e.names[i] + " null", [n = e.names[i]](Call& k) { k.set_null(n); }});
     for (const Fault& f : nulls) once(f.what, {}, {&f});
 

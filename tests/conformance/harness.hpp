@@ -23,6 +23,18 @@
 
 #include "veks.h"
 
+// Sanitizer builds: VEKS_CONF_ASAN is 1 under AddressSanitizer, VEKS_CONF_HAS(feature) asks clang.
+#if defined(__has_feature)
+#define VEKS_CONF_HAS(x) __has_feature(x)
+#else
+#define VEKS_CONF_HAS(x) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || VEKS_CONF_HAS(address_sanitizer)
+#define VEKS_CONF_ASAN 1
+#else
+#define VEKS_CONF_ASAN 0
+#endif
+
 namespace conf {
 
 // ---- Types of parameters --------------------------------------------------------------------
@@ -297,8 +309,8 @@ class Contract {
     Contract& special(std::function<std::vector<std::string>()> test);
 
     // -- read by the engine
-    ParamRule& rule(int i) { return params_[static_cast<size_t>(i)]; }
-    const ParamRule& rule(int i) const { return params_[static_cast<size_t>(i)]; }
+    ParamRule& rule(size_t i) { return params_[i]; }
+    const ParamRule& rule(size_t i) const { return params_[i]; }
     const std::vector<Knob>& knobs() const { return knobs_; }
     const std::vector<Step>& steps() const;
     const std::vector<Fault>& probes() const { return probes_; }
@@ -414,9 +426,9 @@ class Call {
     std::vector<std::string> notes; // problems met while building (a factory that failed)
     int round_mode;                 // the caller's rounding mode during the call
     long fail_at = 0;               // the heap request that fails (0: none)
-    void set_raw(int i, const void* bytes, size_t size);
-    void set_pointer(int i, const void* p);
-    const void* pointer(int i) const;
+    void set_raw(size_t i, const void* bytes, size_t size);
+    void set_pointer(size_t i, const void* p);
+    const void* pointer(size_t i) const;
 };
 
 // ---- The engine -----------------------------------------------------------------------------

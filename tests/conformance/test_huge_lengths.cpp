@@ -26,28 +26,28 @@ namespace {
 
 #if VEKS_HUGE_TESTS
 
-// `bytes` of address space whose every 2 MiB are one memory file filled with `pattern`.
+// `count` copies of `value` in address space whose every 2 MiB are the same pages of one memory
+// file (written once, through the first 2 MiB).
 class Repeated {
   public:
     static constexpr size_t kChunk = size_t{2} << 20;
-    Repeated(size_t bytes, const void* pattern, size_t psize)
-        : size_((bytes + kChunk - 1) / kChunk * kChunk) {
+    template <class T>
+    Repeated(size_t count, T value) : size_((count * sizeof value + kChunk - 1) / kChunk * kChunk) {
         const int fd = memfd_create("veks-huge", 0);
-        if (fd < 0 || ftruncate(fd, kChunk) != 0) return;
-        void* one = mmap(nullptr, kChunk, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
-        if (one == MAP_FAILED) return;
-        for (size_t k = 0; k < kChunk; k += psize)
-            std::memcpy(static_cast<char*>(one) + k, pattern, psize);
-        munmap(one, kChunk);
-        base_ = mmap(nullptr, size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-        for (size_t off = 0; base_ != MAP_FAILED && off < size_; off += kChunk)
-            if (mmap(static_cast<char*>(base_) + off, kChunk, PROT_READ | PROT_WRITE,
+        void* p = fd < 0 || ftruncate(fd, kChunk) != 0
+                      ? MAP_FAILED
+                      : mmap(nullptr, size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE,
+                             -1, 0);
+        for (size_t off = 0; p != MAP_FAILED && off < size_; off += kChunk)
+            if (mmap(static_cast<char*>(p) + off, kChunk, PROT_READ | PROT_WRITE,
                      MAP_SHARED | MAP_FIXED, fd, 0) == MAP_FAILED) {
-                munmap(base_, size_);
-                base_ = MAP_FAILED;
+                munmap(p, size_);
+                p = MAP_FAILED;
             }
-        if (base_ == MAP_FAILED) base_ = nullptr;
-        close(fd);
+        if (fd >= 0) close(fd);
+        if (p == MAP_FAILED) return;
+        base_ = p;
+        for (size_t k = 0; k < kChunk / sizeof value; ++k) static_cast<T*>(base_)[k] = value;
     }
     ~Repeated() {
         if (base_ != nullptr) munmap(base_, size_);
@@ -74,18 +74,11 @@ const conf::Mapper kZeros{[](size_t bytes) {
 
 // Long runs (seconds each) are left to the optimised build: under the sanitizers they would
 // take minutes, and the results already show a wrapped length there.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define VEKS_HUGE_LONG_RUNS 0
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(undefined_behavior_sanitizer)
-#define VEKS_HUGE_LONG_RUNS 0
+#if VEKS_CONF_ASAN || defined(__SANITIZE_THREAD__) || VEKS_CONF_HAS(undefined_behavior_sanitizer)
+#define VEKS_SKIP_UNDER_SANITIZERS() GTEST_SKIP() << "long; run by the optimised build"
+#else
+#define VEKS_SKIP_UNDER_SANITIZERS()
 #endif
-#endif
-#ifndef VEKS_HUGE_LONG_RUNS
-#define VEKS_HUGE_LONG_RUNS 1
-#endif
-#define VEKS_SKIP_UNDER_SANITIZERS()                                                               \
-    if (!VEKS_HUGE_LONG_RUNS) GTEST_SKIP() << "long; run by the optimised build"
 
 template <class F>
 void at_level(veks::isa::Level level, F&& body) {
@@ -100,19 +93,13 @@ void at_level(veks::isa::Level level, F&& body) {
 TEST(HugeLengths, ComplexDotProductsAddEveryElement) {
     VEKS_SKIP_UNDER_SANITIZERS();
     constexpr int n = (1 << 30) + 3;
-    const Vek32fc c32{1, 1};
-    const Vek64fc c64{1, 1};
-    const Vek16sc c16{1, 1};
-    const float r32 = 1;
-    const double r64 = 1;
-    const Repeated x32(size_t{n} * 8, &c32, 8), x64(size_t{n} * 16, &c64, 16),
-        x16(size_t{n} * 4, &c16, 4), y32(size_t{n} * 4, &r32, 4), y64(size_t{n} * 8, &r64, 8);
-    ASSERT_TRUE(x32.as<void>() && x64.as<void>() && x16.as<void>() && y32.as<void>() &&
-                y64.as<void>());
-    const auto* a = x32.as<Vek32fc>();
-    const auto* b = x64.as<Vek64fc>();
-    const auto* h = x16.as<Vek16sc>();
-    const auto* r = y32.as<Vek32f>();
+    const Repeated x32(n, Vek32fc{1, 1}), x64(n, Vek64fc{1, 1}), x16(n, Vek16sc{1, 1}),
+        y32(n, Vek32f{1}), y64(n, Vek64f{1});
+    const Vek32fc* a = x32.as<Vek32fc>();
+    const Vek64fc* b = x64.as<Vek64fc>();
+    const Vek16sc* h = x16.as<Vek16sc>();
+    const Vek32f* r = y32.as<Vek32f>();
+    ASSERT_TRUE(a && b && h && r && y64.as<void>());
     const float fn = static_cast<float>(n), f2n = static_cast<float>(2.0 * n);
     const double dn = n;
     Vek32fc f{7, 7};
@@ -141,9 +128,7 @@ TEST(HugeLengths, ComplexDotProductsAddEveryElement) {
 TEST(HugeLengths, ReductionsOverIntMaxElements) {
     VEKS_SKIP_UNDER_SANITIZERS();
     constexpr int n = INT_MAX;
-    const float one = 1;
-    const Vek16s two = 2;
-    const Repeated f(size_t{n} * 4, &one, 4), s(size_t{n} * 2, &two, 2);
+    const Repeated f(n, Vek32f{1}), s(n, Vek16s{2});
     ASSERT_TRUE(f.as<void>() && s.as<void>());
     const auto* x = f.as<Vek32f>();
     const auto* y = s.as<Vek16s>();
