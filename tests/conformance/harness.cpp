@@ -358,15 +358,15 @@ std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>
 
 Contract::Contract(const Export& e) : exp(e) {
     params_.resize(e.types.size());
-    int lengths = 0;
+    const SizeFn one = [](const Call&) { return int64_t{1}; };
+    std::vector<std::string> lengths;
     for (size_t i = 0; i < e.types.size(); ++i) {
         const TypeInfo& t = e.types[i];
         const std::string nm = i < e.names.size() ? e.names[i] : "";
         ParamRule& r = params_[i];
         if (t.depth == 2) {
             r.role = t.object ? Role::object_out : Role::output;
-            r.size = [](const Call&) { return int64_t{1}; };
-            r.has_size = true;
+            r.size = one;
         } else if (t.depth == 1) {
             if (t.object)
                 r.role = Role::object, r.frees = e.name.find("Free") != std::string::npos;
@@ -376,40 +376,22 @@ Contract::Contract(const Export& e) : exp(e) {
                 r.role = Role::input;
             else
                 r.role = nm.rfind("pSrcDst", 0) == 0 ? Role::inout : Role::output;
-            if (is_single_value(nm)) {
-                r.size = [](const Call&) { return int64_t{1}; };
-                r.has_size = true;
-            }
+            if (is_single_value(nm)) r.size = one;
         } else if (comp_is_int(t.comp) && !t.complex && is_length_name(nm)) {
-            r.role = Role::length;
-            r.integer = true;
-            r.re = r.im = 5;
-            r.suite = {1, 2, 3, 16, 67};
-            r.lo = 1;
-            r.hi = 300;
-            ++lengths;
+            r.role = Role::length, r.integer = true, r.re = r.im = 5;
+            r.suite = {1, 2, 3, 16, 67}, r.lo = 1, r.hi = 300;
+            lengths.push_back(nm);
         } else {
             r.integer = comp_is_int(t.comp);
         }
-        if (nm == "hint") { // an enumeration: valid values only, from C++
-            r.lo = 0;
-            r.hi = 2;
-            r.suite = {1, 2};
-        }
+        if (nm == "hint") r.lo = 0, r.hi = 2, r.suite = {1, 2}; // an enumeration: valid values only
     }
     // One length: every vector holds that many elements.
-    if (lengths == 1)
-        for (size_t i = 0; i < params_.size(); ++i)
-            if (params_[i].role == Role::length) {
-                const std::string len = e.names[i];
-                for (ParamRule& r : params_)
-                    if ((r.role == Role::input || r.role == Role::output ||
-                         r.role == Role::inout) &&
-                        !r.has_size) {
-                        r.size = [len](const Call& c) { return c.i(len); };
-                        r.has_size = true;
-                    }
-            }
+    if (lengths.size() == 1)
+        for (ParamRule& r : params_)
+            if ((r.role == Role::input || r.role == Role::output || r.role == Role::inout) &&
+                !r.size)
+                r.size = [len = lengths[0]](const Call& c) { return c.i(len); };
 }
 
 bool Contract::is(const char* regex) const { return matches(exp.name, regex); }
@@ -464,10 +446,7 @@ Contract& Contract::length(const std::string& param, int64_t min, VekStatus stat
 }
 
 Contract& Contract::size(const std::string& params, SizeFn fn) {
-    for (int i : names_to_indices(params, false, Role::value, true)) {
-        params_[i].size = fn;
-        params_[i].has_size = true;
-    }
+    for (int i : names_to_indices(params, false, Role::value, true)) params_[i].size = fn;
     return *this;
 }
 
@@ -518,9 +497,7 @@ Step Contract::nulls(const std::string& params, VekStatus status) {
                     in_null_steps_.end())
                 idx.push_back(static_cast<int>(i));
     in_null_steps_.insert(in_null_steps_.end(), idx.begin(), idx.end());
-    Step s;
-    s.status = status;
-    s.what = "null pointer";
+    Step s{"null pointer", status, {}, {}};
     std::vector<std::string> names;
     for (int i : idx) names.push_back(exp.names[i]);
     s.fails = [names](const Call& c) {
@@ -532,9 +509,7 @@ Step Contract::nulls(const std::string& params, VekStatus status) {
 }
 
 Step Contract::kinds(const std::string& param, VekStatus status) {
-    Step s;
-    s.status = status;
-    s.what = "object of another kind";
+    Step s{"object of another kind", status, {}, {}};
     const int i = need(param);
     if (i < 0) return s;
     const std::string n = param;
@@ -551,9 +526,7 @@ Step Contract::kinds(const std::string& param, VekStatus status) {
 
 Step Contract::lengths(const std::string& params) {
     std::vector<int> idx = names_to_indices(params, true, Role::length);
-    Step s;
-    s.what = "length too small";
-    s.status = idx.empty() ? vekStsDataSizeErr : params_[idx[0]].status;
+    Step s{"length too small", idx.empty() ? vekStsDataSizeErr : params_[idx[0]].status, {}, {}};
     std::vector<std::pair<std::string, int64_t>> mins;
     for (int i : idx) {
         if (params_[i].role != Role::length)
@@ -566,12 +539,11 @@ Step Contract::lengths(const std::string& params) {
         return std::any_of(mins.begin(), mins.end(),
                            [&](auto& m) { return c.i(m.first) < m.second; });
     };
-    for (const auto& [n, min] : mins) {
+    for (const auto& [n, min] : mins)
         for (int64_t v : std::set<int64_t>{min - 1, 0, -1, INT_MIN})
             if (v < min)
                 s.faults.push_back(
                     {n + " = " + std::to_string(v), [n = n, v](Call& c) { c.set(n, double(v)); }});
-    }
     return s;
 }
 
@@ -584,8 +556,7 @@ Step Contract::param(const std::string& name) {
         problems.push_back(exp.name + ": param(" + name + ") without a check()");
         return s;
     }
-    s.what = name + " out of range";
-    s.status = r.check_status;
+    s = {name + " out of range", r.check_status, {}, {}};
     s.fails = [valid = r.valid](const Call& c) { return !valid(c); };
     for (double v : r.bad) {
         std::ostringstream os;
@@ -1000,7 +971,7 @@ std::unique_ptr<Call> build(const Contract& c, Source* src,
             if (o != nullptr && o->kind != nullptr && o->kind->buf_size)
                 count = o->kind->buf_size(o->p);
             elem = 1;
-        } else if (r.has_size) {
+        } else if (r.size) {
             count = r.size(*call);
         } else {
             call->notes.push_back("no size rule for " + e.names[i]);

@@ -232,7 +232,6 @@ struct ParamRule {
     // buffers
     SizeFn size;
     bool nullable = false;
-    bool has_size = false;
     FillFn fill;
     // objects
     std::vector<std::string> accepts;
