@@ -36,18 +36,6 @@ struct HeaderText {
 
 #include "conformance_headers.inc" // const HeaderText kHeaders[] = {{"veks_arith.h", R"(...)"}, ...}
 
-std::vector<Export> make_table() {
-    static const ExportRow rows[] = {
-#include "conformance_exports.inc" // entry("veksAdd_16s", &veksAdd_16s), ...
-    };
-    std::vector<Export> table(std::size(rows));
-    for (size_t i = 0; i < table.size(); ++i) {
-        const ExportRow& r = rows[i];
-        table[i] = {r.name, r.fn, r.call, r.ret, {r.types, r.types + r.count}, {}, {}};
-    }
-    return table;
-}
-
 std::string trim(const std::string& s) {
     const size_t a = s.find_first_not_of(" \t\r\n");
     if (a == std::string::npos) return "";
@@ -213,16 +201,20 @@ std::string struct_name(const std::string& text) {
 }
 
 int Export::index(const std::string& param) const {
-    for (size_t i = 0; i < names.size(); ++i)
-        if (names[i] == param) return static_cast<int>(i);
-    return -1;
+    const auto it = std::find(names.begin(), names.end(), param);
+    return it == names.end() ? -1 : static_cast<int>(it - names.begin());
 }
 
 const std::vector<Export>& exports() {
     static const std::vector<Export> table = [] {
-        std::vector<Export> t = make_table();
+        static const ExportRow rows[] = {
+#include "conformance_exports.inc" // entry("veksAdd_16s", &veksAdd_16s), ...
+        };
+        std::vector<Export> t;
         const auto decls = read_declarations();
-        for (Export& e : t) {
+        for (const ExportRow& r : rows) {
+            Export& e = t.emplace_back(
+                Export{r.name, r.fn, r.call, r.ret, {r.types, r.types + r.count}, {}, {}});
             const auto it = decls.find(e.name);
             if (it == decls.end() || it->second.first.size() != e.types.size())
                 g_table_problems.push_back(
@@ -1074,12 +1066,9 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
                 void* obj = nullptr;
                 std::memcpy(&obj, call.pointer(i), sizeof obj);
                 const Kind* k = find_kind(r.creates);
-                if (obj == nullptr || k == nullptr) {
+                if (obj == nullptr || k == nullptr)
                     problem("no object stored through " + e.names[i]);
-                    continue;
-                }
-                const VekStatus rs = k->release(obj);
-                if (rs != vekStsOk)
+                else if (const VekStatus rs = k->release(obj); rs != vekStsOk)
                     problem("the object made is not of kind " + r.creates + " (its Free gave " +
                             std::to_string(rs) + ")");
             }
@@ -1089,13 +1078,11 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     }
     const VekStatus st = static_cast<VekStatus>(out.result);
 #if !VEKS_CONF_ASAN // (with AddressSanitizer the guards are poisoned instead)
-    for (const Call::Buffer& b : call.buffers) {
-        if (b.mapped) continue;
-        bool ok = true;
-        for (size_t k = 0; k < b.lead; ++k) ok &= b.block[k] == kGuardByte;
-        for (size_t k = 0; k < kGuard; ++k) ok &= b.data[b.bytes + k] == kGuardByte;
-        if (!ok) problem("written outside " + e.names[b.param]);
-    }
+    for (const Call::Buffer& b : call.buffers)
+        if (!b.mapped && (std::count(b.block, b.data, kGuardByte) != ptrdiff_t(b.lead) ||
+                          std::count(b.data + b.bytes, b.data + b.bytes + kGuard, kGuardByte) !=
+                              ptrdiff_t(kGuard)))
+            problem("written outside " + e.names[b.param]);
 #endif
     if (expect != nullptr) {
         if (st != expect->status)
@@ -1162,6 +1149,11 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
         ++*cases;
         report(what, run(c, *call, {.fail_at = fail_at}));
     };
+    auto faulted = [&](const Fault* f) { // the defaults with a fault (or none)
+        auto call = build(c, nullptr, {});
+        if (f != nullptr) f->apply(*call);
+        return call;
+    };
 
     // Valid calls: the defaults, then each suite value of each knob and scalar, an offset
     // buffer, and each nullable pointer null.
@@ -1184,13 +1176,8 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     bool allocated = false; // an allocation step comes before step a
     for (size_t a = 0; a < steps.size(); allocated |= steps[a++].status == vekStsMemAllocErr)
         for (const Fault& f : steps[a].faults) {
-            {
-                auto call = build(c, nullptr, {});
-                f.apply(*call);
-                const Step* got = first_failure(c, *call);
-                if (got != &steps[a])
-                    problems.push_back(f.what + ": the rule's own step does not see this fault");
-            }
+            if (first_failure(c, *faulted(&f)) != &steps[a])
+                problems.push_back(f.what + ": the rule's own step does not see this fault");
             once(f.what, {}, {&f});
             if (heap::watched() && !allocated) // refused before anything is allocated
                 once(f.what + ", the first heap request failing", {}, {&f}, 1);
@@ -1205,21 +1192,13 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
         std::vector<std::pair<std::string, const Fault*>> variants{{"", nullptr}};
         for (const Fault& f : nulls) variants.emplace_back(f.what, &f);
         for (const auto& [what, f] : variants) {
-            long requests = 0;
-            {
-                auto call = build(c, nullptr, {});
-                if (f != nullptr) f->apply(*call);
-                if (first_failure(c, *call) != nullptr) continue;
-                requests = run(c, *call).requests;
-            }
-            for (long k = 1; k <= requests && k <= 12; ++k) {
-                auto call = build(c, nullptr, {});
-                if (f != nullptr) f->apply(*call);
-                ++*cases;
+            long requests = 0; // of the valid call, when it is one
+            if (const auto probe = faulted(f); first_failure(c, *probe) == nullptr)
+                requests = run(c, *probe).requests;
+            for (long k = 1; k <= requests && k <= 12; ++k, ++*cases)
                 report((what.empty() ? "" : what + ", ") + "allocation " + std::to_string(k) +
                            " failing",
-                       run(c, *call, {.fail_at = k}));
-            }
+                       run(c, *faulted(f), {.fail_at = k}));
         }
     }
     return problems;
