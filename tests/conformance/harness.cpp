@@ -44,9 +44,9 @@ std::string trim(const std::string& s) {
 }
 
 // The declarations of the public headers: name -> (parameter names, parameter types).
-std::map<std::string, std::pair<std::vector<std::string>, std::vector<std::string>>>
-read_declarations() {
-    std::map<std::string, std::pair<std::vector<std::string>, std::vector<std::string>>> out;
+using Names = std::vector<std::string>;
+std::map<std::string, std::pair<Names, Names>> read_declarations() {
+    std::map<std::string, std::pair<Names, Names>> out;
     for (const HeaderText& h : kHeaders) {
         // Comments and preprocessor lines out, whitespace folded.
         std::string src = h.text, code;
@@ -76,7 +76,7 @@ read_declarations() {
             std::string head = trim(decl.substr(0, open));
             const size_t name_at = head.find_last_of(" *");
             const std::string name = head.substr(name_at == std::string::npos ? 0 : name_at + 1);
-            std::vector<std::string> names, types;
+            Names names, types;
             std::stringstream params(decl.substr(open + 1, close - open - 1));
             for (std::string p; std::getline(params, p, ',');) {
                 p = trim(p);
@@ -237,6 +237,13 @@ const std::vector<std::string>& table_problems() {
 
 namespace {
 
+// The name of the kind an InitAlloc export makes: without "veks" and "InitAlloc".
+std::string kind_name(const std::string& init) {
+    std::string n = init.substr(4);
+    if (const size_t at = n.find("InitAlloc"); at != std::string::npos) n.erase(at, 9);
+    return n;
+}
+
 // Stores elem(...) in each part of each of `count` elements of type t at data.
 void fill_elems(const TypeInfo& t, const std::string& param, void* data, int64_t count,
                 const ElemFn& elem) {
@@ -259,8 +266,7 @@ const Export* export_for(const std::string& verb, const std::string& type) {
 // The kind made by an InitAlloc export: its factory calls it with the source's arguments.
 Kind kind_from(const Export& init, const KindSource& src) {
     Kind k;
-    k.name = init.name.substr(4);
-    k.name.erase(k.name.find("InitAlloc"), 9);
+    k.name = kind_name(init.name);
     k.type = struct_name(init.texts[0]);
     k.create = [&init, src](const Call& c, void** p) {
         std::vector<Arg> args(init.types.size());
@@ -386,8 +392,6 @@ Contract::Contract(const Export& e) : exp(e) {
                 r.size = [len = lengths[0]](const Call& c) { return c.i(len); };
 }
 
-bool Contract::is(const char* regex) const { return matches(exp.name, regex); }
-
 int Contract::need(const std::string& param) {
     const int i = exp.index(param);
     if (i < 0)
@@ -417,14 +421,6 @@ Contract& Contract::value(const std::string& param, double re, double im) {
     return with(param, [&](ParamRule& r) { r.re = re, r.im = im == kSame ? re : im; });
 }
 
-Contract& Contract::suite_values(const std::string& param, std::vector<double> v) {
-    return with(param, [&](ParamRule& r) { r.suite = std::move(v); });
-}
-
-Contract& Contract::range(const std::string& param, double lo, double hi) {
-    return with(param, [&](ParamRule& r) { r.lo = lo, r.hi = hi; });
-}
-
 Contract& Contract::length(const std::string& param, int64_t min, VekStatus status) {
     return with(param, [&](ParamRule& r) {
         r.role = Role::length;
@@ -447,18 +443,10 @@ Contract& Contract::nullable(const std::string& params) {
     return *this;
 }
 
-Contract& Contract::fill(const std::string& param, FillFn fn) {
-    return with(param, [&](ParamRule& r) { r.fill = std::move(fn); });
-}
-
 Contract& Contract::fill(const std::string& param, ElemFn elem) {
     return fill(param, [param, elem](const Call& k, void* data, int64_t count) {
         fill_elems(k.e.types[static_cast<size_t>(k.e.index(param))], param, data, count, elem);
     });
-}
-
-Contract& Contract::accepts(const std::string& param, std::vector<std::string> kind_names) {
-    return with(param, [&](ParamRule& r) { r.accepts = std::move(kind_names); });
 }
 
 Contract& Contract::check(const std::string& param, Pred valid, VekStatus status,
@@ -558,11 +546,6 @@ Step Contract::param(const std::string& name) {
     return s;
 }
 
-Step Contract::custom(const std::string& what, VekStatus status, Pred fails,
-                      std::vector<Fault> faults) {
-    return {what, status, std::move(fails), std::move(faults)};
-}
-
 Step Contract::pointee(const std::string& param, Pred valid, VekStatus status,
                        std::vector<double> bad, int64_t elements) {
     std::vector<Fault> faults;
@@ -596,17 +579,15 @@ Contract& Contract::special(std::function<std::vector<std::string>()> test) {
 const std::vector<Step>& Contract::steps() const {
     auto* self = const_cast<Contract*>(this);
     if (!ordered_) {
-        std::vector<Step> s;
-        s.push_back(self->nulls());
+        std::vector<Step> s{self->nulls()};
         for (size_t i = 0; i < params_.size(); ++i)
             if (params_[i].role == Role::object) s.push_back(self->kinds(exp.names[i]));
-        bool any_length = std::any_of(params_.begin(), params_.end(),
-                                      [](const ParamRule& r) { return r.role == Role::length; });
-        if (any_length) s.push_back(self->lengths());
+        if (std::any_of(params_.begin(), params_.end(),
+                        [](const ParamRule& r) { return r.role == Role::length; }))
+            s.push_back(self->lengths());
         for (int i : checks_in_order_) s.push_back(self->param(exp.names[i]));
         s.insert(s.end(), last_.begin(), last_.end());
-        steps_ = std::move(s);
-        ordered_ = true;
+        self->order(std::move(s));
     }
     // Objects: the accepted kinds default to every kind of the parameter's struct type; the
     // faults of a kinds() step are every other kind and a foreign block.
@@ -621,8 +602,7 @@ const std::vector<Step>& Contract::steps() const {
             self->problems.push_back(exp.name + ": no kind of object registered for " +
                                      exp.names[i]);
         if (r.role == Role::object_out && r.creates.empty()) {
-            std::string n = exp.name.substr(4); // without "veks" and "InitAlloc"
-            if (const size_t at = n.find("InitAlloc"); at != std::string::npos) n.erase(at, 9);
+            std::string n = kind_name(exp.name);
             if (find_kind(n) == nullptr) n = n.substr(0, n.rfind("32f")); // other taps
             r.creates = n;
             if (find_kind(n) == nullptr)
@@ -903,8 +883,7 @@ double fuzz_value(const ParamRule& r, const TypeInfo& t, Source& s, const Call& 
 
 } // namespace
 
-std::unique_ptr<Call> build(const Contract& c, Source* src,
-                            const std::vector<std::pair<std::string, double>>& set) {
+std::unique_ptr<Call> build(const Contract& c, Source* src, const Settings& set) {
     auto call = std::make_unique<Call>(c);
     const Export& e = c.exp;
     Rng suite_rng(std::hash<std::string>{}(e.name));
@@ -1117,7 +1096,7 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
 
 namespace {
 
-std::string describe(const std::vector<std::pair<std::string, double>>& set) {
+std::string describe(const Settings& set) {
     std::ostringstream os;
     for (const auto& [k, v] : set) os << (os.tellp() > 0 ? ", " : "") << k << " = " << v;
     return os.str();
@@ -1142,7 +1121,7 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
     auto report = [&](const std::string& what, const Outcome& o) {
         for (const std::string& p : o.problems) problems.push_back(what + ": " + p);
     };
-    auto once = [&](const std::string& what, const std::vector<std::pair<std::string, double>>& set,
+    auto once = [&](const std::string& what, const Settings& set,
                     const std::vector<const Fault*>& faults, long fail_at = 0) {
         auto call = build(c, nullptr, set);
         for (const Fault* f : faults) f->apply(*call);
@@ -1157,7 +1136,7 @@ std::vector<std::string> check_export(const Contract& c, int* cases) {
 
     // Valid calls: the defaults, then each suite value of each knob and scalar, an offset
     // buffer, and each nullable pointer null.
-    std::vector<std::vector<std::pair<std::string, double>>> valid{{}};
+    std::vector<Settings> valid{{}};
     for (const Knob& k : c.knobs())
         for (int64_t v : k.suite) valid.push_back({{k.name, static_cast<double>(v)}});
     for (size_t i = 0; i < e.types.size(); ++i)

@@ -37,6 +37,13 @@
 
 namespace conf {
 
+// A regular-expression search (ECMAScript syntax), each pattern compiled once.
+bool matches(const std::string& text, const std::string& pattern);
+
+// Parameter and knob values by name, for a call the suite builds ("$offset": buffers offset by
+// that many elements, "$round-upward": the caller's rounding mode upward).
+using Settings = std::vector<std::pair<std::string, double>>;
+
 // ---- Types of parameters --------------------------------------------------------------------
 
 enum class Comp : uint8_t { none, u8, s8, u16, s16, u32, s32, u64, s64, f32, f64 };
@@ -251,7 +258,8 @@ class Contract {
     explicit Contract(const Export& e);
 
     const Export& exp;
-    bool is(const char* regex) const; // the export name matches (a regular-expression search)
+    // The export name matches (a regular-expression search).
+    bool is(const char* regex) const { return matches(exp.name, regex); }
     bool has(const std::string& param) const { return exp.index(param) >= 0; }
 
     // -- the valid call
@@ -261,22 +269,30 @@ class Contract {
                    std::vector<int64_t> suite = {});
     // The valid value of a scalar parameter (re for both parts of a complex one).
     Contract& value(const std::string& param, double re, double im = 1e308);
-    Contract& suite_values(const std::string& param, std::vector<double> v);
+    Contract& suite_values(const std::string& param, std::vector<double> v) {
+        return with(param, [&](ParamRule& r) { r.suite = std::move(v); });
+    }
     // The fuzzer's range for valid values of a parameter (values outside it are valid but
     // costly: never drawn).
-    Contract& range(const std::string& param, double lo, double hi);
+    Contract& range(const std::string& param, double lo, double hi) {
+        return with(param, [&](ParamRule& r) { r.lo = lo, r.hi = hi; });
+    }
     // A length parameter: its minimum and the status of a smaller one.
     Contract& length(const std::string& param, int64_t min, VekStatus status = vekStsDataSizeErr);
     // Element counts of buffers (names separated by spaces; names the export lacks are skipped,
     // here and in nullable()).
     Contract& size(const std::string& params, SizeFn fn);
     Contract& nullable(const std::string& params);
-    Contract& fill(const std::string& param, FillFn fn);
+    Contract& fill(const std::string& param, FillFn fn) {
+        return with(param, [&](ParamRule& r) { r.fill = std::move(fn); });
+    }
     Contract& fill(const std::string& param, ElemFn elem); // each part of each element
     // Objects: the kinds an object parameter accepts (default: every kind of its struct type).
     // The kind an InitAlloc makes is the one named after it (for a form with other taps, e.g.
     // veksFIRInitAlloc32s_16s32f, "FIR32s_16s"); a Free releases its object.
-    Contract& accepts(const std::string& param, std::vector<std::string> kind_names);
+    Contract& accepts(const std::string& param, std::vector<std::string> kind_names) {
+        return with(param, [&](ParamRule& r) { r.accepts = std::move(kind_names); });
+    }
 
     // -- the checks
     // A parameter check: `valid` false gives `status`; `bad` are values that fail it.
@@ -293,7 +309,9 @@ class Contract {
     Step kinds(const std::string& param, VekStatus status = vekStsContextMismatchErr);
     Step lengths(const std::string& params = "");
     Step param(const std::string& name);
-    Step custom(const std::string& what, VekStatus status, Pred fails, std::vector<Fault> faults);
+    Step custom(const std::string& what, VekStatus status, Pred fails, std::vector<Fault> faults) {
+        return {what, status, std::move(fails), std::move(faults)};
+    }
     // A check of the values a pointer argument points to: `valid` false gives `status`; the
     // faults are each of `bad` in each of the first `elements` elements.
     Step pointee(const std::string& param, Pred valid, VekStatus status, std::vector<double> bad,
@@ -353,9 +371,6 @@ void family(const std::string& name, const std::string& pattern,
 
 // The contract of an export (families matching it are listed in `matched`).
 std::unique_ptr<Contract> contract_for(const Export& e, std::vector<std::string>* matched);
-
-// A regular-expression search (ECMAScript syntax), each pattern compiled once.
-bool matches(const std::string& text, const std::string& pattern);
 
 // ---- A call ---------------------------------------------------------------------------------
 
@@ -440,8 +455,7 @@ struct Outcome {
 
 // Builds the valid call of a contract. With a Source the fuzzer's choices are taken (knobs,
 // lengths, values, offsets, data); without one the suite's defaults, overridden by `set`.
-std::unique_ptr<Call> build(const Contract& c, Source* src,
-                            const std::vector<std::pair<std::string, double>>& set = {});
+std::unique_ptr<Call> build(const Contract& c, Source* src, const Settings& set = {});
 // The first step the call fails, or null when it should succeed.
 const Step* first_failure(const Contract& c, const Call& call);
 struct RunOptions {

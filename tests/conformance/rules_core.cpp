@@ -33,11 +33,10 @@ Problems malloc_rule(const std::string& name) {
     const size_t bytes = std::stoul(type) / 8 * (type.ends_with('c') ? 2 : 1);
     for (int len : {1, 3, 1000}) {
         auto* q = reinterpret_cast<unsigned char*>(static_cast<intptr_t>(call1(e, len)));
-        if (q == nullptr || reinterpret_cast<uintptr_t>(q) % 32 != 0) {
+        if (q == nullptr || reinterpret_cast<uintptr_t>(q) % 32 != 0)
             p.push_back("len " + std::to_string(len) + ": not 32-byte aligned storage");
-        } else {
+        else
             std::memset(q, 0x3C, static_cast<size_t>(len) * bytes);
-        }
         veksFree(q);
     }
     for (int len : {0, -1, INT_MIN})
@@ -59,8 +58,7 @@ const conf::Rules core([] {
     conf::family("status messages", R"(^vekGetStatusString$)", [](conf::Contract& c) {
         c.special([] {
             Problems p;
-            for (int64_t s : {int64_t{INT_MIN}, int64_t{-10000}, int64_t{-9999}, int64_t{-9998},
-                              int64_t{-109}, int64_t{INT_MAX}})
+            for (const int s : {INT_MIN, -10000, -9999, -9998, -109, INT_MAX})
                 if (vekGetStatusString(static_cast<VekStatus>(s)) == nullptr)
                     p.push_back("null message for " + std::to_string(s));
             for (int s = -120; s <= 30; ++s) {

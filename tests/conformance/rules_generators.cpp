@@ -4,6 +4,7 @@
 // destination; BlackmanOpt tests its length before the pointers.
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include "harness.hpp"
 
@@ -50,18 +51,15 @@ void oscillator(conf::Contract& c, bool triangle) {
 
 const conf::Rules generators([] {
     // Random generator states (low and high, or mean and deviation), seed 12345.
-    const auto rand_kind = [](const char* name, double a, double b) {
+    const std::tuple<const char*, double, double> rand_kinds[] = {
+        {"UniformInitAlloc_8u", 0, 255}, {"UniformInitAlloc_16s", -100, 100},
+        {"UniformInitAlloc_32f", -1, 1}, {"GaussInitAlloc_8u", 128, 20},
+        {"GaussInitAlloc_16s", 0, 1000}, {"GaussInitAlloc_32f", 0, 1}};
+    for (const auto& [name, a, b] : rand_kinds)
         conf::add_kinds(std::string("^veksRand") + name + "$",
-                        [a, b](const conf::Call&, const std::string& p) {
+                        [a = a, b = b](const conf::Call&, const std::string& p) {
                             return p == "seed" ? 12345.0 : p == "low" || p == "mean" ? a : b;
                         });
-    };
-    rand_kind("UniformInitAlloc_8u", 0, 255);
-    rand_kind("UniformInitAlloc_16s", -100, 100);
-    rand_kind("UniformInitAlloc_32f", -1, 1);
-    rand_kind("GaussInitAlloc_8u", 128, 20);
-    rand_kind("GaussInitAlloc_16s", 0, 1000);
-    rand_kind("GaussInitAlloc_32f", 0, 1);
 
     conf::family("tone", R"(^veksTone_Direct_)", [](conf::Contract& c) { oscillator(c, false); });
     conf::family("triangle", R"(^veksTriangle_Direct_)",

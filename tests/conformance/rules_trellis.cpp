@@ -2,6 +2,7 @@
 // the checks of their contents (-5). The tables of the valid calls hold valid entries.
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "harness.hpp"
 
@@ -41,31 +42,27 @@ const conf::Rules trellis([] {
     conf::family(
         "Trellis decoder support", R"(^veks(GetVarPointDV|BuildSymblTableDV4D|CalcStatesDV)_)",
         [](conf::Contract& c) {
-            auto upto256 = [&c](const char* p) {
+            // A count of 1 to 256 (the fuzzer draws up to 300): its valid value, more valid ones.
+            auto count = [&c](const char* p, double v, std::vector<double> suite) {
+                c.length(p, 1).range(p, 1, 300).value(p, v).suite_values(p, std::move(suite));
                 c.check(p, [p](const conf::Call& k) { return k.i(p) <= 256; }, vekStsOutOfRangeErr,
                         {257, 1e9});
             };
             if (c.is("GetVarPointDV")) {
-                c.length("numPoints", 1).length("numSubsets", 1);
-                c.range("numPoints", 1, 600).range("numSubsets", 1, 300);
-                c.value("numPoints", 24).value("numSubsets", 4);
-                c.suite_values("numPoints", {1, 255, 256, 257, 600})
-                    .suite_values("numSubsets", {1, 256});
+                c.length("numPoints", 1).range("numPoints", 1, 600).value("numPoints", 24);
+                c.suite_values("numPoints", {1, 255, 256, 257, 600});
+                count("numSubsets", 4, {1, 256});
                 c.size("pSrc", [](const conf::Call& k) { return k.i("len"); });
                 c.size("pDstIndex pDstDist",
                        [](const conf::Call& k) { return k.i("len") * k.i("numSubsets"); });
                 c.size("pPoints pSubset", [](const conf::Call& k) { return k.i("numPoints"); });
                 c.fill("pSubset", cycle("numSubsets", "numSubsets"));
-                upto256("numSubsets");
                 c.then(entries(c, "a label", "pSubset", "numSubsets", "numSubsets",
                                [](const conf::Call& k) { return k.i("numPoints"); }));
             } else if (c.is("BuildSymblTableDV4D")) {
-                for (const char* p : {"numSubsets2D", "numSubsets4D", "numPairs"}) {
-                    c.length(p, 1).range(p, 1, 300);
-                    upto256(p);
-                }
-                c.value("numSubsets2D", 4).value("numSubsets4D", 8).value("numPairs", 2);
-                c.suite_values("numPairs", {1, 256}).suite_values("numSubsets4D", {1, 256});
+                count("numSubsets2D", 4, {});
+                count("numSubsets4D", 8, {1, 256});
+                count("numPairs", 2, {1, 256});
                 c.size("pSrcIndex pSrcDist", [](const conf::Call& k) {
                     return 2 * cnt(k, "len") * cnt(k, "numSubsets2D");
                 });
@@ -83,15 +80,13 @@ const conf::Rules trellis([] {
                                    return 2 * cnt(k, "numSubsets4D") * cnt(k, "numPairs");
                                }));
             } else {
-                for (const char* p : {"numStates", "numBranches", "numLabels"}) {
-                    c.length(p, 1).range(p, 1, 300);
-                    upto256(p);
-                }
+                count("numStates", 16, {1, 64, 256});
+                count("numBranches", 4, {});
+                count("numLabels", 8, {});
                 c.suite_values("histLen", {25, 64}).range("histLen", 1, 64);
                 c.range("column", -2, 70).range("depth", -2, 70);
-                c.value("numStates", 16).value("numBranches", 4).value("numLabels", 8);
                 c.value("histLen", 25).value("column", 3).value("depth", 24);
-                c.suite_values("numStates", {1, 64, 256}).suite_values("depth", {0, 1});
+                c.suite_values("depth", {0, 1});
                 c.size("pBranchMetric", [](const conf::Call& k) { return k.i("numLabels"); });
                 c.size("pPathMetric", [](const conf::Call& k) { return k.i("numStates"); });
                 c.size("pSurvivor",

@@ -153,7 +153,7 @@ TEST(HugeLengths, ObjectsBeyondTheHeapAreRefused) {
     for (const conf::Export& e : conf::exports()) {
         auto c = conf::contract_for(e, nullptr);
         if (!c || c->special_test()) continue;
-        std::vector<std::vector<std::pair<std::string, double>>> sets;
+        std::vector<conf::Settings> sets;
         if (c->is("^veksFFTInitAlloc_"))
             for (double order : {29, 30}) sets.push_back({{"order", order}});
         if (c->is("^veks(DFT|DCTFwd|DCTInv)InitAlloc_"))
