@@ -625,9 +625,8 @@ const std::vector<Step>& Contract::steps() const {
 
 // ---- Call ---------------------------------------------------------------------------------------
 
-Call::Call(const Contract& con) : c(con), e(con.exp), round_mode(FE_TONEAREST) {
-    args.resize(e.types.size());
-}
+Call::Call(const Contract& con)
+    : c(con), e(con.exp), args(e.types.size()), round_mode(FE_TONEAREST) {}
 
 Call::~Call() {
     for (Object& o : objects)
@@ -638,33 +637,24 @@ Call::~Call() {
                 std::free(o.p);
         }
     for (Buffer& b : buffers) {
-        if (b.mapped) {
-            g_mapper->unmap(b.block, b.bytes);
-            continue;
-        }
 #if VEKS_CONF_ASAN
-        ASAN_UNPOISON_MEMORY_REGION(b.block, b.lead);
+        ASAN_UNPOISON_MEMORY_REGION(b.block, b.lead); // (mapped buffers: no lead)
 #endif
-        std::free(b.block);
+        b.mapped ? g_mapper->unmap(b.block, b.bytes) : std::free(b.block);
     }
 }
 
-void Call::set_raw(size_t i, const void* bytes, size_t size) {
-    std::memset(args[i].b, 0, sizeof args[i].b);
-    std::memcpy(args[i].b, bytes, size);
+void Call::set_pointer(size_t i, const void* p) {
+    args[i] = Arg{};
+    std::memcpy(args[i].b, &p, sizeof p);
 }
-void Call::set_pointer(size_t i, const void* p) { set_raw(i, &p, sizeof p); }
 const void* Call::pointer(size_t i) const {
     const void* p;
     std::memcpy(&p, args[i].b, sizeof p);
     return p;
 }
 
-int64_t Call::i(const std::string& param) const {
-    const int k = e.index(param);
-    if (k < 0) return 0;
-    return static_cast<int64_t>(load_comp(e.types[k].comp, args[k].b));
-}
+int64_t Call::i(const std::string& param) const { return static_cast<int64_t>(f(param)); }
 
 double Call::f(const std::string& param, bool imag) const {
     const int k = e.index(param);
@@ -683,11 +673,6 @@ int64_t Call::n(const std::string& name, int64_t fallback) const {
 bool Call::is_null(const std::string& param) const {
     const int k = e.index(param);
     return k >= 0 && e.types[k].depth >= 1 && pointer(k) == nullptr;
-}
-
-void* Call::ptr(const std::string& param) const {
-    const int k = e.index(param);
-    return k < 0 ? nullptr : const_cast<void*>(pointer(k));
 }
 
 size_t Call::bytes(const std::string& param) const {
@@ -714,9 +699,7 @@ void Call::set_null(const std::string& param) {
 void Call::use_kind(const std::string& param, const Kind* kind) {
     const int k = e.index(param);
     if (k < 0) return;
-    Object o;
-    o.param = k;
-    o.kind = kind;
+    Object o{k, kind, nullptr, false, {}, {}};
     if (kind == nullptr) {
         o.p = std::malloc(4); // the size of an identifier, nothing more
         std::memset(o.p, 0, 4);
@@ -751,7 +734,8 @@ unsigned char* element(const Call& c, const std::string& param, int64_t i, const
     if (k < 0 || i < 0 || c.pointer(k) == nullptr) return nullptr;
     *t = &c.e.types[static_cast<size_t>(k)];
     if ((static_cast<size_t>(i) + 1) * (*t)->size > c.bytes(param)) return nullptr;
-    return static_cast<unsigned char*>(c.ptr(param)) + static_cast<size_t>(i) * (*t)->size;
+    return static_cast<unsigned char*>(const_cast<void*>(c.pointer(k))) +
+           static_cast<size_t>(i) * (*t)->size;
 }
 
 } // namespace

@@ -403,7 +403,6 @@ class Call {
     double f(const std::string& param, bool imag = false) const;
     int64_t n(const std::string& name, int64_t fallback = 0) const;
     bool is_null(const std::string& param) const;
-    void* ptr(const std::string& param) const;
     size_t bytes(const std::string& param) const; // of the buffer the argument points to (or 0)
     void set(const std::string& param, double re, double im = 1e308);
     void set_null(const std::string& param);
@@ -440,7 +439,6 @@ class Call {
     std::vector<std::string> notes; // problems met while building (a factory that failed)
     int round_mode;                 // the caller's rounding mode during the call
     long fail_at = 0;               // the heap request that fails (0: none)
-    void set_raw(size_t i, const void* bytes, size_t size);
     void set_pointer(size_t i, const void* p);
     const void* pointer(size_t i) const;
 };
