@@ -764,10 +764,8 @@ namespace {
 double extreme_value(Source& s, Comp comp) {
     if (comp == Comp::f32 || comp == Comp::f64) {
         const bool single = comp == Comp::f32;
-        const double big = single ? FLT_MAX : DBL_MAX;
-        const double tiny = single ? FLT_MIN : DBL_MIN;
-        const double den = single ? static_cast<double>(std::numeric_limits<float>::denorm_min())
-                                  : std::numeric_limits<double>::denorm_min();
+        const double big = single ? FLT_MAX : DBL_MAX, tiny = single ? FLT_MIN : DBL_MIN;
+        const double den = single ? 0x1p-149 : 0x1p-1074; // the smallest subnormal
         const double sign = s.chance(2) ? -1.0 : 1.0;
         switch (s.pick(0, 11)) {
         case 0: return std::numeric_limits<double>::quiet_NaN();
@@ -794,11 +792,8 @@ double extreme_value(Source& s, Comp comp) {
     case 2: return static_cast<double>(s.pick(-2, 2));
     case 3: return sig ? min + 1 : max - 1;
     default: {
-        // random bits of the type
-        unsigned char raw[8];
-        const uint64_t b = s.bits();
-        std::memcpy(raw, &b, sizeof raw);
-        return load_comp(comp, raw);
+        const uint64_t b = s.bits(); // random bits of the type
+        return load_comp(comp, &b);
     }
     }
 }

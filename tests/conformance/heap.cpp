@@ -7,11 +7,7 @@
 namespace {
 
 constexpr int kMaxBlocks = 1 << 14;
-struct Block {
-    void* p;
-    size_t n;
-};
-Block g_blocks[kMaxBlocks];
+std::pair<void*, size_t> g_blocks[kMaxBlocks]; // allocated and not yet freed
 int g_count = 0;
 bool g_overflow = false;
 bool g_on = false;
@@ -30,19 +26,17 @@ extern "C" void* __wrap_malloc(size_t n) {
     ++g_requests;
     if (g_requests == g_fail_at || n > g_limit) return nullptr;
     void* p = __real_malloc(n);
-    if (p != nullptr) {
-        if (g_count < kMaxBlocks)
-            g_blocks[g_count++] = {p, n};
-        else
-            g_overflow = true;
-    }
+    if (p != nullptr && g_count < kMaxBlocks)
+        g_blocks[g_count++] = {p, n};
+    else if (p != nullptr)
+        g_overflow = true;
     return p;
 }
 
 extern "C" void __wrap_free(void* p) {
     if (g_on && p != nullptr)
         for (int i = 0; i < g_count; ++i)
-            if (g_blocks[i].p == p) {
+            if (g_blocks[i].first == p) {
                 g_blocks[i] = g_blocks[--g_count];
                 break;
             }
@@ -74,8 +68,7 @@ long Watch::requests() const { return g_requests; }
 std::vector<std::pair<void*, size_t>> Watch::blocks() const {
     const bool was = g_on;
     g_on = false; // the vector below allocates
-    std::vector<std::pair<void*, size_t>> v;
-    for (int i = 0; i < g_count; ++i) v.emplace_back(g_blocks[i].p, g_blocks[i].n);
+    std::vector<std::pair<void*, size_t>> v(g_blocks, g_blocks + g_count);
     g_on = was;
     return v;
 }
