@@ -423,10 +423,7 @@ Contract& Contract::value(const std::string& param, double re, double im) {
 
 Contract& Contract::length(const std::string& param, int64_t min, VekStatus status) {
     return with(param, [&](ParamRule& r) {
-        r.role = Role::length;
-        r.integer = true;
-        r.min = min;
-        r.status = status;
+        r.role = Role::length, r.integer = true, r.min = min, r.status = status;
         if (r.re < min) r.re = r.im = static_cast<double>(min);
         if (r.lo < min) r.lo = static_cast<double>(min);
         std::erase_if(r.suite, [min](double v) { return v < min; });
@@ -458,8 +455,7 @@ Contract& Contract::check(const std::string& param, Pred valid, VekStatus status
 }
 
 Contract& Contract::order(std::vector<Step> steps) {
-    steps_ = std::move(steps);
-    ordered_ = true;
+    steps_ = std::move(steps), ordered_ = true;
     return *this;
 }
 

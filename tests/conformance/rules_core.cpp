@@ -10,29 +10,20 @@ namespace {
 
 using Problems = std::vector<std::string>;
 
-const conf::Export& named(const std::string& name) {
-    for (const conf::Export& e : conf::exports())
-        if (e.name == name) return e;
-    static conf::Export none;
-    return none;
-}
-
-int64_t call1(const conf::Export& e, int64_t v) {
-    conf::Arg a[1];
-    std::memcpy(a[0].b, &v, e.types.empty() ? 0 : e.types[0].size);
-    return e.call(e.fn, a);
-}
-
 // veksMalloc_*: storage for len elements, 32-byte aligned and writable, for len >= 1; null for
 // len < 1.
-Problems malloc_rule(const std::string& name) {
+Problems malloc_rule(const conf::Export& e) {
     Problems p;
-    const conf::Export& e = named(name);
     // The element size from the type: 8u, 16sc, 64fc, ... (a complex element holds two parts).
-    const std::string type = name.substr(name.find('_') + 1);
+    const std::string type = e.name.substr(e.name.find('_') + 1);
     const size_t bytes = std::stoul(type) / 8 * (type.ends_with('c') ? 2 : 1);
+    const auto call = [&e](int len) {
+        conf::Arg a[1];
+        std::memcpy(a[0].b, &len, sizeof len);
+        return reinterpret_cast<unsigned char*>(static_cast<intptr_t>(e.call(e.fn, a)));
+    };
     for (int len : {1, 3, 1000}) {
-        auto* q = reinterpret_cast<unsigned char*>(static_cast<intptr_t>(call1(e, len)));
+        unsigned char* q = call(len);
         if (q == nullptr || reinterpret_cast<uintptr_t>(q) % 32 != 0)
             p.push_back("len " + std::to_string(len) + ": not 32-byte aligned storage");
         else
@@ -40,14 +31,13 @@ Problems malloc_rule(const std::string& name) {
         veksFree(q);
     }
     for (int len : {0, -1, INT_MIN})
-        if (call1(e, len) != 0) p.push_back("len " + std::to_string(len) + ": not null");
+        if (call(len) != nullptr) p.push_back("len " + std::to_string(len) + ": not null");
     return p;
 }
 
 const conf::Rules core([] {
-    conf::family("allocation", R"(^veksMalloc_)", [](conf::Contract& c) {
-        c.special([name = c.exp.name] { return malloc_rule(name); });
-    });
+    conf::family("allocation", R"(^veksMalloc_)",
+                 [](conf::Contract& c) { c.special([&e = c.exp] { return malloc_rule(e); }); });
     conf::family("release", R"(^veksFree$)", [](conf::Contract& c) {
         c.special([] {
             veksFree(nullptr); // ignored
