@@ -34,10 +34,17 @@ void sweep(uint64_t seed, F body) {
 
 // ---- Copy, Set, Zero ---------------------------------------------------------------------------
 
-// Copy gives the source's bits; Zero clears all bits (T{} has none set; 0x5A before).
+// Set fills with each value; Copy gives the source's bits; Zero clears all bits (T{} has none set;
+// 0x5A before).
 template <class T>
-void check_copy_zero(VekStatus (*copy)(const T*, T*, int), VekStatus (*zero)(T*, int)) {
+void check_fill(VekStatus (*set)(T, T*, int), std::vector<T> values,
+                VekStatus (*copy)(const T*, T*, int) = nullptr,
+                VekStatus (*zero)(T*, int) = nullptr) {
     sweep<T>(11, [&](const std::vector<T>& src, int n, int k) {
+        for (const T& v : values)
+            ASSERT_TRUE(vt::writes(
+                std::vector<T>(n, v), [&](T* d) { return set(v, d, n); }, {}, off<T>(k++)));
+        if (!copy) return;
         vt::Buf<T> s(src, off<T>(k));
         ASSERT_TRUE(vt::writes(
             src, [&](T* d) { return copy(s.data(), d, n); }, {}, off<T>(k + 3)));
@@ -46,39 +53,20 @@ void check_copy_zero(VekStatus (*copy)(const T*, T*, int), VekStatus (*zero)(T*,
     });
 }
 
-TEST(CopyZero, EveryType) {
-    check_copy_zero(veksCopy_8u, veksZero_8u);
-    check_copy_zero(veksCopy_16s, veksZero_16s);
-    check_copy_zero(veksCopy_16sc, veksZero_16sc);
-    check_copy_zero(veksCopy_32f, veksZero_32f);
-    check_copy_zero(veksCopy_32fc, veksZero_32fc);
-    check_copy_zero(veksCopy_64f, veksZero_64f);
-    check_copy_zero(veksCopy_64fc, veksZero_64fc);
-}
-
-template <class T>
-void check_set(VekStatus (*fn)(T, T*, int), std::vector<T> values) {
-    vt::for_each_level([&](auto) {
-        int k = 0;
-        for (const T& v : values)
-            for (int n : vt::test_lengths())
-                ASSERT_TRUE(vt::writes(
-                    std::vector<T>(n, v), [&](T* d) { return fn(v, d, n); }, {}, off<T>(k++)));
-    });
-}
-
-TEST(Set, EveryTypeFillsWithTheValue) {
-    check_set<Vek8u>(veksSet_8u, {0, 0x5A, 255});
-    check_set<Vek16s>(veksSet_16s, {0, -2, 0x1234, -32768});
-    check_set<Vek16sc>(veksSet_16sc, {{0, 0}, {1, -1}, {-32768, 32767}});
-    check_set<Vek32s>(veksSet_32s, {0, -1, 0x01020304});
-    check_set<Vek32sc>(veksSet_32sc, {{0, 0}, {7, -9}});
-    check_set<Vek32f>(veksSet_32f, {0.0f, -0.0f, 1.5f, std::nanf("7")});
-    check_set<Vek32fc>(veksSet_32fc, {{0.0f, 0.0f}, {1.0f, -2.5f}});
-    check_set<Vek64s>(veksSet_64s, {0, -1, 0x0102030405060708ll});
-    check_set<Vek64sc>(veksSet_64sc, {{0, 0}, {-3, 0x7FFFFFFFFFFFFFFFll}});
-    check_set<Vek64f>(veksSet_64f, {0.0, -0.0, 3.25e300});
-    check_set<Vek64fc>(veksSet_64fc, {{0.0, 0.0}, {-1.0, 0.125}});
+TEST(CopySetZero, EveryType) {
+    check_fill<Vek8u>(veksSet_8u, {0, 0x5A, 255}, veksCopy_8u, veksZero_8u);
+    check_fill<Vek16s>(veksSet_16s, {0, -2, 0x1234, -32768}, veksCopy_16s, veksZero_16s);
+    check_fill<Vek16sc>(veksSet_16sc, {{0, 0}, {1, -1}, {-32768, 32767}}, veksCopy_16sc,
+                        veksZero_16sc);
+    check_fill<Vek32s>(veksSet_32s, {0, -1, 0x01020304});
+    check_fill<Vek32sc>(veksSet_32sc, {{0, 0}, {7, -9}});
+    check_fill<Vek32f>(veksSet_32f, {0.0f, -0.0f, 1.5f, std::nanf("7")}, veksCopy_32f,
+                       veksZero_32f);
+    check_fill<Vek32fc>(veksSet_32fc, {{0.0f, 0.0f}, {1.0f, -2.5f}}, veksCopy_32fc, veksZero_32fc);
+    check_fill<Vek64s>(veksSet_64s, {0, -1, 0x0102030405060708ll});
+    check_fill<Vek64sc>(veksSet_64sc, {{0, 0}, {-3, 0x7FFFFFFFFFFFFFFFll}});
+    check_fill<Vek64f>(veksSet_64f, {0.0, -0.0, 3.25e300}, veksCopy_64f, veksZero_64f);
+    check_fill<Vek64fc>(veksSet_64fc, {{0.0, 0.0}, {-1.0, 0.125}}, veksCopy_64fc, veksZero_64fc);
 }
 
 // Fills beyond the caches (32 MiB and more) take the streaming path; the element phase must
