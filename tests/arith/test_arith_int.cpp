@@ -158,37 +158,6 @@ TEST(ArithInt, MixedTypes) {
     check<Vek32u, Vek32u, Vek32u>(6, VEK_RUN2_0(veksAdd_32u), nullptr, kAdd, false);
 }
 
-// Calls spanning tens of MiB take the streaming-store path: every level against the reference,
-// and with the destination given as the second source.
-TEST(ArithInt, LargeVectors16s) {
-    const int n = (8 << 20) / 2 + 77; // three vectors of 8 MiB
-    vt::Rng rng(12);
-    const auto a = rng.vec<int16_t>(n), b = rng.vec<int16_t>(n);
-    using Fn = VekStatus (*)(const Vek16s*, const Vek16s*, Vek16s*, int, int);
-    using LD = double; // exact for these 16-bit operations, and fast where long double is not
-    const std::pair<Fn, LD (*)(LD, LD)> fns[] = {
-        {veksAdd_16s_Sfs, [](LD x, LD y) { return x + y; }},
-        {veksSub_16s_Sfs, [](LD x, LD y) { return y - x; }},
-        {veksMul_16s_Sfs, [](LD x, LD y) { return x * y; }},
-        {[](const Vek16s* x, const Vek16s*, Vek16s* d, int len, int sf) {
-             return veksMulC_16s_Sfs(x, -12345, d, len, sf);
-         },
-         [](LD x, LD) { return x * -12345; }}};
-    vt::Buf<int16_t> pa(a, 2), pb(b, 6);
-    for (auto [f, op] : fns)
-        for (int sf : {0, 1, 5}) {
-            std::vector<int16_t> want(a.size());
-            for (int i = 0; i < n; ++i) want[i] = ref_scale<int16_t>(op(a[i], b[i]), sf);
-            vt::for_each_level([&, f = f](auto) {
-                ASSERT_TRUE(vt::writes(
-                    want, [&](int16_t* d) { return f(pa.data(), pb.data(), d, n, sf); }, {}, 10));
-                ASSERT_TRUE(vt::writes(
-                    want, [&](int16_t* d) { return f(pa.data(), d, d, n, sf); }, b, 4))
-                    << "in place, sf " << sf;
-            });
-        }
-}
-
 // ---- division ------------------------------------------------------------------------------
 
 // num / (den * 2^sf) rounded half to even, for den != 0: exact in long double for sf >= 0
