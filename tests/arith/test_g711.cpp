@@ -60,16 +60,17 @@ int ref_float_to_linear(float x) {
 }
 
 // Transcoding check: the result keeps the sign, and no level of the target law lies strictly
-// between the source's value and the result's (the result is one of the two bracketing levels).
+// between the source's value and the result's (the result is one of the two bracketing levels,
+// or the source's level itself where the target law has it).
 ::testing::AssertionResult brackets(int code, int out, bool from_alaw) {
     const int v = from_alaw ? ref_alaw_decode(code) : ref_mulaw_decode(code);
     const int w = from_alaw ? ref_mulaw_decode(out) : ref_alaw_decode(out);
     if (((code ^ out) & 0x80) != 0) return ::testing::AssertionFailure() << "sign changed";
     for (int c = 0; c < 256; ++c) {
         const int u = from_alaw ? ref_mulaw_decode(c) : ref_alaw_decode(c);
-        if ((u > std::min(v, w) && u < std::max(v, w)))
+        if ((u > std::min(v, w) && u < std::max(v, w)) || (u == v && w != v))
             return ::testing::AssertionFailure()
-                   << "level " << u << " lies between " << v << " and " << w;
+                   << "level " << u << " is closer to " << v << " than " << w;
     }
     return ::testing::AssertionSuccess();
 }
@@ -155,13 +156,6 @@ TEST(G711Transcode, EveryCodeMapsToABracketingLevelInOrder) {
             ASSERT_TRUE(am.guards_intact() && ma.guards_intact());
         }
     });
-    // Levels both laws share come through exactly, and signs are kept.
-    uint8_t c[4] = {0xD5, 0x55, 0xFF, 0x7F}, d[4];
-    ASSERT_EQ(veksALawToMuLaw_8u(c, d, 2), vekStsOk);
-    EXPECT_EQ(ref_mulaw_decode(d[0]), 8);
-    EXPECT_EQ(ref_mulaw_decode(d[1]), -8);
-    ASSERT_EQ(veksMuLawToALaw_8u(c + 2, d, 2), vekStsOk);
-    EXPECT_TRUE(vt::starts_with(d, {0xD5, 0x55}));
     // Sorting the codes of one law by level, the transcoded levels never go down (mu-law has a
     // negative and a positive zero: the sign bit orders them).
     const auto level = [](int k, bool alaw) {
