@@ -17,11 +17,9 @@ using Exact = std::array<long double, 2>; // real part, imaginary part
 
 // Parts of an element: one for real types, re and im for complex ones.
 template <class T>
-using Part = vt::part_t<T>;
-template <class T>
 constexpr int kParts = vt::is_cplx<T> ? 2 : 1;
 template <class T>
-Part<T>& part(T& v, int k) {
+vt::part_t<T>& part(T& v, int k) {
     if constexpr (vt::is_cplx<T>)
         return k ? v.im : v.re;
     else
@@ -65,7 +63,8 @@ void check(uint64_t seed, Run run, RunI run_i, ExactF exact, bool scaled = true,
         std::vector<D> want(static_cast<size_t>(n));
         for (int i = 0; i < n; ++i) {
             const Exact e = exact(a[i], b[i]);
-            for (int k = 0; k < kParts<D>; ++k) part(want[i], k) = ref_scale<Part<D>>(e[k], sf);
+            for (int k = 0; k < kParts<D>; ++k)
+                part(want[i], k) = ref_scale<vt::part_t<D>>(e[k], sf);
         }
         vt::Buf<A> pa(a, off<A>(1));
         vt::Buf<B> pb(b, off<B>(3));

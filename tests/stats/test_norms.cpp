@@ -185,9 +185,6 @@ TEST(Norm, IntegerNormsMatchExactReference) {
 
 // ---- dot products ------------------------------------------------------------------------------
 
-template <class T>
-using Part = vt::part_t<T>;
-
 #ifdef __SIZEOF_INT128__
 using Exact = __int128;
 constexpr bool kExactWide = true;
@@ -200,12 +197,13 @@ constexpr bool kExactWide = false;
 // long double; plus the sum of product magnitudes for the float tolerance.
 template <class A, class B>
 void ref_dot(const std::vector<A>& a, const std::vector<B>& b, LD& re, LD& im, LD& mag) {
+    constexpr bool exact = std::is_integral_v<vt::part_t<A>> && std::is_integral_v<vt::part_t<B>>;
     Exact ere = 0, eim = 0;
     re = im = mag = 0;
     for (size_t i = 0; i < a.size(); ++i) {
         const LD ar = vt::to_c(a[i]).real(), ai = vt::to_c(a[i]).imag();
         const LD br = vt::to_c(b[i]).real(), bi = vt::to_c(b[i]).imag();
-        if constexpr (std::is_integral_v<Part<A>> && std::is_integral_v<Part<B>>) {
+        if constexpr (exact) {
             const auto e = [](LD x) { return static_cast<Exact>(static_cast<int64_t>(x)); };
             ere += e(ar) * e(br) - e(ai) * e(bi);
             eim += e(ar) * e(bi) + e(ai) * e(br);
@@ -215,8 +213,7 @@ void ref_dot(const std::vector<A>& a, const std::vector<B>& b, LD& re, LD& im, L
         }
         mag += std::fabs(ar * br) + std::fabs(ai * bi) + std::fabs(ar * bi) + std::fabs(ai * br);
     }
-    if constexpr (std::is_integral_v<Part<A>> && std::is_integral_v<Part<B>>)
-        re = static_cast<LD>(ere), im = static_cast<LD>(eim);
+    if constexpr (exact) re = static_cast<LD>(ere), im = static_cast<LD>(eim);
 }
 
 // Calls fn on random vectors of every test length and level, comparing with the reference
