@@ -2,6 +2,7 @@
 // transcoder, on every kernel level and with unaligned vectors, against references written here
 // from the law's segment definitions; round trips; documented values.
 #include <algorithm>
+#include <bit>
 #include "testutil.hpp"
 
 #include <cmath>
@@ -21,14 +22,8 @@ int ref_mulaw_decode(int code) {
     return (c & 0x80) ? -4 * lin14 : 4 * lin14;
 }
 
-int floor_log2(int y) {
-    int e = -1;
-    while (y > 0) {
-        y >>= 1;
-        ++e;
-    }
-    return e;
-}
+// floor(log2(y)) for y > 0.
+int floor_log2(int y) { return static_cast<int>(std::bit_width(static_cast<unsigned>(y))) - 1; }
 
 // Segment code of y (0 <= y <= 32767): 16 steps of 16 below 256, then 16 steps per octave.
 int segment_code(int y) {
