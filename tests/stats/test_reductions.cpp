@@ -43,12 +43,6 @@ int64_t exact_sum(const std::vector<int16_t>& v, int stride = 1, int first = 0) 
     return s;
 }
 
-std::vector<int> sfs_all() {
-    std::vector<int> v{INT32_MIN, INT32_MAX};
-    for (int sf = -40; sf <= 60; ++sf) v.push_back(sf);
-    return v;
-}
-
 // Random vectors of every test length, then long ones across the block boundaries with extreme
 // contents.
 std::vector<std::vector<int16_t>> sum_vectors(vt::Rng& rng) {
@@ -83,7 +77,8 @@ int16_t ref_mean16(int64_t s, int len, int sf, bool& tie) {
 // reciprocal).
 TEST(SumMean, Integer16sAnd16scMatchExactReference) {
     vt::Rng rng(1);
-    const auto sfs = sfs_all();
+    std::vector<int> sfs{INT32_MIN, INT32_MAX};
+    for (int sf = -40; sf <= 60; ++sf) sfs.push_back(sf);
     const auto vecs = sum_vectors(rng);
     vt::for_each_level([&](auto) {
         for (const auto& v : vecs) {
