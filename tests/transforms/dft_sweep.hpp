@@ -99,7 +99,8 @@ void complex_sweep(const std::vector<int>& args, int all_levels_below, uint64_t 
         const int arg = args[at], n = A::length(arg), flag = flag_of(at);
         if (reference_too_long<A>(arg, n)) continue;
         SCOPED_TRACE("N = " + std::to_string(n) + " flag " + std::to_string(flag));
-        auto *plan = none(A::initC), *split = none(A::initS);
+        auto* plan = none(A::initC);
+        auto* split = none(A::initS);
         ASSERT_EQ(A::initC(&plan, arg, flag, vekAlgHintNone), vekStsOk);
         ASSERT_EQ(A::initS(&split, arg, VEK_FFT_DIV_INV_BY_N, vekAlgHintNone), vekStsOk);
         int size = -1, ssize = -1;

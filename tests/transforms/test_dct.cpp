@@ -57,7 +57,8 @@ void matches_reference(auto initF, auto initI, auto fwd, auto inv, auto freeF, a
         const std::vector<cld> want[2] = {ref_dct(xl, false), ref_dct(xl, true)};
         for (int hint : {0, 2}) {
             SCOPED_TRACE("N = " + std::to_string(n) + " hint " + std::to_string(hint));
-            auto *f = vt::none(initF), *g = vt::none(initI);
+            auto* f = vt::none(initF);
+            auto* g = vt::none(initI);
             ASSERT_EQ(initF(&f, n, static_cast<VekHintAlgorithm>(hint)), vekStsOk);
             ASSERT_EQ(initI(&g, n, static_cast<VekHintAlgorithm>(hint)), vekStsOk);
             int size = -1;
@@ -123,7 +124,8 @@ TEST(Dct, BufferSizesFollowThePlan) {
 void pipeline16(auto init16, auto init32, auto t16, auto t32, auto free16, auto free32) {
     vt::Rng rng(16);
     for (int n : {1, 4, 8, 12, 16, 100, 101, 512, 1000}) {
-        auto *s = vt::none(init16), *r = vt::none(init32);
+        auto* s = vt::none(init16);
+        auto* r = vt::none(init32);
         ASSERT_EQ(init16(&s, n, vekAlgHintNone), vekStsOk);
         ASSERT_EQ(init32(&r, n, vekAlgHintNone), vekStsOk);
         for (int sf : {-2, 0, 3}) {

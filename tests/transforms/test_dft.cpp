@@ -50,7 +50,8 @@ void powers_of_two_are_the_fft() {
         const int n = 1 << order;
         EXPECT_EQ(vt::buf_size(A::initC, A::bufC, A::freeC, n, flag, h),
                   vt::buf_size(B::initC, B::bufC, B::freeC, order, flag, h));
-        auto *plan = vt::none(A::initC), *f = vt::none(B::initC);
+        auto* plan = vt::none(A::initC);
+        auto* f = vt::none(B::initC);
         ASSERT_EQ(A::initC(&plan, n, flag, h), vekStsOk);
         ASSERT_EQ(B::initC(&f, order, flag, h), vekStsOk);
         const auto x = vt::rvec<typename A::C>(rng, n, 1);

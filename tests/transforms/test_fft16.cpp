@@ -40,8 +40,11 @@ void pipeline16(int arg, int flag, VekHintAlgorithm hint, int fflag, VekHintAlgo
     const int n = F::length(arg);
     SCOPED_TRACE("N " + std::to_string(n) + " flag " + std::to_string(flag) + " hint " +
                  std::to_string(hint));
-    auto *fc = vt::none(F::initC), *fr = vt::none(F::initR);
-    auto *plan = vt::none(K::initC), *split = vt::none(K::initS), *real = vt::none(K::initR);
+    auto* fc = vt::none(F::initC);
+    auto* fr = vt::none(F::initR);
+    auto* plan = vt::none(K::initC);
+    auto* split = vt::none(K::initS);
+    auto* real = vt::none(K::initR);
     ASSERT_EQ(F::initC(&fc, arg, fflag, fhint), vekStsOk);
     ASSERT_EQ(F::initR(&fr, arg, fflag, fhint), vekStsOk);
     ASSERT_EQ(K::initC(&plan, arg, flag, hint), vekStsOk);
