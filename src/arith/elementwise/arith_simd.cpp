@@ -641,6 +641,16 @@ int div_from(const T* a, const T* b, T* d, size_t n, size_t i, int zero) {
         put(i + w, V::div(V::load(b + i + w), x1));
     }
     if (stream) simd::stream_fence();
+    if (i + w <= n) { // a last whole vector without lane masks
+        const auto x = V::load(a + i);
+        if (V::any(V::eq(x, z))) [[unlikely]] {
+            if constexpr (!Checked) return div_checked_from(a, b, d, n, i, zero);
+            zero |= div_with_zero(a + i, b + i, d + i, w);
+        } else {
+            V::store(d + i, V::div(V::load(b + i), x));
+        }
+        i += w;
+    }
     for (; i < n; i += w) {
         const size_t m = std::min(w, n - i);
         const auto x = V::select(V::first_n(m), V::load_n(a + i, m), V::splat(T(1)));
