@@ -211,15 +211,44 @@ inline void leaf_group(const T* in, size_t in_step, T* out, size_t out_step) {
 // rev(r0 + l) = rev(r0) + rev(l) for r0 a multiple of W, and rev(l) over bbits bits is l
 // reversed over log2(W) bits, times nb / W.
 template <class V, class T, int S, bool INV>
+void leaf_groups(const T* src, T* dst, size_t nb, int bbits) {
+    constexpr size_t W = kPairs<V>;
+    const size_t out_step = 2 * S * (nb / W);
+    for (size_t r0 = 0; r0 < nb; r0 += W)
+        leaf_group<V, T, S, INV>(src + 2 * r0, 2 * nb, dst + 2 * S * bit_reverse(r0, bbits),
+                                 out_step);
+}
+
+// The same pass for data beyond the level-1 cache with leaf blocks shorter than four cache
+// lines. Each lane of a group writes one leaf block, and groups r0 and r0 + nb/2 write
+// neighbouring blocks (rev(r0 + nb/2) = rev(r0) + 1): run together, every lane writes two blocks
+// in a row. Scattered single blocks left the pass waiting on the level-2 cache: on an AMD EPYC
+// (Zen 4, AVX-512) this took the single-precision transforms of 2^15 and 2^17 points from 1.0 of
+// FFTW's time to 0.8, and the double-precision ones of 2^13 to 2^19 points 20 to 29% faster.
+// (Not inlined: in the short transforms' code it slowed the other loop down.)
+template <class V, class T, int S, bool INV>
+[[gnu::noinline]] void leaf_group_pairs(const T* src, T* dst, size_t nb, int bbits) {
+    constexpr size_t W = kPairs<V>;
+    const size_t out_step = 2 * S * (nb / W);
+    const size_t h = nb / 2;
+    for (size_t r0 = 0; r0 < h; r0 += W) {
+        T* out = dst + 2 * S * bit_reverse(r0, bbits);
+        leaf_group<V, T, S, INV>(src + 2 * r0, 2 * nb, out, out_step);
+        leaf_group<V, T, S, INV>(src + 2 * (r0 + h), 2 * nb, out + 2 * S, out_step);
+    }
+}
+
+template <class V, class T, int S, bool INV>
 void leaf_out_of_place(const T* src, T* dst, size_t nb, int bbits) {
     constexpr size_t W = kPairs<V>;
     if constexpr (W > 1) {
         if (nb < W) return leaf_out_of_place<Narrower<V>, T, S, INV>(src, dst, nb, bbits);
     }
-    const size_t out_step = 2 * S * (nb / W);
-    for (size_t r0 = 0; r0 < nb; r0 += W)
-        leaf_group<V, T, S, INV>(src + 2 * r0, 2 * nb, dst + 2 * S * bit_reverse(r0, bbits),
-                                 out_step);
+    if constexpr (2 * S * sizeof(T) < 256) {
+        if (2 * S * nb * sizeof(T) > 32768)
+            return leaf_group_pairs<V, T, S, INV>(src, dst, nb, bbits);
+    }
+    leaf_groups<V, T, S, INV>(src, dst, nb, bbits);
 }
 
 // In place, nb >= S: the bit reversal and the leaf pass together. The inputs x[S t + q + p nb]
