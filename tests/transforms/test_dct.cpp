@@ -4,6 +4,7 @@
 #include <cfenv>
 #include <climits>
 #include <cmath>
+#include <cstring>
 
 #include "dft_ref.hpp"
 #include "testutil.hpp"
@@ -98,6 +99,42 @@ TEST(Dct, Double) {
     matches_reference<double>(veksDCTFwdInitAlloc_64f, veksDCTInvInitAlloc_64f, veksDCTFwd_64f,
                               veksDCTInv_64f, veksDCTFwdFree_64f, veksDCTInvFree_64f,
                               veksDCTFwdGetBufSize_64f);
+}
+
+// Eight points run a vector kernel that adds its unfused products in the plain loop's order:
+// every kernel level gives the scalar level's bits, forward and inverse.
+template <class T>
+void eight_points_same_bits(auto initF, auto initI, auto fwd, auto inv, auto freeF, auto freeI) {
+    vt::Rng rng(3);
+    std::vector<T> x(8);
+    for (T& v : x) v = static_cast<T>(rng.uniform(-1, 1));
+    auto* f = vt::none(initF);
+    auto* g = vt::none(initI);
+    ASSERT_EQ(initF(&f, 8, vekAlgHintNone), vekStsOk);
+    ASSERT_EQ(initI(&g, 8, vekAlgHintNone), vekStsOk);
+    std::vector<T> first[2];
+    vt::for_each_level([&](auto) {
+        for (int inverse : {0, 1}) {
+            std::vector<T> y(8);
+            ASSERT_EQ(inverse ? inv(x.data(), y.data(), g, nullptr)
+                              : fwd(x.data(), y.data(), f, nullptr),
+                      vekStsOk);
+            if (first[inverse].empty())
+                first[inverse] = y;
+            else
+                EXPECT_EQ(std::memcmp(y.data(), first[inverse].data(), 8 * sizeof(T)), 0)
+                    << "inverse " << inverse;
+        }
+    });
+    freeF(f);
+    freeI(g);
+}
+
+TEST(Dct, EightPointsSameBitsOnEveryLevel) {
+    eight_points_same_bits<float>(veksDCTFwdInitAlloc_32f, veksDCTInvInitAlloc_32f, veksDCTFwd_32f,
+                                  veksDCTInv_32f, veksDCTFwdFree_32f, veksDCTInvFree_32f);
+    eight_points_same_bits<double>(veksDCTFwdInitAlloc_64f, veksDCTInvInitAlloc_64f, veksDCTFwd_64f,
+                                   veksDCTInv_64f, veksDCTFwdFree_64f, veksDCTInvFree_64f);
 }
 
 // Buffer sizes: 0 for 1, 2, 4, 8; 4 N + 16 for the other powers of two and for the direct

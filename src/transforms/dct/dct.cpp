@@ -206,15 +206,22 @@ VekStatus create(DctRec<T>** out, int len, int hint, bool inverse) noexcept {
     return vekStsOk;
 }
 
-// The small plan: the matrix product in double, the N outputs side by side.
+// The small plan: the matrix product in double, the N outputs side by side (8 points in the
+// vector kernel, which adds in the same order).
 template <int N, class T>
 void small(const double* m, const T* src, T* dst) {
-    double acc[N] = {};
-    for (int j = 0; j < N; ++j) {
-        const double x = static_cast<double>(src[j]);
-        for (int i = 0; i < N; ++i) acc[i] += x * m[j * N + i];
+    if constexpr (N == 8 && std::is_same_v<T, float>) {
+        kern::dft_kernels().dct8_32f(m, src, dst);
+    } else if constexpr (N == 8) {
+        kern::dft_kernels().dct8_64f(m, src, dst);
+    } else {
+        double acc[N] = {};
+        for (int j = 0; j < N; ++j) {
+            const double x = static_cast<double>(src[j]);
+            for (int i = 0; i < N; ++i) acc[i] += x * m[j * N + i];
+        }
+        for (int i = 0; i < N; ++i) dst[i] = static_cast<T>(acc[i]);
     }
-    for (int i = 0; i < N; ++i) dst[i] = static_cast<T>(acc[i]);
 }
 
 template <class T>

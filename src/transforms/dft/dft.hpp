@@ -137,6 +137,11 @@ struct DftKernels {
     // for k = 1 .. h, each in a row of h rounded up to a multiple of 16 values. y[0] and, for
     // even n, y[n / 2] are left to the caller; v and y do not overlap.
     void (*dct_rotate_32f)(const float* v, float* y, const float* tab, size_t n, size_t at);
+    // The 8-point DCT's product with its matrix in double: y[i] = the sum over j = 0 .. 7, in
+    // that order from +0, of x[j] m[8 j + i], every product and sum rounded (never fused), so
+    // every level gives the same bits; then rounded to the element type. x may equal y.
+    void (*dct8_32f)(const double* m, const float* x, float* y);
+    void (*dct8_64f)(const double* m, const double* x, double* y);
 
     // The short transforms as one matrix product: y[i] = sum_{j < nin} x[j] m[j stride + i] for
     // i < nout <= stride, products and sums in float (fused where the level fuses), x read in

@@ -893,6 +893,22 @@ size_t dct_rotate_span(const float* v, float* y, const float* const* t, size_t n
 }
 #endif
 
+template <class T>
+void dct8(const double* m, const T* x, T* y) {
+    using V = Vec<double, (simd::Wide<double>::lanes < 8 ? simd::Wide<double>::lanes : 8)>;
+    constexpr int L = V::lanes, R = 8 / L;
+    double in[8], out[8];
+    for (int j = 0; j < 8; ++j) in[j] = static_cast<double>(x[j]);
+    R_<V> acc[R];
+    for (int r = 0; r < R; ++r) acc[r] = V::zero();
+    for (int j = 0; j < 8; ++j) {
+        const auto xj = V::splat(in[j]);
+        for (int r = 0; r < R; ++r) acc[r] = V::add(acc[r], V::mul(xj, V::load(m + 8 * j + L * r)));
+    }
+    for (int r = 0; r < R; ++r) V::store(out + L * r, acc[r]);
+    for (int i = 0; i < 8; ++i) y[i] = static_cast<T>(out[i]);
+}
+
 void dct_rotate_32f(const float* v, float* y, const float* tab, size_t n, size_t at) {
     const size_t h = (n - 1) / 2, hp = (h + 15) / 16 * 16;
     const float *a = tab, *b = tab + hp, *c = tab + 2 * hp, *d = tab + 3 * hp;
@@ -1048,6 +1064,8 @@ extern const DftKernels dft = {
     .cmul_64f = simd::entry<cmul<double>>,
     .dct_order_32f = simd::entry<dct_order_32f>,
     .dct_rotate_32f = simd::entry<dct_rotate_32f>,
+    .dct8_32f = simd::entry<dct8<float>>,
+    .dct8_64f = simd::entry<dct8<double>>,
     .matvec_32f = simd::entry<matvec_32f>,
     .c12_32f = simd::entry<c12<float>>,
 };
