@@ -998,14 +998,16 @@ Outcome run(const Contract& c, Call& call, const RunOptions& o) {
     veks::conv::release_idle_plans();
     {
         std::fesetround(call.round_mode);
+        const uint64_t controls = vt::fp_controls();
         heap::Watch w(o.fail_at, o.heap_limit);
         const bool clean_before = !vt::upper_halves_in_use();
         out.result = e.call(e.fn, call.args.data());
         if (clean_before && vt::upper_halves_in_use())
             problem("returns with the upper halves of the vector registers in use");
-        const int mode_after = std::fegetround();
+        const uint64_t controls_after = vt::fp_controls();
         std::fesetround(FE_TONEAREST);
-        if (mode_after != call.round_mode) problem("the caller's rounding mode was not restored");
+        if (controls_after != controls)
+            problem("the caller's floating-point controls (rounding mode) were not restored");
         if (expect == nullptr && o.fail_at > 0 && w.requests() >= o.fail_at) {
             forced = {
                 "allocation " + std::to_string(o.fail_at) + " failing", vekStsMemAllocErr, {}, {}};
