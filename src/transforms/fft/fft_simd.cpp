@@ -238,7 +238,7 @@ void leaf_groups(const T* src, T* dst, size_t nb, int bbits) {
 // neighbouring blocks (rev(r0 + nb/2) = rev(r0) + 1): run together, every lane writes two blocks
 // in a row. Scattered single blocks left the pass waiting on the level-2 cache: on an AMD EPYC
 // (Zen 4, AVX-512) this took the single-precision transforms of 2^15 and 2^17 points from 1.0 of
-// FFTW's time to 0.8, and the double-precision ones of 2^13 to 2^19 points 20 to 29% faster.
+// FFTW's time to 0.8, and the double-precision ones of 2^13 to 2^19 points 18 to 29% faster.
 // Vectors narrower than a cache line run the groups of a whole line of columns in a row (the
 // S rows a group reads share one level-1 set, so a line left half read was evicted before the
 // next group read its other half): 4 to 10% off single precision on AVX2.
