@@ -13,13 +13,12 @@
 // sum unchanged (a partial sum built from +0 is never -0 unless the caller rounds downward, and
 // there -0 + +0 is -0 too), so the tail is one partial vector per register and the tree runs
 // whole: the same bits with no work for absent elements. Every register index is a constant
-// (the loops are unrolled by index sequences), so the partial sums stay in registers from the
+// (the loops are unrolled by simd::unroll), so the partial sums stay in registers from the
 // first addition to the tree; a run-time index, or a tree cut short at run time, makes them an
 // array in memory that every call zeroes, stores and reloads.
 #pragma once
 
 #include <cstddef>
-#include <utility>
 
 #include "simd/vec.hpp"
 
@@ -94,16 +93,14 @@ class PartialSums {
     // f(0), ..., f(kRegs - 1).
     template <class F>
     static void each(F f) {
-        [&]<size_t... K>(std::index_sequence<K...>) { (f(K), ...); }
-        (std::make_index_sequence<kRegs>{});
+        simd::unroll<kRegs>(f);
     }
 
     // The register-level steps of the tree (lanes w W apart), down to Stop lanes apart.
     template <size_t Stop, size_t w = kRegs / 2>
     void fold_registers() {
         if constexpr (w >= 1 && w * W >= Stop) {
-            [&]<size_t... J>(std::index_sequence<J...>) { ((r[J] = V::add(r[J], r[J + w])), ...); }
-            (std::make_index_sequence<w>{});
+            simd::unroll<w>([&](auto j) { r[j] = V::add(r[j], r[j + w]); });
             fold_registers<Stop, w / 2>();
         }
     }

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <type_traits>
-#include <utility>
 
 #include "simd/entry.hpp"
 #include "simd/vec.hpp"
@@ -347,14 +346,6 @@ void gpass(const typename V::value_type* x, typename V::value_type* y, const Mix
                           e);
 }
 
-// Stores rows t[0 .. nv) `stride` values apart, written out: a loop over them would be turned
-// into a block copy (through memory, with a slow start) where the rows are contiguous.
-template <class V, size_t... L>
-inline void store_rows(typename V::value_type* y, size_t stride, const R_<V>* t, size_t nv,
-                       std::index_sequence<L...>) {
-    ((L < nv ? V::store(y + L * stride, t[L]) : void()), ...);
-}
-
 // Rows t[0 .. nv) of C x C complex values transposed and stored `stride` values apart. HALF:
 // at the AVX-512 level, 8 x 8 single-precision values in half rows (fewer shuffles, twice the
 // stores: quicker for short transforms, where the shuffles bound the time, and slower for long
@@ -371,7 +362,11 @@ inline void transpose_store(typename V::value_type* y, size_t stride, R_<V>* t, 
 #endif
     V::transpose_pairs(t);
     constexpr size_t C = cw<V>;
-    store_rows<V>(y, stride, t, nv, std::make_index_sequence<C>{});
+    // Row by row, written out: a loop over the rows would be turned into a block copy (through
+    // memory, with a slow start) where they are contiguous.
+    simd::unroll<C>([&](auto l) {
+        if (l < nv) V::store(y + l * stride, t[l]);
+    });
 }
 
 // One block of the lane pass: lanes p0 .. p0 + nv (nv = C when FULL) of radix R.

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <utility>
 
 #include "transforms/fft/fft.hpp"
 #include "simd/entry.hpp"
@@ -44,18 +43,7 @@ using Widest = simd::Vec<T, std::max(2, simd::Wide<T>::lanes)>;
 using VF = Widest<float>;
 using VD = Widest<double>;
 
-// f(K) for the constants K = 0, Step, 2 Step, ... below N. The loops over a transform's
-// registers are written with it so that every index is a constant: a loop the compiler keeps
-// rolled puts the registers in a stack array, and GCC 12's AVX2 code filled that array with
-// 16-byte copies read back as 32-byte loads, each waiting for its two stores (on a Zen 4 core
-// the 32- and 64-point transforms took twice the time of the same code with 32 registers).
-template <int N, int Step = 1, class F>
-inline void unroll(F f) {
-    [&]<int... K>(std::integer_sequence<int, K...>) {
-        (f(std::integral_constant<int, K * Step>{}), ...);
-    }
-    (std::make_integer_sequence<int, N / Step>{});
-}
+using simd::unroll;
 
 // ---- bit reversal ---------------------------------------------------------------------------
 
