@@ -83,17 +83,6 @@ inline void stream_fence() {}
 // Whether the level has registers at all (false: every Vec is the portable one-lane version).
 inline constexpr bool kHasVectors = kWideBytes > 0;
 
-// A native register, kept as it is. GCC folds a load into a compare even when the loaded value
-// is needed in a register too (by the select after the compare), and then reads the memory
-// twice: a loop bound by its loads gets half as fast again. in_register(V::load(p)) reads once.
-template <class R>
-inline R in_register(R x) {
-#if VEK_ISA_LEVEL >= 1 && defined(__GNUC__)
-    asm("" : "+v"(x));
-#endif
-    return x;
-}
-
 // f(K) for the constants K = 0, Step, 2 Step, ... below N, each an std::integral_constant. Loops
 // over a kernel's registers are written with it so that every register index is a constant: a
 // loop the compiler keeps rolled puts the registers in a stack array (GCC 12's AVX2 code filled

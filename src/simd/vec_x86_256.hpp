@@ -116,7 +116,11 @@ struct Vec<float, 8> {
         return _mm256_fmsubadd_ps(a, wr, _mm256_mul_ps(swap_pairs(a), wi));
     }
     // x * y for interleaved complex x, y: (fused(xr, yr, -(xi yi)), fused(xi, yr, xr yi)).
-    static R complex_mul(R x, R y) { return mul_twiddle(x, dup_re(y), dup_im(y)); }
+    static R complex_mul(R x, R y) {
+        x = in_register(x);
+        y = in_register(y);
+        return mul_twiddle(x, dup_re(y), dup_im(y));
+    }
     static void rotate(R a, R b, R& x1, R& x3) {
         const R one = _mm256_set1_ps(1.0f), sb = swap_pairs(b);
         x1 = _mm256_fmsubadd_ps(a, one, sb);
@@ -348,7 +352,11 @@ struct Vec<double, 4> {
     static R mul_conj_twiddle(R a, R wr, R wi) {
         return _mm256_fmsubadd_pd(a, wr, _mm256_mul_pd(swap_pairs(a), wi));
     }
-    static R complex_mul(R x, R y) { return mul_twiddle(x, dup_re(y), dup_im(y)); }
+    static R complex_mul(R x, R y) {
+        x = in_register(x);
+        y = in_register(y);
+        return mul_twiddle(x, dup_re(y), dup_im(y));
+    }
     static void rotate(R a, R b, R& x1, R& x3) {
         const R one = _mm256_set1_pd(1.0), sb = swap_pairs(b);
         x1 = _mm256_fmsubadd_pd(a, one, sb);
