@@ -276,7 +276,7 @@ void qspan(const typename V::value_type* x, typename V::value_type* y, size_t q,
             R_<V> a[R];
             const auto* in = x + 2 * (q + s * p);
             for (int j = 0; j < R; ++j) {
-                a[j] = V::load(in + j * in_step);
+                a[j] = simd::in_register(V::load(in + j * in_step));
                 if constexpr (E) a[j] = ev.load(a[j]);
             }
             butterfly<V, R>(a);
@@ -315,7 +315,7 @@ void gspan(const typename V::value_type* x, typename V::value_type* y, size_t q,
         for (; q + C <= qe; q += C) {
             const auto* in = x + 2 * (q + s * p);
             for (int j = 0; j < r; ++j) {
-                a[j] = V::load(in + j * in_step);
+                a[j] = simd::in_register(V::load(in + j * in_step));
                 if constexpr (E) a[j] = ev.load(a[j]);
             }
             dft_pairs<V>(a, sd, sd + (r - 1) / 2, r, trig);
@@ -377,7 +377,7 @@ inline void lblock(const typename V::value_type* x, typename V::value_type* y, s
     R_<V> a[R];
     for (int j = 0; j < R; ++j) {
         const auto* in = x + 2 * (p0 + j * m);
-        a[j] = FULL ? V::load(in) : V::load_n(in, 2 * nv);
+        a[j] = simd::in_register(FULL ? V::load(in) : V::load_n(in, 2 * nv));
         if constexpr (E) a[j] = ev.load(a[j]);
     }
     butterfly<V, R>(a);
@@ -402,7 +402,7 @@ inline void lblock_rows(const float* x, float* y, size_t m, const float* table, 
                         size_t p0) {
     R_<VL> a[R];
     for (int j = 0; j < R; ++j) {
-        a[j] = VL::load(x + 2 * (p0 + j * m));
+        a[j] = simd::in_register(VL::load(x + 2 * (p0 + j * m)));
         if constexpr (E) a[j] = ev.load(a[j]);
     }
     butterfly<VL, R>(a);
