@@ -163,8 +163,10 @@ T block_extreme(const T* p, size_t n, T start, bool& nan) {
     R m0 = s, m1 = s, m2 = s, m3 = s;
     size_t i = 0;
     for (; i + 4 * W <= n; i += 4 * W) {
-        const R a = V::load(p + i), b = V::load(p + i + W), c = V::load(p + i + 2 * W),
-                d = V::load(p + i + 3 * W);
+        // Each vector feeds the pick and the NaN test: kept in a register, it is read once.
+        const R a = simd::in_register(V::load(p + i)), b = simd::in_register(V::load(p + i + W)),
+                c = simd::in_register(V::load(p + i + 2 * W)),
+                d = simd::in_register(V::load(p + i + 3 * W));
         m0 = pick(a, m0);
         m1 = pick(b, m1);
         m2 = pick(c, m2);
@@ -172,7 +174,7 @@ T block_extreme(const T* p, size_t n, T start, bool& nan) {
         nan |= V::any(V::unordered(a, b)) | V::any(V::unordered(c, d));
     }
     for (; i + W <= n; i += W) {
-        const R a = V::load(p + i);
+        const R a = simd::in_register(V::load(p + i));
         m0 = pick(a, m0);
         nan |= V::any(V::unordered(a, a));
     }
