@@ -698,8 +698,10 @@ using W32 = Wide<Vek32s>;
 template <class V16, class F, class Plain>
 inline void blocks16(const Vek16s* a, const Vek16s* b, Vek16s* d, size_t n, F f, Plain plain) {
     size_t i = 0;
+    // The scaled forms use each operand twice (both halves widened): read once, in a register.
     for (; i + V16::lanes <= n; i += V16::lanes)
-        V16::store(d + i, f(V16::load(a + i), V16::load(b + i)));
+        V16::store(d + i,
+                   f(simd::in_register(V16::load(a + i)), simd::in_register(V16::load(b + i))));
     if (i < n) plain(i, n - i);
 }
 
@@ -756,7 +758,7 @@ inline void mul16_v(const Vek16s* a, LoadB load_b, Vek16s* d, size_t n, int sf, 
         const simd::ShiftRoundEven<V32> round(sf);
         size_t i = 0;
         for (; i + V16::lanes <= n; i += V16::lanes) {
-            const auto x = V16::load(a + i), y = load_b(i);
+            const auto x = simd::in_register(V16::load(a + i)), y = simd::in_register(load_b(i));
             const auto lo = round(V16::mul_wide_lo(x, y)), hi = round(V16::mul_wide_hi(x, y));
             W16::store(d + i, V32::template narrow_sat<Vek16s>(lo, hi));
         }
