@@ -36,6 +36,16 @@ struct Vec<float, 16> {
         even = _mm512_permutex2var_ps(a, i, b);
         odd = _mm512_permutex2var_ps(a, _mm512_add_epi32(i, _mm512_set1_epi32(1)), b);
     }
+    // Separates the parts of 16 interleaved complex values (a, b) into re and im vectors, in an
+    // order that `interleave_parts` undoes.
+    static void split_parts(R a, R b, R& re, R& im) {
+        re = _mm512_shuffle_ps(a, b, 0x88);
+        im = _mm512_shuffle_ps(a, b, 0xDD);
+    }
+    static void interleave_parts(R re, R im, R& a, R& b) {
+        a = _mm512_unpacklo_ps(re, im);
+        b = _mm512_unpackhi_ps(re, im);
+    }
     static void store(float* p, R a) { _mm512_storeu_ps(p, a); }
     static void stream(float* p, R a) { _mm512_stream_ps(p, a); }
     static R load_n(const float* p, size_t n) {
