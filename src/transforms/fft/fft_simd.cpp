@@ -363,7 +363,7 @@ inline Twiddles3<V> shifted_twiddles(const Twiddles3<V>& w) {
 // into the swap of the twiddle multiplication and load the same vector again for the other
 // product, and the stage was bound by its loads (14 instead of 10 per butterfly). On a Zen 4
 // core this and the constant twiddle offsets took the complex transforms of 512 to 4096 points
-// to about 0.85 of their former time with AVX2, and 0.83 to 0.97 with AVX-512.
+// to 0.79-0.85 of their former time with AVX2, and 0.83-0.97 with AVX-512.
 template <class V, class T, bool INV>
 void radix4_stage(T* x, size_t m, const T* tw) {
     each_butterfly<V>(m, [&](size_t j, size_t o) {
