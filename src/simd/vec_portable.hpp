@@ -20,12 +20,13 @@ inline namespace VEK_PER_ISA {
 
 // A native register, kept as it is. GCC folds a load into each instruction that can take a memory
 // operand, even when the loaded value is needed by several of them, and then reads the memory
-// once per use: a compare and the select after it, or the swap and the multiply of a complex
-// product, which takes a loop bound by its loads twice as many. in_register(V::load(p)) reads
-// once. The native complex_mul keeps both its operands so itself (they are mostly fresh loads);
-// a kernel whose loaded vector feeds mul_twiddle or rotate keeps it with in_register where it
-// loads it (in long kernels, such as the FFT's, forcing every operand into a register costs
-// registers).
+// once per use (a compare and the select after it, the swap and the multiply of a complex
+// product): a loop bound by its loads may issue twice as many as it needs. in_register(V::load(p))
+// reads once. The native complex_mul keeps both its operands so itself (they are mostly fresh
+// loads); a kernel whose loaded vector feeds several operations keeps it with in_register where
+// it loads it. (Not every load: where a value is used once, a folded load is one instruction
+// fewer, and in long kernels, such as the FFT's, forcing every operand into a register costs
+// registers.)
 template <class R>
 inline R in_register(R x) {
 #if VEK_ISA_LEVEL >= 1 && defined(__GNUC__)
