@@ -40,7 +40,7 @@ class PartialSums {
 
     // Register by register: a loop here may become a memset, which puts the array in memory.
     PartialSums() {
-        each([&](size_t k) { r[k] = V::zero(); });
+        simd::unroll<kRegs>([&](size_t k) { r[k] = V::zero(); });
     }
 
     // Runs a stream of n positions: full(k, t) adds the terms of positions t .. t + W - 1 to
@@ -50,9 +50,9 @@ class PartialSums {
         size_t t = 0;
         if constexpr (kRegs * W == kLanes)
             for (; n - t >= kLanes; t += kLanes) // (t + kLanes could wrap a 32-bit size_t)
-                each([&](size_t k) { full(k, t + k * W); });
+                simd::unroll<kRegs>([&](size_t k) { full(k, t + k * W); });
         const size_t rest = n - t; // at most kRegs * W when the registers are not all there
-        each([&](size_t k) {
+        simd::unroll<kRegs>([&](size_t k) {
             if (k * W >= rest) return;
             if (rest - k * W >= W)
                 full(k, t + k * W);
@@ -90,12 +90,6 @@ class PartialSums {
     R r[kRegs];
 
   private:
-    // f(0), ..., f(kRegs - 1).
-    template <class F>
-    static void each(F f) {
-        simd::unroll<kRegs>(f);
-    }
-
     // The register-level steps of the tree (lanes w W apart), down to Stop lanes apart.
     template <size_t Stop, size_t w = kRegs / 2>
     void fold_registers() {
